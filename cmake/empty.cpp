@@ -1,0 +1,1 @@
+// Lets a folder that has no source yet be a library.

@@ -1,0 +1,45 @@
+# What all targets of the project share: warnings as errors, strict Qt, sanitizers.
+add_library(zarim_options INTERFACE)
+target_compile_options(zarim_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror)
+target_compile_definitions(zarim_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
+  QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH QT_NO_KEYWORDS)
+target_include_directories(zarim_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(ZARIM_SANITIZE)
+  target_compile_options(zarim_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(zarim_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# zarim_floor(NAME folders... LINKS libraries...): a static library of all sources of the folders.
+function(zarim_floor name)
+  cmake_parse_arguments(ARG "" "" "FOLDERS;LINKS" ${ARGN})
+  set(patterns)
+  foreach(folder IN LISTS ARG_FOLDERS)
+    list(APPEND patterns ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
+                         ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h
+                         ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.ui)
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  add_library(${name} STATIC ${sources} ${PROJECT_SOURCE_DIR}/cmake/empty.cpp)
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE zarim_options)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+endfunction()
+
+# zarim_test(NAME folder LINKS libraries...): one test program of all sources of the folder.
+function(zarim_test name folder)
+  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
+                                      ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} zarim_test_support zarim_options)
+  target_compile_definitions(${name} PRIVATE ZARIM_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+                                             ZARIM_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${PROJECT_BINARY_DIR}/results/${name}.xml)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 900)
+endfunction()

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "platform/data/recordset.h"
+
+namespace data {
+
+class Engine;
+
+/// The one database connection. The string decides the engine: "server=(embutido)" is the embedded file named
+/// by "database=", anything else goes to the ODBC driver manager. A statement that fails raises
+/// values::RuntimeError -2147217900 with the database's own words; a connection that can't be made or is lost
+/// raises -2147467259; any use of a closed one raises 3704. After the first error of a statement
+/// nothing more is sent on the connection: every later call raises the same error again.
+class Connection {
+ public:
+  Connection();
+  ~Connection();
+  Connection(Connection&&) noexcept;
+  Connection& operator=(Connection&&) noexcept;
+
+  /// timeout in seconds, for the login.
+  void open(const QString& connectionString, int timeout);
+  [[nodiscard]] bool isOpen() const;
+  /// An open transaction is lost.
+  void close();
+
+  /// Runs a statement that gives no rows.
+  void execute(const QString& sql);
+  /// Runs a statement and reads its result whole.
+  [[nodiscard]] Recordset query(const QString& sql);
+
+  /// Takes the write lock at once on the embedded file.
+  void begin();
+  void commit();
+
+  /// Sees every statement before it runs, "BEGIN" and "COMMIT" among them; for tests and measurements.
+  void setListener(std::function<void(const QString&)> listener);
+
+ private:
+  Engine& usable(const QString& statement);
+
+  std::unique_ptr<Engine> engine_;
+  std::function<void(const QString&)> listener_;
+};
+
+}  // namespace data

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QVariant>
+#include <vector>
+
+namespace data {
+
+/// A result read whole when it was opened, then walked forward. Fields are found by name whatever the case.
+/// A recordset made by default is closed; any use of a closed one but isOpen and close raises 3704.
+/// Value type: copies share nothing that changes.
+class Recordset {
+ public:
+  Recordset() = default;
+  /// columns in the order of the statement; each row has as many values as there are columns. A QDateTime
+  /// marks a date, double or qlonglong a number, QString a text, an invalid QVariant null.
+  Recordset(QStringList columns, std::vector<std::vector<QVariant>> rows);
+
+  [[nodiscard]] bool isOpen() const { return open_; }
+  void close();
+
+  [[nodiscard]] bool eof() const;
+  void moveNext();
+  /// Number of rows.
+  [[nodiscard]] qsizetype count() const;
+  [[nodiscard]] const QStringList& columns() const;
+
+  /// A field of the current row as the program shows it: null is empty, a number has a comma and no trailing
+  /// zeros, a date is "dd/mm/yyyy" with " hh:mm:ss" unless it is midnight, a text stands as it is.
+  /// Raises 3265 on an unknown name, 3021 at the end.
+  [[nodiscard]] QString text(QStringView field) const;
+  [[nodiscard]] bool isNull(QStringView field) const;
+  /// Raises 94 on null, 13 on a text that is no number.
+  [[nodiscard]] double number(QStringView field) const;
+  /// Invalid on null; raises 13 on what is no date.
+  [[nodiscard]] QDateTime date(QStringView field) const;
+
+  /// number() in a mask ("###0.00"), empty on null.
+  [[nodiscard]] QString format(QStringView field, QStringView mask) const;
+  /// date() in a form ("dd/mm/yyyy"), empty on null.
+  [[nodiscard]] QString formatDate(QStringView field, QStringView form) const;
+
+ private:
+  [[nodiscard]] const QVariant& value(QStringView field) const;
+
+  bool open_ = false;
+  QStringList columns_;
+  std::vector<std::vector<QVariant>> rows_;
+  std::size_t row_ = 0;
+  mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order
+};
+
+}  // namespace data

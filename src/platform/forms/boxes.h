@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <optional>
+
+// Message and input boxes. Every box of the program goes through here, so that tests and roads can answer it.
+namespace forms {
+
+enum class Icon { None, Information, Critical };
+enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class Answer { Ok, Yes, No, Cancel };
+
+struct Box {
+  QString text;                       ///< lines joined by CR or LF
+  std::optional<QString> title = {};  ///< without one: the program's name
+  Icon icon = Icon::None;
+  Buttons buttons = Buttons::Ok;
+};
+
+struct Input {
+  QString prompt;
+  QString title;
+  QString initial;
+};
+
+/// Shows a box and waits for its answer; Esc is Cancel, or Ok where there is only that.
+Answer msgBox(const Box& box);
+
+/// Asks for a line of text. Cancel gives an empty text.
+[[nodiscard]] QString inputBox(const Input& input);
+
+/// Answers boxes in place of a user; an empty function brings the real ones back.
+void setBoxAnswerer(std::function<Answer(const Box&)> answerer);
+void setInputAnswerer(std::function<QString(const Input&)> answerer);
+
+/// How many boxes have come up so far in this process.
+[[nodiscard]] int boxesShown();
+
+}  // namespace forms

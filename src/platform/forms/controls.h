@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QWidget>
+
+// What all kinds of controls have in common: text, lock, colours; and the measures of the screen.
+namespace forms {
+
+/// Text of any control: caption of a label, button, option or frame, text of a box, combo or masked box.
+[[nodiscard]] QString controlText(const QObject* control);
+void setControlText(QObject* control, const QString& text);
+
+/// Locked fields are read and copied from, not typed in; they look like text, not like dead boxes. Boxes,
+/// combos and masked boxes; other controls are enabled or disabled.
+void setLocked(QWidget* control, bool locked);
+[[nodiscard]] bool isLocked(const QWidget* control);
+
+/// Colour numbers are blue-green-red (255 is pure red); negative ones and those from 0x80000000 on are system
+/// colours (0x8000000F button face, 0x80000012 button text, 0x80000005 window ground, 0x80000000 as inactive
+/// ground).
+using ColorNumber = qint64;
+[[nodiscard]] QColor toColor(ColorNumber number);
+void setBackColor(QWidget* control, ColorNumber number);
+void setForeColor(QWidget* control, ColorNumber number);
+/// The number last set; the system's own number where none was.
+[[nodiscard]] ColorNumber backColor(const QWidget* control);
+[[nodiscard]] ColorNumber foreColor(const QWidget* control);
+
+/// 15 twips to a pixel.
+[[nodiscard]] constexpr int pixels(double twips) { return static_cast<int>(twips / 15.0 + 0.5); }
+
+/// Primary screen in pixels.
+[[nodiscard]] QSize screenSize();
+
+/// The wait pointer while it lives.
+class WaitPointer {
+ public:
+  WaitPointer();
+  ~WaitPointer();
+  WaitPointer(const WaitPointer&) = delete;
+  WaitPointer& operator=(const WaitPointer&) = delete;
+};
+
+}  // namespace forms

@@ -1,0 +1,136 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QEventLoop>
+#include <functional>
+#include <initializer_list>
+#include <memory>
+
+#include "platform/forms/combo.h"
+#include "platform/forms/controls.h"
+#include "platform/forms/flex_grid.h"
+#include "platform/forms/masked_box.h"
+
+namespace forms {
+
+enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown };
+
+/// Base of all screens. A class `frmX : public forms::Form, public Ui::frmX` has a public constructor without
+/// arguments that calls setupUi and connects its handlers, and a constant `Name` (u"frmX"). There is one
+/// instance of each, reached by form<frmX>().
+///
+/// Events reach the handlers through on(...). Losing and getting the focus are events between controls of one
+/// form (a change of window, a popup or an unload is none); they are queued and run before the release of the
+/// click that caused them, and the click is dropped when one of them brought up a box. A click by access key
+/// moves the focus first. Double click on a grid: on(grid, Event::DoubleClick, …), which Enter on a row
+/// raises too.
+class Form : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit Form(const QString& name);
+  ~Form() override;
+
+  /// Shows it and returns; the main window.
+  void showForm();
+  /// Shows it over all others and returns when it has been hidden or unloaded.
+  void showModal();
+  /// Hides it and keeps it as it is.
+  void hideForm();
+  /// Forgets it at once, from its own handler too; it is deleted later, and the next use makes it anew.
+  void unload();
+  [[nodiscard]] bool isLoaded() const { return loaded_; }
+
+  /// A frame that opens over the form at a place in twips from the form's top left, moved as far as it needs
+  /// to be wholly visible. It takes the focus, Tab stays within it, Esc clicks its close button.
+  void addOverFrame(QWidget* frame, int left, int top, QAbstractButton* closeButton);
+  void openOverFrame(QWidget* frame, QWidget* focus);
+  /// Hides it and gives the focus back to where it was.
+  void closeOverFrame(QWidget* frame);
+
+  /// Sends the focus to a control; it stays where it is if the control can't have it.
+  static void focus(QWidget* control);
+  /// What Tab does.
+  void moveOn();
+  /// Top and left so that the form is in the middle of the screen.
+  void centre();
+
+  /// Runs the load handler if it has not run; done by form<T>() and before the form is shown.
+  void ensureLoaded();
+
+  /// Runs all focus handlers that are waiting.
+  void flushFocusEvents();
+
+ protected:
+  /// Runs once, when the form is first touched (or first shown, see LoadsWhenShown).
+  virtual void Form_Load() {}
+  /// The window's X or Esc. Unloads; with the Close entry removed nothing happens.
+  virtual void closeRequested();
+  /// Takes Close out of the system menu: X and Esc do nothing.
+  void removeCloseEntry();
+
+  void on(QWidget* control, Event event, std::function<void()> handler);
+  template <class T>
+  void on(QWidget* control, Event event, void (T::*handler)()) {
+    on(control, event, [this, handler] { (static_cast<T*>(this)->*handler)(); });
+  }
+  /// KeyPress of a box: gets each typed character and gives the one to use in its place, 0 drops it.
+  void onKeyPress(QWidget* control, std::function<char16_t(char16_t)> handler);
+  /// Enter moves on as Tab does, and is swallowed. In multi-line boxes Ctrl+Enter breaks the line. On a
+  /// button that isn't named here Enter clicks.
+  void enterMovesOn(std::initializer_list<QWidget*> controls);
+  /// GotFocus selects all the text.
+  void selectOnFocus(std::initializer_list<QWidget*> controls);
+
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  class Private;
+  std::unique_ptr<Private> d_;
+  bool loaded_ = false;
+};
+
+// The global instances, by name.
+namespace registry {
+[[nodiscard]] Form* find(const QString& name);
+/// Takes ownership and makes it findable by name.
+Form& add(std::unique_ptr<Form> form);
+/// Drops all forms: the end of a test.
+void clear();
+/// Forms now shown, the one on top last.
+[[nodiscard]] QList<Form*> shown();
+}  // namespace registry
+
+template <class T>
+concept LoadsWhenShown = requires {
+  requires T::kLoadsWhenShown;
+};
+
+/// The global instance of a form, made and loaded at first touch; it is registered before its load handler
+/// runs. A form with `static constexpr bool kLoadsWhenShown = true` loads when it is shown, since its caller
+/// fills labels that the load handler must see.
+template <class T>
+T& form() {
+  Form* known = registry::find(QString::fromUtf16(T::Name));
+  if (known == nullptr) known = &registry::add(std::make_unique<T>());
+  if constexpr (!LoadsWhenShown<T>) known->ensureLoaded();
+  return static_cast<T&>(*known);
+}
+
+/// A control of a form that is there now, found by the two names; nullptr if there is none. Finds grids
+/// without a widget too.
+[[nodiscard]] QObject* findControl(const QString& formName, const QString& controlName);
+
+/// Writes a control found so (controlText's kinds); nothing happens when it is not there.
+void writeControl(const QString& formName, const QString& controlName, const QString& text);
+
+/// Seam for tests and roads: called when a modal form has been shown and had its first focus.
+void setModalObserver(std::function<void(Form&)> observer);
+
+/// Style, font and spacing that all screens share; once, before the first form.
+void applyStyle();
+
+}  // namespace forms

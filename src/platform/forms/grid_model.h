@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QColor>
+#include <span>
+#include <vector>
+
+namespace forms {
+
+/// One column of a layout: title and width in twips (15 to a pixel); a width of 0 hides the column.
+struct GridColumn {
+  const char16_t* title;
+  int width;
+  Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
+};
+inline constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
+
+/// The data of a grid: rows of text cells, row 0 the titles. A grid that is never shown is a GridModel alone.
+/// Rows count from 0 with the title row, as the program does: data are rows 1 to rows() - 1.
+/// Reading a cell that is not there gives an empty text; writing one does nothing.
+class GridModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit GridModel(const QString& name = {}, QObject* parent = nullptr);
+
+  /// Clears all, leaves the title row alone, takes titles, widths and alignment; current row and column 0.
+  void layOut(std::span<const GridColumn> columns);
+
+  [[nodiscard]] int rows() const { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] int cols() const { return static_cast<int>(columns_.size()); }
+  [[nodiscard]] int width(int column) const;
+
+  [[nodiscard]] QString text(int row, int column) const;
+  void setText(int row, int column, const QString& text);
+
+  /// Adds a row from tab-separated text. Surplus fields are dropped, missing ones are empty; the current row
+  /// stays.
+  void addItem(const QString& tabSeparated);
+  /// Removes a data row; the current row stays where it is, or on the last row if that is gone.
+  void removeItem(int row);
+  /// Stable, ascending, by text (numbers among texts by value), blanks first; cell formats move along.
+  void sortAscending(int column);
+
+  /// Current row and column, as the user or the program set them. Setting a row that is not there does
+  /// nothing.
+  [[nodiscard]] int row() const { return row_; }
+  [[nodiscard]] int col() const { return col_; }
+  void setRow(int row);
+  void setCol(int column);
+  /// First data row in sight.
+  [[nodiscard]] int topRow() const { return topRow_; }
+  void setTopRow(int row);
+
+  void setCellBackColor(int row, int column, QColor color);
+  void setCellAlignment(int row, int column, Qt::Alignment alignment);
+  [[nodiscard]] QColor cellBackColor(int row, int column) const;
+  [[nodiscard]] Qt::Alignment cellAlignment(int row, int column) const;
+
+  // For the view: data rows only, the titles are its header.
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ Q_SIGNALS:
+  void laidOut();
+  void currentMoved(int row, int column);
+  void topRowMoved(int row);
+
+ private:
+  struct Cell {
+    QString text;
+    QColor back;
+    Qt::Alignment align;
+    bool aligned = false;
+  };
+  using Row = std::vector<Cell>;
+  [[nodiscard]] const Cell* cell(int row, int column) const;
+  [[nodiscard]] Cell* cell(int row, int column);
+
+  std::vector<GridColumn> columns_;
+  std::vector<Row> rows_;
+  int row_ = 0;
+  int col_ = 0;
+  int topRow_ = 1;
+};
+
+/// Builds a tab-separated row: each field followed by a tab. A tab inside a field becomes a blank, so that
+/// columns never shift.
+class RowBuilder {
+ public:
+  RowBuilder& operator<<(const QString& field);
+  [[nodiscard]] const QString& text() const { return text_; }
+
+ private:
+  QString text_;
+};
+
+}  // namespace forms

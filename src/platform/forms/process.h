@@ -1,0 +1,24 @@
+#pragma once
+
+#include <functional>
+
+// How the process ends, and the edge of the event loop.
+namespace forms {
+
+/// Thrown behind a test's own end, so that the handler that ended the process goes no further.
+struct Ended {
+  int status;
+};
+
+/// Ends the process at once: no clean-up, no commit.
+[[noreturn]] void end(int status);
+
+/// Puts another end in place (tests, guided roads); an empty function brings the real one back.
+/// After the function has run, all modal loops are left and Ended is thrown.
+void setEnd(std::function<void(int)> end);
+
+/// Runs a handler at the edge of the event loop, so that no exception crosses Qt: a values::RuntimeError
+/// shows the runtime's error box with its number and text, and ends the process with status 1.
+void guarded(const std::function<void()>& handler);
+
+}  // namespace forms

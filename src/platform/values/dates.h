@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <functional>
+
+// Dates as text in the program's fixed forms, and the clock.
+namespace values {
+
+/// The date test: "dd/mm/yyyy" with or without " hh:mm", a day that exists, and nothing else.
+[[nodiscard]] bool isDate(QStringView text);
+
+/// The date of a text that isDate accepts; raises 13 for any other.
+[[nodiscard]] QDateTime toDate(QStringView text);
+
+/// A date in one of the program's forms: "dd/mm/yyyy", "dd/mm/yyyy hh:mm", "yyyymmdd", "yyyymmdd hh:mm",
+/// "yyyy/mm/dd", "dd/mm". mm behind hh is minutes. An invalid date gives an empty text.
+[[nodiscard]] QString formatDate(const QDateTime& date, QStringView form);
+
+/// The same for a text that is a date; any other text comes back as it stands.
+[[nodiscard]] QString formatDate(const QString& text, QStringView form);
+
+/// The plain conversion of a date to text: "dd/mm/yyyy", with " hh:mm:ss" behind it unless it is midnight.
+[[nodiscard]] QString toText(const QDateTime& date);
+
+/// Present local date and time, to the second, from the clock below.
+[[nodiscard]] QDateTime now();
+[[nodiscard]] QDate today();
+
+/// Puts another clock in place; an empty function brings the system's back.
+void setClock(std::function<QDateTime()> clock);
+
+}  // namespace values

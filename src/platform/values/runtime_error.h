@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+
+namespace values {
+
+/// Error numbers that the program and its users know.
+enum ErrorNumber : int {
+  kOverflow = 6,
+  kDivisionByZero = 11,
+  kTypeMismatch = 13,
+  kBadFileName = 52,
+  kFileNotFound = 53,
+  kDiskFull = 61,
+  kPermissionDenied = 70,
+  kPathFileAccess = 75,
+  kPathNotFound = 76,
+  kInvalidNull = 94,
+  kInvalidPicture = 481,
+  kClosedObject = 3704,
+  kStatementFailed = -2147217900,
+  kConnectionFailed = -2147467259,
+};
+
+/// The one exception of the program. Nothing catches it save the routines that are meant to and the edge of
+/// the event loop (forms::guarded), which shows the runtime's error box and ends the process.
+class RuntimeError : public std::exception {
+ public:
+  RuntimeError(int number, QString text);
+  [[nodiscard]] int number() const { return number_; }
+  /// What the error box shows, in Portuguese; for a failing statement the database's own words.
+  [[nodiscard]] const QString& text() const { return text_; }
+  [[nodiscard]] const char* what() const noexcept override { return utf8_.constData(); }
+
+ private:
+  int number_;
+  QString text_;
+  QByteArray utf8_;
+};
+
+/// The runtime's own text for a number, in Portuguese ("Tipos incompatíveis" for 13).
+[[nodiscard]] QString standardText(int number);
+
+/// Raises the error with its standard text, or with a detail behind it ("Arquivo não encontrado: x").
+[[noreturn]] void raise(int number, const QString& detail = {});
+
+}  // namespace values

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <span>
+#include <vector>
+
+// The tables of the ERP that the program touches, each defined once, as data. The texts that create them come
+// from here, for the embedded file and for SQL Server.
+namespace schema {
+
+enum class Type {
+  Identity,  ///< whole number given by the database, primary key; numbers of deleted rows are not used again
+  Key,       ///< whole number, primary key, given by the writer
+  Integer,
+  Decimal,  ///< money, quantities and percentages: decimal(18,6)
+  DateTime,
+  Text,  ///< varchar of the given length
+  Memo,  ///< text without a limit
+};
+
+struct Column {
+  const char* name;
+  Type type;
+  int length = 0;
+};
+
+struct Index {
+  std::vector<const char*> columns;
+};
+
+struct Table {
+  const char* name;
+  std::vector<Column> columns;
+  std::vector<Index> indexes = {};
+};
+
+[[nodiscard]] const std::vector<Table>& tables();
+[[nodiscard]] const Table* find(QStringView name);
+
+enum class Dialect { Embedded, SqlServer };
+
+/// Statements that create all tables and indexes, in order.
+[[nodiscard]] QStringList createStatements(Dialect dialect);
+
+/// Statements that drop all tables, in order; for a test schema on a server.
+[[nodiscard]] QStringList dropStatements();
+
+}  // namespace schema

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QString>
+
+namespace forms {
+class MaskedBox;
+}
+
+// Text, number, date and mask helpers of the program.
+
+enum class Alinhamento { Esquerda, Direita };
+
+inline constexpr const char16_t* kMascaraMoeda = u"###0.00";
+
+/// The text cut or padded with blanks to the width.
+[[nodiscard]] QString AjustaTexto(const QString& texto, int largura, Alinhamento alinhamento);
+[[nodiscard]] QString VirgulaParaPonto(const QString& texto);
+[[nodiscard]] QString PontoVirgulaParaVirgula(const QString& texto);
+[[nodiscard]] QString SubstituiTexto(const QString& texto, const QString& velho, const QString& novo);
+
+/// Lets ",0123456789%" and control keys through, 0 for any other.
+[[nodiscard]] char16_t FiltraTeclaNumerica(char16_t tecla);
+/// The same with "." turned into "," first.
+[[nodiscard]] char16_t FiltraTeclaDecimal(char16_t tecla);
+
+/// Selects all the text of the control that has the focus.
+void SelecionaTextoAtivo();
+
+/// "###0" with as many zeros behind the point as there are decimals, 0 to 4; an empty text is 0 decimals.
+[[nodiscard]] QString MascaraDecimais(const QString& casas);
+
+void RestauraMascara(forms::MaskedBox* caixa);
+/// Completes the text of a date box: without a year it counts days from now.
+[[nodiscard]] QString ValidaDataMascara(const QString& texto);
+
+/// Without accents where the configuration wants it so.
+[[nodiscard]] QString TiraAcentos(const QString& texto);
+/// Opens the user's mail program for an address that is not empty.
+void AbreMailto(const QString& endereco);
+
+/// The numeric reading: commas are points, then the longest numeric prefix, 0 where there is none.
+[[nodiscard]] double LeNumero(const QString& texto);
+/// Money mask, "###0.00".
+[[nodiscard]] QString Moeda(double valor);
+/// The money mask on a text that is a number by the regional conversion; an empty text stays empty, any other
+/// text stays as it is.
+[[nodiscard]] QString Moeda(const QString& texto);
+
+/// Upper case, one character for one ("ß" stays).
+[[nodiscard]] QString Maiusculas(const QString& texto);
+/// Trims blanks (only U+0020) on both sides, or on the right.
+[[nodiscard]] QString Apara(const QString& texto);
+[[nodiscard]] QString AparaDireita(const QString& texto);
