@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, makes the sample company and starts the program.
+#   ./run.sh                       the program; without a display, the guided road
+#   ./run.sh --road FILE [--server]  a road against a fresh copy of the sample company; with --server on the
+#                                  connection that the server.ini named by ZARIM_SERVER_INI tells
+#   ./run.sh --fresh               makes the sample company anew first
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+. setup/common.sh
+
+road='' server='' fresh=''
+while [ $# -gt 0 ]; do
+  case $1 in
+    --road) [ $# -ge 2 ] || fail "--road wants a file: ./run.sh --road FILE [--server]"; road=$2; shift ;;
+    --server) server=yes ;;
+    --fresh) fresh=yes ;;
+    -h | --help) sed -n '2,7s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    *) fail "Unknown argument: $1 (see ./run.sh --help)" ;;
+  esac
+  shift
+done
+[ -z "$road" ] || [ -f "$road" ] || fail "There is no road file $road."
+[ -z "$server" ] || [ -n "$road" ] || fail "--server goes with --road FILE."
+[ -z "$server" ] || [ -f "${ZARIM_SERVER_INI:-}" ] || fail "--server wants ZARIM_SERVER_INI to name a server.ini (see docs/server.md)."
+
+set_up
+build release zarim zarim_install zarim_road
+
+catcher=''
+stop_catcher() { if [ -n "$catcher" ]; then kill "$catcher" 2>/dev/null || true; fi; }
+trap stop_catcher EXIT
+
+# Keeps what the program mails as files beside the sample.
+start_catcher() {
+  mkdir -p "$1/mail"
+  /usr/bin/python3 tools/mailcatcher/mailcatcher.py --folder "$1/mail" --port 2525 >"$state/log/mail.log" 2>&1 </dev/null &
+  catcher=$!
+}
+
+if [ -z "$road" ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
+  build/release/tools/zarim_install --to "$state/drive_c" ${fresh:+--fresh} >"$state/log/install.log"
+  export ZARIM_DRIVE_C=$state/drive_c
+  start_catcher "$state"
+  build/release/src/zarim '7^0^PRD^'
+  exit
+fi
+
+pictures=$state/pictures
+rm -rf "$pictures" "$state/road"
+mkdir -p "$pictures" "$state/road"
+export ZARIM_DRIVE_C=$state/road/drive_c
+build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --fresh >"$state/log/install.log"
+if [ -n "$server" ]; then
+  cp "$ZARIM_SERVER_INI" "$ZARIM_DRIVE_C/zarim/config/server.ini"
+  build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --server >>"$state/log/install.log"
+fi
+start_catcher "$state/road"
+status=0
+QT_QPA_PLATFORM=offscreen ZARIM_MAIL_FOLDER=$state/road/mail \
+  build/release/tools/zarim_road --pictures "$pictures" "${road:-sample/roads/one_quote.road}" || status=$?
+printf 'Pictures: %s\nDocuments: %s\nMail: %s\n' "$pictures" "$ZARIM_DRIVE_C/zarim/docs" "$state/road/mail"
+exit "$status"
