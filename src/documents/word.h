@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+/// Writes a quote as a word-processor document at `documento` and prints it on the silent PDF printer to `pdf`. The
+/// first printer is the default again afterwards. Raises the runtime's error when the letterhead's picture is missing.
+void DocumentoWord(const QString& id, const QString& documento, const QString& pdf);
+
+/// The layout trial behind cmdWord: company data and sample lines, saved at its fixed path.
+void DocumentoWordAmostra();
