@@ -4,8 +4,13 @@
 #include <QString>
 #include <functional>
 
-// Dates as text in the program's fixed forms, and the clock.
+// Dates as text in the program's fixed forms, and the clock. A date is what a clock on the wall shows: it is
+// held without a time zone (as UTC), so that no summer time takes an hour out of a stored day and all dates
+// compare.
 namespace values {
+
+/// A date and time of day as the program holds it.
+[[nodiscard]] QDateTime wallClock(QDate date, QTime time = QTime(0, 0));
 
 /// The date test: "dd/mm/yyyy" with or without " hh:mm", a day that exists, and nothing else.
 [[nodiscard]] bool isDate(QStringView text);
@@ -28,6 +33,6 @@ namespace values {
 [[nodiscard]] QDate today();
 
 /// Puts another clock in place; an empty function brings the system's back.
-void setClock(std::function<QDateTime()> clock);
+void setClock(std::function<QDateTime()> source);
 
 }  // namespace values

@@ -18,6 +18,8 @@ enum ErrorNumber : int {
   kPathNotFound = 76,
   kInvalidNull = 94,
   kInvalidPicture = 481,
+  kNoCurrentRecord = 3021,
+  kUnknownField = 3265,
   kClosedObject = 3704,
   kStatementFailed = -2147217900,
   kConnectionFailed = -2147467259,

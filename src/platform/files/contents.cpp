@@ -1,0 +1,117 @@
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringDecoder>
+#include <cerrno>
+
+#include "platform/files/paths.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace files {
+
+namespace {
+
+using values::raise;
+
+/// What a failed operation on a file means for the program.
+[[noreturn]] void raiseFor(QFileDevice::FileError error, const QString& path) {
+  if (!QFileInfo(QFileInfo(path).path()).isDir()) raise(values::kPathNotFound, path);
+  if (error == QFileDevice::PermissionsError) raise(values::kPermissionDenied, path);
+  if (error == QFileDevice::ResourceError) raise(values::kDiskFull, path);
+  raise(values::kPathFileAccess, path);
+}
+
+/// Windows-1252 differs from Latin-1 in these 32 places only.
+constexpr std::u16string_view kWindows1252 =
+    u"\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\u008D\u017D\u008F"
+    u"\u0090\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\u009D\u017E\u0178";
+
+QString decode(const QByteArray& bytes) {
+  QStringDecoder decoder(QStringDecoder::Utf8);
+  QString text = decoder(bytes);
+  if (!decoder.hasError()) return text;
+  text = QString::fromLatin1(bytes);
+  for (QChar& c : text)
+    if (c >= QChar(0x80) && c < QChar(0xA0)) c = kWindows1252[c.unicode() - 0x80U];
+  return text;
+}
+
+}  // namespace
+
+void remove(const QString& path) {
+  const QString found = resolve(path);
+  if (!QFileInfo(found).isFile() && !QFileInfo(found).isSymLink()) raise(values::kFileNotFound, path);
+  QFile file(found);
+  if (!file.remove()) raise(errno == EACCES ? values::kPermissionDenied : values::kPathFileAccess, path);
+}
+
+void removeIfThere(const QString& path) {
+  if (exists(path)) remove(path);
+}
+
+QByteArray readAll(const QString& path) {
+  const QString found = resolve(path);
+  QFile file(found);
+  if (!QFileInfo(QFileInfo(found).path()).isDir()) raise(values::kPathNotFound, path);
+  if (!QFileInfo::exists(found)) raise(values::kFileNotFound, path);
+  if (!file.open(QIODevice::ReadOnly)) raiseFor(file.error(), found);
+  QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) raiseFor(file.error(), found);
+  return bytes;
+}
+
+QStringList readLines(const QString& path) {
+  QString text = decode(readAll(path));
+  text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+  if (text.endsWith(u'\n'))
+    text.chop(1);
+  else if (text.isEmpty())
+    return {};
+  return text.split(u'\n');
+}
+
+void append(const QString& path, const QByteArray& bytes) {
+  const QString found = resolve(path);
+  QFile file(found);
+  const bool begun = !QFileInfo::exists(found);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+    raiseFor(file.error(), found);
+  const qint64 before = file.size();
+  for (qint64 done = 0; done < bytes.size();) {
+    const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
+    if (written > 0) {
+      done += written;
+      continue;
+    }
+    const auto error = file.error();
+    if (begun)
+      file.remove();
+    else
+      file.resize(before);
+    raiseFor(error, found);
+  }
+}
+
+void write(const QString& path, const QByteArray& bytes) {
+  const QString found = resolve(path);
+  QSaveFile file(found);  // the old content stays until the new one is whole
+  if (!file.open(QIODevice::WriteOnly)) raiseFor(file.error(), found);
+  file.write(bytes);
+  if (!file.commit()) raiseFor(file.error(), found);
+}
+
+QByteArray toHtmlLatin1(const QString& text) {
+  QByteArray out;
+  out.reserve(text.size());
+  for (const uint code : text.toUcs4()) {
+    if (code < 0x100)
+      out += static_cast<char>(code);
+    else
+      out += "&#" + QByteArray::number(code) + ';';
+  }
+  return out;
+}
+
+}  // namespace files

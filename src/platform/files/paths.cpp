@@ -1,0 +1,76 @@
+#include "platform/files/paths.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace files {
+
+namespace {
+
+/// The names in a folder by their folded form. A folder is read again when it has changed, so that a thousand
+/// pictures that aren't there don't cost a thousand readings of their folder.
+struct Listing {
+  QHash<QString, QString> names;
+  qint64 changed = 0;
+  qint64 readAt = 0;
+};
+
+/// A change in the same instant as a reading leaves no trace in the folder's time: such a reading isn't kept.
+constexpr qint64 kInstant = 100;  // ms
+
+const QHash<QString, QString>& namesIn(const QString& folder) {
+  static QHash<QString, Listing> known;
+  const QFileInfo info(folder);
+  const qint64 changed = info.exists() ? info.lastModified().toMSecsSinceEpoch() : 0;
+  Listing& listing = known[folder];
+  if (listing.readAt == 0 || listing.changed != changed || listing.readAt - changed < kInstant) {
+    listing.readAt = QDateTime::currentMSecsSinceEpoch();
+    listing.changed = changed;
+    listing.names.clear();
+    const auto entries = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
+    for (const QString& entry : entries) listing.names.insert(entry.toCaseFolded(), entry);
+  }
+  return listing.names;
+}
+
+/// Goes down from an existing folder, each part as it is on disk.
+QString descend(QString path, const QStringList& parts) {
+  for (const QString& part : parts) {
+    const QString asked = path + u'/' + part;
+    path = QFileInfo::exists(asked) ? asked : path + u'/' + namesIn(path).value(part.toCaseFolded(), part);
+  }
+  return path;
+}
+
+bool hasDrive(const QString& path) {
+  return path.size() >= 2 && path[1] == u':' &&
+         ((path[0] >= u'a' && path[0] <= u'z') || (path[0] >= u'A' && path[0] <= u'Z'));
+}
+
+}  // namespace
+
+QString resolve(const QString& path) {
+  if (path.contains(QChar(u'\0'))) values::raise(values::kBadFileName);
+  if (!hasDrive(path)) return path;
+  const QByteArray variable = QByteArray("ZARIM_DRIVE_") + path[0].toUpper().toLatin1();
+  const QString root = qEnvironmentVariable(variable.constData());
+  if (root.isEmpty()) return path;
+  QString below = path.sliced(2);
+  const QStringList parts = below.replace(u'\\', u'/').split(u'/', Qt::SkipEmptyParts);
+  const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
+  return QFileInfo::exists(asked) ? asked : descend(root, parts);
+}
+
+bool exists(const QString& path) {
+  const QString found = resolve(path);
+  return !found.isEmpty() && QFileInfo(found).isFile();
+}
+
+}  // namespace files

@@ -1,0 +1,50 @@
+#include "platform/values/runtime_error.h"
+
+#include <array>
+#include <utility>
+
+namespace values {
+
+namespace {
+
+struct Message {
+  int number;
+  const char16_t* text;
+};
+
+constexpr std::array<Message, 16> kMessages{{
+    {kOverflow, u"Estouro"},
+    {kDivisionByZero, u"Divisão por zero"},
+    {kTypeMismatch, u"Tipos incompatíveis"},
+    {kBadFileName, u"Nome ou número de arquivo inválido"},
+    {kFileNotFound, u"Arquivo não encontrado"},
+    {kDiskFull, u"Disco cheio"},
+    {kPermissionDenied, u"Permissão negada"},
+    {kPathFileAccess, u"Erro de acesso a caminho/arquivo"},
+    {kPathNotFound, u"Caminho não encontrado"},
+    {kInvalidNull, u"Uso inválido de Null"},
+    {kInvalidPicture, u"Imagem inválida"},
+    {kNoCurrentRecord, u"Não há registro atual: o resultado está vazio ou chegou ao fim"},
+    {kUnknownField, u"Item não encontrado na coleção"},
+    {kClosedObject, u"Operação não permitida quando o objeto está fechado"},
+    {kStatementFailed, u"O banco de dados recusou o comando"},
+    {kConnectionFailed, u"Falha de conexão com o servidor de banco de dados"},
+}};
+
+}  // namespace
+
+RuntimeError::RuntimeError(int number, QString text)
+    : number_(number), text_(std::move(text)), utf8_(text_.toUtf8()) {}
+
+QString standardText(int number) {
+  for (const Message& one : kMessages)
+    if (one.number == number) return QString::fromUtf16(one.text);
+  return QStringLiteral("Erro %1").arg(number);
+}
+
+void raise(int number, const QString& detail) {
+  const QString text = standardText(number);
+  throw RuntimeError(number, detail.isEmpty() ? text : text + QStringLiteral(": ") + detail);
+}
+
+}  // namespace values
