@@ -1,0 +1,224 @@
+#include "platform/office/print_layout.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QImage>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextTable>
+#include <QUrl>
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+namespace office {
+namespace {
+
+constexpr double kSidePadding = 5.4, kLinePadding = 1.5, kLineWidth = 0.5;  // points
+
+/// A place before which a page can begin: a block, or a row of a table.
+using Place = std::pair<std::size_t, std::size_t>;
+
+struct Element {
+  Place place;
+  double top, bottom;
+};
+
+/// The document as a text document, laid out for one device; tables are cut at the rows where a page begins.
+class Layout {
+ public:
+  Layout(const Document& document, QPagedPaintDevice& device, const std::set<Place>& pageStarts)
+      : document_(document), scale_(device.logicalDpiX() / 72.0), pageStarts_(pageStarts) {
+    text_.setDocumentMargin(0);
+    text_.documentLayout()->setPaintDevice(&device);
+    text_.setUseDesignMetrics(true);
+    cursor_ = QTextCursor(&text_);
+    for (std::size_t i = 0; i < document.blocks.size(); ++i) {
+      if (const auto* table = std::get_if<Table>(&document.blocks[i]))
+        addTable(i, *table);
+      else
+        addParagraph(i, std::get<Paragraph>(document.blocks[i]));
+    }
+    if (blockIsFree_) makeTiny();
+  }
+
+  /// Tops and bottoms on one endless page.
+  std::vector<Element> measure() {
+    text_.setTextWidth(document_.textWidth() * scale_);
+    std::vector<Element> elements;
+    const auto* layout = text_.documentLayout();
+    for (const auto& [place, block] : paragraphs_) {
+      const QRectF area = layout->blockBoundingRect(text_.findBlock(block));
+      elements.push_back({place, area.top(), area.bottom()});
+    }
+    for (const auto& [index, table] : tables_) {
+      const double end = layout->frameBoundingRect(table).bottom();
+      for (int row = table->rows() - 1; row >= 0; --row) {
+        const QTextBlock first = table->cellAt(row, 0).firstCursorPosition().block();
+        const double top = layout->blockBoundingRect(first).top() - (kLinePadding + kLineWidth) * scale_;
+        const double bottom = row + 1 < table->rows() ? elements.back().top : end;
+        elements.push_back({{index, static_cast<std::size_t>(row)}, top, bottom});
+      }
+    }
+    std::sort(elements.begin(), elements.end(),
+              [](const auto& a, const auto& b) { return a.place < b.place; });
+    return elements;
+  }
+
+  void paintPages(QPainter& painter, QPagedPaintDevice& device) {
+    const double width = document_.textWidth() * scale_, height = pageHeight();
+    text_.setPageSize({width, height});
+    const int pages = text_.pageCount();
+    for (int page = 0; page < pages; ++page) {
+      if (page > 0) device.newPage();
+      painter.save();
+      painter.translate(document_.leftMargin * scale_, document_.topMargin * scale_ - page * height);
+      QAbstractTextDocumentLayout::PaintContext context;
+      context.palette.setColor(QPalette::Text, Qt::black);
+      context.clip = QRectF(-scale_, page * height, width + 2 * scale_, height);
+      painter.setClipRect(context.clip);
+      text_.documentLayout()->draw(&painter, context);
+      painter.restore();
+    }
+  }
+
+  [[nodiscard]] double pageHeight() const {
+    return (document_.pageHeight - document_.topMargin - document_.bottomMargin) * scale_;
+  }
+
+ private:
+  static QTextCharFormat charFormat(const Font& font) {
+    QTextCharFormat format;
+    format.setFontFamilies({font.name});
+    format.setFontPointSize(font.size);
+    format.setFontWeight(font.bold ? QFont::Bold : QFont::Normal);
+    return format;
+  }
+
+  /// The block that always follows a table, when nothing else fills it.
+  void makeTiny() {
+    QTextBlockFormat format;
+    format.setLineHeight(1, QTextBlockFormat::FixedHeight);
+    cursor_.setBlockFormat(format);
+  }
+
+  void type(const Paragraph& paragraph, bool startsPage) {
+    QTextBlockFormat format;
+    format.setAlignment(paragraph.alignment);
+    if (startsPage) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    cursor_.setBlockFormat(format);
+    cursor_.setBlockCharFormat(charFormat(paragraph.font));
+    for (const auto& part : paragraph.content) {
+      if (const auto* run = std::get_if<Run>(&part))
+        cursor_.insertText(run->text, charFormat(run->font));
+      else
+        insertPicture(std::get<Picture>(part));
+    }
+  }
+
+  void insertPicture(const Picture& picture) {
+    const QString name = u"picture:%1"_s.arg(++pictures_);
+    text_.addResource(QTextDocument::ImageResource, QUrl(name), QImage::fromData(picture.bytes));
+    QTextImageFormat format;
+    format.setName(name);
+    format.setWidth(picture.width * scale_);
+    format.setHeight(picture.height * scale_);
+    cursor_.insertImage(format);
+  }
+
+  void addParagraph(std::size_t index, const Paragraph& paragraph) {
+    if (!blockIsFree_) cursor_.insertBlock();
+    type(paragraph, pageStarts_.contains({index, 0}));
+    paragraphs_.push_back({{index, 0}, cursor_.position()});
+    blockIsFree_ = false;
+  }
+
+  void addTable(std::size_t index, const Table& table) {
+    std::size_t from = 0;
+    while (from < table.rows.size()) {
+      std::size_t to = from + 1;
+      while (to < table.rows.size() && !pageStarts_.contains({index, to})) ++to;
+      addRows(index, table, from, to);
+      from = to;
+    }
+  }
+
+  void addRows(std::size_t index, const Table& table, std::size_t from, std::size_t to) {
+    if (blockIsFree_ && cursor_.position() > 0) makeTiny();
+    QTextTableFormat format;
+    format.setBorder(table.grid ? kLineWidth * scale_ : 0);
+    format.setBorderStyle(table.grid ? QTextFrameFormat::BorderStyle_Solid
+                                     : QTextFrameFormat::BorderStyle_None);
+    format.setBorderBrush(Qt::black);
+    format.setBorderCollapse(true);
+    format.setCellSpacing(0);
+    format.setCellPadding(0);
+    QList<QTextLength> widths;
+    for (const double width : table.widths) widths << QTextLength(QTextLength::FixedLength, width * scale_);
+    format.setColumnWidthConstraints(widths);
+    if (pageStarts_.contains({index, from})) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextTable* made =
+        cursor_.insertTable(static_cast<int>(to - from), static_cast<int>(table.widths.size()), format);
+    QTextTableCellFormat padding;
+    padding.setLeftPadding(kSidePadding * scale_);
+    padding.setRightPadding(kSidePadding * scale_);
+    padding.setTopPadding(kLinePadding * scale_);
+    padding.setBottomPadding(kLinePadding * scale_);
+    for (std::size_t row = from; row < to; ++row) {
+      for (std::size_t column = 0; column < table.widths.size(); ++column) {
+        QTextTableCell cell = made->cellAt(static_cast<int>(row - from), static_cast<int>(column));
+        cell.setFormat(padding);
+        cursor_ = cell.firstCursorPosition();
+        const auto& paragraphs = table.rows[row][column].paragraphs;
+        for (std::size_t i = 0; i < paragraphs.size(); ++i) {
+          if (i > 0) cursor_.insertBlock();
+          type(paragraphs[i], false);
+        }
+      }
+    }
+    tables_.push_back({index, made});
+    cursor_ = QTextCursor(&text_);
+    cursor_.movePosition(QTextCursor::End);
+    blockIsFree_ = true;
+  }
+
+  const Document& document_;
+  double scale_;  // device dots to a point
+  const std::set<Place>& pageStarts_;
+  QTextDocument text_;
+  QTextCursor cursor_;
+  bool blockIsFree_ = true;
+  int pictures_ = 0;
+  std::vector<std::pair<Place, int>> paragraphs_;
+  std::vector<std::pair<std::size_t, QTextTable*>> tables_;
+};
+
+/// Where pages begin: before each element that would not end on the page it begins on.
+std::set<Place> pageStarts(const std::vector<Element>& elements, double pageHeight) {
+  std::set<Place> starts;
+  double pageTop = 0;
+  for (const Element& element : elements) {
+    if (element.bottom - pageTop <= pageHeight || element.top <= pageTop) continue;
+    starts.insert(element.place);
+    pageTop = element.top;
+  }
+  return starts;
+}
+
+}  // namespace
+
+bool paint(const Document& document, QPagedPaintDevice& device) {
+  const QPageSize size(QSizeF(document.pageWidth, document.pageHeight), QPageSize::Point, QString(),
+                       QPageSize::FuzzyMatch);
+  device.setPageLayout(QPageLayout(size, QPageLayout::Portrait, QMarginsF()));
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+  const std::set<Place> none;
+  Layout whole(document, device, none);
+  const double slack = device.logicalDpiX() / 18.0;  // the tiny blocks between the halves of cut tables
+  const std::set<Place> starts = pageStarts(whole.measure(), whole.pageHeight() - slack);
+  Layout(document, device, starts).paintPages(painter, device);
+  return painter.end();
+}
+
+}  // namespace office

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/office/word_document.h"
+
+namespace office {
+
+/// A word processor that is driven: text is typed where the selection stands, as a person would. One document
+/// at a time. Members act on the open document; without one they raise 91.
+class WordProcessor {
+ public:
+  WordProcessor();
+  /// Version as the target's releases count them: 8, 9, 10, 11, 12.
+  [[nodiscard]] double version() const { return version_; }
+  /// Makes later word processors report another version; 0 brings back their own, 12 (tests).
+  static void setInstalledVersion(double version);
+
+  void addDocument(const QString& title = {});
+  void setTopMargin(double points);
+  void setBottomMargin(double points);
+
+  void setFont(const QString& name, double size, bool bold = false);
+  void setBold(bool bold);
+  void setFontSize(double points);
+  void setAlignment(Qt::Alignment alignment);
+
+  /// Types into the current paragraph; CR LF, CR and LF start a new one.
+  void typeText(const QString& text);
+  void typeParagraph();
+  /// Puts a picture file (JPEG or PNG), saved with the document, at its natural size, smaller where the cell
+  /// or page is narrower. Raises 5152 when the file is not there, 481 when it is no such picture.
+  void addPicture(const QString& path);
+
+  /// A table at the selection, which goes to its first cell; columns share the text's width.
+  void addTable(int rows, int columns, bool grid);
+  void setColumnWidth(int column, double points);
+  /// To the next cell; from the last one a row is added.
+  void moveRight();
+  /// Behind the last table, on a new paragraph.
+  void moveAfterTable();
+
+  void setVisible(bool visible) { visible_ = visible; }
+  [[nodiscard]] bool visible() const { return visible_; }
+
+  /// Writes the document as RTF, which word processors open under the ending .doc.
+  void saveAs(const QString& path);
+
+  [[nodiscard]] QString activePrinter() const { return activePrinter_; }
+  void setActivePrinter(const QString& deviceName) { activePrinter_ = deviceName; }
+  /// Prints on the active printer.
+  void printOut();
+
+  void closeDocument();
+  void quit();
+
+  [[nodiscard]] const Document& document() const;
+
+ private:
+  [[nodiscard]] Document& open();
+  [[nodiscard]] std::vector<Paragraph>& paragraphs();
+  [[nodiscard]] Paragraph& paragraph();
+  [[nodiscard]] Table& table();
+
+  double version_;
+  std::optional<Document> document_;
+  Font font_;
+  Qt::Alignment alignment_ = Qt::AlignLeft;
+  bool inTable_ = false;  // the selection is in the last block, a table
+  std::size_t row_ = 0, column_ = 0;
+  bool visible_ = false;
+  QString activePrinter_;
+};
+
+}  // namespace office

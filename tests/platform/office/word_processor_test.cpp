@@ -1,0 +1,137 @@
+#include "platform/office/word_processor.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPdfWriter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include "platform/files/paths.h"
+#include "platform/office/print_layout.h"
+#include "platform/office/printers.h"
+#include "platform/office/rtf_writer.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace office {
+namespace {
+
+class WordProcessorTest : public ::testing::Test {
+ protected:
+  QString path(const QString& name) const { return folder_.filePath(name); }
+
+  QString picture(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    image.save(path(u"logo.jpg"_s));
+    return path(u"logo.jpg"_s);
+  }
+
+  /// Prints on the silent PDF printer and gives what a tool says of the file.
+  QString printed(WordProcessor& word, const QString& program, const QStringList& options) {
+    PdfPrinterSettings settings;
+    settings.setValue(u"output"_s, path(u"x.pdf"_s));
+    settings.setValue(u"ConfirmOverwrite"_s, u"no"_s);
+    settings.writeSettings();
+    word.setActivePrinter(QString::fromUtf16(kPdfPrinter));
+    word.printOut();
+    QProcess tool;
+    tool.start(program, QStringList(options)
+                            << path(u"x.pdf"_s)
+                            << (program == "pdftotext"_L1 ? QStringList{u"-"_s} : QStringList{}));
+    EXPECT_TRUE(tool.waitForFinished()) << "poppler-utils is needed";
+    return QString::fromUtf8(tool.readAllStandardOutput());
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(WordProcessorTest, WritesTablesTextsAndPicturesAsRichText) {
+  WordProcessor word;
+  word.addDocument(u"Orçamento 7"_s);
+  word.addTable(1, 2, true);
+  word.setColumnWidth(0, 200);
+  word.addPicture(picture(96, 48));
+  word.moveRight();
+  word.setFont(u"Arial"_s, 9, true);
+  word.typeText(u"Praça {1}\r\nSão João – R$ \\ "_s);
+  word.moveRight();
+  word.typeText(u"segunda linha"_s);
+  word.moveAfterTable();
+  word.typeText(u"fim"_s);
+  const QByteArray rtf = toRtf(word.document());
+
+  EXPECT_EQ(rtf.count('{') - rtf.count("\\{"), rtf.count('}') - rtf.count("\\}"));
+  EXPECT_EQ(rtf.count("\\row\n"), 2) << "moving on from the last cell adds a row";
+  EXPECT_EQ(rtf.count("\\cell\n"), 4);
+  EXPECT_TRUE(rtf.contains("\\picwgoal1440\\pichgoal720\\jpegblip")) << "96 dots are an inch";
+  EXPECT_TRUE(rtf.contains("Pra\\u231?a \\{1\\}")) << rtf.constData();
+  EXPECT_TRUE(rtf.contains("\\u8211? R$ \\\\ ")) << "what code page 1252 lacks goes out as well";
+  EXPECT_TRUE(rtf.contains("\\cellx3892")) << "200 points less the outer padding";
+}
+
+TEST_F(WordProcessorTest, RefusesWhatIsNoPictureAndWhatHasNoDocument) {
+  WordProcessor word;
+  EXPECT_THROW(word.typeText(u"x"_s), values::RuntimeError);
+  word.addDocument();
+  EXPECT_THROW(word.addPicture(path(u"nada.jpg"_s)), values::RuntimeError);
+  files::write(path(u"texto.jpg"_s), "not a picture");
+  EXPECT_THROW(word.addPicture(path(u"texto.jpg"_s)), values::RuntimeError);
+}
+
+TEST_F(WordProcessorTest, PdfKeepsEveryTextFontAndTitleAndNoRowStandsOnTwoPages) {
+  WordProcessor word;
+  word.addDocument(u"Orçamento de Venda - 000007"_s);
+  word.setFont(u"Arial"_s, 9);
+  word.addTable(1, 3, true);
+  for (int row = 1; row <= 120; ++row) {
+    if (row > 1) word.moveRight();
+    word.typeText(u"código%1"_s.arg(row));
+    word.moveRight();
+    word.typeText(
+        u"início%1 uma descrição comprida que quebra em várias linhas dentro da célula fim%1"_s.arg(row));
+    word.moveRight();
+    word.typeText(u"1,50"_s);
+  }
+  const QString text = printed(word, u"pdftotext"_s, {u"-layout"_s});
+  const QStringList pages = text.split(u'\f', Qt::SkipEmptyParts);
+  EXPECT_GT(pages.size(), 3);
+  for (int row = 1; row <= 120; ++row) {
+    const QRegularExpression begin(u"início%1\\b"_s.arg(row)), end(u"fim%1\\b"_s.arg(row));
+    int beginPage = -1, endPage = -2;
+    for (int page = 0; page < pages.size(); ++page) {
+      if (pages[page].contains(begin)) beginPage = page;
+      if (pages[page].contains(end)) endPage = page;
+    }
+    EXPECT_EQ(beginPage, endPage) << "row " << row;
+  }
+  const QString facts = printed(word, u"pdfinfo"_s, {});
+  EXPECT_TRUE(facts.contains(u"Orçamento de Venda - 000007"_s)) << facts.toStdString();
+  EXPECT_TRUE(facts.contains(u"A4"_s)) << facts.toStdString();
+  const QString fonts = printed(word, u"pdffonts"_s, {});
+  EXPECT_TRUE(fonts.contains(QRegularExpression(u"yes +yes +yes"_s))) << "embedded, subset, searchable\n"
+                                                                      << fonts.toStdString();
+}
+
+TEST_F(WordProcessorTest, PrinterFaultsAreTold) {
+  WordProcessor word;
+  word.addDocument();
+  word.typeText(u"x"_s);
+  word.setActivePrinter(u"Impressora que não há"_s);
+  EXPECT_THROW(word.printOut(), values::RuntimeError);
+  PdfPrinterSettings().writeSettings();
+  word.setActivePrinter(QString::fromUtf16(kPdfPrinter));
+  EXPECT_THROW(word.printOut(), values::RuntimeError) << "no output is set";
+  PdfPrinterSettings settings;
+  settings.setValue(u"output"_s, path(u"there.pdf"_s));
+  settings.writeSettings();
+  files::write(path(u"there.pdf"_s), "old");
+  EXPECT_THROW(word.printOut(), values::RuntimeError);
+  EXPECT_EQ(files::readAll(path(u"there.pdf"_s)), "old") << "not overwritten without leave";
+}
+
+}  // namespace
+}  // namespace office
