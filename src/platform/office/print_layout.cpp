@@ -1,12 +1,15 @@
 #include "platform/office/print_layout.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QScreen>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextTable>
 #include <QUrl>
+#include <cmath>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +22,11 @@ constexpr double kSidePadding = 5.4, kLinePadding = 1.5, kLineWidth = 0.5;  // p
 /// A place before which a page can begin: a block, or a row of a table.
 using Place = std::pair<std::size_t, std::size_t>;
 
+double screenDpi() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen != nullptr ? std::round(screen->logicalDotsPerInchY()) : 96;
+}
+
 struct Element {
   Place place;
   double top, bottom;
@@ -28,11 +36,16 @@ struct Element {
 class Layout {
  public:
   Layout(const Document& document, QPagedPaintDevice& device, const std::set<Place>& pageStarts)
-      : document_(document), scale_(device.logicalDpiX() / 72.0), pageStarts_(pageStarts) {
+      : document_(document),
+        scale_(device.logicalDpiX() / 72.0),
+        unit_(screenDpi() / 72.0),
+        pageStarts_(pageStarts) {
     text_.setDocumentMargin(0);
+    text_.setUndoRedoEnabled(false);
     text_.documentLayout()->setPaintDevice(&device);
     text_.setUseDesignMetrics(true);
     cursor_ = QTextCursor(&text_);
+    cursor_.beginEditBlock();  // laid out once, when all is in
     for (std::size_t i = 0; i < document.blocks.size(); ++i) {
       if (const auto* table = std::get_if<Table>(&document.blocks[i]))
         addTable(i, *table);
@@ -40,6 +53,7 @@ class Layout {
         addParagraph(i, std::get<Paragraph>(document.blocks[i]));
     }
     if (blockIsFree_) makeTiny();
+    cursor_.endEditBlock();
   }
 
   /// Tops and bottoms on one endless page.
@@ -121,8 +135,8 @@ class Layout {
     text_.addResource(QTextDocument::ImageResource, QUrl(name), QImage::fromData(picture.bytes));
     QTextImageFormat format;
     format.setName(name);
-    format.setWidth(picture.width * scale_);
-    format.setHeight(picture.height * scale_);
+    format.setWidth(picture.width * unit_);
+    format.setHeight(picture.height * unit_);
     cursor_.insertImage(format);
   }
 
@@ -146,7 +160,7 @@ class Layout {
   void addRows(std::size_t index, const Table& table, std::size_t from, std::size_t to) {
     if (blockIsFree_ && cursor_.position() > 0) makeTiny();
     QTextTableFormat format;
-    format.setBorder(table.grid ? kLineWidth * scale_ : 0);
+    format.setBorder(table.grid ? kLineWidth * unit_ : 0);
     format.setBorderStyle(table.grid ? QTextFrameFormat::BorderStyle_Solid
                                      : QTextFrameFormat::BorderStyle_None);
     format.setBorderBrush(Qt::black);
@@ -154,21 +168,21 @@ class Layout {
     format.setCellSpacing(0);
     format.setCellPadding(0);
     QList<QTextLength> widths;
-    for (const double width : table.widths) widths << QTextLength(QTextLength::FixedLength, width * scale_);
+    for (const double width : table.widths) widths << QTextLength(QTextLength::FixedLength, width * unit_);
     format.setColumnWidthConstraints(widths);
     if (pageStarts_.contains({index, from})) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     QTextTable* made =
         cursor_.insertTable(static_cast<int>(to - from), static_cast<int>(table.widths.size()), format);
     QTextTableCellFormat padding;
-    padding.setLeftPadding(kSidePadding * scale_);
-    padding.setRightPadding(kSidePadding * scale_);
-    padding.setTopPadding(kLinePadding * scale_);
-    padding.setBottomPadding(kLinePadding * scale_);
+    padding.setLeftPadding(kSidePadding * unit_);
+    padding.setRightPadding(kSidePadding * unit_);
+    padding.setTopPadding(kLinePadding * unit_);
+    padding.setBottomPadding(kLinePadding * unit_);
     for (std::size_t row = from; row < to; ++row) {
       for (std::size_t column = 0; column < table.widths.size(); ++column) {
         QTextTableCell cell = made->cellAt(static_cast<int>(row - from), static_cast<int>(column));
         cell.setFormat(padding);
-        cursor_ = cell.firstCursorPosition();
+        cursor_.setPosition(cell.firstPosition());
         const auto& paragraphs = table.rows[row][column].paragraphs;
         for (std::size_t i = 0; i < paragraphs.size(); ++i) {
           if (i > 0) cursor_.insertBlock();
@@ -177,13 +191,13 @@ class Layout {
       }
     }
     tables_.push_back({index, made});
-    cursor_ = QTextCursor(&text_);
     cursor_.movePosition(QTextCursor::End);
     blockIsFree_ = true;
   }
 
   const Document& document_;
   double scale_;  // device dots to a point
+  double unit_;   // lengths in formats are dots of the screen to Qt, which scales them to the device
   const std::set<Place>& pageStarts_;
   QTextDocument text_;
   QTextCursor cursor_;
