@@ -1,0 +1,47 @@
+#include "run/context.h"
+
+#include <memory>
+
+#include "platform/files/paths.h"
+#include "platform/forms/boxes.h"
+#include "platform/forms/controls.h"
+#include "platform/forms/process.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<RunContext>& instance() {
+  static auto context = std::make_unique<RunContext>();
+  return context;
+}
+
+}  // namespace
+
+RunContext& contexto() { return *instance(); }
+
+void reiniciaContexto() { instance() = std::make_unique<RunContext>(); }
+
+QString TipoInstalacao() {
+  return files::exists(u"c:\\zarim\\config\\TREVANO.txt"_s) ? u"TREVANO"_s : u"CLIENTE"_s;
+}
+
+QString ResolucaoTela() {
+  const QSize screen = forms::screenSize();
+  return u"%1 x %2"_s.arg(screen.height()).arg(screen.width());
+}
+
+void FechaConexao(const QString& acao) {
+  if (!contexto().Conexao.isOpen()) return;
+  try {
+    contexto().Conexao.close();
+  } catch (const values::RuntimeError&) {
+    forms::msgBox({.text = u"Erro ao fechar banco de dados (%1)\rTente Novamente. Caso o problema persista, "
+                           "contate o Desenvolvedor!"_s.arg(contexto().TipoBanco),
+                   .title = u"Falha Conexão"_s,
+                   .icon = forms::Icon::Critical});
+    forms::end(1);
+  }
+  if (acao == u"SAIR") forms::end(0);
+}

@@ -1,0 +1,27 @@
+#include "platform/files/paths.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The first picture of a code that is there: the plain one, then its second and third form.
+QString firstImage(const QString& codigo) {
+  const RunContext& run = contexto();
+  for (const char16_t* form : {u"", u"W2", u"S3"}) {
+    const QString path = run.PathImagens + Apara(codigo) + QString::fromUtf16(form) + run.ExtImagens;
+    if (files::exists(path)) return path;
+  }
+  return {};
+}
+
+}  // namespace
+
+QString LocalizaImagemProduto(const QString& codigo) {
+  const QString found = firstImage(codigo);
+  return found.isEmpty() ? contexto().ArqSemImagem : found;
+}
+
+bool LocalizaImagemPrototipo(const QString& codigo) { return !firstImage(codigo).isEmpty(); }

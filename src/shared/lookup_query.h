@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "platform/data/recordset.h"
+
+// How every lookup asks: one statement, one column of its first row.
+namespace lookup {
+
+/// A statement with a place for its key: what stands before it, and behind it.
+struct Query {
+  QStringView before;
+  QStringView column;
+  QStringView after = u"";
+};
+
+/// The key goes out in quotes, trimmed.
+[[nodiscard]] QString byText(const Query& query, const QString& key);
+/// The key goes out as a bare number.
+[[nodiscard]] QString byNumber(const Query& query, const QString& key);
+/// A statement without a key.
+[[nodiscard]] QString only(const Query& query);
+
+/// Forms of a key in a statement.
+[[nodiscard]] QString quoted(const QString& key);
+[[nodiscard]] QString number(const QString& key);
+
+/// Columns of the current row as "^" fields, a "^" inside turned into a blank; empty where there is no row.
+[[nodiscard]] QString asFields(const data::Recordset& rs, const QStringList& columns);
+
+}  // namespace lookup

@@ -1,0 +1,112 @@
+#include "shared/text.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+#include <QUrl>
+#include <algorithm>
+
+#include "platform/forms/masked_box.h"
+#include "platform/values/dates.h"
+#include "platform/values/numbers.h"
+#include "run/context.h"
+
+using namespace Qt::StringLiterals;
+
+QString AjustaTexto(const QString& texto, int largura, Alinhamento alinhamento) {
+  if (alinhamento == Alinhamento::Esquerda) return texto.left(largura).leftJustified(largura);
+  return texto.right(largura).rightJustified(largura);
+}
+
+QString VirgulaParaPonto(const QString& texto) { return SubstituiTexto(texto, u","_s, u"."_s); }
+
+QString PontoVirgulaParaVirgula(const QString& texto) { return SubstituiTexto(texto, u";"_s, u","_s); }
+
+QString SubstituiTexto(const QString& texto, const QString& velho, const QString& novo) {
+  if (velho.isEmpty()) return texto;
+  QString trocado = texto;
+  return trocado.replace(velho, novo);
+}
+
+char16_t FiltraTeclaNumerica(char16_t tecla) {
+  constexpr char16_t kPrimeiraVisivel = u' ';
+  if (tecla < kPrimeiraVisivel) return tecla;
+  return QStringView(u",0123456789%").contains(QChar(tecla)) ? tecla : u'\0';
+}
+
+char16_t FiltraTeclaDecimal(char16_t tecla) { return FiltraTeclaNumerica(tecla == u'.' ? u',' : tecla); }
+
+void SelecionaTextoAtivo() {
+  QWidget* ativo = QApplication::focusWidget();
+  if (auto* combo = qobject_cast<QComboBox*>(ativo)) ativo = combo->lineEdit();
+  if (auto* linha = qobject_cast<QLineEdit*>(ativo)) linha->selectAll();
+  if (auto* bloco = qobject_cast<QPlainTextEdit*>(ativo)) bloco->selectAll();
+  if (auto* bloco = qobject_cast<QTextEdit*>(ativo)) bloco->selectAll();
+}
+
+QString MascaraDecimais(const QString& casas) {
+  const int decimais = std::clamp(static_cast<int>(LeNumero(casas)), 0, 4);
+  return decimais == 0 ? u"###0"_s : u"###0."_s + QString(decimais, u'0');
+}
+
+void RestauraMascara(forms::MaskedBox* caixa) { caixa->setBoxText({}); }
+
+QString ValidaDataMascara(const QString& texto) {
+  const QStringView dia = QStringView(texto).left(10);
+  const bool comHora = texto.size() > 10;
+  if (dia == u"__/__/____") return comHora ? u"__/__/____ __:__"_s : u"__/__/____"_s;
+  if (dia.mid(6) != u"____") return texto;
+  // A day without its year counts the days from now.
+  int dias = 0;
+  for (const QChar c : dia.left(5)) {
+    if (c < u'0' || c > u'9') break;
+    dias = dias * 10 + (c.unicode() - u'0');
+  }
+  return values::formatDate(values::now().addDays(dias), comHora ? u"dd/mm/yyyy hh:mm" : u"dd/mm/yyyy");
+}
+
+QString TiraAcentos(const QString& texto) {
+  static constexpr QStringView kCom = u"ÀÁÂÃÄÅÇÈÉÊËÌÍÎÏÒÓÔÕÖÙÚÛÜàáâãäåçèéêëìíîïòóôõöùúûü";
+  static constexpr QStringView kSem = u"AAAAAACEEEEIIIIOOOOOUUUUaaaaaaceeeeiiiiooooouuuu";
+  static_assert(kCom.size() == kSem.size());
+  if (!contexto().TiraAcento) return texto;
+  QString limpo = texto;
+  for (QChar& c : limpo) {
+    if (c.unicode() < 0x80) continue;
+    if (const qsizetype lugar = kCom.indexOf(c); lugar >= 0) c = kSem[lugar];
+  }
+  return limpo;
+}
+
+void AbreMailto(const QString& endereco) {
+  if (Apara(endereco).isEmpty()) return;
+  QDesktopServices::openUrl(QUrl(u"mailto:"_s + endereco.toLower()));
+}
+
+double LeNumero(const QString& texto) { return values::leadingNumber(VirgulaParaPonto(texto)); }
+
+QString Moeda(double valor) { return values::format(valor, kMascaraMoeda); }
+
+QString Moeda(const QString& texto) { return values::format(texto, kMascaraMoeda); }
+
+QString Maiusculas(const QString& texto) {
+  QString alto = texto;
+  for (QChar& c : alto) c = c.toUpper();
+  return alto;
+}
+
+QString Apara(const QString& texto) {
+  const QString direita = AparaDireita(texto);
+  qsizetype inicio = 0;
+  while (inicio < direita.size() && direita[inicio] == u' ') ++inicio;
+  return direita.sliced(inicio);
+}
+
+QString AparaDireita(const QString& texto) {
+  qsizetype fim = texto.size();
+  while (fim > 0 && texto[fim - 1] == u' ') --fim;
+  return texto.first(fim);
+}
