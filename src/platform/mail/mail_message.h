@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <vector>
+
+// One message by SMTP. The members bear the names by which the program knows its mail component.
+namespace mail {
+
+/// Number of the runtime error of a message that could not be sent.
+inline constexpr int kMailFailed = -2147221503;
+
+/// Values of AuthenticationType.
+enum Authentication : int { kNoLogin = 0, kLogin = 2 };
+
+/// Files that go with a message.
+class AttachmentList {
+ public:
+  struct File {
+    QString name;
+    QByteArray content;
+  };
+
+  /// Takes a file by its path, as the program knows paths; its content is read now. Raises 53 when it is
+  /// not there, 70 or 75 when it can't be read.
+  void Add(const QString& path);
+  [[nodiscard]] const std::vector<File>& files() const { return files_; }
+
+ private:
+  std::vector<File> files_;
+};
+
+/// How long a server may keep the program waiting, and whom it trusts. Whole seconds.
+struct Settings {
+  int connectTimeout = 30;
+  int stallTimeout = 60;
+  /// PEM file of certificate authorities; empty: the system's own. ZARIM_MAIL_CA names it at the start.
+  QString caFile;
+};
+[[nodiscard]] Settings& settings();
+
+class MailMessage {
+ public:
+  QString Username;
+  QString Password;
+  int AuthenticationType = kNoLogin;
+  AttachmentList Attachments;
+  /// "host" or "host:port"; without a port 25. TLS from the start on port 465, else as soon as the server
+  /// offers it; its certificate must be good.
+  QString Server;
+  QString MailFrom;
+  /// Addresses separated by commas or semicolons; empty entries are passed over.
+  QString SendTo;
+  QString SendCC;
+  QString MessageSubject;
+  /// Goes out in the character set that its own head declares, UTF-8 without one.
+  QString MessageHTML;
+  QString MessageText;
+
+  /// Sends it and waits. Raises values::RuntimeError kMailFailed, whose text says which step failed and what
+  /// the server answered; then nobody got the message.
+  void SendEmail() const;
+};
+
+}  // namespace mail
