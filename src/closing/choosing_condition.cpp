@@ -1,0 +1,26 @@
+// The payment condition of a quote, by its id or from the list of conditions.
+
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "run/context.h"
+#include "search/frmBROWSE_CONDPG.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+
+using namespace Qt::StringLiterals;
+
+void frmConfirmaPropCmrcTL::cmdPesquisa_CondPg_Click() {
+  if (txtIdCondPg->text().isEmpty()) {
+    forms::form<frmBROWSE_CONDPG>().showModal();
+    return;
+  }
+  lblPrazos->clear();
+  QString& sql = contexto().sqlLeitura;
+  sql = u"SELECT * FROM cond_pgto WHERE idcond_pgto="_s + txtIdCondPg->text();
+  const data::Recordset rs = AbreConsulta(sql);
+  if (rs.eof()) {
+    Aviso(u"Condição de Pagamento não localizado!"_s, txtIdCondPg);
+    return;
+  }
+  lblParcelas->setText(rs.text(u"qtde_parc"));
+  lblPrazos->setText(DiasCondPgto(rs.text(u"idcond_pgto")));
+}

@@ -1,0 +1,110 @@
+// Writing the terms and the instalments of a quote. Three transactions: after a failure between them the new
+// terms stand with the old instalments.
+
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "platform/values/dates.h"
+#include "quote/frmPropCmrcTL.h"
+#include "quote/grids.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString idOrcamento() { return forms::form<frmPropCmrcTL>().txtRowId->text(); }
+
+void zeroSeVazio(QLineEdit* caixa) {
+  if (caixa->text().isEmpty()) caixa->setText(u"0"_s);
+}
+
+QString insertParcela(const forms::GridModel& grade, int linha) {
+  using namespace grids::instalment;
+  return u"INSERT INTO PROP_CMRC_PARC (idPROP_CMRC, NUME_PARC, QTDE_DIAS, VALO_PARC, DATA_VENC) VALUES "_s +
+         u"('"_s + idOrcamento() + u"', "_s +                              //
+         u"'"_s + grade.text(linha, Parcela) + u"', "_s +                  //
+         u"'"_s + grade.text(linha, Dias) + u"', "_s +                     //
+         u"'"_s + VirgulaParaPonto(grade.text(linha, Valor)) + u"', "_s +  //
+         u"'"_s + values::formatDate(grade.text(linha, Vencimento), u"yyyymmdd") + u"')"_s;
+}
+
+}  // namespace
+
+void frmConfirmaPropCmrcTL::cmdConfirmar_Click() {
+  if (FlagCondPgto != u"S") {
+    if (!podeConfirmar()) return;
+    passaDescontoParaOrcamento();
+    gravaCondicao();
+    gravaParcelas();
+  }
+  hideForm();
+  FlagCondPgto.clear();
+}
+
+bool frmConfirmaPropCmrcTL::podeConfirmar() {
+  if (Apara(txtIdCondPg->text()).isEmpty()) {
+    Aviso(u"Campo Obrigatório [Condição de Pagamento]"_s, windowTitle());
+    focus(txtIdCondPg);
+    return false;
+  }
+  if (Flex2->grid().rows() <= 1) {
+    Aviso(u"Falta processar a condição de pagamento."_s, txtIdCondPg);
+    return false;
+  }
+  if (!values::isDate(mskDataBase->boxText())) {
+    Aviso(u"Informar data base."_s, mskDataBase);
+    return false;
+  }
+  return true;
+}
+
+void frmConfirmaPropCmrcTL::passaDescontoParaOrcamento() {
+  auto& orcamento = forms::form<frmPropCmrcTL>();
+  orcamento.lblDesconto->setText(Moeda(txtDescontoGeral->text()));
+  orcamento.lblPercDesconto->setText(txtPercDesc->text());
+}
+
+void frmConfirmaPropCmrcTL::montaUpdateCondicao() {
+  zeroSeVazio(txtDescontoGeral);
+  zeroSeVazio(txtPercDesc);
+  const QString observacao = Apara(forms::controlText(txtObservacaoPedido));
+
+  QString& sql = contexto().sqlGravacao;
+  sql = u"UPDATE PROP_CMRC SET "_s;
+  sql += u"idTRPT='"_s + IdTransportadora(Apara(cboTransportadora->text())) + u"', "_s;
+  sql += u"IDCOND_PGTO = '"_s + txtIdCondPg->text() + u"' "_s;
+  sql += u", DATA_BASE='"_s + values::formatDate(mskDataBase->boxText(), u"yyyymmdd") + u"' "_s;
+  sql += u", VALO_DECT='"_s + VirgulaParaPonto(txtDescontoGeral->text()) + u"' "_s;
+  sql += u", PERC_DECT='"_s + VirgulaParaPonto(txtPercDesc->text()) + u"' "_s;
+  sql += observacao.isEmpty() ? u", OBSE_PEDI_VEDS=null "_s : u", OBSE_PEDI_VEDS='"_s + observacao + u"' "_s;
+  sql += u"WHERE (idPROP_CMRC="_s + idOrcamento() + u")"_s;
+}
+
+void frmConfirmaPropCmrcTL::gravaCondicao() {
+  const forms::WaitPointer espera;
+  data::Connection& conexao = contexto().Conexao;
+  conexao.begin();
+  montaUpdateCondicao();
+  conexao.execute(contexto().sqlGravacao);
+  conexao.commit();
+}
+
+void frmConfirmaPropCmrcTL::gravaParcelas() {
+  const forms::WaitPointer espera;
+  data::Connection& conexao = contexto().Conexao;
+  QString& sql = contexto().sqlGravacao;
+  conexao.begin();
+  sql = u"DELETE PROP_CMRC_PARC WHERE idPROP_CMRC = '"_s + idOrcamento() + u"'"_s;
+  conexao.execute(sql);
+  conexao.commit();
+
+  conexao.begin();
+  const forms::GridModel& grade = Flex2->grid();
+  for (int linha = 1; linha < grade.rows(); ++linha) {
+    sql = insertParcela(grade, linha);
+    conexao.execute(Maiusculas(sql));
+  }
+  conexao.commit();
+}

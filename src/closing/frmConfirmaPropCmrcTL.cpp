@@ -1,0 +1,65 @@
+#include "closing/frmConfirmaPropCmrcTL.h"
+
+#include <QTextCursor>
+
+#include "platform/values/numbers.h"
+#include "quote/grids.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  PreparaGradeParcelas();
+
+  using forms::Event;
+  using Tela = frmConfirmaPropCmrcTL;
+  on(txtDescontoGeral, Event::LostFocus, &Tela::txtDescontoGeral_LostFocus);
+  on(txtPercDesc, Event::LostFocus, &Tela::txtPercDesc_LostFocus);
+  on(cboTransportadora, Event::DropDown, &Tela::cboTransportadora_DropDown);
+  on(cmdPesquisa_CondPg, Event::Click, &Tela::cmdPesquisa_CondPg_Click);
+  on(mskDataBase, Event::LostFocus, &Tela::mskDataBase_LostFocus);
+  on(cmdConfirmaCondPg, Event::Click, &Tela::cmdConfirmaCondPg_Click);
+  on(cmdDesfazer, Event::Click, &Tela::cmdDesfazer_Click);
+  on(cmdConfirmar, Event::Click, &Tela::cmdConfirmar_Click);
+  connect(txtObservacaoPedido, &QPlainTextEdit::textChanged, this, &Tela::limitaObservacao);
+
+  onKeyPress(txtDescontoGeral, FiltraTeclaDecimal);
+  onKeyPress(txtPercDesc, FiltraTeclaDecimal);
+  selectOnFocus({txtDescontoGeral, txtPercDesc, txtIdCondPg, mskDataBase, txtValorSinal});
+  enterMovesOn({txtDescontoGeral, txtPercDesc, cboTransportadora, txtObservacaoPedido, txtIdCondPg,
+                cmdPesquisa_CondPg, mskDataBase, txtValorSinal, cmdConfirmaCondPg, cmdDesfazer,
+                cmdConfirmar});
+}
+
+void frmConfirmaPropCmrcTL::LimpaFechamento() {
+  txtDescontoGeral->setText(Moeda(0.0));
+  txtPercDesc->setText(values::format(0.0, kMascaraPercentual));
+  lblVrBrutoTOT->setText(Moeda(0.0));
+  lblVrLiqTOT->setText(Moeda(0.0));
+  txtIdCondPg->clear();
+  lblParcelas->clear();
+  lblPrazos->clear();
+  RestauraMascara(mskDataBase);
+  PreparaGradeParcelas();
+}
+
+void frmConfirmaPropCmrcTL::PreparaGradeParcelas() { Flex2->grid().layOut(grids::instalment::kLayout); }
+
+void frmConfirmaPropCmrcTL::cboTransportadora_DropDown() {
+  CarregaTransportadoras(*this, Apara(cboTransportadora->text()));
+}
+
+void frmConfirmaPropCmrcTL::mskDataBase_LostFocus() {
+  mskDataBase->setBoxText(ValidaDataMascara(mskDataBase->boxText()));
+}
+
+void frmConfirmaPropCmrcTL::limitaObservacao() {
+  constexpr qsizetype limite = 250;
+  const auto excesso = static_cast<int>(forms::controlText(txtObservacaoPedido).size() - limite);
+  if (excesso <= 0) return;
+  QTextCursor cursor = txtObservacaoPedido->textCursor();
+  // What was typed or pasted last goes; a text that came whole loses its end.
+  if (cursor.position() < excesso) cursor.movePosition(QTextCursor::End);
+  cursor.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, excesso);
+  cursor.removeSelectedText();
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/forms/form.h"
+#include "ui_frmConfirmaPropCmrcTL.h"
+
+/// Mask of the percentages of a discount.
+inline constexpr const char16_t* kMascaraPercentual = u"###0.0000";
+
+/// The confirmation of a quote: discount, carrier, observation for the order, payment condition and
+/// instalments. The quote screen fills it while it is hidden and shows it modally; it hides on leaving and
+/// keeps what it holds.
+class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrcTL {
+  Q_OBJECT
+
+ public:
+  static constexpr char16_t Name[] = u"frmConfirmaPropCmrcTL";
+
+  frmConfirmaPropCmrcTL();
+
+  /// "S" when it is shown to look only: cmdConfirmar then checks and writes nothing.
+  QString FlagCondPgto;
+
+  /// All fields to their empty state, the list of instalments empty.
+  void LimpaFechamento();
+  /// Lays the list of instalments out, empty.
+  void PreparaGradeParcelas();
+  /// Gross from the quote screen, discount from the percent where there is one, net from the two.
+  void RecalculaLiquido();
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  void cboTransportadora_DropDown();
+  void mskDataBase_LostFocus();
+  void txtDescontoGeral_LostFocus();
+  void txtPercDesc_LostFocus();
+  void cmdPesquisa_CondPg_Click();
+  void cmdConfirmaCondPg_Click();
+  void cmdDesfazer_Click();
+  void cmdConfirmar_Click();
+
+  bool podeProcessar();
+  void congelaCondicao(bool congelada);
+  void montaParcelas(double liquido);
+  void acertaResto(double liquido);
+  bool descontoPassaDoBruto();
+  void limitaObservacao();
+  bool podeConfirmar();
+  void passaDescontoParaOrcamento();
+  void montaUpdateCondicao();
+  void gravaCondicao();
+  void gravaParcelas();
+};

@@ -1,0 +1,105 @@
+// The instalments of a quote from its payment condition.
+
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "platform/values/dates.h"
+#include "platform/values/numbers.h"
+#include "platform/values/runtime_error.h"
+#include "quote/grids.h"
+#include "run/configuration.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using namespace grids::instalment;
+
+namespace {
+
+constexpr forms::ColorNumber kBranco = 0xFFFFFF;
+
+bool vazio(const QString& texto) { return Apara(texto).isEmpty(); }
+
+/// Days of the n-th instalment; one that the condition does not tell falls on the base date.
+qint32 diasDaParcela(const QString& prazos, int parcela) {
+  return values::toInt32(LeNumero(PegaCampoDelimitado(prazos, parcela, u'/')));
+}
+
+}  // namespace
+
+void frmConfirmaPropCmrcTL::cmdConfirmaCondPg_Click() {
+  if (!podeProcessar()) return;
+  const double liquido = LeNumero(lblVrLiqTOT->text());
+  congelaCondicao(true);
+  montaParcelas(liquido);
+  acertaResto(liquido);
+}
+
+bool frmConfirmaPropCmrcTL::podeProcessar() {
+  if (LeNumero(lblVrLiqTOT->text()) <= 0) {
+    Aviso(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
+    return false;
+  }
+  if (!values::isDate(mskDataBase->boxText())) {
+    Aviso(u"Informe Data Base!"_s, mskDataBase);
+    return false;
+  }
+  if (vazio(txtIdCondPg->text()) || vazio(lblParcelas->text()) || vazio(lblPrazos->text())) {
+    Aviso(u"Falta Definir Condições de Pagamento!"_s, txtIdCondPg);
+    return false;
+  }
+  return true;
+}
+
+void frmConfirmaPropCmrcTL::congelaCondicao(bool congelada) {
+  cmdConfirmaCondPg->setEnabled(!congelada);
+  cmdDesfazer->setEnabled(congelada);
+  forms::setLocked(txtIdCondPg, congelada);
+  mskDataBase->setEnabled(!congelada);
+  const forms::ColorNumber fundo = congelada ? kCorCongelada : kBranco;
+  forms::setBackColor(txtIdCondPg, fundo);
+  forms::setBackColor(mskDataBase, fundo);
+}
+
+void frmConfirmaPropCmrcTL::montaParcelas(double liquido) {
+  const int parcelas = values::toInt16(LeNumero(lblParcelas->text()));
+  const QString prazos = AparaDireita(lblPrazos->text());
+  const double sinal = LeNumero(txtValorSinal->text());
+  const double saldo = liquido - sinal;
+  const QDateTime base = values::toDate(mskDataBase->boxText());
+
+  const auto incluiParcela = [&](int parcela, double valor) {
+    const qint32 dias = diasDaParcela(prazos, parcela);
+    forms::RowBuilder linha;
+    linha << QString() << QString::number(parcela) << QString::number(dias) << Moeda(valor)
+          << values::formatDate(base.addDays(dias), u"dd/mm/yyyy");
+    Flex2->grid().addItem(linha.text());
+  };
+
+  int primeira = 1;
+  double valor = 0;
+  if (sinal > 0) {
+    // The down payment falls on the condition's first day count.
+    if (parcelas > 1) valor = saldo / (parcelas - 1);
+    incluiParcela(1, sinal);
+    primeira = 2;
+  } else {
+    if (parcelas == 0) values::raise(values::kDivisionByZero);
+    valor = saldo / parcelas;
+  }
+  for (int parcela = primeira; parcela <= parcelas && valor > 0; ++parcela) incluiParcela(parcela, valor);
+}
+
+void frmConfirmaPropCmrcTL::acertaResto(double liquido) {
+  forms::GridModel& grade = Flex2->grid();
+  const int ultima = grade.rows() - 1;
+  if (ultima < 1) return;
+  double soma = 0;
+  for (int linha = 1; linha <= ultima; ++linha) soma += LeNumero(grade.text(linha, Valor));
+  grade.setText(ultima, Valor, Moeda(LeNumero(grade.text(ultima, Valor)) + (liquido - soma)));
+}
+
+void frmConfirmaPropCmrcTL::cmdDesfazer_Click() {
+  if (!Pergunta(u"Deseja Realmente Desfazer o Calculo de Condições de Pagamento?"_s)) return;
+  PreparaGradeParcelas();
+  congelaCondicao(false);
+  focus(txtIdCondPg);
+}
