@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/forms/form.h"
+
+// Notices by e-mail to the users who subscribe to a named event.
+
+/// Sends the notice of an event to its subscribers; with none of them, nothing is sent.
+/// tela: the calling screen. tipo: only "EMAIL" does anything. texto: what happened; with textoNoAssunto it
+/// also stands in the subject. anexo: path of a file, or empty. Raises values::RuntimeError when the message
+/// can't be sent.
+void EnviaAvisoWorkFlow(forms::Form& tela, const QString& evento, const QString& tipo, const QString& texto,
+                        bool textoNoAssunto, const QString& anexo);
+
+/// Sends a plain message from the company's own address. Without server, address, user and password nothing
+/// is sent. Raises values::RuntimeError when it can't be sent.
+void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, const QString& assunto,
+                        const QString& mensagem, const QString& anexo);
+
+// One column of an event by its code, empty when there is none.
+[[nodiscard]] QString DescricaoEventoWorkFlow(const QString& evento);
+[[nodiscard]] QString TextoEventoWorkFlow(const QString& evento);
+[[nodiscard]] QString IdEventoWorkFlow(const QString& evento);
+
+/// Subscribers whose subscription has not ended: their count and each id, with "^" behind each ("2^7^9^").
+[[nodiscard]] QString UsuariosEventoWorkFlow(const QString& evento);

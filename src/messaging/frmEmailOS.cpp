@@ -1,0 +1,128 @@
+#include "messaging/frmEmailOS.h"
+
+#include "documents/document_values.h"
+#include "platform/files/paths.h"
+#include "platform/mail/mail_message.h"
+#include "platform/values/numbers.h"
+#include "run/configuration.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char16_t* kSemSenha =
+    u"Usuário sem senha de e-mail registrada!\r"
+    u"\r"
+    u"Você deverá entrar em [Manutenção] e depois em [Senha e-mail] para registrar!\r"
+    u"\r"
+    u"O e-mail não pode ser encaminhado!";
+
+bool vazio(const QLineEdit* caixa) { return Apara(caixa->text()).isEmpty(); }
+
+/// Recipients without what a missing last one leaves behind.
+QString semVirgulaFinal(const QString& destinatarios) {
+  QString lista = Apara(destinatarios);
+  if (lista.endsWith(u',')) lista.chop(1);
+  return Apara(lista);
+}
+
+/// The user's list of files: count, then each path.
+void anexaLista(mail::AttachmentList& anexos, const QString& lista) {
+  const int quantos = values::toInt32(LeNumero(PegaCampo(lista, 1)));
+  for (int campo = 2; campo <= quantos + 1; ++campo) anexos.Add(PegaCampo(lista, campo));
+}
+
+}  // namespace
+
+frmEmailOS::frmEmailOS() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  on(txtPara, forms::Event::LostFocus, &frmEmailOS::txtPara_LostFocus);
+  on(cmdEnviarEmail, forms::Event::Click, &frmEmailOS::cmdEnviarEmail_Click);
+  enterMovesOn({txtPara, txtCC, txtTitulo, txtMsg, txtPassword});
+  selectOnFocus({txtPara, txtCC, txtTitulo, txtMsg, txtPassword});
+}
+
+void frmEmailOS::Form_Load() {
+  CentralizaForm(*this);
+  setWindowTitle(QString::fromUtf16(kTitulo) + u" - Envio de E-mail"_s);
+  txtServer->setText(ServidorEmail().toLower());
+  txtMailFrom->setText(EmailOrcamento().toLower());
+  txtUsername->setText(txtMailFrom->text());
+  txtPassword->setText(SenhaEmailOrcamento());
+
+  QString& destinatarios = documento().DestinatariosEmail;
+  destinatarios = semVirgulaFinal(destinatarios);
+  // The user always gets a copy, as one of the recipients.
+  const QString usuario = EmailUsuario(QString::number(contexto().IdUsuarioAtual)).toLower();
+  QString para = destinatarios + u", "_s + usuario;
+  if (para.startsWith(u',')) para.remove(0, 2);
+  txtPara->setText(para);
+
+  if (documento().MensagemTravadaEmail) txtMsg->setEnabled(false);
+  txtMsg->setPlainText(documento().MensagemPadraoEmail);
+}
+
+void frmEmailOS::txtPara_LostFocus() { txtPara->setText(PontoVirgulaParaVirgula(txtPara->text())); }
+
+bool frmEmailOS::podeEnviar() {
+  if (txtPassword->text().isEmpty()) {
+    Aviso(QString::fromUtf16(kSemSenha), windowTitle());
+    return false;
+  }
+  const struct {
+    QLineEdit* caixa;
+    QString recusa;
+    QWidget* foco;
+  } exigidos[] = {
+      {txtPara, u"O campo [Para] precisa ser informado!"_s, txtPara},
+      {txtServer, u"Falta Configuração do Servidor de E-mail..."_s, nullptr},
+      {txtMailFrom, u"Falta Configuração do E-Mail do Usuário Remetente..."_s, nullptr},
+      {txtPassword, u"O campo [Senha] precisa ser informado!"_s, txtPassword},
+  };
+  for (const auto& [caixa, recusa, foco] : exigidos) {
+    if (!vazio(caixa)) continue;
+    Aviso(recusa);
+    if (foco != nullptr) focus(foco);
+    return false;
+  }
+  return true;
+}
+
+void frmEmailOS::cmdEnviarEmail_Click() {
+  if (!podeEnviar()) return;
+  envia();
+  Aviso(u"Mensagem Enviada!"_s);
+  unload();
+}
+
+void frmEmailOS::envia() {
+  const forms::WaitPointer espera;
+  mail::MailMessage email;
+  email.Username = txtUsername->text();
+  email.Password = txtPassword->text();
+  email.AuthenticationType = mail::kLogin;
+  if (!vazio(txtAnexo)) email.Attachments.Add(txtAnexo->text());
+  anexaLista(email.Attachments, documento().AnexosEmail);
+  email.Server = txtServer->text();
+  email.MailFrom = txtMailFrom->text();
+  email.SendTo = Apara(txtPara->text());
+  email.SendCC = Apara(txtCC->text());
+  email.MessageSubject = txtTitulo->text();
+
+  const QString mensagem = forms::controlText(txtMsg);
+  if (!documento().MensagemHTMLEmail.isEmpty()) {
+    email.MessageHTML = documento().MensagemHTMLEmail;
+  } else if (Apara(mensagem).isEmpty()) {
+    email.MessageHTML = files::readLines(documento().ArquivoCorpoEmail).join(QString());
+  } else {
+    // A text of the user's own goes in place of the document.
+    email.MessageText = AparaDireita(mensagem);
+  }
+  documento().MensagemHTMLEmail.clear();
+  txtStatus->clear();
+  email.SendEmail();
+}

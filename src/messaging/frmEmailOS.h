@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/forms/form.h"
+#include "ui_frmEmailOS.h"
+
+/// Sends a document by e-mail, as the body of the message. Its caller fills txtTitulo and txtCC, then shows
+/// it modally; it unloads once the message has gone.
+class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
+  Q_OBJECT
+
+ public:
+  static constexpr char16_t Name[] = u"frmEmailOS";
+
+  frmEmailOS();
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  void txtPara_LostFocus();
+  void cmdEnviarEmail_Click();
+
+  bool podeEnviar();
+  void envia();
+};
