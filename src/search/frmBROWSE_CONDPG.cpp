@@ -1,0 +1,109 @@
+#include "search/frmBROWSE_CONDPG.h"
+
+#include <array>
+
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum Coluna { Id, Descricao, QtParc, DtDesativa };
+constexpr std::array<forms::GridColumn, 4> kGrade{{
+    {u"ID", 900, forms::kRight},
+    {u"Descrição", 2500},
+    {u"Qt.Parc.", 900, forms::kRight},
+    {u"DT Desativa", 1000, forms::kRight},
+}};
+
+/// How one option searches: its order without a text, its filter around the text, its order with a text.
+struct Busca {
+  const char16_t* ordem;
+  const char16_t* antes;
+  const char16_t* depois;
+  const char16_t* ordemComTexto;
+};
+constexpr Busca kPorId{u"", u" WHERE idcond_pgto =", u"", u""};
+// With a text these two sort on columns that payment conditions don't have: only an id can be searched for.
+constexpr Busca kPorDescricao{u" ORDER BY desc_cond_pgto", u" WHERE desc_cond_pgto LIKE '%", u"%'",
+                              u" ORDER BY razaosocial"};
+constexpr Busca kPorParcelas{u" ORDER BY qtde_parc", u" WHERE qtde_parc = ", u"", u" ORDER BY nomefantasia"};
+
+/// What a double click writes, by the screen that asked.
+struct Destino {
+  const char16_t* chamadora;
+  const char16_t* tela;
+  const char16_t* controle;
+};
+constexpr std::array<Destino, 4> kDestinos{{
+    {u"frmPropCmrcTL", u"frmConfirmaPropCmrcTL", u"txtIdCondPg"},
+    {u"frmCondPagto", u"frmCondPagto", u"txtRowId"},
+    {u"frmPedido", u"frmPedido", u"txtIdCondPg"},
+    {u"frmCompras", u"frmCompras", u"txtIdCondPg"},
+}};
+
+QString texto(const char16_t* fixo) { return QString::fromUtf16(fixo); }
+
+}  // namespace
+
+frmBROWSE_CONDPG::frmBROWSE_CONDPG() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  using forms::Event;
+  on(cmdPesquisa, Event::Click, &frmBROWSE_CONDPG::cmdPesquisa_Click);
+  on(chkVisualiza, Event::Click, &frmBROWSE_CONDPG::cmdPesquisa_Click);
+  on(Flex, Event::DoubleClick, &frmBROWSE_CONDPG::Flex_DblClick);
+  enterMovesOn({txtCOD, txtMaxReg});
+  selectOnFocus({txtCOD, txtMaxReg});
+}
+
+void frmBROWSE_CONDPG::Form_Load() {
+  Option1->setChecked(true);
+  chkVisualiza->setChecked(true);
+  txtMaxReg->setText(u"100"_s);
+  PreparaGradeCondPg();
+  CentralizaForm(*this);
+  setWindowTitle(texto(kTitulo));
+  cmdPesquisa_Click();
+}
+
+void frmBROWSE_CONDPG::PreparaGradeCondPg() { Flex->grid().layOut(kGrade); }
+
+QString frmBROWSE_CONDPG::montaConsulta() const {
+  const Busca& busca = Option2->isChecked() ? kPorDescricao : Option3->isChecked() ? kPorParcelas : kPorId;
+  const bool ativas = chkVisualiza->isChecked();
+  QString sql = u"SELECT * FROM cond_pgto"_s;
+  if (txtCOD->text().isEmpty()) {
+    if (ativas) sql += u" where data_desa is null"_s;
+    return sql + texto(busca.ordem);
+  }
+  sql += texto(busca.antes) + txtCOD->text() + texto(busca.depois);
+  if (ativas) sql += u" and data_desa is null"_s;
+  return sql + texto(busca.ordemComTexto);
+}
+
+void frmBROWSE_CONDPG::cmdPesquisa_Click() {
+  const forms::WaitPointer espera;
+  PreparaGradeCondPg();
+  QString& sql = contexto().sqlFuncoes;
+  sql = montaConsulta();
+  for (data::Recordset rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) {
+    forms::RowBuilder linha;
+    linha << rs.text(u"idcond_pgto") << rs.text(u"desc_cond_pgto") << rs.text(u"qtde_parc")
+          << rs.formatDate(u"data_desa", u"dd/mm/yyyy");
+    Flex->grid().addItem(linha.text());
+  }
+  if (Flex->grid().rows() >= 3) Flex->grid().setRow(0);
+  lblRegistros->setText(u"Registros: %1"_s.arg(Flex->grid().rows() - 1));
+}
+
+void frmBROWSE_CONDPG::Flex_DblClick() {
+  const forms::GridModel& grade = Flex->grid();
+  if (grade.row() <= 0) return;
+  for (const Destino& destino : kDestinos) {
+    if (contexto().TelaChamadora == texto(destino.chamadora))
+      forms::writeControl(texto(destino.tela), texto(destino.controle), grade.text(grade.row(), Id));
+  }
+  unload();
+}
