@@ -3,8 +3,10 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/data/recordset.h"
+#include "platform/values/runtime_error.h"
 
 namespace data {
 
@@ -22,7 +24,7 @@ class Connection {
   Connection(Connection&&) noexcept;
   Connection& operator=(Connection&&) noexcept;
 
-  /// timeout in seconds, for the login.
+  /// timeout in seconds, for the login. The embedded file must be there: data::createEmbedded makes one.
   void open(const QString& connectionString, int timeout);
   [[nodiscard]] bool isOpen() const;
   /// An open transaction is lost.
@@ -41,9 +43,12 @@ class Connection {
   void setListener(std::function<void(const QString&)> listener);
 
  private:
-  Engine& usable(const QString& statement);
+  /// Tells the listener of a statement and runs it; keeps the first error.
+  template <typename Run>
+  auto guarded(const QString& statement, Run run);
 
   std::unique_ptr<Engine> engine_;
+  std::optional<values::RuntimeError> failure_;
   std::function<void(const QString&)> listener_;
 };
 

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QString>
 #include <QVariant>
+#include <optional>
 #include <vector>
 
 namespace data {
@@ -43,12 +44,15 @@ class Recordset {
 
  private:
   [[nodiscard]] const QVariant& value(QStringView field) const;
+  /// Whether no two columns have the same name: of two, the first counts.
+  [[nodiscard]] bool namesDiffer() const;
 
   bool open_ = false;
   QStringList columns_;
   std::vector<std::vector<QVariant>> rows_;
   std::size_t row_ = 0;
   mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order
+  mutable std::optional<bool> namesDiffer_;
 };
 
 }  // namespace data

@@ -1,0 +1,203 @@
+#include <sqlite3.h>
+
+#include <QFileInfo>
+
+#include "platform/data/embedded_dialect.h"
+#include "platform/data/embedded_file.h"
+#include "platform/data/embedded_text.h"
+#include "platform/data/engine.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace data {
+
+namespace {
+
+constexpr int kBusyTimeout = 30'000;  // milliseconds that a statement waits for another program's
+
+struct CloseDatabase {
+  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+};
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Database = std::unique_ptr<sqlite3, CloseDatabase>;
+using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+/// The library's own words, but for what a user can do something about.
+QString words(sqlite3* database, const QString& path) {
+  switch (sqlite3_errcode(database)) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return u"O arquivo de dados está em uso por outro programa: %1"_s.arg(path);
+    case SQLITE_READONLY:
+      return u"O arquivo de dados só permite leitura: %1"_s.arg(path);
+    case SQLITE_FULL:
+      return u"O disco do arquivo de dados está cheio: %1"_s.arg(path);
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return u"O arquivo de dados está danificado: %1\nRestaure uma cópia de segurança."_s.arg(path);
+    default:
+      return QString::fromUtf8(sqlite3_errmsg(database));
+  }
+}
+
+/// How the values of a column come out.
+enum class Reading { Plain, Date };
+
+Reading readingOf(sqlite3_stmt* statement, int column) {
+  const char* declared = sqlite3_column_decltype(statement, column);
+  return declared && sqlite3_strnicmp(declared, "datetime", 8) == 0 ? Reading::Date : Reading::Plain;
+}
+
+QVariant read(sqlite3_stmt* statement, int column, Reading reading) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+      return {};
+    case SQLITE_INTEGER:
+      return QVariant::fromValue<qlonglong>(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(statement, column);
+    default:
+      break;
+  }
+  const void* bytes = sqlite3_column_text(statement, column);
+  const std::string_view text(static_cast<const char*>(bytes),
+                              static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+  if (reading == Reading::Date)
+    if (const QDateTime date = storedDate(text); date.isValid()) return date;
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+class EmbeddedEngine final : public Engine {
+ public:
+  explicit EmbeddedEngine(QString path);
+
+  void execute(const QString& sql) override;
+  Recordset query(const QString& sql) override;
+  void begin() override { execute(u"BEGIN IMMEDIATE"_s); }
+  void commit() override { execute(u"COMMIT"_s); }
+
+ private:
+  /// The next statement of a text, which loses it; nothing where only blanks are left.
+  Statement prepare(QByteArrayView& text);
+  void runToEnd(sqlite3_stmt* statement);
+  Recordset readAll(sqlite3_stmt* statement);
+  Recordset lastIdentity(const QString& column);
+  [[noreturn]] void fail() const;
+
+  QString path_;
+  Database database_;
+};
+
+EmbeddedEngine::EmbeddedEngine(QString path) : path_(std::move(path)) {
+  checkEmbeddedFile(path_);
+  sqlite3* opened = nullptr;
+  const int outcome = sqlite3_open_v2(path_.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+  database_.reset(opened);
+  if (outcome != SQLITE_OK) throw values::RuntimeError(values::kConnectionFailed, words(opened, path_));
+  sqlite3_busy_timeout(opened, kBusyTimeout);
+  registerTextRules(opened);
+  try {
+    if (sqlite3_db_readonly(opened, "main") == 0) execute(u"PRAGMA journal_mode=WAL"_s);
+    execute(u"PRAGMA synchronous=FULL; SELECT count(*) FROM sqlite_master"_s);
+  } catch (const values::RuntimeError& error) {
+    throw values::RuntimeError(values::kConnectionFailed, error.text());
+  }
+}
+
+void EmbeddedEngine::fail() const {
+  throw values::RuntimeError(values::kStatementFailed, words(database_.get(), path_));
+}
+
+Statement EmbeddedEngine::prepare(QByteArrayView& text) {
+  sqlite3_stmt* prepared = nullptr;
+  const char* rest = nullptr;
+  if (sqlite3_prepare_v3(database_.get(), text.data(), static_cast<int>(text.size()), 0, &prepared, &rest) !=
+      SQLITE_OK)
+    fail();
+  text = text.sliced(rest - text.data());
+  return Statement(prepared);
+}
+
+void EmbeddedEngine::runToEnd(sqlite3_stmt* statement) {
+  int outcome = SQLITE_ROW;
+  while (outcome == SQLITE_ROW) outcome = sqlite3_step(statement);
+  if (outcome != SQLITE_DONE) fail();
+}
+
+Recordset EmbeddedEngine::readAll(sqlite3_stmt* statement) {
+  const int width = sqlite3_column_count(statement);
+  QStringList columns;
+  columns.reserve(width);
+  std::vector<Reading> readings;
+  readings.reserve(static_cast<std::size_t>(width));
+  for (int column = 0; column < width; ++column) {
+    columns.append(QString::fromUtf8(sqlite3_column_name(statement, column)));
+    readings.push_back(readingOf(statement, column));
+  }
+  std::vector<std::vector<QVariant>> rows;
+  int outcome = sqlite3_step(statement);
+  for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement)) {
+    std::vector<QVariant>& row = rows.emplace_back();
+    row.reserve(static_cast<std::size_t>(width));
+    for (int column = 0; column < width; ++column)
+      row.push_back(read(statement, column, readings[static_cast<std::size_t>(column)]));
+  }
+  if (outcome != SQLITE_DONE) fail();
+  return {std::move(columns), std::move(rows)};
+}
+
+Recordset EmbeddedEngine::lastIdentity(const QString& column) {
+  const qlonglong id = sqlite3_last_insert_rowid(database_.get());
+  return {QStringList{column}, {{id == 0 ? QVariant() : QVariant(id)}}};
+}
+
+/// The library reads up to a NUL: what stood behind it would be lost without a word.
+void refuseNul(const QString& sql) {
+  if (sql.contains(QChar::Null))
+    throw values::RuntimeError(values::kStatementFailed, u"A instrução contém um caractere nulo."_s);
+}
+
+void EmbeddedEngine::execute(const QString& sql) {
+  refuseNul(sql);
+  const QByteArray utf8 = toEmbeddedDialect(sql).toUtf8();
+  QByteArrayView text = utf8;
+  while (!text.isEmpty())
+    if (const Statement statement = prepare(text)) runToEnd(statement.get());
+}
+
+Recordset EmbeddedEngine::query(const QString& sql) {
+  refuseNul(sql);
+  if (const auto column = identityColumn(sql)) return lastIdentity(*column);
+  const QByteArray utf8 = toEmbeddedDialect(sql).toUtf8();
+  QByteArrayView text = utf8;
+  Recordset result;
+  while (!text.isEmpty()) {
+    const Statement statement = prepare(text);
+    if (!statement) continue;
+    if (sqlite3_column_count(statement.get()) > 0 && !result.isOpen())
+      result = readAll(statement.get());
+    else
+      runToEnd(statement.get());
+  }
+  return result;
+}
+
+}  // namespace
+
+std::unique_ptr<Engine> openEmbedded(const QString& path) { return std::make_unique<EmbeddedEngine>(path); }
+
+void createEmbedded(const QString& path) {
+  if (QFileInfo::exists(path)) values::raise(values::kPathFileAccess, path);
+  sqlite3* opened = nullptr;
+  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened,
+                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  const Database database(opened);
+  if (outcome != SQLITE_OK ||
+      sqlite3_exec(opened, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr) != SQLITE_OK)
+    values::raise(values::kPathFileAccess, path);
+}
+
+}  // namespace data

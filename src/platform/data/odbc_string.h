@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace data {
+
+/// The string that goes to the driver manager: the given one with what the driver needs put behind it.
+/// portOfEnvironment is what TDSPORT holds.
+[[nodiscard]] QString odbcString(const QString& connectionString, const QString& portOfEnvironment);
+
+}  // namespace data

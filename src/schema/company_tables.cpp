@@ -1,0 +1,72 @@
+#include "schema/parts.h"
+
+namespace schema {
+
+using enum Type;
+
+// Lists of choices, the company, its users and the events that are told to them.
+std::vector<Table> companyTables() {
+  return {
+      {"loca_veds",
+       {{"idloca_veds", Key}, {"desc_loca_veds", Text, 100}, {"data_desa", DateTime}},
+       {{{"desc_loca_veds"}}}},
+      {"tipo_mktg",
+       {{"idtipo_mktg", Key}, {"desc_tipo_mktg", Text, 100}, {"data_desa", DateTime}},
+       {{{"desc_tipo_mktg"}}}},
+      {"tipo_even",
+       {{"idtipo_even", Key}, {"desc_tipo_even", Text, 100}, {"data_desa", DateTime}},
+       {{{"desc_tipo_even"}}}},
+      {"tipo_serv",
+       {{"idtipo_serv", Key}, {"desc_tipo_serv", Text, 100}, {"data_desa", DateTime}},
+       {{{"desc_tipo_serv"}}}},
+      {"cond_pgto",
+       {{"idcond_pgto", Key},
+        {"desc_cond_pgto", Text, 100},
+        {"qtde_parc", Integer},
+        {"data_desa", DateTime}}},
+      {"cond_pgto_deta",
+       {{"idcond_pgto", Integer}, {"nume_parc", Integer}, {"qtde_dias", Integer}},
+       {{{"idcond_pgto", "nume_parc"}}}},
+      {"empr",
+       {{"nome_empr", Text, 200},
+        {"nome_conh_empr", Text, 100},
+        {"cnpj_empr", Text, 20},
+        {"ie00_empr", Text, 20},
+        {"ende_coml_empr", Text, 200},
+        {"cida_coml_empr", Text, 100},
+        {"uf00_coml_empr", Text, 2},
+        {"cep0_coml_empr", Text, 10},
+        {"tele_0001_empr", Text, 50},
+        {"tele_0002_empr", Text, 50},
+        {"http_empr", Text, 200},
+        {"emai_empr", Text, 200},
+        {"emai_empr_senh", Text, 100},
+        {"emai_empr_usox", Text, 200},
+        {"emai_orca", Text, 200},
+        {"senh_emai_orca", Text, 100},
+        {"emai_serv", Text, 200},
+        {"data_desa", DateTime}}},
+      {"empr_cnfg", {{"nome_para", Text, 50}, {"valo_para", Text, 200}}, {{{"nome_para"}}}},
+      {"usen",
+       {{"idusen", Key}, {"usen", Text, 50}, {"emai_user", Text, 200}, {"data_desa", DateTime}},
+       {{{"usen"}}}},
+      {"cor_sist",
+       {{"desc_cor_sist", Text, 50},
+        {"codi_back_0001", Text, 20},
+        {"codi_fore_0001", Text, 20},
+        {"codi_back_0002", Text, 20},
+        {"codi_fore_0002", Text, 20}},
+       {{{"desc_cor_sist"}}}},
+      {"work_even",
+       {{"idwork_even", Key},
+        {"codi_work_even", Text, 50},
+        {"desc_work_even", Text, 200},
+        {"text_work_even", Memo}},
+       {{{"codi_work_even"}}}},
+      {"work_even_usen",
+       {{"idwork_even", Integer}, {"idusen", Integer}, {"data_desa", DateTime}},
+       {{{"idwork_even"}}}},
+  };
+}
+
+}  // namespace schema

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "schema/tables.h"
+
+// The tables by subject; tables() is all of them.
+namespace schema {
+
+[[nodiscard]] std::vector<Table> quoteTables();
+[[nodiscard]] std::vector<Table> catalogueTables();
+[[nodiscard]] std::vector<Table> partyTables();
+[[nodiscard]] std::vector<Table> companyTables();
+[[nodiscard]] std::vector<Table> orderTables();
+
+}  // namespace schema
