@@ -1,0 +1,12 @@
+#include "assembly/frmConfirmaItem.h"
+
+#include "shared/text.h"
+
+frmConfirmaItem::frmConfirmaItem() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  on(cmdConfirmar, forms::Event::Click, &frmConfirmaItem::cmdConfirmar_Click);
+  on(cmdCancelar, forms::Event::Click, [this] { unload(); });
+  enterMovesOn({txtQuantidade, txtObservacoes, cmdConfirmar});
+  selectOnFocus({txtQuantidade});
+  onKeyPress(txtQuantidade, FiltraTeclaDecimal);
+}

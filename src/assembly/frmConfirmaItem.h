@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/forms/form.h"
+#include "ui_frmConfirmaItem.h"
+
+/// Asks quantity and observation of an article before it becomes a line of the assembly. The caller fills the
+/// labels, the load handler looks at them: so it loads when it is shown.
+class frmConfirmaItem : public forms::Form, public Ui::frmConfirmaItem {
+  Q_OBJECT
+
+ public:
+  static constexpr char16_t Name[] = u"frmConfirmaItem";
+  static constexpr bool kLoadsWhenShown = true;
+
+  frmConfirmaItem();
+
+ protected:
+  void Form_Load() override;  // including_item.cpp, as all below
+
+ private:
+  void cmdConfirmar_Click();
+  [[nodiscard]] bool recusaArtigo();
+  void recusa(const QString& motivo, const QString& conselho);
+  void aplicaShowRoom();
+  void incluiLinha();
+};

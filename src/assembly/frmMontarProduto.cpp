@@ -1,0 +1,89 @@
+#include "assembly/frmMontarProduto.h"
+
+#include <QShortcut>
+#include <algorithm>
+
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using forms::GridColumn;
+using forms::kRight;
+
+/// The first eleven columns of the quote's materials, with the titles and widths that differ here.
+constexpr auto materiais(const char16_t* observacao, int larguraOrdem) {
+  std::array<GridColumn, grids::material::kAssemblyColumns> colunas{};
+  std::copy_n(grids::material::kQuoteLayout.begin(), colunas.size(), colunas.begin());
+  colunas[grids::material::Observacao].title = observacao;
+  colunas[grids::material::Ordem].width = larguraOrdem;
+  return colunas;
+}
+constexpr auto kMontagem = materiais(u"Observações", 500);
+constexpr auto kSombra = materiais(u"Observacao", 0);
+
+constexpr std::array<GridColumn, 6> kPesquisa{{
+    {u"ID", 0},
+    {u"Código", 1500},
+    {u"Descrição", 6000},
+    {u"Unid.Medida", 1200},
+    {u"Qt.Unid.Medida", 0, kRight},
+    {u"Valor", 1200, kRight},
+}};
+
+}  // namespace
+
+frmMontarProduto::frmMontarProduto() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  ligaPesquisa();
+  on(Flex, forms::Event::DoubleClick, &frmMontarProduto::Flex_DblClick);
+  on(cmdPesquisa, forms::Event::Click, &frmMontarProduto::cmdPesquisa_Click);
+  on(cmdConfirmar, forms::Event::Click, &frmMontarProduto::cmdConfirmar_Click);
+  on(cmdCancelar, forms::Event::Click, &frmMontarProduto::cmdCancelar_Click);
+  enterMovesOn({txtCOD, txtQuantidade, txtObservacoes, cmdPesquisa, cmdConfirmar});
+  selectOnFocus({txtQuantidade});
+  for (int aba = 0; aba < SSTab1->count(); ++aba) {
+    const auto* tecla = new QShortcut(QKeySequence(Qt::ALT | Qt::Key(Qt::Key_1 + aba)), this);
+    connect(tecla, &QShortcut::activated, this, [this, aba] { SSTab1->setCurrentIndex(aba); });
+  }
+}
+
+void frmMontarProduto::Form_Load() {
+  removeCloseEntry();
+  CentralizaForm(*this);
+  setWindowTitle(QString::fromUtf16(kTitulo) + u" - "_s + u"Montar Produto"_s);
+  PreparaGradeMontagem();
+  preparaGradesPesquisa();
+  PreparaGradeSombra();
+  if (txtQuantidade->text().isEmpty()) txtQuantidade->setText(u"1"_s);
+  opDesc->setChecked(true);
+  AplicaTemaPadrao(*this);
+  forms::setBackColor(txtCOD, kCorEntrada);
+  SSTab1->setCurrentIndex(0);
+}
+
+std::array<forms::FlexGrid*, kMaterialClasses.size()> frmMontarProduto::grades() const {
+  return {Flex1, Flex2, Flex3, Flex4, Flex5, Flex6, Flex7};
+}
+
+void frmMontarProduto::PreparaGradeMontagem() { Flex->grid().layOut(kMontagem); }
+
+void frmMontarProduto::PreparaGradeSombra() { FlexSombra.layOut(kSombra); }
+
+void frmMontarProduto::PreparaGradePesquisa(forms::FlexGrid* grade) { grade->grid().layOut(kPesquisa); }
+
+void frmMontarProduto::preparaGradesPesquisa() {
+  for (auto* grade : grades()) PreparaGradePesquisa(grade);
+}
+
+void frmMontarProduto::MarcaLinha(int linha) {
+  using namespace grids::material;
+  auto& grade = Flex->grid();
+  const bool produto = grade.text(linha, Tipo) == QStringView(kMaterialClasses.front().text);
+  grade.setRow(linha);
+  grade.setCol(Codigo);
+  grade.setCellAlignment(linha, Codigo, (produto ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignTop);
+  if (produto) grade.setCellBackColor(linha, Codigo, forms::toColor(kLaranja));
+}

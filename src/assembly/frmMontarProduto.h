@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+
+#include "assembly/material_classes.h"
+#include "platform/forms/form.h"
+#include "quote/grids.h"
+#include "ui_frmMontarProduto.h"
+
+/// The assembly screen: a composite product of a quote is put together from one finished product and raw
+/// materials of six classes. Flex holds the lines of the product, Flex1 to Flex7 what was found on each tab.
+class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
+  Q_OBJECT
+
+ public:
+  static constexpr char16_t Name[] = u"frmMontarProduto";
+
+  /// Columns of the grids of articles found, Flex1 to Flex7.
+  enum ColunaPesquisa { Id, Codigo, Descricao, Unidade, QtUnidade, Valor };
+
+  frmMontarProduto();
+
+  /// The lines that the screen was opened with, for a cancel; never shown.
+  forms::GridModel FlexSombra{QStringLiteral("FlexSombra"), this};
+
+  // Empty grids with their titles (frmMontarProduto.cpp)
+  void PreparaGradeMontagem();
+  void PreparaGradeSombra();
+  static void PreparaGradePesquisa(forms::FlexGrid* grade);
+
+  /// Makes a line of Flex the current one and gives it its display marks: the code of the product line stands
+  /// on orange, those of the materials on the right.
+  void MarcaLinha(int linha);
+
+  /// Adds the lines up into lblTotalUnitarioProduto (line_editing.cpp).
+  void RecalculaTotalProduto();
+
+ protected:
+  void Form_Load() override;
+
+ private:
+  [[nodiscard]] std::array<forms::FlexGrid*, kMaterialClasses.size()> grades() const;
+  void preparaGradesPesquisa();
+
+  // Finding and choosing articles (material_tabs.cpp)
+  void ligaPesquisa();
+  void cmdPesquisar_Click();
+  void cmdLimpar_Click();
+  void PesquisaMaterial(std::size_t aba, const QString& texto);
+  void escolheMaterial(std::size_t aba);
+  void cmdPesquisa_Click();
+
+  // Lines (line_editing.cpp)
+  void Flex_DblClick();
+  void excluiLinha();
+  void alteraLinha();
+  [[nodiscard]] bool quantidadeValida(const QString& quantidade);
+
+  // Leaving (finishing.cpp)
+  void cmdConfirmar_Click();
+  void cmdCancelar_Click();
+  [[nodiscard]] bool temProduto() const;
+  [[nodiscard]] QString totalDoItem() const;
+};

@@ -1,0 +1,91 @@
+#include "assembly/frmConfirmaItem.h"
+#include "assembly/frmMontarProduto.h"
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+// An article becomes a line of the assembly.
+
+using namespace Qt::StringLiterals;
+using grids::material::Column;
+
+namespace {
+
+const QStringView kProduto(kMaterialClasses.front().text);
+
+/// Whether a data row of the assembly has that text in a column.
+bool montagemTem(Column coluna, QStringView texto) {
+  const auto& grade = forms::form<frmMontarProduto>().Flex->grid();
+  for (int linha = 1; linha < grade.rows(); ++linha)
+    if (grade.text(linha, coluna) == texto) return true;
+  return false;
+}
+
+}  // namespace
+
+void frmConfirmaItem::Form_Load() {
+  removeCloseEntry();
+  CentralizaForm(*this);
+  txtQuantidade->setText(u"1"_s);
+  txtObservacoes->setMaxLength(250);
+  forms::setLocked(txtObservacoes, lblTipo->text() == kProduto);
+  AplicaTemaPadrao(*this);
+  forms::setBackColor(txtQuantidade, kCorEntrada);
+  forms::setBackColor(txtObservacoes, kCorEntrada);
+  (forms::form<frmPropCmrcTL>().opPV->isChecked() ? opPV : opShowRoom)->setChecked(true);
+}
+
+void frmConfirmaItem::cmdConfirmar_Click() {
+  if (values::toNumber(txtQuantidade->text()) == 0) return Aviso(u"Valor inválido!"_s, windowTitle());
+  if (recusaArtigo()) return unload();
+  if (opShowRoom->isChecked()) aplicaShowRoom();
+  incluiLinha();
+  for (auto* rotulo :
+       {lblId, lblCod, lblDesc, lblUnidadeMedida, lblQtUnidadeMedida, lblValor, lblTipo, lblOrdem})
+    rotulo->clear();
+  unload();
+}
+
+bool frmConfirmaItem::recusaArtigo() {
+  if (lblTipo->text() == kProduto && montagemTem(Column::Tipo, kProduto)) {
+    recusa(u"Cada montagem somente poderá comportar um produto!"_s,
+           u"Finalize esta montagem e solicite uma nova!"_s);
+    return true;
+  }
+  if (montagemTem(Column::Codigo, lblCod->text())) {
+    recusa(u"Item já foi inserido!"_s, u"O mesmo não poderá ser duplicado!"_s);
+    return true;
+  }
+  return false;
+}
+
+void frmConfirmaItem::recusa(const QString& motivo, const QString& conselho) {
+  Aviso(u"Item: "_s + lblCod->text() + u"\r"_s + motivo + u"\r"_s + conselho);
+}
+
+void frmConfirmaItem::aplicaShowRoom() {
+  // A multiplier, though its name says percent.
+  const QString percentual = ParametroEmpresa(u"PERCENTUAL_SHOWROOM"_s);
+  double fator = percentual.isEmpty() ? 1 : values::toNumber(percentual);
+  if (fator == 0) fator = 1;
+  lblValor->setText(values::toText(values::toNumber(lblValor->text()) * fator));
+  lblValor->setText(Moeda(lblValor->text()));
+}
+
+void frmConfirmaItem::incluiLinha() {
+  auto& montagem = forms::form<frmMontarProduto>();
+  const double total = values::toNumber(txtQuantidade->text()) * values::toNumber(lblValor->text());
+  forms::RowBuilder linha;
+  linha << lblId->text() << lblCod->text() << lblDesc->text() << txtQuantidade->text()
+        << lblUnidadeMedida->text() << lblQtUnidadeMedida->text() << lblValor->text() << Moeda(total)
+        << lblTipo->text() << Apara(txtObservacoes->text()) << lblOrdem->text();
+  auto& grade = montagem.Flex->grid();
+  grade.addItem(linha.text());
+  montagem.MarcaLinha(grade.rows() - 1);
+  grade.sortAscending(Column::Ordem);
+
+  auto* soma = montagem.lblTotalUnitarioProduto;
+  soma->setText(Moeda(values::toText(values::toNumber(soma->text()) + total)));
+}

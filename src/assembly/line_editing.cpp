@@ -1,0 +1,75 @@
+#include "assembly/frmMontarProduto.h"
+#include "platform/values/numbers.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+// Changing and removing lines of the assembly, and their sum.
+
+using namespace Qt::StringLiterals;
+using grids::material::Column;
+
+void frmMontarProduto::RecalculaTotalProduto() {
+  const auto& grade = Flex->grid();
+  lblTotalUnitarioProduto->setText(values::toText(0));
+  for (int linha = 1; linha < grade.rows(); ++linha)
+    lblTotalUnitarioProduto->setText(values::toText(values::toNumber(lblTotalUnitarioProduto->text()) +
+                                                    values::toNumber(grade.text(linha, Column::Total))));
+  lblTotalUnitarioProduto->setText(Moeda(lblTotalUnitarioProduto->text()));
+}
+
+void frmMontarProduto::Flex_DblClick() {
+  const QString resposta = forms::inputBox({u"Deseja [A]lterar ou [E]xcluir ?"_s, windowTitle(), u"A"_s})
+                               .left(1)
+                               .trimmed()
+                               .toUpper();
+  if (resposta.isEmpty()) return;
+  if (resposta == u"E"_s)
+    excluiLinha();
+  else  // any other letter alters too
+    alteraLinha();
+}
+
+void frmMontarProduto::excluiLinha() {
+  auto& grade = Flex->grid();
+  if (grade.row() != 0) {
+    if (grade.rows() == 2)
+      PreparaGradeMontagem();
+    else
+      grade.removeItem(grade.row());
+  }
+  RecalculaTotalProduto();
+}
+
+void frmMontarProduto::alteraLinha() {
+  auto& grade = Flex->grid();
+  const int linha = grade.row();
+  const QString valor = grade.text(linha, Column::ValorUnitario);
+
+  const QString atual = grade.text(linha, Column::Quantidade);
+  const QString quantidade = Apara(forms::inputBox(
+      {u"Quantidade Atual:"_s + atual + u"\rInformar nova quantidade:"_s, windowTitle(), atual}));
+  if (quantidade.isEmpty() || !quantidadeValida(quantidade)) return;
+  grade.setText(linha, Column::Quantidade, quantidade);
+  grade.setText(linha, Column::Total, Moeda(values::toNumber(quantidade) * values::toNumber(valor)));
+  RecalculaTotalProduto();
+
+  const QString anterior = grade.text(linha, Column::Observacao);
+  const QString observacao =
+      Apara(forms::inputBox({u"Observação Atual:\r"_s + anterior + u"\rInformar nova observação:"_s,
+                             windowTitle(), anterior}))
+          .left(250);
+  // An observation can be changed but not blanked.
+  if (!observacao.isEmpty()) grade.setText(linha, Column::Observacao, Maiusculas(observacao));
+}
+
+bool frmMontarProduto::quantidadeValida(const QString& quantidade) {
+  if (!values::isNumeric(quantidade) || values::toNumber(quantidade) == 0) {
+    Aviso(u"Valor inválido!"_s, windowTitle());
+    return false;
+  }
+  if (quantidade.contains(u'.')) {
+    Aviso(u"Valor inválido!\rUsar vírgula no lugar de ponto!"_s, windowTitle());
+    return false;
+  }
+  return true;
+}

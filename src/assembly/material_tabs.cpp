@@ -1,0 +1,81 @@
+#include "assembly/frmConfirmaItem.h"
+#include "assembly/frmMontarProduto.h"
+#include "assembly/kit.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+// Finding articles on the seven tabs and choosing one of them.
+
+using namespace Qt::StringLiterals;
+
+void frmMontarProduto::ligaPesquisa() {
+  using forms::Event;
+  on(cmdPesquisar, Event::Click, &frmMontarProduto::cmdPesquisar_Click);
+  on(cmdLimpar, Event::Click, &frmMontarProduto::cmdLimpar_Click);
+  on(txtCOD, Event::LostFocus, [this] { txtCOD->setText(Maiusculas(txtCOD->text())); });
+  const auto todas = grades();
+  for (std::size_t aba = 0; aba < todas.size(); ++aba)
+    on(todas[aba], Event::DoubleClick, [this, aba] { escolheMaterial(aba); });
+}
+
+void frmMontarProduto::cmdPesquisar_Click() {
+  const auto aba = static_cast<std::size_t>(SSTab1->currentIndex());
+  PreparaGradePesquisa(grades()[aba]);
+  PesquisaMaterial(aba, txtCOD->text());
+}
+
+void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
+  QString sql = u"SELECT * FROM prod "_s;
+  sql += u"WHERE data_desa is null "_s;
+  if (aba == 0)
+    sql += u"and PROD_MATE_PRIM = 'P' "_s;
+  else
+    sql += u"and PROD_MATE_PRIM = 'M' and tipo_mate_prima = '"_s +
+           QString::fromUtf16(kMaterialClasses[aba].text) + u"' "_s;
+  sql += u"and PROD.data_desa is null "_s;
+  sql += (opCodigo->isChecked() ? u"and PROD.codi_prod like '%"_s : u"and PROD.desc_prod like '%"_s) + texto +
+         u"%' "_s;
+  sql += u"ORDER BY codi_prod"_s;
+
+  const forms::WaitPointer espera;
+  auto& grade = grades()[aba]->grid();
+  for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) {
+    const QString id = rs.text(u"idprod");
+    const QString codigo = rs.text(u"codi_prod");
+    forms::RowBuilder linha;
+    linha << id << codigo << rs.text(u"desc_prod") << DescricaoUnidade(UnidadeProduto(id))
+          << rs.text(u"qtde_unid") << Moeda(ValorVendaProduto(codigo));
+    grade.addItem(linha.text());
+  }
+  if (grade.rows() >= 3) grade.setRow(0);
+}
+
+void frmMontarProduto::cmdLimpar_Click() {
+  PreparaGradePesquisa(grades()[static_cast<std::size_t>(SSTab1->currentIndex())]);
+  txtCOD->clear();
+  focus(txtCOD);
+}
+
+void frmMontarProduto::escolheMaterial(std::size_t aba) {
+  const auto& grade = grades()[aba]->grid();
+  auto& item = forms::form<frmConfirmaItem>();
+  const std::pair<ColunaPesquisa, QLabel*> destinos[] = {
+      {Id, item.lblId},
+      {Codigo, item.lblCod},
+      {Descricao, item.lblDesc},
+      {Unidade, item.lblUnidadeMedida},
+      {QtUnidade, item.lblQtUnidadeMedida},
+      {Valor, item.lblValor},
+  };
+  // The title row is handed over like any other.
+  for (const auto& [coluna, rotulo] : destinos) rotulo->setText(grade.text(grade.row(), coluna));
+  item.lblTipo->setText(QString::fromUtf16(kMaterialClasses[aba].text));
+  item.lblOrdem->setText(QString::fromUtf16(kMaterialClasses[aba].order));
+  item.showModal();
+}
+
+void frmMontarProduto::cmdPesquisa_Click() {
+  PreparaGradeMontagem();
+  CarregaKit(Flex->grid(), contexto().CodProdutoComposicao);
+}
