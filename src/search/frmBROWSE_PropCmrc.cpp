@@ -1,0 +1,134 @@
+#include "search/frmBROWSE_PropCmrc.h"
+
+#include "platform/values/dates.h"
+#include "run/context.h"
+#include "search/callers.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array<forms::GridColumn, 8> kLayout{{
+    {u"id", 600, forms::kRight},
+    {u"Dt.Orçamento", 1500, forms::kRight},
+    {u"Descrição", 3000},
+    {u"Cliente", 2000},
+    {u"Dt.Fech.", 1500, forms::kRight},
+    {u"Pessoas", 800, forms::kRight},
+    {u"Dt.Evento", 1000, forms::kRight},
+    {u"Dt.Validade", 1000, forms::kRight},
+}};
+
+using Tela = frmBROWSE_PropCmrc;
+constexpr search::Delivery kDeliveries[] = {
+    {u"frmPropCmrcTL", u"txtRowId", Tela::Id},
+    {u"frmPropCmrcTL", u"txtCodigo", Tela::Id},
+    {u"frmCPagar", u"txtRowId", Tela::Id},
+    {u"frmCPagar", u"txtSerieDupl", Tela::DtOrcamento},
+    {u"frmCPagar", u"txtNumeDupl", Tela::Descricao},
+    {u"frmCPagar", u"txtDesdDupl", Tela::Cliente},
+    {u"frmCPagar", u"txtIdFornecedor", Tela::DtFechamento, IdFornecedor},
+    {u"frmCompras", u"txtIDCOTA_COMP", Tela::Id},
+    {u"frmPedido", u"lblPropCmrc", Tela::Id},
+    {u"frmPropCmrc", u"txtRowId", Tela::Id},
+    {u"frmPropCmrc", u"txtCodigo", Tela::Id},
+    {u"frmProjetaCompra", u"txtCOD", Tela::Id},
+};
+
+}  // namespace
+
+frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() : Form(QString::fromUtf16(Name)) {
+  using forms::Event;
+  setupUi(this);
+  on(cmdPesquisa, Event::Click, &frmBROWSE_PropCmrc::cmdPesquisa_Click);
+  on(chkVisualiza, Event::Click, &frmBROWSE_PropCmrc::cmdPesquisa_Click);
+  on(chkSomenteFechados, Event::Click, [this] { somenteUma(chkSomenteFechados, chkSomenteNaoFechados); });
+  on(chkSomenteNaoFechados, Event::Click, [this] { somenteUma(chkSomenteNaoFechados, chkSomenteFechados); });
+  on(Flex, Event::DoubleClick, &frmBROWSE_PropCmrc::Flex_DblClick);
+  enterMovesOn({txtCOD, cmdPesquisa});
+  selectOnFocus({txtCOD});
+}
+
+void frmBROWSE_PropCmrc::Form_Load() {
+  txtMaxReg->setText(u"100"_s);
+  PreparaGradePropCmrc();
+  CentralizaForm(*this);
+  setWindowTitle(QString::fromUtf16(kTitulo));
+  opDesc->setChecked(true);
+}
+
+void frmBROWSE_PropCmrc::PreparaGradePropCmrc() { Flex->grid().layOut(kLayout); }
+
+void frmBROWSE_PropCmrc::somenteUma(QCheckBox* marcada, QCheckBox* outra) {
+  if (marcada->isChecked()) outra->setChecked(false);
+  cmdPesquisa_Click();
+}
+
+std::optional<QString> frmBROWSE_PropCmrc::montaConsulta() {
+  QString sql =
+      u"SELECT PROP_CMRC.idPROP_CMRC, PROP_CMRC.DATA_PROP_CMRC, PROP_CMRC.prop_cmrc_desc, "
+      u"PROP_CMRC.NOME_CLIE, "
+      u"PROP_CMRC.FONE_CLIE, PROP_CMRC.EMAI_CLIE, PROP_CMRC.NUME_PESS, PROP_CMRC.DATA_EVEN, "
+      u"PROP_CMRC.DATA_VALI, "
+      u"PROP_CMRC.DATA_FECH FROM PROP_CMRC "_s;
+  sql += chkVisualiza->isChecked() ? u"Where (PROP_CMRC.DATA_DESA Is Null) "_s
+                                   : u"Where (Not PROP_CMRC.DATA_DESA Is Null) "_s;
+  if (chkSomenteFechados->isChecked()) sql += u" and (Not PROP_CMRC.DATA_FECH Is Null) "_s;
+  if (chkSomenteNaoFechados->isChecked()) sql += u" and (PROP_CMRC.DATA_FECH Is Null) "_s;
+
+  struct Filtro {
+    const QRadioButton* opcao;
+    QString antes, depois;
+    bool data = false;
+  };
+  const Filtro filtros[] = {
+      {opDesc, u" And (PROP_CMRC.prop_cmrc_desc like '%"_s, u"%') "_s},
+      {opNumePropCmrc, u" And (PROP_CMRC.idprop_cmrc >= '"_s, u"') "_s},
+      {opCliente, u" And (PROP_CMRC.NOME_CLIE Like '%"_s, u"%') "_s},
+      {opData, u" And (PROP_CMRC.DATA_PROP_CMRC >= '"_s, u"') "_s, true},
+      {opDataFech, u" And (PROP_CMRC.DATA_fech >= '"_s, u"') "_s, true},
+  };
+  const QString texto = txtCOD->text();
+  if (!Apara(texto).isEmpty()) {
+    for (const auto& filtro : filtros) {
+      if (!filtro.opcao->isChecked()) continue;
+      if (filtro.data && !values::isDate(texto)) return std::nullopt;
+      sql += filtro.antes + (filtro.data ? values::formatDate(texto, u"yyyymmdd") : texto) + filtro.depois;
+    }
+  }
+  return sql + u" ORDER BY PROP_CMRC.idPROP_CMRC"_s;
+}
+
+void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
+  PreparaGradePropCmrc();
+  lblContagem->clear();
+  const auto sql = montaConsulta();
+  if (!sql) return Aviso(u"Data Inválida!"_s, txtCOD);
+
+  const forms::WaitPointer espera;
+  auto& grade = Flex->grid();
+  auto rs = AbreConsulta(*sql);
+  for (; !rs.eof(); rs.moveNext()) {
+    forms::RowBuilder linha;
+    linha << rs.text(u"idPROP_CMRC") << rs.formatDate(u"DATA_PROP_CMRC", u"dd/mm/yyyy")
+          << rs.text(u"prop_cmrc_desc") << rs.text(u"NOME_CLIE") << rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")
+          << rs.text(u"NUME_PESS") << rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")
+          << rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy");
+    grade.addItem(linha.text());
+  }
+  if (grade.rows() >= 3) grade.setRow(0);
+  lblContagem->setText(
+      search::countText(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));
+}
+
+void frmBROWSE_PropCmrc::Flex_DblClick() {
+  if (Flex->grid().row() <= 0) return;
+  const QString tela = contexto().TelaChamadora;
+  search::deliver(kDeliveries, tela, Flex->grid());
+  // Enter loads what was chosen.
+  focus(qobject_cast<QWidget*>(forms::findControl(tela, u"cmdPesquisar_PropCmrc"_s)));
+  unload();
+}
