@@ -30,12 +30,22 @@ class FlexGrid : public QTableView {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void takeLayout();
+  void giveSpareWidth();
   void showCurrent(int row, int column);
+  void showTopRow(int row);
+  void copyCurrentRow() const;
+  void titlePressed(int column);
+
+  /// Moves the current row to where the click is; false on empty ground.
+  [[nodiscard]] bool takeClick(const QMouseEvent* event);
 
   GridModel grid_;
+  bool dragged_ = false;  ///< the user has set column widths; they stay
+  bool fitting_ = false;
 };
 
 }  // namespace forms

@@ -84,11 +84,15 @@ class Form : public QDialog {
   void selectOnFocus(std::initializer_list<QWidget*> controls);
 
   void closeEvent(QCloseEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   class Private;
+  friend class Private;
   std::unique_ptr<Private> d_;
   bool loaded_ = false;
 };

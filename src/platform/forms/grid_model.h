@@ -78,6 +78,7 @@ class GridModel : public QAbstractTableModel {
   using Row = std::vector<Cell>;
   [[nodiscard]] const Cell* cell(int row, int column) const;
   [[nodiscard]] Cell* cell(int row, int column);
+  void cellChanged(int row, int column);
 
   std::vector<GridColumn> columns_;
   std::vector<Row> rows_;

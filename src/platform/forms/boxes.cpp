@@ -1,0 +1,114 @@
+#include "platform/forms/boxes.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <utility>
+
+#include "platform/forms/form.h"
+
+using namespace Qt::StringLiterals;
+
+namespace forms {
+
+namespace {
+
+std::function<Answer(const Box&)> boxAnswerer;
+std::function<QString(const Input&)> inputAnswerer;
+int shownSoFar = 0;
+
+QString withLineBreaks(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
+
+/// While a box is up the pointer is the ordinary one; afterwards the caller's window is active again.
+class Interlude {
+ public:
+  Interlude() : caller_(QApplication::activeWindow()) {
+    const QList<Form*> forms = registry::shown();
+    if (caller_.isNull() && !forms.isEmpty()) caller_ = forms.last();
+    if (QApplication::overrideCursor() != nullptr) {
+      QApplication::setOverrideCursor(Qt::ArrowCursor);
+      pointer_ = true;
+    }
+  }
+  ~Interlude() {
+    if (pointer_) QApplication::restoreOverrideCursor();
+    if (!caller_.isNull() && caller_->isVisible()) caller_->activateWindow();
+  }
+  Interlude(const Interlude&) = delete;
+  Interlude& operator=(const Interlude&) = delete;
+
+  [[nodiscard]] QWidget* caller() const { return caller_; }
+
+ private:
+  QPointer<QWidget> caller_;
+  bool pointer_ = false;
+};
+
+struct ButtonText {
+  Answer answer;
+  const char16_t* text;
+  QMessageBox::ButtonRole role;
+};
+
+QList<ButtonText> buttonsOf(Buttons buttons) {
+  // A question without Cancel can't be escaped: its buttons have no role that the Esc key finds.
+  const ButtonText yes{Answer::Yes, u"&Sim", QMessageBox::ActionRole};
+  const ButtonText no{Answer::No, u"&Não", QMessageBox::ActionRole};
+  switch (buttons) {
+    case Buttons::YesNo:
+      return {yes, no};
+    case Buttons::YesNoCancel:
+      return {yes, no, {Answer::Cancel, u"&Cancelar", QMessageBox::RejectRole}};
+    case Buttons::Ok:
+      break;
+  }
+  return {{Answer::Ok, u"&OK", QMessageBox::AcceptRole}};
+}
+
+}  // namespace
+
+Answer msgBox(const Box& box) {
+  ++shownSoFar;
+  if (boxAnswerer) return boxAnswerer(box);
+
+  const Interlude interlude;
+  QMessageBox window(interlude.caller());
+  window.setTextFormat(Qt::PlainText);
+  window.setText(withLineBreaks(box.text));
+  window.setWindowTitle(box.title.value_or(QApplication::applicationName()));
+  if (box.icon == Icon::Information) window.setIcon(QMessageBox::Information);
+  if (box.icon == Icon::Critical) window.setIcon(QMessageBox::Critical);
+  QHash<QAbstractButton*, Answer> answers;
+  for (const ButtonText& button : buttonsOf(box.buttons)) {
+    QPushButton* push = window.addButton(QString::fromUtf16(button.text), button.role);
+    if (answers.isEmpty()) window.setDefaultButton(push);
+    answers.insert(push, button.answer);
+  }
+  window.exec();
+  const Answer escape = box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
+  return answers.value(window.clickedButton(), escape);
+}
+
+QString inputBox(const Input& input) {
+  ++shownSoFar;
+  if (inputAnswerer) return inputAnswerer(input);
+
+  const Interlude interlude;
+  QInputDialog window(interlude.caller());
+  window.setInputMode(QInputDialog::TextInput);
+  window.setWindowTitle(input.title);
+  window.setLabelText(withLineBreaks(input.prompt));
+  window.setTextValue(input.initial);
+  window.setOkButtonText(u"&OK"_s);
+  window.setCancelButtonText(u"&Cancelar"_s);
+  return window.exec() == QDialog::Accepted ? window.textValue() : QString();
+}
+
+void setBoxAnswerer(std::function<Answer(const Box&)> answerer) { boxAnswerer = std::move(answerer); }
+void setInputAnswerer(std::function<QString(const Input&)> answerer) { inputAnswerer = std::move(answerer); }
+
+int boxesShown() { return shownSoFar; }
+
+}  // namespace forms

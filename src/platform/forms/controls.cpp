@@ -1,0 +1,180 @@
+#include "platform/forms/controls.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QTabWidget>
+#include <QTextEdit>
+#include <array>
+
+#include "platform/forms/combo.h"
+#include "platform/forms/masked_box.h"
+
+using namespace Qt::StringLiterals;
+
+namespace forms {
+
+namespace {
+
+constexpr ColorNumber kWindowGround = 0x80000005;
+constexpr ColorNumber kWindowText = 0x80000008;
+constexpr ColorNumber kButtonFace = 0x8000000F;
+constexpr ColorNumber kButtonText = 0x80000012;
+
+constexpr char kBackProperty[] = "backColor";
+constexpr char kForeProperty[] = "foreColor";
+
+QString lines(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
+
+/// Fields that are typed in, as against captions and buttons.
+bool isField(const QWidget* control) {
+  return qobject_cast<const QLineEdit*>(control) != nullptr ||
+         qobject_cast<const QComboBox*>(control) != nullptr ||
+         qobject_cast<const QPlainTextEdit*>(control) != nullptr ||
+         qobject_cast<const QTextEdit*>(control) != nullptr || control->inherits("QAbstractItemView");
+}
+
+struct Roles {
+  QPalette::ColorRole back, fore;
+};
+
+Roles rolesOf(const QWidget* control) {
+  if (isField(control)) return {QPalette::Base, QPalette::Text};
+  if (control->inherits("QPushButton") || control->inherits("QToolButton")) {
+    return {QPalette::Button, QPalette::ButtonText};
+  }
+  return {QPalette::Window, QPalette::WindowText};
+}
+
+void paint(QWidget* control, QPalette::ColorRole role, const QColor& color) {
+  QPalette palette = control->palette();
+  palette.setColor(QPalette::Active, role, color);
+  palette.setColor(QPalette::Inactive, role, color);
+  const bool text = role == QPalette::Text || role == QPalette::WindowText || role == QPalette::ButtonText;
+  // A disabled control keeps its ground; its text is paler.
+  QColor disabled = color;
+  if (text) disabled.setAlpha(130);
+  palette.setColor(QPalette::Disabled, role, disabled);
+  control->setPalette(palette);
+}
+
+bool isDark(const QColor& color) { return qGray(color.rgb()) < 128; }
+
+}  // namespace
+
+QString controlText(const QObject* control) {
+  if (const auto* masked = qobject_cast<const MaskedBox*>(control)) return masked->boxText();
+  if (const auto* line = qobject_cast<const QLineEdit*>(control)) return line->text();
+  if (const auto* combo = qobject_cast<const QComboBox*>(control)) return combo->currentText();
+  if (const auto* label = qobject_cast<const QLabel*>(control)) return label->text();
+  if (const auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
+  if (const auto* frame = qobject_cast<const QGroupBox*>(control)) return frame->title();
+  if (const auto* plain = qobject_cast<const QPlainTextEdit*>(control)) {
+    return plain->toPlainText().replace(u'\n', u"\r\n"_s);
+  }
+  if (const auto* rich = qobject_cast<const QTextEdit*>(control)) {
+    return rich->toPlainText().replace(u'\n', u"\r\n"_s);
+  }
+  if (const auto* tabs = qobject_cast<const QTabWidget*>(control)) return tabs->tabText(tabs->currentIndex());
+  if (const auto* form = qobject_cast<const QDialog*>(control)) return form->windowTitle();
+  return {};
+}
+
+void setControlText(QObject* control, const QString& text) {
+  if (auto* masked = qobject_cast<MaskedBox*>(control)) return masked->setBoxText(text);
+  if (auto* combo = qobject_cast<Combo*>(control)) return combo->setText(text);
+  if (auto* other = qobject_cast<QComboBox*>(control)) return other->setCurrentText(text);
+  if (auto* label = qobject_cast<QLabel*>(control)) return label->setText(text);
+  if (auto* button = qobject_cast<QAbstractButton*>(control)) return button->setText(text);
+  if (auto* frame = qobject_cast<QGroupBox*>(control)) return frame->setTitle(text);
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) return plain->setPlainText(lines(text));
+  if (auto* rich = qobject_cast<QTextEdit*>(control)) return rich->setPlainText(lines(text));
+  if (auto* form = qobject_cast<QDialog*>(control)) return form->setWindowTitle(text);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) {
+    line->setText(text);
+    line->setCursorPosition(0);
+  }
+}
+
+void setLocked(QWidget* control, bool locked) {
+  if (auto* combo = qobject_cast<Combo*>(control)) {
+    combo->setLocked(locked);
+  } else if (auto* line = qobject_cast<QLineEdit*>(control)) {
+    line->setReadOnly(locked);
+  } else if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
+    plain->setReadOnly(locked);
+  } else if (auto* rich = qobject_cast<QTextEdit*>(control)) {
+    rich->setReadOnly(locked);
+  } else {
+    control->setEnabled(!locked);
+  }
+  control->update();
+}
+
+bool isLocked(const QWidget* control) {
+  if (const auto* combo = qobject_cast<const Combo*>(control)) return combo->isLocked();
+  if (const auto* line = qobject_cast<const QLineEdit*>(control)) return line->isReadOnly();
+  if (const auto* plain = qobject_cast<const QPlainTextEdit*>(control)) return plain->isReadOnly();
+  if (const auto* rich = qobject_cast<const QTextEdit*>(control)) return rich->isReadOnly();
+  return !control->isEnabled();
+}
+
+QColor toColor(ColorNumber number) {
+  const auto bits = static_cast<quint32>(number);
+  if (bits < 0x80000000U) {
+    return {static_cast<int>(bits & 0xFF), static_cast<int>(bits >> 8 & 0xFF),
+            static_cast<int>(bits >> 16 & 0xFF)};
+  }
+  // System colours, by their index: grounds are light, texts are dark, whatever the desktop's own theme.
+  static constexpr std::array<QRgb, 25> kSystem{0xFFE4E7EB, 0xFF3B6EA5, 0xFF2F5D8C, 0xFFBFC7D1, 0xFFFFFFFF,
+                                                0xFFFFFFFF, 0xFF808890, 0xFF1F2933, 0xFF1F2933, 0xFFFFFFFF,
+                                                0xFFC8CED6, 0xFFE4E7EB, 0xFF9AA5B1, 0xFF2F6DB5, 0xFFFFFFFF,
+                                                0xFFF2F4F7, 0xFFB4BCC6, 0xFF7B8794, 0xFF1F2933, 0xFF3E4C59,
+                                                0xFFFFFFFF, 0xFF697586, 0xFFE4E7EB, 0xFF1F2933, 0xFFFFFBE6};
+  const std::size_t index = bits & 0xFFU;
+  return QColor::fromRgb(index < kSystem.size() ? kSystem[index] : kSystem[15]);
+}
+
+void setBackColor(QWidget* control, ColorNumber number) {
+  const Roles roles = rolesOf(control);
+  const QColor ground = toColor(number);
+  control->setProperty(kBackProperty, number);
+  paint(control, roles.back, ground);
+  if (roles.back == QPalette::Window && !control->isWindow()) control->setAutoFillBackground(true);
+  // Where no text colour was asked for, the text stays readable on its ground.
+  if (!control->property(kForeProperty).isValid()) {
+    paint(control, roles.fore, isDark(ground) ? QColor(Qt::white) : toColor(kWindowText));
+  }
+}
+
+void setForeColor(QWidget* control, ColorNumber number) {
+  control->setProperty(kForeProperty, number);
+  paint(control, rolesOf(control).fore, toColor(number));
+}
+
+ColorNumber backColor(const QWidget* control) {
+  const QVariant set = control->property(kBackProperty);
+  if (set.isValid()) return set.toLongLong();
+  return isField(control) ? kWindowGround : kButtonFace;
+}
+
+ColorNumber foreColor(const QWidget* control) {
+  const QVariant set = control->property(kForeProperty);
+  if (set.isValid()) return set.toLongLong();
+  return isField(control) ? kWindowText : kButtonText;
+}
+
+QSize screenSize() {
+  const QScreen* screen = QApplication::primaryScreen();
+  return screen == nullptr ? QSize() : screen->size();
+}
+
+WaitPointer::WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+WaitPointer::~WaitPointer() { QApplication::restoreOverrideCursor(); }
+
+}  // namespace forms

@@ -1,0 +1,153 @@
+#include "platform/forms/form.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QThread>
+#include <QToolButton>
+#include <QWindow>
+
+#include "platform/forms/form_private.h"
+#include "platform/forms/modal_loops.h"
+#include "platform/forms/process.h"
+
+namespace forms {
+
+Form::Form(const QString& name) : d_(std::make_unique<Private>(*this, name)) {
+  setObjectName(name);
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { d_->noteFocus(now); });
+}
+
+Form::~Form() { registry::noteHidden(this); }
+
+void Form::ensureLoaded() {
+  if (loaded_) return;
+  loaded_ = true;
+  setObjectName(d_->name);
+  d_->prepareControls();
+  Form_Load();
+}
+
+void Form::showForm() {
+  ensureLoaded();
+  if (!isVisible()) setWindowFlags(Qt::Window);
+  d_->mainWindow = true;
+  d_->present();
+}
+
+void Form::showModal() {
+  const QList<Form*> before = registry::shown();
+  const QPointer<Form> caller = before.isEmpty() ? nullptr : before.last();
+  ensureLoaded();
+  if (!loaded_ || isVisible()) return;  // its load handler may have unloaded it
+
+  setWindowModality(Qt::ApplicationModal);
+  winId();
+  if (!caller.isNull()) windowHandle()->setTransientParent(caller->windowHandle());
+  QEventLoop loop;
+  d_->loop = &loop;
+  const QPointer<Form> self(this);
+  const auto opening = [this, &self] {
+    d_->present();
+    flushFocusEvents();
+    if (self.isNull() || !isVisible()) return false;
+    observeModal(*this);
+    return !self.isNull() && isVisible();
+  };
+  const auto closed = [&] {
+    if (!self.isNull()) d_->loop = nullptr;
+    if (!caller.isNull() && caller->isVisible()) caller->activateWindow();
+  };
+  try {
+    modal::run(loop, opening);
+  } catch (const Ended&) {
+    if (!self.isNull()) hide();
+    closed();
+    throw;
+  }
+  closed();
+}
+
+void Form::hideForm() { hide(); }
+
+void Form::unload() {
+  std::unique_ptr<Form> self = registry::take(this);
+  loaded_ = false;
+  d_->waiting.clear();
+  hide();
+  // The last window's end is the program's.
+  if (d_->mainWindow && QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit(0);
+  if (self) self.release()->deleteLater();
+}
+
+void Form::closeRequested() { unload(); }
+
+void Form::removeCloseEntry() {
+  d_->closable = false;
+  setWindowFlag(Qt::WindowCloseButtonHint, false);
+}
+
+void Form::centre() {
+  ensurePolished();
+  if (layout() != nullptr) layout()->activate();
+  const QSize screen = screenSize();
+  resize(size().expandedTo(minimumSizeHint()).boundedTo(screen));
+  move((screen.width() - width()) / 2, (screen.height() - height()) / 2);
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (d_->closable) guarded([this] { closeRequested(); });
+}
+
+void Form::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  if (event->spontaneous()) return;
+  d_->shown = false;
+  d_->current = nullptr;
+  d_->waiting.clear();
+  registry::noteHidden(this);
+  if (d_->loop != nullptr) d_->loop->exit();
+}
+
+void Form::Private::present() {
+  prepareControls();
+  registry::noteShown(&form);
+  shown = true;
+  form.show();
+  form.raise();
+  form.activateWindow();
+  QWidget* first = form.focusWidget();
+  const auto usable = [this](const QWidget* widget) {
+    return widget != nullptr && widget != &form && widget->isVisible() && widget->isEnabled();
+  };
+  if (!usable(first)) {
+    form.setFocus(Qt::OtherFocusReason);
+    form.focusNextChild();
+    first = form.focusWidget();
+  }
+  noteFocus(first);
+}
+
+void Form::Private::prepareControls() {
+  form.installEventFilter(&form);
+  for (QWidget* control : form.findChildren<QWidget*>()) {
+    control->installEventFilter(&form);
+    if (auto* push = qobject_cast<QPushButton*>(control)) push->setAutoDefault(false);
+    if (auto* label = qobject_cast<QLabel*>(control)) label->setTextFormat(Qt::PlainText);
+    if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) plain->setTabChangesFocus(true);
+    // A click on these is a change of control as well.
+    if (qobject_cast<QToolButton*>(control) != nullptr && control->focusPolicy() == Qt::TabFocus) {
+      control->setFocusPolicy(Qt::StrongFocus);
+    }
+    if (auto* tabs = qobject_cast<QTabWidget*>(control)) tabs->tabBar()->setFocusPolicy(Qt::StrongFocus);
+  }
+}
+
+}  // namespace forms

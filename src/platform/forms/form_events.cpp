@@ -1,0 +1,173 @@
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QShortcutEvent>
+#include <QTabWidget>
+#include <QToolButton>
+
+#include "platform/forms/boxes.h"
+#include "platform/forms/form_private.h"
+#include "platform/forms/modal_loops.h"
+#include "platform/forms/process.h"
+
+// Handlers of controls, and the mouse and the keyboard on their way to them.
+namespace forms {
+
+void Form::Private::run(QWidget* control, Event event) {
+  const Handlers known = handlers.value(control).value(event);
+  for (const auto& handler : known) guarded(handler);
+}
+
+void Form::on(QWidget* control, Event event, std::function<void()> handler) {
+  Private::Handlers& known = d_->handlers[control][event];
+  known.push_back(std::move(handler));
+  if (known.size() > 1) return;
+
+  const auto raise = [this, control, event] { d_->run(control, event); };
+  auto* grid = qobject_cast<FlexGrid*>(control);
+  if (event == Event::DoubleClick && grid != nullptr) connect(grid, &FlexGrid::rowDoubleClicked, this, raise);
+  if (event == Event::DropDown) connect(qobject_cast<Combo*>(control), &Combo::dropDown, this, raise);
+  if (event != Event::Click) return;
+  if (grid != nullptr) connect(grid, &FlexGrid::rowClicked, this, raise);
+  if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+    connect(button, &QAbstractButton::clicked, this, raise);
+  }
+  if (auto* combo = qobject_cast<QComboBox*>(control)) connect(combo, &QComboBox::activated, this, raise);
+  if (auto* tabs = qobject_cast<QTabWidget*>(control))
+    connect(tabs, &QTabWidget::currentChanged, this, raise);
+}
+
+void Form::onKeyPress(QWidget* control, std::function<char16_t(char16_t)> handler) {
+  d_->keyFilters.insert(control, std::move(handler));
+}
+
+void Form::enterMovesOn(std::initializer_list<QWidget*> controls) {
+  for (QWidget* control : controls) d_->enterMoves.insert(control);
+}
+
+void Form::selectOnFocus(std::initializer_list<QWidget*> controls) {
+  for (QWidget* control : controls) d_->selects.insert(control);
+}
+
+bool Form::eventFilter(QObject* watched, QEvent* event) {
+  auto* widget = qobject_cast<QWidget*>(watched);
+  if (widget == nullptr) return false;
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+      return d_->mousePressed(widget, static_cast<QMouseEvent*>(event));
+    case QEvent::MouseButtonRelease:
+      // Buttons and grids have signals of their own; this is for labels and the pictures they show.
+      if (qobject_cast<QLabel*>(widget) != nullptr) d_->run(widget, Event::Click);
+      return false;
+    case QEvent::KeyPress:
+      return d_->keyPressed(widget, static_cast<QKeyEvent*>(event));
+    case QEvent::Shortcut: {
+      auto* button = qobject_cast<QAbstractButton*>(widget);
+      const bool clear = !static_cast<QShortcutEvent*>(event)->isAmbiguous();
+      return button != nullptr && clear && d_->accessKey(button);
+    }
+    default:
+      return false;
+  }
+}
+
+namespace {
+
+/// Grows with each box and each modal form: what swallows the click or key that caused it.
+int interruptions() { return boxesShown() + modal::runs(); }
+
+bool isMultiLine(const QWidget* control) {
+  return control->inherits("QPlainTextEdit") || control->inherits("QTextEdit");
+}
+
+}  // namespace
+
+bool Form::Private::mousePressed(QWidget* watched, QMouseEvent* event) {
+  // The title of a grid is part of it: a click there is a change of control as well.
+  auto* grid = qobject_cast<FlexGrid*>(controlOf(watched));
+  if (grid != nullptr && !grid->hasFocus() && grid->isEnabled()) grid->setFocus(Qt::MouseFocusReason);
+  const bool arrived = hasJustGotFocus(controlOf(watched));
+  const int before = interruptions();
+  form.flushFocusEvents();
+  if (interruptions() != before || !form.isVisible() || !watched->isEnabled()) return true;
+
+  if (event->type() == QEvent::MouseButtonDblClick && handlers.value(watched).contains(Event::DoubleClick)) {
+    run(watched, Event::DoubleClick);
+    return true;
+  }
+  // The click that brings the focus leaves the text selected.
+  return arrived && qobject_cast<QLineEdit*>(watched) != nullptr && selects.contains(controlOf(watched));
+}
+
+bool Form::Private::keyPressed(QWidget* watched, QKeyEvent* event) {
+  if (resending) return false;
+  const int before = interruptions();
+  form.flushFocusEvents();
+  if (interruptions() != before || !form.isVisible()) return true;
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return enterPressed(watched, event);
+  return characterTyped(watched, event);
+}
+
+bool Form::Private::enterPressed(QWidget* control, QKeyEvent* event) {
+  if (isMultiLine(control) && (event->modifiers() & Qt::ControlModifier) != 0) {
+    if (!isLocked(control))
+      QMetaObject::invokeMethod(control, "insertPlainText", Q_ARG(QString, QStringLiteral("\n")));
+    return true;
+  }
+  if (enterMoves.contains(control) || isMultiLine(control)) {
+    form.moveOn();
+    return true;
+  }
+  const bool clicks =
+      qobject_cast<QPushButton*>(control) != nullptr || qobject_cast<QToolButton*>(control) != nullptr;
+  if (clicks && !event->isAutoRepeat()) qobject_cast<QAbstractButton*>(control)->click();
+  return clicks;
+}
+
+bool Form::Private::characterTyped(QWidget* watched, QKeyEvent* event) {
+  const auto filter = keyFilters.constFind(watched);
+  const QString typed = event->text();
+  if (filter == keyFilters.cend() || typed.size() != 1 || !typed.at(0).isPrint()) return false;
+  char16_t taken = 0;
+  guarded([&] { taken = (*filter)(typed.at(0).unicode()); });
+  if (taken == typed.at(0)) return false;
+  if (taken != 0) {
+    resending = true;
+    QKeyEvent other(QEvent::KeyPress, event->key(), event->modifiers(), QString(QChar(taken)));
+    QCoreApplication::sendEvent(watched, &other);
+    resending = false;
+  }
+  return true;
+}
+
+bool Form::Private::accessKey(QAbstractButton* button) {
+  const int before = interruptions();
+  if (button->focusPolicy() != Qt::NoFocus) {
+    button->setFocus(Qt::ShortcutFocusReason);
+    noteFocus(button);
+  }
+  form.flushFocusEvents();
+  if (interruptions() == before && form.isVisible()) button->click();
+  return true;
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) {
+    event->ignore();
+    return;
+  }
+  if (const Private::OverFrame* open = d_->openFrame(); open != nullptr && open->closeButton != nullptr) {
+    open->closeButton->click();
+  } else if (d_->closable) {
+    guarded([this] { closeRequested(); });
+  }
+}
+
+}  // namespace forms

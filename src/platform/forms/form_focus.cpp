@@ -1,0 +1,110 @@
+#include <QApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+#include "platform/forms/form_private.h"
+#include "platform/forms/modal_loops.h"
+#include "platform/forms/process.h"
+
+// Losing and getting the focus as events between the controls of one form.
+namespace forms {
+
+QWidget* Form::Private::controlOf(QWidget* widget) const {
+  // Parts of a compound control have no name, or one that the toolkit gave.
+  QWidget* control = widget;
+  while (control != nullptr && control != &form &&
+         (control->objectName().isEmpty() || control->objectName().startsWith(QLatin1String("qt_"))) &&
+         control->parentWidget() != nullptr && control->parentWidget() != &form) {
+    control = control->parentWidget();
+  }
+  return control;
+}
+
+void Form::Private::noteFocus(QWidget* now) {
+  // Another window, a popup, or none: no change between the form's own controls.
+  if (!shown || now == nullptr || now == &form || now->window() != &form) return;
+  QWidget* control = controlOf(now);
+  if (control == current) return;
+  if (!current.isNull()) waiting.push_back({current, Event::LostFocus});
+  waiting.push_back({control, Event::GotFocus});
+  current = control;
+  postFlush();
+}
+
+void Form::Private::postFlush() {
+  if (flushPosted) return;
+  flushPosted = true;
+  QMetaObject::invokeMethod(
+      &form,
+      [this] {
+        flushPosted = false;
+        form.flushFocusEvents();
+      },
+      Qt::QueuedConnection);
+}
+
+bool Form::Private::hasJustGotFocus(QWidget* control) const {
+  return std::ranges::any_of(waiting, [control](const FocusEvent& event) {
+    return event.event == Event::GotFocus && event.control == control;
+  });
+}
+
+void Form::Private::gotFocus(QWidget* control) {
+  if (!selects.contains(control)) return;
+  if (auto* line = qobject_cast<QLineEdit*>(control)) line->selectAll();
+  if (auto* combo = qobject_cast<QComboBox*>(control); combo != nullptr && combo->lineEdit() != nullptr) {
+    combo->lineEdit()->selectAll();
+  }
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) plain->selectAll();
+}
+
+void Form::flushFocusEvents() {
+  if (d_->flushing) return;
+  const QScopedValueRollback flushing(d_->flushing, true);
+  const int ends = modal::ends();
+  while (!d_->waiting.empty()) {
+    const Private::FocusEvent next = d_->waiting.front();
+    d_->waiting.pop_front();
+    if (next.control.isNull()) continue;
+    if (next.event == Event::GotFocus) d_->gotFocus(next.control);
+    d_->run(next.control, next.event);
+    if (modal::ends() != ends) d_->waiting.clear();
+  }
+}
+
+void Form::focus(QWidget* control) {
+  if (control == nullptr || !control->isVisible() || !control->isEnabled()) return;
+  if (control->focusPolicy() == Qt::NoFocus) return;
+  control->setFocus(Qt::OtherFocusReason);
+  // The window is not active yet when a box has just closed; the focus has moved all the same.
+  auto* form = qobject_cast<Form*>(control->window());
+  const QList<Form*> shown = registry::shown();
+  if (form != nullptr && !shown.isEmpty() && shown.last() == form) form->d_->noteFocus(control);
+}
+
+void Form::moveOn() {
+  focusNextPrevChild(true);
+  d_->noteFocus(focusWidget());
+}
+
+bool Form::focusNextPrevChild(bool next) {
+  const Private::OverFrame* open = d_->openFrame();
+  QWidget* from = focusWidget();
+  if (open == nullptr || from == nullptr || !open->frame->isAncestorOf(from)) {
+    return QDialog::focusNextPrevChild(next);
+  }
+  QWidget* to = from;
+  do {
+    to = next ? to->nextInFocusChain() : to->previousInFocusChain();
+    const bool takes = (to->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && to->focusProxy() == nullptr;
+    if (takes && open->frame->isAncestorOf(to) && to->isVisible() && to->isEnabled()) {
+      to->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+      return true;
+    }
+  } while (to != from);
+  return true;
+}
+
+}  // namespace forms

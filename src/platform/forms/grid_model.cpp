@@ -1,0 +1,215 @@
+#include "platform/forms/grid_model.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/values/numbers.h"
+
+namespace forms {
+
+namespace {
+
+/// What a sort compares: blanks, then numbers by value, then texts.
+struct SortKey {
+  int kind = 0;
+  double number = 0;
+  QString text;
+
+  explicit SortKey(const QString& cell) {
+    const QString trimmed = cell.trimmed();
+    if (trimmed.isEmpty()) return;
+    if (values::isNumeric(trimmed)) {
+      kind = 1;
+      number = values::toNumber(trimmed);
+    } else {
+      kind = 2;
+      text = cell.toCaseFolded();
+    }
+  }
+  bool operator<(const SortKey& other) const {
+    if (kind != other.kind) return kind < other.kind;
+    return kind == 1 ? number < other.number : text < other.text;
+  }
+};
+
+bool isDark(const QColor& color) { return qGray(color.rgb()) < 110; }
+
+}  // namespace
+
+GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel(parent) {
+  setObjectName(name);
+  rows_.emplace_back();
+}
+
+void GridModel::layOut(std::span<const GridColumn> columns) {
+  beginResetModel();
+  columns_.assign(columns.begin(), columns.end());
+  rows_.clear();
+  Row titles(columns_.size());
+  for (std::size_t i = 0; i < columns_.size(); ++i) titles[i].text = QString::fromUtf16(columns_[i].title);
+  rows_.push_back(std::move(titles));
+  row_ = 0;
+  col_ = 0;
+  topRow_ = 1;
+  endResetModel();
+  Q_EMIT laidOut();
+  Q_EMIT currentMoved(row_, col_);
+}
+
+int GridModel::width(int column) const {
+  return column >= 0 && column < cols() ? columns_[static_cast<std::size_t>(column)].width : 0;
+}
+
+const GridModel::Cell* GridModel::cell(int row, int column) const {
+  if (row < 0 || row >= rows() || column < 0 || column >= cols()) return nullptr;
+  return &rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+}
+
+GridModel::Cell* GridModel::cell(int row, int column) {
+  return const_cast<Cell*>(std::as_const(*this).cell(row, column));
+}
+
+QString GridModel::text(int row, int column) const {
+  const Cell* known = cell(row, column);
+  return known == nullptr ? QString() : known->text;
+}
+
+void GridModel::cellChanged(int row, int column) {
+  if (row == 0) {
+    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+  } else {
+    Q_EMIT dataChanged(index(row - 1, column), index(row - 1, column));
+  }
+}
+
+void GridModel::setText(int row, int column, const QString& text) {
+  Cell* known = cell(row, column);
+  if (known == nullptr) return;
+  known->text = text;
+  cellChanged(row, column);
+}
+
+void GridModel::addItem(const QString& tabSeparated) {
+  Row added(columns_.size());
+  std::size_t column = 0;
+  for (const auto& field : QStringView(tabSeparated).tokenize(u'\t')) {
+    if (column == added.size()) break;
+    added[column++].text = field.toString();
+  }
+  const int at = rows() - 1;
+  beginInsertRows({}, at, at);
+  rows_.push_back(std::move(added));
+  endInsertRows();
+}
+
+void GridModel::removeItem(int row) {
+  if (row < 1 || row >= rows()) return;
+  beginRemoveRows({}, row - 1, row - 1);
+  rows_.erase(rows_.begin() + row);
+  endRemoveRows();
+  row_ = std::min(row_, rows() - 1);
+  topRow_ = std::clamp(topRow_, 1, std::max(1, rows() - 1));
+  Q_EMIT currentMoved(row_, col_);
+}
+
+void GridModel::sortAscending(int column) {
+  if (column < 0 || column >= cols() || rows() < 3) return;
+  std::vector<SortKey> keys;
+  keys.reserve(rows_.size());
+  for (const Row& row : rows_) keys.emplace_back(row[static_cast<std::size_t>(column)].text);
+  std::vector<std::size_t> order(rows_.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::stable_sort(order.begin() + 1, order.end(),
+                   [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
+
+  Q_EMIT layoutAboutToBeChanged();
+  std::vector<Row> sorted;
+  sorted.reserve(rows_.size());
+  for (const std::size_t from : order) sorted.push_back(std::move(rows_[from]));
+  rows_ = std::move(sorted);
+  Q_EMIT layoutChanged();
+  Q_EMIT currentMoved(row_, col_);
+}
+
+void GridModel::setRow(int row) {
+  if (row < 0 || row >= rows()) return;
+  row_ = row;
+  Q_EMIT currentMoved(row_, col_);
+}
+
+void GridModel::setCol(int column) {
+  if (column < 0 || column >= cols()) return;
+  col_ = column;
+  Q_EMIT currentMoved(row_, col_);
+}
+
+void GridModel::setTopRow(int row) {
+  if (row < 1 || row >= rows() || row == topRow_) return;
+  topRow_ = row;
+  Q_EMIT topRowMoved(row);
+}
+
+void GridModel::setCellBackColor(int row, int column, QColor color) {
+  Cell* known = cell(row, column);
+  if (known == nullptr) return;
+  known->back = color;
+  cellChanged(row, column);
+}
+
+void GridModel::setCellAlignment(int row, int column, Qt::Alignment alignment) {
+  Cell* known = cell(row, column);
+  if (known == nullptr) return;
+  known->align = alignment;
+  known->aligned = true;
+  cellChanged(row, column);
+}
+
+QColor GridModel::cellBackColor(int row, int column) const {
+  const Cell* known = cell(row, column);
+  return known == nullptr ? QColor() : known->back;
+}
+
+Qt::Alignment GridModel::cellAlignment(int row, int column) const {
+  const Cell* known = cell(row, column);
+  if (known == nullptr) return {};
+  return known->aligned ? known->align : columns_[static_cast<std::size_t>(column)].align;
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows() - 1; }
+
+int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols(); }
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  const Cell* known = cell(index.row() + 1, index.column());
+  if (!index.isValid() || known == nullptr) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+      return known->text;
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(cellAlignment(index.row() + 1, index.column()));
+    case Qt::BackgroundRole:
+      return known->back.isValid() ? QVariant(known->back) : QVariant();
+    case Qt::ForegroundRole:
+      return known->back.isValid() ? QVariant(QColor(isDark(known->back) ? Qt::white : Qt::black))
+                                   : QVariant();
+    default:
+      return {};
+  }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical) return {};
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return text(0, section);
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(cellAlignment(0, section));
+  return {};
+}
+
+RowBuilder& RowBuilder::operator<<(const QString& field) {
+  QString clean = field;
+  text_ += clean.replace(u'\t', u' ');
+  text_ += u'\t';
+  return *this;
+}
+
+}  // namespace forms

@@ -1,0 +1,56 @@
+#include "platform/forms/process.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+#include "platform/forms/boxes.h"
+#include "platform/forms/modal_loops.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace forms {
+
+namespace {
+
+std::function<void(int)>& ownEnd() {
+  static std::function<void(int)> end;
+  return end;
+}
+
+void tellRuntimeError(const values::RuntimeError& error) {
+  Box box;
+  box.text = u"Erro em tempo de execução '%1':\n\n%2"_s.arg(error.number()).arg(error.text());
+  box.icon = Icon::Critical;
+  msgBox(box);
+}
+
+}  // namespace
+
+void end(int status) {
+  if (!ownEnd()) {
+    std::fflush(nullptr);
+    std::_Exit(status);
+  }
+  ownEnd()(status);
+  modal::leaveAll();
+  throw Ended{status};
+}
+
+void setEnd(std::function<void(int)> end) { ownEnd() = std::move(end); }
+
+void guarded(const std::function<void()>& handler) {
+  try {
+    try {
+      handler();
+    } catch (const values::RuntimeError& error) {
+      tellRuntimeError(error);
+      end(1);
+    }
+  } catch (const Ended&) {
+    // The handler that ended the process goes no further; the loops it ran in are being left.
+  }
+}
+
+}  // namespace forms

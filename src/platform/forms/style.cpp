@@ -1,0 +1,192 @@
+#include <QApplication>
+#include <QFontDatabase>
+#include <QLibraryInfo>
+#include <QLineEdit>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QPushButton>
+#include <QStyleFactory>
+#include <QStyleOption>
+#include <QToolTip>
+#include <QTranslator>
+
+#include "platform/forms/form.h"
+
+using namespace Qt::StringLiterals;
+
+// The look that all screens share. Colours of controls come from palettes, which themes may set, so nothing
+// here is a style sheet.
+namespace forms {
+
+namespace {
+
+const QColor kAccent(0x2F, 0x6D, 0xB5);
+const QColor kAccentPale(0xD6, 0xE6, 0xF7);
+
+bool isPrincipal(const QWidget* widget) {
+  return widget != nullptr && widget->property("principal").toBool();
+}
+
+bool isLockedField(const QWidget* widget) {
+  return widget != nullptr &&
+         (qobject_cast<const QLineEdit*>(widget) != nullptr ||
+          qobject_cast<const Combo*>(widget) != nullptr) &&
+         isLocked(widget);
+}
+
+class ProgramStyle : public QProxyStyle {
+ public:
+  ProgramStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    switch (metric) {
+      case PM_LayoutHorizontalSpacing:
+        return 6;
+      case PM_LayoutVerticalSpacing:
+        return 5;
+      case PM_LayoutLeftMargin:
+      case PM_LayoutRightMargin:
+      case PM_LayoutTopMargin:
+      case PM_LayoutBottomMargin:
+        return 8;
+      default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+  }
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override {
+    switch (hint) {
+      // The list of a combo drops down under it.
+      case SH_ComboBox_Popup:
+        return 0;
+      case SH_UnderlineShortcut:
+        return 1;
+      case SH_EtchDisabledText:
+        return 0;
+      default:
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+  }
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    if (element == PE_PanelLineEdit && isLockedField(widget)) {
+      drawLockedGround(*option, painter, widget);
+    } else if (element == PE_PanelButtonCommand && isPrincipal(widget) &&
+               option->state.testFlag(State_Enabled)) {
+      drawPrincipal(*option, painter);
+    } else {
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element == CE_PushButtonLabel && button != nullptr && isPrincipal(widget) &&
+        option->state.testFlag(State_Enabled)) {
+      QStyleOptionButton white = *button;
+      white.palette.setColor(QPalette::ButtonText, Qt::white);
+      QProxyStyle::drawControl(element, &white, painter, widget);
+      return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override {
+    if (control == CC_ComboBox && isLockedField(widget)) {
+      drawLockedGround(*option, painter, widget);
+    } else {
+      QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+  }
+
+  using QProxyStyle::polish;
+  void polish(QWidget* widget) override {
+    QProxyStyle::polish(widget);
+    if (!isPrincipal(widget)) return;
+    QFont bold = widget->font();
+    bold.setBold(true);
+    widget->setFont(bold);
+  }
+
+ private:
+  /// A locked field reads as text on the form's own ground, with a thin line under it; a ground of its own
+  /// that was asked for stays.
+  static void drawLockedGround(const QStyleOption& option, QPainter* painter, const QWidget* widget) {
+    const QWidget* holder = widget->parentWidget();
+    const bool part = qobject_cast<const Combo*>(holder) != nullptr;
+    if (part) return;
+    if (widget->property("backColor").isValid()) painter->fillRect(option.rect, option.palette.base());
+    painter->setPen(option.palette.color(QPalette::Active, QPalette::Mid));
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    if (option.state.testFlag(State_HasFocus)) {
+      painter->setPen(kAccent);
+      painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
+  }
+
+  static void drawPrincipal(const QStyleOption& option, QPainter* painter) {
+    const bool down = option.state.testFlag(State_Sunken);
+    const bool over = option.state.testFlag(State_MouseOver);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(kAccent.darker(140), option.state.testFlag(State_HasFocus) ? 2 : 1));
+    painter->setBrush(down ? kAccent.darker(120) : over ? kAccent.lighter(112) : kAccent);
+    painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), 2.5, 2.5);
+    painter->restore();
+  }
+};
+
+QPalette programPalette() {
+  const QColor ground = toColor(0x8000000F);
+  const QColor text = toColor(0x80000012);
+  QPalette palette(text, ground);
+  palette.setColor(QPalette::Window, ground);
+  palette.setColor(QPalette::Button, QColor(0xE9, 0xEC, 0xF1));
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::AlternateBase, QColor(0xF3, 0xF7, 0xFB));
+  palette.setColor(QPalette::Text, text);
+  palette.setColor(QPalette::Mid, QColor(0xB9, 0xC1, 0xCB));
+  palette.setColor(QPalette::PlaceholderText, QColor(0x7B, 0x87, 0x94));
+  palette.setColor(QPalette::ToolTipBase, toColor(0x80000018));
+  palette.setColor(QPalette::ToolTipText, text);
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    palette.setColor(group, QPalette::Highlight, kAccent);
+    palette.setColor(group, QPalette::HighlightedText, Qt::white);
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Highlight, kAccentPale);
+  const QColor pale(0x8A, 0x95, 0xA3);
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
+    palette.setColor(QPalette::Disabled, role, pale);
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xF4, 0xF5, 0xF7));
+  return palette;
+}
+
+/// The toolkit's own words (the menus of text boxes) in Portuguese.
+void speakPortuguese() {
+  static QTranslator translator;
+  QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
+  if (translator.load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QApplication::installTranslator(&translator);
+  }
+}
+
+}  // namespace
+
+void applyStyle() {
+  speakPortuguese();
+  QApplication::setStyle(new ProgramStyle);
+  const QPalette palette = programPalette();
+  QApplication::setPalette(palette);
+  QToolTip::setPalette(palette);
+  QFont font(u"Liberation Sans"_s, 9);
+  font.setStyleHint(QFont::SansSerif);
+  QApplication::setFont(font);
+}
+
+}  // namespace forms

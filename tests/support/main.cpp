@@ -1,0 +1,36 @@
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <iostream>
+
+#include "platform/forms/form.h"
+
+using namespace Qt::StringLiterals;
+
+// Lets failed comparisons show their text.
+QT_BEGIN_NAMESPACE
+void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
+QT_END_NAMESPACE
+
+namespace {
+
+/// No display, a screen of the size that all forms must fit, and a browser engine that runs anywhere.
+void setEnvironment() {
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tests/support/offscreen.json");
+  qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  if (!qEnvironmentVariableIsSet("QTWEBENGINE_CHROMIUM_FLAGS")) {
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --disable-gpu --lang=pt-BR");
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  setEnvironment();
+  ::testing::InitGoogleTest(&argc, argv);
+  QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(u"zarim"_s);
+  QApplication::setQuitOnLastWindowClosed(false);
+  forms::applyStyle();
+  return RUN_ALL_TESTS();
+}
