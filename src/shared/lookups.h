@@ -49,6 +49,8 @@
 [[nodiscard]] QString IdClienteContato(const QString& nome_contato, const QString& nome_cliente);
 [[nodiscard]] QString IdPessoaContato(const QString& nome_contato, const QString& nome_cliente);
 [[nodiscard]] QString IdPessoaPorNome(const QString& nome_pess);
+/// Phones and faxes that aren't empty, joined by " / ", as many whole ones as the 50 characters of a quote's
+/// field take.
 [[nodiscard]] QString FonesCliente(const QString& idclie);
 [[nodiscard]] QString EmailCliente(const QString& idclie);
 [[nodiscard]] QString FoneContato(const QString& idpess_cont);
@@ -92,7 +94,8 @@
 [[nodiscard]] QString DescontoOrcamento(const QString& idprop_cmrc);
 [[nodiscard]] QString CondPgtoOrcamento(const QString& idprop_cmrc);
 [[nodiscard]] QString DataOrcamento(const QString& idprop_cmrc);
-/// Number of persons, 0 without one; raises 6 where it does not fit 16 bits.
+/// Number of persons by the numeric reading ("80 a 100" is 80), 0 without one; raises 6 where it does not fit
+/// 16 bits.
 [[nodiscard]] int PessoasOrcamento(const QString& idprop_cmrc);
 
 /// A named parameter of the company (empr_cnfg), empty if there is none.

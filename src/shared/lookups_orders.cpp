@@ -74,7 +74,6 @@ QString DataOrcamento(const QString& idprop_cmrc) {
 }
 
 int PessoasOrcamento(const QString& idprop_cmrc) {
-  const QString pessoas =
-      Apara(byNumber({u"select nume_pess from prop_cmrc where idProp_Cmrc = ", u"NUME_PESS"}, idprop_cmrc));
-  return pessoas.isEmpty() ? 0 : values::toInt16(values::toNumber(pessoas));
+  return values::toInt16(LeNumero(
+      byNumber({u"select nume_pess from prop_cmrc where idProp_Cmrc = ", u"NUME_PESS"}, idprop_cmrc)));
 }

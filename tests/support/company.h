@@ -19,6 +19,8 @@ class Company : public ::testing::Test {
   void sql(const QString& statement);
   /// First column of the first row as text; empty when there is no row.
   [[nodiscard]] QString ask(const QString& statement);
+  /// Writes a file of the configuration folder, in UTF-8.
+  void configure(const QString& name, const QString& content);
   /// Connects the context as the start sequence does.
   void connect();
   /// Folder that stands for drive C, without a final slash.
@@ -36,7 +38,7 @@ class Company : public ::testing::Test {
 
 /// Rows that most tests want: a company row, user 7 "MARIA", units, one customer with a contact, one
 /// salesperson, one of each list, one product of each material class, two prototypes. What each row is called
-/// stands in company.cpp.
+/// stands in basic_rows.cpp.
 void fillBasics(const QString& databasePath);
 
 }  // namespace support

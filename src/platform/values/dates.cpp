@@ -35,7 +35,7 @@ std::optional<QDateTime> parse(QStringView text) {
     if (text[10] != u' ' || text[13] != u':') return std::nullopt;
     time = QTime(digits(text, 11, 2), digits(text, 14, 2));
   }
-  if (!date.isValid() || !time.isValid()) return std::nullopt;
+  if (!date.isValid() || date.year() < 1 || !time.isValid()) return std::nullopt;
   return wallClock(date, time);
 }
 

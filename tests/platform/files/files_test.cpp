@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <functional>
+
+#include "platform/files/paths.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Files : public ::testing::Test {
+ protected:
+  Files() { qputenv("ZARIM_DRIVE_C", folder_.path().toUtf8()); }
+  ~Files() override { qunsetenv("ZARIM_DRIVE_C"); }
+
+  QString on(const QString& path) const { return folder_.filePath(path); }
+  static int errorOf(const std::function<void()>& call) {
+    try {
+      call();
+      return 0;
+    } catch (const values::RuntimeError& error) {
+      return error.number();
+    }
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(Files, DrivePathsAreFoundWhateverTheCaseAndTheSlash) {
+  QDir(folder_.path()).mkpath(u"Zarim/Config"_s);
+  files::write(on(u"Zarim/Config/Paths.INI"_s), "x");
+  for (const auto& path :
+       {u"c:\\zarim\\config\\paths.ini"_s, u"C:/ZARIM\\Config/PATHS.ini"_s, u"c:zarim/config/paths.ini"_s}) {
+    EXPECT_EQ(files::resolve(path), on(u"Zarim/Config/Paths.INI"_s)) << path.toStdString();
+    EXPECT_TRUE(files::exists(path));
+  }
+  EXPECT_EQ(files::resolve(u"c:\\zarim\\Config\\Novo.txt"_s), on(u"Zarim/Config/Novo.txt"_s));
+  EXPECT_EQ(files::resolve(u"/tmp/Qualquer"_s), u"/tmp/Qualquer");
+  EXPECT_EQ(files::resolve(u"d:\\x"_s), u"d:\\x");
+  EXPECT_FALSE(files::exists(u"c:\\zarim\\config"_s)) << "a folder is no file";
+  EXPECT_FALSE(files::exists(u""_s));
+  EXPECT_EQ(errorOf([] { static_cast<void>(files::resolve(u"c:\\a\0b"_s)); }), values::kBadFileName);
+}
+
+TEST_F(Files, AFileMadeAfterAFailedLookIsFound) {
+  EXPECT_FALSE(files::exists(u"c:\\FOTO.JPG"_s));
+  files::write(on(u"foto.jpg"_s), "x");
+  EXPECT_TRUE(files::exists(u"c:\\FOTO.JPG"_s));
+  files::remove(u"c:\\FOTO.JPG"_s);
+  EXPECT_FALSE(files::exists(u"c:\\FOTO.JPG"_s));
+}
+
+TEST_F(Files, LinesOfEveryKind) {
+  const struct {
+    QByteArray bytes;
+    QStringList lines;
+  } cases[] = {{"", {}},
+               {"\n", {u""_s}},
+               {"a\r\nb\r\n", {u"a"_s, u"b"_s}},
+               {"a\rb", {u"a"_s, u"b"_s}},
+               {"a\n\nb\n\n", {u"a"_s, u""_s, u"b"_s, u""_s}},
+               {"\xEF\xBB\xBFpre\xC3\xA7o\n", {u"preço"_s}},
+               {"pre\xE7o \x80\n", {u"preço €"_s}}};
+  for (const auto& one : cases) {
+    files::write(u"c:\\linhas.txt"_s, one.bytes);
+    EXPECT_EQ(files::readLines(u"c:\\linhas.txt"_s), one.lines) << one.bytes.constData();
+  }
+}
+
+TEST_F(Files, FaultsHaveTheirNumbers) {
+  EXPECT_EQ(errorOf([] { static_cast<void>(files::readAll(u"c:\\nada.txt"_s)); }), values::kFileNotFound);
+  EXPECT_EQ(errorOf([] { static_cast<void>(files::readAll(u"c:\\sem\\nada.txt"_s)); }),
+            values::kPathNotFound);
+  EXPECT_EQ(errorOf([] { files::append(u"c:\\sem\\nada.txt"_s, "x"); }), values::kPathNotFound);
+  EXPECT_EQ(errorOf([] { files::write(u"c:\\sem\\nada.txt"_s, "x"); }), values::kPathNotFound);
+  EXPECT_EQ(errorOf([] { files::remove(u"c:\\nada.txt"_s); }), values::kFileNotFound);
+  QDir(folder_.path()).mkdir(u"pasta"_s);
+  EXPECT_EQ(errorOf([] { static_cast<void>(files::readAll(u"c:\\pasta"_s)); }), values::kPathFileAccess);
+  EXPECT_EQ(errorOf([] { files::write(u"c:\\pasta"_s, "x"); }), values::kPathFileAccess);
+  EXPECT_EQ(errorOf([] { files::append(u"/dev/full"_s, "x"); }), values::kDiskFull);
+  files::removeIfThere(u"c:\\nada.txt"_s);
+}
+
+TEST_F(Files, AppendingAndReplacing) {
+  files::append(u"c:\\a.txt"_s, "um");
+  files::append(u"c:\\a.txt"_s, "dois");
+  EXPECT_EQ(files::readAll(u"c:\\a.txt"_s), "umdois");
+  files::write(u"c:\\a.txt"_s, "novo");
+  EXPECT_EQ(files::readAll(u"c:\\A.TXT"_s), "novo");
+}
+
+TEST_F(Files, HtmlKeepsWhatItsEncodingLacks) {
+  EXPECT_EQ(files::toHtmlLatin1(u"ação € \U0001F381"_s), "a\xE7\xE3o &#8364; &#127873;");
+}
+
+}  // namespace
