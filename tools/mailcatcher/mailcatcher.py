@@ -1,0 +1,92 @@
+#!/usr/bin/python3
+"""Takes mail by SMTP on loopback and keeps each message as a file.
+
+The files are called 0001.eml, 0002.eml, … in the order of arrival and are whole when their name appears. Two
+lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server was told
+them, with ", " between them. Any login is taken, unless --user and --password name the one that is.
+It ends with the process that started it, or on SIGTERM or SIGINT.
+"""
+
+import argparse
+import asyncio
+import ctypes
+import os
+import pathlib
+import re
+import signal
+import sys
+
+from aiosmtpd.smtp import SMTP, AuthResult, LoginPassword
+
+
+class Folder:
+    """Handler of the server: numbered files in one folder."""
+
+    def __init__(self, path):
+        self.path = pathlib.Path(path)
+        self.path.mkdir(parents=True, exist_ok=True)
+
+    def next_name(self):
+        taken = [int(file.stem) for file in self.path.glob("*.eml") if re.fullmatch(r"\d+", file.stem)]
+        return f"{max(taken, default=0) + 1:04}.eml"
+
+    async def handle_DATA(self, server, session, envelope):
+        head = f"X-Envelope-From: {envelope.mail_from}\r\nX-Envelope-To: {', '.join(envelope.rcpt_tos)}\r\n"
+        name = self.next_name()
+        draft = self.path / (name + ".part")
+        draft.write_bytes(head.encode() + envelope.original_content)
+        draft.rename(self.path / name)
+        return f"250 OK: kept as {name}"
+
+
+def authenticator(user, password):
+    def check(server, session, envelope, mechanism, data):
+        good = isinstance(data, LoginPassword) and (
+            user is None or (data.login == user.encode() and data.password == password.encode())
+        )
+        return AuthResult(success=good, handled=False)
+
+    return check
+
+
+def end_with_parent():
+    death_signal = 1  # PR_SET_PDEATHSIG
+    parent = os.getppid()
+    ctypes.CDLL(None, use_errno=True).prctl(death_signal, signal.SIGTERM)
+    if os.getppid() != parent:
+        sys.exit(0)
+
+
+async def serve(arguments):
+    folder = Folder(arguments.folder)
+    check = authenticator(arguments.user, arguments.password)
+    loop = asyncio.get_running_loop()
+    server = await loop.create_server(
+        lambda: SMTP(folder, hostname="localhost", auth_require_tls=False, authenticator=check),
+        host="127.0.0.1",
+        port=arguments.port,
+    )
+    stop = asyncio.Event()
+    for end in (signal.SIGTERM, signal.SIGINT):
+        loop.add_signal_handler(end, stop.set)
+    print(f"Mail for 127.0.0.1:{arguments.port} goes to {folder.path}", flush=True)
+    await stop.wait()
+    server.close()
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--folder", required=True, help="where the messages go")
+    parser.add_argument("--port", type=int, default=2525)
+    parser.add_argument("--user", help="the one login that is taken")
+    parser.add_argument("--password", default="")
+    arguments = parser.parse_args()
+    end_with_parent()
+    try:
+        asyncio.run(serve(arguments))
+    except OSError as error:
+        sys.exit(f"No mail is taken on port {arguments.port}: {error}")
+
+
+if __name__ == "__main__":
+    main()
