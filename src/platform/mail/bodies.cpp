@@ -1,0 +1,55 @@
+#include "platform/mail/bodies.h"
+
+#include <QRegularExpression>
+
+#include "platform/files/paths.h"
+
+using namespace Qt::StringLiterals;
+
+namespace mail {
+
+namespace {
+
+/// The character set of the first declaration in a document's head, in lower case.
+QByteArray declaredCharset(const QString& html) {
+  static const QRegularExpression declaration(
+      u"<meta\\b[^>]*\\bcharset\\s*=\\s*[\"']?\\s*([A-Za-z0-9._:-]+)"_s,
+      QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression headEnd(u"</head\\s*>|<body\\b"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+  const qsizetype end = html.indexOf(headEnd);
+  const QRegularExpressionMatch match = declaration.match(end < 0 ? html : html.first(end));
+  return match.captured(1).toLatin1().toLower();
+}
+
+/// ASCII, with numeric references for all other characters: right in every set that a document may declare.
+QByteArray asciiHtml(const QString& html) {
+  QByteArray bytes;
+  bytes.reserve(html.size());
+  for (const uint code : html.toUcs4()) {
+    if (code < 0x80)
+      bytes += static_cast<char>(code);
+    else
+      bytes += "&#" + QByteArray::number(code) + ';';
+  }
+  return bytes;
+}
+
+QString networkLineEnds(QString text) {
+  return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\n', u"\r\n"_s);
+}
+
+}  // namespace
+
+Body htmlBody(const QString& html) {
+  const QString text = networkLineEnds(html);
+  const QByteArray charset = declaredCharset(html);
+  if (charset.isEmpty() || charset == "utf-8" || charset == "utf8")
+    return {"text/html; charset=UTF-8", text.toUtf8()};
+  const QByteArray type = "text/html; charset=" + charset;
+  return {type, charset == "iso-8859-1" ? files::toHtmlLatin1(text) : asciiHtml(text)};
+}
+
+Body plainBody(const QString& text) { return {"text/plain; charset=UTF-8", networkLineEnds(text).toUtf8()}; }
+
+}  // namespace mail

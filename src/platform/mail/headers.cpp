@@ -1,0 +1,131 @@
+#include "platform/mail/headers.h"
+
+#include <QUrl>
+#include <QUuid>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace mail {
+
+namespace {
+
+constexpr qsizetype kPlainLength = 70;  // longest text that goes as it stands
+constexpr qsizetype kWordBytes = 45;    // bytes of text in an encoded word, 60 characters of base64
+constexpr char kFold[] = "\r\n ";
+
+bool isControl(QChar c) { return c < u' ' || c == QChar(0x7F); }
+
+QString withoutControls(QString text) {
+  std::replace_if(text.begin(), text.end(), isControl, QChar(u' '));
+  return text.trimmed();
+}
+
+bool isAscii(const QString& text) {
+  return std::all_of(text.begin(), text.end(), [](QChar c) { return c < QChar(0x7F); });
+}
+
+QByteArray encodedWord(QStringView piece) { return "=?UTF-8?B?" + piece.toUtf8().toBase64() + "?="; }
+
+/// End of the piece that starts at `from` and fits an encoded word; a character is never cut in two.
+qsizetype pieceEnd(const QString& text, qsizetype from) {
+  qsizetype bytes = 0;
+  qsizetype at = from;
+  while (at < text.size()) {
+    const qsizetype units = text.at(at).isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
+    bytes += QStringView(text).mid(at, units).toUtf8().size();
+    if (bytes > kWordBytes) break;
+    at += units;
+  }
+  return at;
+}
+
+QByteArray encodedText(const QString& text) {
+  if (isAscii(text) && text.size() <= kPlainLength && !text.contains(u"=?")) return text.toLatin1();
+  QByteArray out;
+  for (qsizetype from = 0; from < text.size();) {
+    const qsizetype end = pieceEnd(text, from);
+    if (!out.isEmpty()) out += kFold;
+    out += encodedWord(QStringView(text).sliced(from, end - from));
+    from = end;
+  }
+  return out;
+}
+
+QByteArray quoted(const QString& text) {
+  QString inside = text;
+  inside.replace(u'\\', u"\\\\"_s).replace(u'"', u"\\\""_s);
+  return '"' + inside.toLatin1() + '"';
+}
+
+QByteArray displayName(const QString& name) {
+  const QByteArray encoded = encodedText(name);
+  return encoded.startsWith("=?") ? encoded : quoted(name);
+}
+
+Address parseAddress(const QString& entry) {
+  const qsizetype open = entry.lastIndexOf(u'<');
+  const qsizetype close = entry.lastIndexOf(u'>');
+  if (open < 0 || close < open) return {{}, entry};
+  QString name = entry.first(open).trimmed();
+  if (name.size() >= 2 && name.startsWith(u'"') && name.endsWith(u'"')) name = name.mid(1, name.size() - 2);
+  return {name, entry.mid(open + 1, close - open - 1).trimmed()};
+}
+
+}  // namespace
+
+std::vector<Address> parseAddresses(const QString& list) {
+  std::vector<Address> addresses;
+  QString entry;
+  const auto take = [&] {
+    const Address address = parseAddress(withoutControls(entry));
+    if (!address.address.isEmpty()) addresses.push_back(address);
+    entry.clear();
+  };
+  bool quotes = false;
+  for (const QChar c : list) {
+    if (c == u'"') quotes = !quotes;
+    if (!quotes && (c == u',' || c == u';'))
+      take();
+    else
+      entry += c;
+  }
+  take();
+  return addresses;
+}
+
+QByteArray textHeader(const QByteArray& name, const QString& value) {
+  return name + ": " + encodedText(withoutControls(value));
+}
+
+QByteArray addressHeader(const QByteArray& name, const std::vector<Address>& addresses) {
+  QByteArray line = name + ":";
+  for (const Address& address : addresses) {
+    line += &address == &addresses.front() ? QByteArray(" ") : QByteArray(",") + kFold;
+    if (address.name.isEmpty())
+      line += address.address.toUtf8();
+    else
+      line += displayName(address.name) + " <" + address.address.toUtf8() + ">";
+  }
+  return line;
+}
+
+QByteArray dateHeader(const QDateTime& when) {
+  const QDateTime withOffset = when.toOffsetFromUtc(when.offsetFromUtc());
+  return "Date: " + withOffset.toString(Qt::RFC2822Date).toLatin1();
+}
+
+QByteArray messageIdHeader(const QString& sender) {
+  const QByteArray domain = QUrl::toAce(sender.section(u'@', -1));
+  return "Message-ID: <" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + "@" +
+         (domain.isEmpty() ? QByteArray("localhost") : domain) + ">";
+}
+
+QByteArray dispositionHeader(const QString& fileName) {
+  const QString name = withoutControls(fileName);
+  const QByteArray parameter =
+      isAscii(name) ? "filename=" + quoted(name) : "filename*=UTF-8''" + QUrl::toPercentEncoding(name);
+  return "Content-Disposition: attachment;" + QByteArray(kFold) + parameter;
+}
+
+}  // namespace mail

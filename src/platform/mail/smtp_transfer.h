@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+#include "platform/mail/bodies.h"
+#include "platform/mail/mail_message.h"
+
+namespace mail {
+
+/// What goes to a server, ready for the wire.
+struct Outgoing {
+  QString server;  ///< "host" or "host:port"
+  QString username;
+  QString password;
+  QByteArray from;                     ///< bare address
+  std::vector<QByteArray> recipients;  ///< bare addresses
+  std::vector<QByteArray> headers;     ///< without line ends
+  std::vector<Body> bodies;            ///< the same text in one or more forms, the plainest first
+  std::vector<AttachmentList::File> files;
+};
+
+/// Hands it to the server and waits. Raises kMailFailed, with the step and the server's answer.
+void transfer(const Outgoing& mail, const Settings& settings);
+
+/// Raises kMailFailed: what failed, in one line, and the lines that tell more.
+[[noreturn]] void fail(const QString& step, const QStringList& details = {});
+
+}  // namespace mail
