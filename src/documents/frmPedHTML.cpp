@@ -1,0 +1,127 @@
+#include "documents/frmPedHTML.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QShortcut>
+#include <QUrl>
+
+#include "platform/files/paths.h"
+#include "run/context.h"
+#include "shared/screen_kit.h"
+
+using namespace Qt::StringLiterals;
+using forms::Event;
+using forms::pixels;
+
+namespace {
+
+// Measures of the small layout, in twips.
+constexpr double kAlturaForm = 8400;
+constexpr double kLarguraForm = 11920;
+constexpr double kAlturaTab = 6855;
+constexpr double kLarguraTab = 13683.26;
+constexpr double kAlturaFrame = 6255;
+constexpr double kLarguraFrame = 11295;
+constexpr double kAlturaPainel = 5895;
+constexpr double kLarguraPainel = 11055;
+constexpr double kEsquerdaFrame2 = 141.612;
+constexpr int kTopoFrame2Pequeno = 7080;
+constexpr int kTopoFrame2Grande = 9000;
+constexpr double kEscalaGrande = 1.23;
+
+constexpr int kFolga = 8;  // pixels
+
+}  // namespace
+
+frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  // The two named sizes share the large layout; every other screen takes the small one.
+  const QString resolucao = ResolucaoTela();
+  const bool grande = resolucao == u"1280 x 800" || resolucao == u"1024 x 768";
+  escala_ = grande ? kEscalaGrande : 1.0;
+  topoFrame2_ = grande ? kTopoFrame2Grande : kTopoFrame2Pequeno;
+  ligaFerramentas();
+  on(cmdImprimir, Event::Click, &frmPedHTML::cmdImprimir_Click);
+  on(cmdEnviarEmail, Event::Click, &frmPedHTML::cmdEnviarEmail_Click);
+}
+
+void frmPedHTML::Form_Load() {
+  AplicaCoresForm(*this);
+  const int base =
+      pixels(topoFrame2_) + Frame2->sizeHint().height() + barraArquivo->sizeHint().height() + 2 * kFolga;
+  resize(pixels(kLarguraForm * escala_), std::max(pixels(kAlturaForm * escala_), base));
+  dispoe();
+  CentralizaForm(*this);
+  const forms::WaitPointer espera;
+  montaVias();
+  WebBrowser1->navigate(ArqVia1);
+  WebBrowser2->navigate(ArqVia2);
+  Option1->setChecked(true);
+  SSTab1->setCurrentIndex(0);
+  mostraArquivo();
+}
+
+void frmPedHTML::dispoe() {
+  const int sobraX = std::max(0, width() - pixels(kLarguraForm * escala_));
+  const int sobraY = std::max(0, height() - pixels(kAlturaForm * escala_));
+  const auto tamanho = [&](double largura, double altura) {
+    return QSize(pixels(largura * escala_) + sobraX, pixels(altura * escala_) + sobraY);
+  };
+  SSTab1->setGeometry(QRect(QPoint(0, 0), tamanho(kLarguraTab, kAlturaTab)));
+  for (auto [frame, painel] : {std::pair{Frame1, WebBrowser1}, std::pair{Frame3, WebBrowser2}}) {
+    frame->setGeometry(QRect(QPoint(kFolga, kFolga / 2), tamanho(kLarguraFrame, kAlturaFrame)));
+    const QSize interno = tamanho(kLarguraPainel, kAlturaPainel);
+    painel->setGeometry(QRect(
+        QPoint((frame->width() - interno.width()) / 2, (frame->height() - interno.height()) / 2), interno));
+  }
+  const int esquerda = pixels(kEsquerdaFrame2);
+  Frame2->move(esquerda, pixels(topoFrame2_) + sobraY);
+  Frame2->resize(Frame2->sizeHint());
+  const int direita = Frame2->geometry().right() + 1 + kFolga;
+  barraComandos->setGeometry(direita, Frame2->y(), width() - direita - esquerda, Frame2->height());
+  const int topo = Frame2->geometry().bottom() + 1 + kFolga / 2;
+  barraArquivo->setGeometry(esquerda, topo, width() - 2 * esquerda, barraArquivo->sizeHint().height());
+}
+
+void frmPedHTML::resizeEvent(QResizeEvent* event) {
+  Form::resizeEvent(event);
+  dispoe();
+}
+
+web::WebPane& frmPedHTML::painelAtual() const {
+  return SSTab1->currentIndex() == 0 ? *WebBrowser1 : *WebBrowser2;
+}
+
+void frmPedHTML::mostraArquivo() {
+  const QString& caminho = painelAtual().path();
+  txtArquivo->setText(caminho);
+  txtArquivo->setToolTip(caminho);
+  cmdAbrirPasta->setEnabled(!caminho.isEmpty());
+  lblZoom->setText(u"%1%"_s.arg(qRound(painelAtual().zoom() * 100)));
+}
+
+void frmPedHTML::ligaFerramentas() {
+  const auto atalho = [this](const QKeySequence& teclas, auto acao) {
+    connect(new QShortcut(teclas, this), &QShortcut::activated, this,
+            [this, acao] { (painelAtual().*acao)(); });
+  };
+  atalho(QKeySequence::Find, &web::WebPane::openFind);
+  atalho(QKeySequence(Qt::CTRL | Qt::Key_Plus), &web::WebPane::zoomIn);
+  atalho(QKeySequence(Qt::CTRL | Qt::Key_Equal), &web::WebPane::zoomIn);
+  atalho(QKeySequence(Qt::CTRL | Qt::Key_Minus), &web::WebPane::zoomOut);
+  atalho(QKeySequence(Qt::CTRL | Qt::Key_0), &web::WebPane::fitWidth);
+  const auto liga = [this](QToolButton* botao, auto acao) {
+    connect(botao, &QToolButton::clicked, this, [this, acao] { (painelAtual().*acao)(); });
+  };
+  liga(cmdLocalizar, &web::WebPane::openFind);
+  liga(cmdZoomMenos, &web::WebPane::zoomOut);
+  liga(cmdZoomMais, &web::WebPane::zoomIn);
+  liga(cmdZoomLargura, &web::WebPane::fitWidth);
+  connect(cmdAbrirPasta, &QToolButton::clicked, this, [this] {
+    const QFileInfo arquivo(files::resolve(painelAtual().path()));
+    QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo.absolutePath()));
+  });
+  connect(SSTab1, &QTabWidget::currentChanged, this, &frmPedHTML::mostraArquivo);
+  for (const web::WebPane* painel : {WebBrowser1, WebBrowser2})
+    connect(painel, &web::WebPane::zoomChanged, this, &frmPedHTML::mostraArquivo);
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/forms/form.h"
+#include "ui_frmPedHTML.h"
+
+/// The viewer. When it loads it writes the files of the document that documento() names, both copies of a
+/// quote or an order, and shows them; from here the user prints, mails, or makes the Word and PDF files.
+class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
+  Q_OBJECT
+
+ public:
+  static constexpr char16_t Name[] = u"frmPedHTML";
+
+  frmPedHTML();
+
+  QString ArqVia1, ArqVia2;  ///< paths of the copies; empty where there is none
+
+  /// The pane of the tab that is shown, and the path of what it shows.
+  [[nodiscard]] web::WebPane& painelAtual() const;
+
+ protected:
+  void Form_Load() override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void ligaFerramentas();
+  /// Places the controls by the program's measures; what the window is larger than them goes to the panes.
+  void dispoe();
+  void mostraArquivo();
+
+  // viewer_documents.cpp
+  void montaVias();
+
+  // viewer_printing.cpp
+  void cmdImprimir_Click();
+
+  // viewer_email.cpp
+  void cmdEnviarEmail_Click();
+  [[nodiscard]] bool escolheCorpo();
+
+  double escala_ = 1.0;
+  int topoFrame2_ = 0;  // twips
+};

@@ -1,0 +1,42 @@
+// The print screen's work: takes the number from the quote screen, finds the quote, shows its document.
+#include "documents/document_values.h"
+#include "documents/frmImprimePropCmrcTL.h"
+#include "documents/frmPedHTML.h"
+#include "platform/values/numbers.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+void frmImprimePropCmrcTL::Form_Load() {
+  AplicaCoresForm(*this);
+  CentralizaForm(*this);
+  if (contexto().TelaChamadora != u"frmPropCmrcTL") return;
+  const QString codigo = forms::controlText(forms::findControl(contexto().TelaChamadora, u"txtCodigo"_s));
+  if (!Apara(codigo).isEmpty()) txtPedido->setText(codigo);
+  opInterno->setChecked(true);
+}
+
+void frmImprimePropCmrcTL::cmdImprimirPedido_Click() {
+  if (txtPedido->text().isEmpty()) return Aviso(u"Informe o Nr. do Documento!"_s, txtPedido);
+  DocumentValues& valores = documento();
+  data::Recordset& rs = valores.RsImpressao;
+  rs = AbreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + Apara(txtPedido->text()) + u'\'');
+  if (rs.eof()) {
+    Aviso(u"Documento não localizado!"_s, txtPedido);
+    rs.close();
+    return;
+  }
+  valores.TipoDocumento = u"ORCA_VENDAS"_s;
+  valores.IdDocumento = values::toInt32(rs.number(u"idprop_cmrc"));
+  valores.PublicacaoExterna = opExterno->isChecked();
+  valores.ExibeComposicao = true;
+  valores.OrdemComposicao = u"NATURAL"_s;
+  valores.ExibeFotos = false;
+  valores.ExibeMontagem = true;
+  forms::form<frmPedHTML>().showModal();
+  rs.close();
+  txtPedido->clear();
+}

@@ -1,0 +1,58 @@
+// Writes the files of the document that is to be viewed.
+#include <array>
+
+#include "documents/document_values.h"
+#include "documents/documents.h"
+#include "documents/frmPedHTML.h"
+#include "platform/files/paths.h"
+#include "platform/values/numbers.h"
+#include "run/context.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Rotina = void (*)(qint32, const QString&);
+
+void MontaOrcamento(qint32 id, const QString& caminho) {
+  const bool daTelaDeOrcamento = contexto().TelaChamadora == u"frmPropCmrcTL";
+  (daTelaDeOrcamento ? MontaOrcaGradeHTML : MontaOrcaHTML)(id, caminho);
+}
+
+struct TipoDeDocumento {
+  const char16_t* tipo;
+  Rotina monta;
+  const char16_t* via1;
+  const char16_t* via2;  // nullptr: one copy only
+};
+
+constexpr std::array<TipoDeDocumento, 4> kTipos{{
+    {u"PEDIDO_VENDAS", MontaPedidoHTML, u"pedido_cliente", u"pedido_empresa"},
+    {u"ORCA_VENDAS", MontaOrcamento, u"orca_cliente", u"orca_empresa"},
+    {u"COTA_COMPRA", CotacaoCompraHTML, u"cota_compra", nullptr},
+    {u"ORDEM_COMPRA", OrdemCompraHTML, u"ordem_compra", nullptr},
+}};
+
+QString MontaVia(const TipoDeDocumento& tipo, const char16_t* tronco) {
+  const qint32 id = documento().IdDocumento;
+  const QString caminho = ArquivoDocumento(QString::fromUtf16(tronco), id, u".html"_s);
+  files::removeIfThere(caminho);
+  tipo.monta(id, caminho);
+  return caminho;
+}
+
+}  // namespace
+
+QString NumeroDocumento(qint32 id) { return values::format(id, u"000000"); }
+
+QString ArquivoDocumento(const QString& tronco, qint32 id, const QString& extensao) {
+  return contexto().PathDocs + tronco + u'_' + NumeroDocumento(id) + extensao;
+}
+
+void frmPedHTML::montaVias() {
+  for (const TipoDeDocumento& tipo : kTipos) {
+    if (documento().TipoDocumento != QStringView(tipo.tipo)) continue;
+    ArqVia1 = MontaVia(tipo, tipo.via1);
+    if (tipo.via2 != nullptr) ArqVia2 = MontaVia(tipo, tipo.via2);
+  }
+}

@@ -1,0 +1,67 @@
+// Hands the shown document over to the e-mail screen.
+#include <array>
+
+#include "documents/document_values.h"
+#include "documents/documents.h"
+#include "documents/frmPedHTML.h"
+#include "messaging/frmEmailOS.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Assunto {
+  const char16_t* tipo;
+  const char16_t* prefixo;
+};
+
+constexpr std::array<Assunto, 4> kAssuntos{{
+    {u"PEDIDO_VENDAS", u"Pedido - "},
+    {u"ORCA_VENDAS", u"Orçamento - "},
+    {u"COTA_COMPRA", u"Cotação de Compras - "},
+    {u"ORDEM_COMPRA", u"Ordem de Compras - "},
+}};
+
+/// Prefix of the subject; a null text for an unknown type. A closed quote goes out as an order.
+QString Prefixo(const DocumentValues& valores) {
+  if (valores.TipoDocumento == u"ORCA_VENDAS" &&
+      !DataFechamentoOrcamento(QString::number(valores.IdDocumento)).isEmpty())
+    return u"Pedido - "_s;
+  for (const Assunto& assunto : kAssuntos)
+    if (valores.TipoDocumento == QStringView(assunto.tipo)) return QString::fromUtf16(assunto.prefixo);
+  return {};
+}
+
+}  // namespace
+
+/// The warning belongs to the customer's copy alone.
+bool frmPedHTML::escolheCorpo() {
+  if (Option1->isChecked()) {
+    if (!documento().PublicacaoExterna &&
+        !Pergunta(u"Atenção!!!\r"
+                  "Você optou pela publicação interna do Orçamento.\r"
+                  "Esta opção NÃO possibilita a visualização de imagens fora da empresa.\r"
+                  "Tem ceteza que deseja continuar???"_s))
+      return false;
+    documento().ArquivoCorpoEmail = ArqVia1;
+  } else if (Option2->isChecked()) {
+    documento().ArquivoCorpoEmail = ArqVia2;
+  } else if (Option3->isChecked()) {
+    Aviso(u"Para Enviar o Orçamento por e-mail será\rnecessário definir a 1a. ou a 2a. via."_s);
+    return false;
+  }
+  return true;
+}
+
+void frmPedHTML::cmdEnviarEmail_Click() {
+  if (!escolheCorpo()) return;
+  auto& tela = forms::form<frmEmailOS>();
+  tela.txtCC->setText(EmailEmpresa().toLower());
+  const QString prefixo = Prefixo(documento());
+  if (!prefixo.isNull())
+    tela.txtTitulo->setText(prefixo + NumeroDocumento(documento().IdDocumento) + u" - "_s +
+                            NomeConhecidoEmpresa());
+  tela.showModal();
+}
