@@ -6,11 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-// Lets failed comparisons show their text.
-QT_BEGIN_NAMESPACE
-void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
-QT_END_NAMESPACE
-
 namespace {
 
 /// No display, a screen of the size that all forms must fit, and a browser engine that runs anywhere.
@@ -22,10 +17,16 @@ void setEnvironment() {
   }
 }
 
+/// What the platform without a display can't do is of no interest.
+void showMessage(QtMsgType, const QMessageLogContext&, const QString& text) {
+  if (!text.startsWith(u"This plugin does not support"_s)) std::cerr << text.toStdString() << std::endl;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   setEnvironment();
+  qInstallMessageHandler(showMessage);
   ::testing::InitGoogleTest(&argc, argv);
   QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);

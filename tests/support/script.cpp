@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPointer>
 #include <QTest>
 #include <deque>
 
@@ -66,7 +67,7 @@ struct Script::State {
       const QString name = form.objectName();
       const QPointer<forms::Form> still(&form);
       next(form);
-      if (still.isNull() || !still->isVisible()) return;
+      if (ended || still.isNull() || !still->isVisible()) return;
       ADD_FAILURE() << name.toStdString() << " was left open";
     }
     form.hideForm();

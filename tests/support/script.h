@@ -7,6 +7,7 @@
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/form.h"
+#include "support/printing.h"
 
 // Scripted answers for boxes, what to do when a modal form opens, the end of the process, and real key and
 // mouse events.

@@ -1,0 +1,119 @@
+#include "sample_form.h"
+
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using forms::msgBox;
+
+class Focus : public FormTest {};
+
+TEST_F(Focus, MovesFromFieldToFieldByEnterAndTellsBoth) {
+  EXPECT_TRUE(sample.txtA->hasFocus());
+  sample.txtA->setText(u"abc"_s);
+  support::key(sample.txtA, Qt::Key_Return);
+  EXPECT_EQ(sample.taken(), u"txtA- txtB+"_s);
+  support::key(sample.txtB, Qt::Key_Return);
+  support::key(sample.cboC, Qt::Key_Enter);
+  EXPECT_EQ(sample.taken(), u"txtB- cboC+ cboC- txtLines+"_s);
+  support::key(sample.txtLines, Qt::Key_X, Qt::NoModifier);
+  support::key(sample.txtLines, Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(forms::controlText(sample.txtLines), u"x\r\n"_s);
+  support::key(sample.txtLines, Qt::Key_Return);
+  EXPECT_TRUE(sample.Flex->hasFocus());
+  support::focus(sample.txtA);
+  EXPECT_EQ(sample.txtA->selectedText(), u"abc"_s);
+}
+
+TEST_F(Focus, EnterClicksAButtonUnlessItMovesOnThere) {
+  support::focus(sample.cmdOne);
+  support::key(sample.cmdOne, Qt::Key_Return);
+  EXPECT_EQ(sample.taken(), u"txtA- cmdOne+ cmdOne!"_s);
+  support::focus(sample.cmdTwo);
+  support::key(sample.cmdTwo, Qt::Key_Return);
+  EXPECT_EQ(sample.taken(), u"cmdOne- cmdTwo+ cmdTwo- txtA+"_s);
+}
+
+TEST_F(Focus, ABoxFromLosingTheFocusSwallowsTheClick) {
+  support::Script script;
+  script.box(u"no such entry"_s);
+  sample.acts[u"txtA-"_s] = [this] {
+    msgBox({.text = u"no such entry"_s});
+    forms::Form::focus(sample.txtA);
+  };
+  support::click(sample.cmdOne);
+  EXPECT_EQ(sample.taken(), u"txtA- cmdOne+ cmdOne- txtA+"_s);
+  EXPECT_TRUE(sample.txtA->hasFocus());
+  EXPECT_FALSE(sample.cmdOne->isDown());
+
+  sample.acts.clear();
+  support::click(sample.cmdOne);
+  EXPECT_EQ(sample.taken(), u"txtA- cmdOne+ cmdOne!"_s);
+}
+
+TEST_F(Focus, AnAccessKeyMovesTheFocusFirstAndABoxSwallowsItToo) {
+  support::key(sample.txtA, Qt::Key_O, Qt::AltModifier);
+  EXPECT_EQ(sample.taken(), u"txtA- cmdOne+ cmdOne!"_s);
+
+  support::Script script;
+  script.box(u"wrong"_s);
+  sample.acts[u"cmdOne-"_s] = [] { msgBox({.text = u"wrong"_s}); };
+  support::key(sample.cmdOne, Qt::Key_T, Qt::AltModifier);
+  EXPECT_EQ(sample.taken(), u"cmdOne- cmdTwo+"_s);
+}
+
+TEST_F(Focus, ARealBoxIsNoChangeOfControlAndTheWindowIsActiveAgain) {
+  sample.acts[u"txtB+"_s] = [] { msgBox({.text = u"how to use it"_s}); };
+  QTimer::singleShot(0, [] {
+    QTimer::singleShot(0, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
+  });
+  support::focus(sample.txtB);
+  support::settle();
+  EXPECT_EQ(sample.taken(), u"txtA- txtB+"_s);
+  EXPECT_EQ(QApplication::activeWindow(), &sample);
+  EXPECT_TRUE(sample.txtB->hasFocus());
+}
+
+TEST_F(Focus, AClickOnATitleIsAChangeOfControl) {
+  sample.Flex->grid().addItem(u"1\tAna\t3"_s);
+  support::clickRow(sample.Flex, 0, 1);
+  EXPECT_EQ(sample.taken(), u"txtA- Flex+ Flex!"_s);
+}
+
+TEST_F(Focus, StaysWhereItIsIfTheControlCannotHaveIt) {
+  sample.txtB->setEnabled(false);
+  forms::Form::focus(sample.txtB);
+  forms::Form::focus(sample.txtOver);  // its frame is hidden
+  forms::Form::focus(nullptr);
+  support::settle();
+  EXPECT_TRUE(sample.txtA->hasFocus());
+  EXPECT_EQ(sample.taken(), QString());
+}
+
+TEST_F(Focus, KeyPressChangesAndDropsCharacters) {
+  sample.onKeyPress(sample.txtB, [](char16_t typed) -> char16_t {
+    if (typed == u'.') return u',';
+    return typed >= u'0' && typed <= u'9' ? typed : u'\0';
+  });
+  support::type(sample.txtB, u"1a2.5é"_s);
+  EXPECT_EQ(sample.txtB->text(), u"12,5"_s);
+}
+
+TEST_F(Focus, AnOverFrameTakesTheFocusKeepsTabWithinAndGivesItBack) {
+  sample.resize(400, 600);
+  support::focus(sample.txtB);
+  sample.taken();
+  sample.openOverFrame(sample.frameOver, sample.txtOver);
+  support::settle();
+  EXPECT_TRUE(sample.rect().contains(sample.frameOver->geometry()));
+  EXPECT_TRUE(sample.txtOver->hasFocus());
+  support::key(sample.txtOver, Qt::Key_Tab);
+  EXPECT_TRUE(sample.cmdClose->hasFocus());
+  support::key(sample.cmdClose, Qt::Key_Tab);
+  EXPECT_TRUE(sample.txtOver->hasFocus());
+  support::key(sample.txtOver, Qt::Key_Escape);
+  EXPECT_FALSE(sample.frameOver->isVisible());
+  EXPECT_TRUE(sample.isVisible());
+  EXPECT_TRUE(sample.txtB->hasFocus());
+  EXPECT_EQ(sample.taken(), u"txtB- txtB+"_s);
+}
