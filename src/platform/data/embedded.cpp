@@ -1,9 +1,11 @@
 #include <sqlite3.h>
 
 #include <QFileInfo>
+#include <unordered_map>
 
 #include "platform/data/embedded_dialect.h"
 #include "platform/data/embedded_file.h"
+#include "platform/data/embedded_template.h"
 #include "platform/data/embedded_text.h"
 #include "platform/data/engine.h"
 #include "platform/values/runtime_error.h"
@@ -24,6 +26,18 @@ struct FinalizeStatement {
 };
 using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+/// Frees the locks of a statement when its rows have been read, or an error ended it.
+class Reset {
+ public:
+  explicit Reset(sqlite3_stmt* statement) : statement_(statement) {}
+  ~Reset() { sqlite3_reset(statement_); }
+  Reset(const Reset&) = delete;
+  Reset& operator=(const Reset&) = delete;
+
+ private:
+  sqlite3_stmt* statement_;
+};
 
 /// The library's own words, but for what a user can do something about.
 QString words(sqlite3* database, const QString& path) {
@@ -46,9 +60,27 @@ QString words(sqlite3* database, const QString& path) {
 /// How the values of a column come out.
 enum class Reading { Plain, Date };
 
-Reading readingOf(sqlite3_stmt* statement, int column) {
-  const char* declared = sqlite3_column_decltype(statement, column);
-  return declared && sqlite3_strnicmp(declared, "datetime", 8) == 0 ? Reading::Date : Reading::Plain;
+/// A compiled statement with what is known of its result.
+struct Compiled {
+  Statement statement;
+  QStringList columns;
+  std::vector<Reading> readings;
+  int compiledAnew = 0;  // how often the library compiled it again since a table changed
+
+  [[nodiscard]] sqlite3_stmt* get() const { return statement.get(); }
+  void describe();
+};
+
+void Compiled::describe() {
+  columns.clear();
+  readings.clear();
+  const int width = sqlite3_column_count(get());
+  for (int column = 0; column < width; ++column) {
+    columns.append(QString::fromUtf8(sqlite3_column_name(get(), column)));
+    const char* declared = sqlite3_column_decltype(get(), column);
+    const bool date = declared && sqlite3_strnicmp(declared, "datetime", 8) == 0;
+    readings.push_back(date ? Reading::Date : Reading::Plain);
+  }
 }
 
 QVariant read(sqlite3_stmt* statement, int column, Reading reading) {
@@ -80,15 +112,19 @@ class EmbeddedEngine final : public Engine {
   void commit() override { execute(u"COMMIT"_s); }
 
  private:
-  /// The next statement of a text, which loses it; nothing where only blanks are left.
-  Statement prepare(QByteArrayView& text);
-  void runToEnd(sqlite3_stmt* statement);
-  Recordset readAll(sqlite3_stmt* statement);
+  /// Runs all statements of a text; the result is the first one that has columns.
+  Recordset run(const QString& sql);
+  /// The next statement of a text, which loses it; empty where only blanks are left.
+  Compiled compile(QByteArrayView& text);
+  /// The kept statement of a template, with its values bound.
+  Compiled& keptStatement(const Template& form);
+  Recordset readAll(Compiled& compiled);
   Recordset lastIdentity(const QString& column);
   [[noreturn]] void fail() const;
 
   QString path_;
   Database database_;
+  std::unordered_map<QByteArray, Compiled> kept_;  // behind the database: they end first
 };
 
 EmbeddedEngine::EmbeddedEngine(QString path) : path_(std::move(path)) {
@@ -101,7 +137,7 @@ EmbeddedEngine::EmbeddedEngine(QString path) : path_(std::move(path)) {
   registerTextRules(opened);
   try {
     if (sqlite3_db_readonly(opened, "main") == 0) execute(u"PRAGMA journal_mode=WAL"_s);
-    execute(u"PRAGMA synchronous=FULL; SELECT count(*) FROM sqlite_master"_s);
+    execute(u"PRAGMA synchronous=FULL; PRAGMA temp_store=MEMORY; SELECT count(*) FROM sqlite_master"_s);
   } catch (const values::RuntimeError& error) {
     throw values::RuntimeError(values::kConnectionFailed, error.text());
   }
@@ -111,42 +147,59 @@ void EmbeddedEngine::fail() const {
   throw values::RuntimeError(values::kStatementFailed, words(database_.get(), path_));
 }
 
-Statement EmbeddedEngine::prepare(QByteArrayView& text) {
-  sqlite3_stmt* prepared = nullptr;
+Compiled EmbeddedEngine::compile(QByteArrayView& text) {
+  sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
-  if (sqlite3_prepare_v3(database_.get(), text.data(), static_cast<int>(text.size()), 0, &prepared, &rest) !=
+  if (sqlite3_prepare_v2(database_.get(), text.data(), static_cast<int>(text.size()), &statement, &rest) !=
       SQLITE_OK)
     fail();
   text = text.sliced(rest - text.data());
-  return Statement(prepared);
+  Compiled compiled{Statement(statement), {}, {}};
+  if (statement) compiled.describe();
+  return compiled;
 }
 
-void EmbeddedEngine::runToEnd(sqlite3_stmt* statement) {
-  int outcome = SQLITE_ROW;
-  while (outcome == SQLITE_ROW) outcome = sqlite3_step(statement);
-  if (outcome != SQLITE_DONE) fail();
-}
-
-Recordset EmbeddedEngine::readAll(sqlite3_stmt* statement) {
-  const int width = sqlite3_column_count(statement);
-  QStringList columns;
-  columns.reserve(width);
-  std::vector<Reading> readings;
-  readings.reserve(static_cast<std::size_t>(width));
-  for (int column = 0; column < width; ++column) {
-    columns.append(QString::fromUtf8(sqlite3_column_name(statement, column)));
-    readings.push_back(readingOf(statement, column));
+Compiled& EmbeddedEngine::keptStatement(const Template& form) {
+  constexpr std::size_t kMostKept = 128;
+  auto found = kept_.find(form.text);
+  if (found == kept_.end()) {
+    if (kept_.size() >= kMostKept) kept_.clear();
+    QByteArrayView text = form.text;
+    found = kept_.emplace(form.text, compile(text)).first;
   }
-  std::vector<std::vector<QVariant>> rows;
+  int place = 0;
+  for (const auto& value : form.values) {
+    ++place;
+    if (const auto* number = std::get_if<qint64>(&value)) {
+      sqlite3_bind_int64(found->second.get(), place, *number);
+    } else {
+      const auto& text = std::get<QByteArray>(value);
+      sqlite3_bind_text64(found->second.get(), place, text.constData(),
+                          static_cast<sqlite3_uint64>(text.size()), SQLITE_STATIC, SQLITE_UTF8);
+    }
+  }
+  return found->second;
+}
+
+Recordset EmbeddedEngine::readAll(Compiled& compiled) {
+  sqlite3_stmt* statement = compiled.get();
+  const Reset reset(statement);
   int outcome = sqlite3_step(statement);
+  if (const int anew = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
+      anew != compiled.compiledAnew) {
+    compiled.compiledAnew = anew;
+    compiled.describe();
+  }
+  const auto width = static_cast<int>(compiled.columns.size());
+  std::vector<std::vector<QVariant>> rows;
   for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement)) {
     std::vector<QVariant>& row = rows.emplace_back();
     row.reserve(static_cast<std::size_t>(width));
     for (int column = 0; column < width; ++column)
-      row.push_back(read(statement, column, readings[static_cast<std::size_t>(column)]));
+      row.push_back(read(statement, column, compiled.readings[static_cast<std::size_t>(column)]));
   }
   if (outcome != SQLITE_DONE) fail();
-  return {std::move(columns), std::move(rows)};
+  return width == 0 ? Recordset() : Recordset(compiled.columns, std::move(rows));
 }
 
 Recordset EmbeddedEngine::lastIdentity(const QString& column) {
@@ -160,29 +213,26 @@ void refuseNul(const QString& sql) {
     throw values::RuntimeError(values::kStatementFailed, u"A instrução contém um caractere nulo."_s);
 }
 
-void EmbeddedEngine::execute(const QString& sql) {
+Recordset EmbeddedEngine::run(const QString& sql) {
   refuseNul(sql);
   const QByteArray utf8 = toEmbeddedDialect(sql).toUtf8();
-  QByteArrayView text = utf8;
-  while (!text.isEmpty())
-    if (const Statement statement = prepare(text)) runToEnd(statement.get());
-}
-
-Recordset EmbeddedEngine::query(const QString& sql) {
-  refuseNul(sql);
-  if (const auto column = identityColumn(sql)) return lastIdentity(*column);
-  const QByteArray utf8 = toEmbeddedDialect(sql).toUtf8();
+  if (const auto form = templateOf(utf8)) return readAll(keptStatement(*form));
   QByteArrayView text = utf8;
   Recordset result;
   while (!text.isEmpty()) {
-    const Statement statement = prepare(text);
-    if (!statement) continue;
-    if (sqlite3_column_count(statement.get()) > 0 && !result.isOpen())
-      result = readAll(statement.get());
-    else
-      runToEnd(statement.get());
+    Compiled compiled = compile(text);
+    if (!compiled.get()) continue;
+    Recordset rows = readAll(compiled);
+    if (!result.isOpen()) result = std::move(rows);
   }
   return result;
+}
+
+void EmbeddedEngine::execute(const QString& sql) { run(sql); }
+
+Recordset EmbeddedEngine::query(const QString& sql) {
+  if (const auto column = identityColumn(sql)) return lastIdentity(*column);
+  return run(sql);
 }
 
 }  // namespace
