@@ -2,7 +2,7 @@
 
 #include "platform/values/dates.h"
 #include "run/context.h"
-#include "search/callers.h"
+#include "search/delivery.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
@@ -23,7 +23,7 @@ constexpr std::array<forms::GridColumn, 8> kLayout{{
 }};
 
 using Tela = frmBROWSE_PropCmrc;
-constexpr search::Delivery kDeliveries[] = {
+constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmPropCmrcTL", u"txtRowId", Tela::Id},
     {u"frmPropCmrcTL", u"txtCodigo", Tela::Id},
     {u"frmCPagar", u"txtRowId", Tela::Id},
@@ -58,6 +58,7 @@ void frmBROWSE_PropCmrc::Form_Load() {
   CentralizaForm(*this);
   setWindowTitle(QString::fromUtf16(kTitulo));
   opDesc->setChecked(true);
+  AplicaCoresForm(*this);
 }
 
 void frmBROWSE_PropCmrc::PreparaGradePropCmrc() { Flex->grid().layOut(kLayout); }
@@ -121,13 +122,13 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
   }
   if (grade.rows() >= 3) grade.setRow(0);
   lblContagem->setText(
-      search::countText(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));
+      pesquisa::contagem(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));
 }
 
 void frmBROWSE_PropCmrc::Flex_DblClick() {
   if (Flex->grid().row() <= 0) return;
   const QString tela = contexto().TelaChamadora;
-  search::deliver(kDeliveries, tela, Flex->grid());
+  pesquisa::entrega(kEntregas, tela, Flex->grid());
   // Enter loads what was chosen.
   focus(qobject_cast<QWidget*>(forms::findControl(tela, u"cmdPesquisar_PropCmrc"_s)));
   unload();

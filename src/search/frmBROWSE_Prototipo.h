@@ -1,0 +1,27 @@
+#pragma once
+
+#include "search/photo_search.h"
+#include "ui_frmBROWSE_Prototipo.h"
+
+/// Finds a prototype and hands it to the screen named by TelaChamadora.
+class frmBROWSE_Prototipo : public pesquisa::PesquisaComFotos, public Ui::frmBROWSE_Prototipo {
+  Q_OBJECT
+
+ public:
+  static constexpr char16_t Name[] = u"frmBROWSE_Prototipo";
+
+  enum Coluna { Id, Descricao, Produto, DtDesativa };
+
+  frmBROWSE_Prototipo();
+
+  void PreparaGradePrototipo();
+  using PesquisaComFotos::MontaDetalheHTML;
+
+ protected:
+  void Form_Load() override;
+  void cmdPesquisa_Click() override;
+  void entregaEscolha() override;
+
+ private:
+  [[nodiscard]] QString montaConsulta() const;
+};

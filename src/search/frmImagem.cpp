@@ -1,0 +1,30 @@
+#include "search/frmImagem.h"
+
+#include "run/context.h"
+#include "search/photo.h"
+#include "search/remembered_search.h"
+#include "shared/screen_kit.h"
+
+using namespace Qt::StringLiterals;
+
+frmImagem::frmImagem() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  on(Picture1, forms::Event::Click, &frmImagem::Picture1_Click);
+}
+
+void frmImagem::Form_Load() {
+  CentralizaForm(*this);
+  setWindowTitle(QString::fromUtf16(kTitulo) + u" - Visualização de Produtos "_s + u"("_s +
+                 contexto().ambienteVazio + u"/"_s + contexto().NomeUsuarioAtual + u")"_s);
+  AplicaCoresForm(*this);
+}
+
+void frmImagem::setPicNormal(const QPixmap& figura) {
+  Picture1->setPixmap(figura);
+  Picture1->resize(figura.size());
+  const int folga = 2 * area->frameWidth();
+  resize((figura.size() + QSize(folga, folga)).expandedTo(minimumSize()).boundedTo(forms::screenSize()));
+  CentralizaForm(*this);
+}
+
+void frmImagem::Picture1_Click() { setPicNormal(pesquisa::CarregaFigura(pesquisa::lembrancas().ArqImagem2)); }

@@ -1,0 +1,50 @@
+#include "search/photo.h"
+
+#include <QPainter>
+
+#include "platform/files/paths.h"
+#include "platform/values/runtime_error.h"
+#include "run/context.h"
+#include "shared/text.h"
+
+namespace pesquisa {
+
+Foto::Foto(QWidget* parent) : QLabel(parent) {
+  setFrameShape(QFrame::StyledPanel);
+  setMinimumSize(160, 160);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void Foto::setFoto(const QPixmap& foto) {
+  foto_ = foto;
+  update();
+}
+
+void Foto::paintEvent(QPaintEvent* event) {
+  QLabel::paintEvent(event);
+  if (foto_.isNull()) return;
+  QRect lugar({}, foto_.size().scaled(contentsRect().size(), Qt::KeepAspectRatio).boundedTo(foto_.size()));
+  lugar.moveCenter(contentsRect().center());
+  QPainter pintor(this);
+  pintor.setRenderHint(QPainter::SmoothPixmapTransform);
+  pintor.drawPixmap(lugar, foto_);
+}
+
+QPixmap CarregaFigura(const QString& caminho) {
+  QPixmap figura;
+  if (caminho.isEmpty()) return figura;
+  if (!files::exists(caminho)) values::raise(values::kFileNotFound, caminho);
+  if (!figura.loadFromData(files::readAll(caminho))) values::raise(values::kInvalidPicture, caminho);
+  return figura;
+}
+
+QString ArquivoDaFoto(const QString& codigo, const QString& vista) {
+  const RunContext& run = contexto();
+  const QString nome = Apara(codigo) + vista;
+  for (const QString& caminho :
+       {run.PathImagens + nome + run.ExtImagens, run.PathImagens2 + nome + run.ExtImagens2})
+    if (files::exists(caminho)) return caminho;
+  return run.ArqSemImagem;
+}
+
+}  // namespace pesquisa

@@ -1,0 +1,153 @@
+#include "search/photo_search.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTabWidget>
+
+#include "platform/files/paths.h"
+#include "platform/forms/process.h"
+#include "platform/web/web_pane.h"
+#include "run/context.h"
+#include "search/delivery.h"
+#include "search/photo.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace pesquisa {
+
+namespace {
+
+constexpr std::array<const char16_t*, 4> kVistas{u"", u"_2", u"_3", u"_4"};
+
+QString nomeDaMarcada(const QList<QRadioButton*>& opcoes) {
+  for (const auto* opcao : opcoes)
+    if (opcao->isChecked()) return opcao->objectName();
+  return {};
+}
+
+void marca(const QList<QRadioButton*>& opcoes, const QString& nome) {
+  for (auto* opcao : opcoes)
+    if (opcao->objectName() == nome) opcao->setChecked(true);
+}
+
+}  // namespace
+
+PesquisaComFotos::PesquisaComFotos(const QString& nome, const Ficha& ficha, Lembranca& lembranca)
+    : Form(nome), ficha_(ficha), lembranca_(lembranca) {}
+
+void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, const Opcoes& tipos) {
+  using forms::Event;
+  c_ = controles;
+  campos_ = campos;
+  tipos_ = tipos;
+  on(c_.Flex, Event::Click, &PesquisaComFotos::Flex_Click);
+  on(c_.Flex, Event::DoubleClick, &PesquisaComFotos::Flex_DblClick);
+  on(c_.Image1, Event::DoubleClick, &PesquisaComFotos::Image1_DblClick);
+  on(c_.SSTab1, Event::Click, &PesquisaComFotos::abrePagina);
+  // A click on the tab that is open shows the pictures of the latest search.
+  connect(c_.SSTab1->tabBar(), &QTabBar::tabBarClicked, this, [this](int aba) {
+    if (aba == c_.SSTab1->currentIndex()) forms::guarded([this] { abrePagina(); });
+  });
+  on(c_.txtCOD, Event::LostFocus, [this] { c_.txtCOD->setText(Maiusculas(c_.txtCOD->text())); });
+  enterMovesOn({c_.txtCOD});
+  selectOnFocus({c_.txtCOD});
+  for (std::size_t vista = 0; vista < kVistas.size(); ++vista)
+    on(c_.cmdImagem1[vista], Event::Click, [this, vista] { mostraFoto(vista); });
+}
+
+QString PesquisaComFotos::chave() const {
+  const auto& grade = c_.Flex->grid();
+  return Apara(grade.text(grade.row(), ficha_.colunaChave));
+}
+
+void PesquisaComFotos::listaResultado(const QString& sql,
+                                      const std::function<QString(const data::Recordset&)>& linha,
+                                      QWidget* foco) {
+  auto& grade = c_.Flex->grid();
+  c_.lblContagem->clear();
+  {
+    const forms::WaitPointer espera;
+    for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) grade.addItem(linha(rs));
+  }
+  const int quantos = grade.rows() - 1;
+  if (quantos == 0) {
+    Aviso(u"Nenhum Registro Localizado com esses parâmetros..."_s);
+    return focus(foco);
+  }
+  if (grade.rows() >= 3) grade.setRow(0);
+  c_.lblContagem->setText(
+      contagem(quantos, QString::fromUtf16(ficha_.um), QString::fromUtf16(ficha_.varios)));
+}
+
+void PesquisaComFotos::Flex_Click() {
+  if (c_.Flex->grid().row() == 0) return;
+  lembraPesquisa();
+  mostraFoto(0);
+}
+
+void PesquisaComFotos::lembraPesquisa() {
+  lembranca_.BrowseOpcao = nomeDaMarcada(campos_);
+  lembranca_.BrowseTexto = c_.txtCOD->text();
+  lembranca_.BrowseAtivos = c_.chkVisualiza->isChecked() ? u"Sim"_s : u"Não"_s;
+  if (c_.cboCole != nullptr) lembranca_.BrowseCombo = c_.cboCole->text();
+  lembranca_.BrowseTipo = nomeDaMarcada(tipos_);
+}
+
+void PesquisaComFotos::retomaPesquisa() {
+  const auto& antes = lembranca_;
+  if (antes.BrowseOpcao.isEmpty()) return;
+  marca(campos_, antes.BrowseOpcao);
+  marca(tipos_, antes.BrowseTipo);
+  if (!antes.BrowseTexto.isEmpty()) c_.txtCOD->setText(antes.BrowseTexto);
+  c_.chkVisualiza->setChecked(antes.BrowseAtivos == u"Sim"_s);
+  if (!antes.BrowseCombo.isEmpty()) c_.cboCole->setText(antes.BrowseCombo);
+  cmdPesquisa_Click();
+  c_.Flex->grid().setTopRow(antes.LinhaBrowse);
+}
+
+void PesquisaComFotos::mostraFoto(std::size_t vista) {
+  auto& globais = lembrancas();
+  globais.ArqImagem = ArquivoDaFoto(chave(), QString::fromUtf16(kVistas[vista]));
+  globais.ArqImagem2 = globais.ArqImagem;
+  c_.Image1->setFoto(CarregaFigura(globais.ArqImagem));
+  for (std::size_t i = 0; i < kVistas.size(); ++i) c_.cmdImagem1[i]->setChecked(i == vista);
+}
+
+void PesquisaComFotos::abrePagina() {
+  const QString arquivo = contexto().PathDocs + QString::fromUtf16(ficha_.arquivoPagina);
+  files::removeIfThere(arquivo);
+  if (c_.SSTab1->currentIndex() != Imagens) return;
+  const forms::WaitPointer espera;
+  const QString pagina = MontaDetalheHTML();
+  files::write(arquivo, files::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina));
+  c_.WebBrowser1->navigate(arquivo);
+}
+
+QString PesquisaComFotos::MontaDetalheHTML() const {
+  const auto& grade = c_.Flex->grid();
+  QString html = u"<TABLE BORDER CELLPADDING='2'>"_s;
+  for (int linha = 1; linha < grade.rows(); ++linha) {
+    const QString codigo = grade.text(linha, ficha_.colunaChave);
+    html +=
+        u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"
+        u"<TD width=30%><P ALIGN=Center><IMG SRC='"_s +
+        LocalizaImagemProduto(codigo) + u"'></TD><TD width=30%>"_s + Apara(codigo) +
+        u"</TD><TD width=40%>"_s + Apara(grade.text(linha, ficha_.colunaChave + 1)) + u"</TD></TR>"_s;
+  }
+  return html + u"</TABLE>"_s;
+}
+
+void PesquisaComFotos::Flex_DblClick() {
+  auto& grade = c_.Flex->grid();
+  if (grade.row() <= 0) return;
+  lembranca_.LinhaBrowse = grade.topRow();
+  entregaEscolha();
+  unload();
+}
+
+}  // namespace pesquisa

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QRadioButton>
+#include <array>
+#include <functional>
+
+#include "platform/data/recordset.h"
+#include "platform/forms/form.h"
+#include "search/remembered_search.h"
+
+class QCheckBox;
+class QLabel;
+class QTabWidget;
+namespace web {
+class WebPane;
+}
+
+namespace pesquisa {
+
+class Foto;
+
+/// What the product search and the prototype search have in common: results as a grid with the photo of the
+/// current row or as a page of pictures, and a search that comes back at the next opening.
+class PesquisaComFotos : public forms::Form {
+  Q_OBJECT
+
+ protected:
+  /// Its controls, by the names that both screens use.
+  struct Controles {
+    forms::FlexGrid* Flex;
+    QTabWidget* SSTab1;
+    web::WebPane* WebBrowser1;
+    Foto* Image1;
+    std::array<QPushButton*, 4> cmdImagem1;
+    QLineEdit* txtCOD;
+    QCheckBox* chkVisualiza;
+    forms::Combo* cboCole;  ///< only one of the two has it
+    QLabel* lblContagem;
+  };
+  /// What sets the one apart from the other.
+  struct Ficha {
+    int colunaChave;                ///< names the photo; the column behind it is the description
+    const char16_t* arquivoPagina;  ///< page of pictures, in PathDocs
+    const char16_t* um;             ///< "produto encontrado"
+    const char16_t* varios;
+  };
+  using Opcoes = QList<QRadioButton*>;
+  enum Aba { Grade, Imagens };
+
+  PesquisaComFotos(const QString& nome, const Ficha& ficha, Lembranca& lembranca);
+  /// After setupUi: connects what both do alike. The first options name the field, the second the class.
+  void liga(const Controles& controles, const Opcoes& campos, const Opcoes& tipos = {});
+
+  virtual void cmdPesquisa_Click() = 0;
+  /// Double click on a data row, before the screen unloads.
+  virtual void entregaEscolha() = 0;
+
+  /// Sets the remembered search again and runs it, if there is one.
+  void retomaPesquisa();
+  /// Runs a statement and adds a row for each record. Nothing found is told, and the focus goes to `foco`.
+  void listaResultado(const QString& sql, const std::function<QString(const data::Recordset&)>& linha,
+                      QWidget* foco = nullptr);
+  /// The trimmed key of the current row.
+  [[nodiscard]] QString chave() const;
+  /// The page of pictures of the rows in the grid.
+  [[nodiscard]] QString MontaDetalheHTML() const;
+
+ private:
+  void lembraPesquisa();
+  void mostraFoto(std::size_t vista);
+  void abrePagina();
+  void Flex_Click();
+  void Flex_DblClick();
+  void Image1_DblClick();  // viewing_photo.cpp
+
+  Ficha ficha_;
+  Lembranca& lembranca_;
+  Controles c_{};
+  Opcoes campos_, tipos_;
+};
+
+}  // namespace pesquisa
