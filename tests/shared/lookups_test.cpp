@@ -1,0 +1,197 @@
+#include "shared/lookups.h"
+
+#include <ostream>
+
+#include "platform/files/paths.h"
+#include "platform/forms/process.h"
+#include "platform/values/runtime_error.h"
+#include "run/context.h"
+#include "support/company.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Lookups : public support::Company {
+ protected:
+  Lookups() {
+    support::fillBasics(databasePath());
+    sql(u"INSERT INTO prop_cmrc (idprop_cmrc, data_prop_cmrc, data_fech, valo_dect, idcond_pgto, nume_pess) "
+        u"VALUES "
+        "(301, '20240310 09:05', '20240401 10:00', '12.5', 41, '80 a 100'), (302, '20240311', null, null, null, null)"_s);
+    sql(u"INSERT INTO pedi_veds (idpedi_veds, nume_pedi, idprop_cmrc, idclie, data_pedi, valo_dect) VALUES "
+        "(401, 9001, 301, 5, '20240402', '7.25')"_s);
+    sql(u"INSERT INTO empr_cnfg (nome_para, valo_para) VALUES ('COR_PADRAO', 'Areia'), ('VAZIO', null)"_s);
+    static_cast<void>(statements());
+  }
+};
+
+struct Member {
+  const char* name;
+  QString (*call)(const QString&);
+  QString key, found;
+};
+void PrintTo(const Member& member, std::ostream* out) { *out << member.name; }
+
+class OneKey : public Lookups, public ::testing::WithParamInterface<Member> {};
+
+#define MEMBER(function, key, found) \
+  Member { #function, function, u##key##_s, u##found##_s }
+
+const Member kMembers[] = {
+    MEMBER(UsuarioAtual, "7", "MARIA"),
+    MEMBER(IdUsuario, "maria", "7"),
+    MEMBER(EmailUsuario, "7", "maria@aurora.example"),
+    MEMBER(CodigoProduto, "101", "CX-100"),
+    MEMBER(DescricaoProduto, "101", "Caixa branca"),
+    MEMBER(UnidadeProduto, "104", "4"),
+    MEMBER(MarcaProduto, "101", "9"),
+    MEMBER(ClassFiscalProduto, "101", "31"),
+    MEMBER(CodigoComTributacao, "31", "4819.10.00"),
+    MEMBER(IdProdutoPorCodigo, " cx-100 ", "101"),
+    MEMBER(DescricaoProdutoPorCodigo, "bom-1", "Bombom"),
+    MEMBER(ValidaPrototipo, "201", "201"),
+    MEMBER(UnidadePrototipo, "202", "3"),
+    MEMBER(DescricaoPrototipo, "201", "Caixa lembrança"),
+    MEMBER(ObservacaoPrototipo, "201", "Tampa com relevo"),
+    MEMBER(IdColecao, "PRIMAVERA", "15"),
+    MEMBER(DescricaoUnidade, "2", "KG"),
+    MEMBER(CasasDecimaisUnidade, "KG", "3"),
+    MEMBER(IdClientePorNome, "clara festas ltda", "5"),
+    MEMBER(IdPessoaPorNome, "Papéis norte", "4"),
+    MEMBER(FonesCliente, "5", "(19) 3333-1000 / (19) 3333-1002"),
+    MEMBER(EmailCliente, "5", "contato@clara.example"),
+    MEMBER(FoneContato, "21", "(19) 99999-0001"),
+    MEMBER(EmailContato, "21", "dora@clara.example"),
+    MEMBER(EnderecoCliente, "5",
+           "Clara Festas Ltda^Av. Brasil, 200^Campinas^SP^13020-000^220.100^22.333.444/0001-05^Centro^"),
+    MEMBER(IdVendedor, "bia", "5"),
+    MEMBER(NomeVendedor, "5", "BIA"),
+    MEMBER(NomeConhecidoVendedor, "5", "BIA"),
+    MEMBER(IdTransportadora, "RÁPIDO SUL", "5"),
+    MEMBER(NomeTransportadora, "5", "Rápido Sul Transportes"),
+    MEMBER(FoneTransportadora, "5", "(11) 4000-0001"),
+    MEMBER(NomeConhecidoTransportadora, "5", "Rápido Sul"),
+    MEMBER(FoneTransportadoraPorId, "5", "(11) 4000-0001"),
+    MEMBER(IdFornecedor, "Papéis Norte", "5"),
+    MEMBER(NomeFornecedor, "5", "Papéis Norte"),
+    MEMBER(IdLocalVenda, "loja centro", "11"),
+    MEMBER(DescricaoLocalVenda, "11", "Loja Centro"),
+    MEMBER(IdTipoMarketing, "indicação", "12"),
+    MEMBER(DescricaoTipoMarketing, "12", "Indicação"),
+    MEMBER(IdTipoEvento, "CASAMENTO", "13"),
+    MEMBER(DescricaoTipoEvento, "13", "Casamento"),
+    MEMBER(IdTipoServico, "LEMBRANÇA", "14"),
+    MEMBER(DescricaoTipoServico, "14", "Lembrança"),
+    MEMBER(ParcelasCondPgto, "41", "3"),
+    MEMBER(DescricaoCondPgto, "41", "30/60/90 dias"),
+    MEMBER(DiasCondPgto, "41", "030/060/090/"),
+    MEMBER(IdPedidoPorNumero, "9001", "401"),
+    MEMBER(NumeroPedidoDoOrcamento, "301", "9001"),
+    MEMBER(ClienteDoPedido, "401", "5"),
+    MEMBER(DescontoPedido, "9001", "7,25"),
+    MEMBER(DataPedido, "9001", "02/04/2024"),
+    MEMBER(DataFechamentoOrcamento, "301", "01/04/2024"),
+    MEMBER(DescontoOrcamento, "000301", "12,5"),
+    MEMBER(CondPgtoOrcamento, "301", "41"),
+    MEMBER(DataOrcamento, "301", "10/03/2024 09:05:00"),
+    MEMBER(ParametroEmpresa, "COR_PADRAO", "Areia"),
+};
+
+// Each finds its row with one statement in upper case, and an empty or unknown key finds nothing.
+TEST_P(OneKey, FindsItsRowAndNothingElse) {
+  const Member& member = GetParam();
+  EXPECT_EQ(member.call(member.key), member.found);
+  const QStringList ran = statements();
+  ASSERT_EQ(ran.size(), 1);
+  EXPECT_EQ(ran[0], ran[0].toUpper());
+  EXPECT_EQ(member.call(u""_s), u"");
+  EXPECT_EQ(member.call(u"999999"_s), u"");
+  EXPECT_EQ(member.call(member.key), member.found) << "nothing is kept from the call before";
+  EXPECT_EQ(statements().size(), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Members, OneKey, ::testing::ValuesIn(kMembers),
+                         [](const auto& member) { return std::string(member.param.name); });
+
+TEST_F(Lookups, CompanyRow) {
+  const struct {
+    QString (*call)();
+    QString found;
+  } cases[] = {
+      {ServidorEmail, u"smtp.aurora.example"_s},
+      {NomeConhecidoEmpresa, u"Aurora"_s},
+      {EmailEmpresa, u"vendas@aurora.example"_s},
+      {SenhaEmailEmpresa, u"senha-empresa"_s},
+      {EmailOrcamento, u"orcamentos@aurora.example"_s},
+      {SenhaEmailOrcamento, u"senha-orca"_s},
+      {DadosEmpresaTexto,
+       u"Presentes Aurora Ltda^11.222.333/0001-81^110.042.490.114^Rua das Flores, 10^Campinas^SP^13010-000^"
+       "(19) 3200-1000^(19) 3200-1001^vendas@aurora.example^www.aurora.example^"_s}};
+  for (const auto& one : cases) EXPECT_EQ(one.call(), one.found);
+  sql(u"UPDATE empr SET data_desa = '20240101'"_s);
+  EXPECT_EQ(EmailEmpresa(), u"") << "a company that was deactivated is no company";
+  EXPECT_EQ(DadosEmpresaTexto(), u"");
+}
+
+TEST_F(Lookups, ContactsBelongToTheirCustomer) {
+  EXPECT_EQ(IdPessoaContato(u"dora"_s, u"Clara Festas Ltda"_s), u"21");
+  EXPECT_EQ(IdClienteContato(u"DORA"_s, u"clara festas ltda"_s), u"22");
+  EXPECT_EQ(IdPessoaContato(u"Dora"_s, u"Papéis Norte"_s), u"");
+  EXPECT_EQ(IdClienteContato(u"Dora"_s, u"Papéis Norte"_s), u"");
+  EXPECT_EQ(IdClienteContato(u""_s, u""_s), u"");
+}
+
+TEST_F(Lookups, PricesAtTheLatestLiveRate) {
+  EXPECT_DOUBLE_EQ(ValorVendaProduto(u"BOM-1"_s), 2 * 5.2);
+  EXPECT_DOUBLE_EQ(ValorVendaProduto(u"CX-100"_s), 12.5) << "a currency without rates is taken at par";
+  EXPECT_DOUBLE_EQ(ValorVendaProduto(u"nada"_s), 0);
+  sql(u"UPDATE camb SET data_desa = '20240302' WHERE valo_camb = '5.2'"_s);
+  EXPECT_DOUBLE_EQ(ValorVendaProduto(u"BOM-1"_s), 2 * 4.5);
+  sql(u"UPDATE camb SET data_desa = '20240302'"_s);
+  EXPECT_DOUBLE_EQ(UltimaCotacao(u"2"_s), 1);
+}
+
+TEST_F(Lookups, OpenQuotesAndPersons) {
+  EXPECT_EQ(DataFechamentoOrcamento(u"302"_s), u"");
+  EXPECT_EQ(DescontoOrcamento(u"302"_s), u"") << "null is no discount";
+  EXPECT_EQ(PessoasOrcamento(u"301"_s), 80);
+  EXPECT_EQ(PessoasOrcamento(u"302"_s), 0);
+  EXPECT_EQ(PessoasOrcamento(u"999"_s), 0);
+  sql(u"UPDATE prop_cmrc SET nume_pess = '40000' WHERE idprop_cmrc = 301"_s);
+  EXPECT_THROW(static_cast<void>(PessoasOrcamento(u"301"_s)), values::RuntimeError);
+  EXPECT_EQ(MascaraUnidade(u"2"_s), u"###0.000");
+  EXPECT_EQ(MascaraUnidade(u""_s), u"###0");
+  EXPECT_EQ(ParametroEmpresa(u"VAZIO  "_s), u"");
+}
+
+TEST_F(Lookups, PhonesAreWholeOrLeftOut) {
+  sql(u"UPDATE pess SET tele_0002_pess = '(19) 98888-123456', fax0_0002_pess = '190' WHERE idpess = 2"_s);
+  EXPECT_EQ(FonesCliente(u"5"_s), u"(19) 3333-1000 / (19) 98888-123456 / 190");
+  sql(u"UPDATE pess SET nome_pess = 'A^B', ende_coml_pess = null WHERE idpess = 2"_s);
+  EXPECT_TRUE(EnderecoCliente(u"5"_s).startsWith(u"A B^^Campinas^"_s)) << "a ^ would shift the fields";
+}
+
+TEST_F(Lookups, UserNameGuardsItsQuery) {
+  EXPECT_EQ(NomeUsuario(u"7"_s, u"antes"_s), u"MARIA");
+  EXPECT_EQ(NomeUsuario(u"99"_s, u"antes"_s), u"");
+  EXPECT_THROW(static_cast<void>(UsuarioAtual(u"x"_s) + ParametroEmpresa(u"'"_s)), values::RuntimeError);
+  EXPECT_EQ(NomeUsuario(u"7"_s, u"antes"_s), u"antes")
+      << "an error that isn't the connection's is passed over";
+}
+
+TEST_F(Lookups, PicturesInTheirThreeForms) {
+  const auto put = [](const QString& name) { files::write(u"c:\\zarim\\imagens\\"_s + name, "x"); };
+  EXPECT_EQ(LocalizaImagemProduto(u"CX-100"_s), u"c:\\zarim\\imagens\\sem_imagem.jpg");
+  EXPECT_FALSE(LocalizaImagemPrototipo(u"CX-100"_s));
+  put(u"cx-100s3.jpg"_s);
+  EXPECT_EQ(LocalizaImagemProduto(u" CX-100 "_s), u"c:\\zarim\\imagens\\CX-100S3.jpg");
+  put(u"CX-100W2.JPG"_s);
+  EXPECT_EQ(LocalizaImagemProduto(u"CX-100"_s), u"c:\\zarim\\imagens\\CX-100W2.jpg");
+  put(u"CX-100.jpg"_s);
+  EXPECT_EQ(LocalizaImagemProduto(u"CX-100"_s), u"c:\\zarim\\imagens\\CX-100.jpg");
+  EXPECT_TRUE(LocalizaImagemPrototipo(u"CX-100"_s));
+}
+
+}  // namespace

@@ -1,0 +1,148 @@
+#include "shared/screen_kit.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "platform/forms/combo.h"
+#include "run/context.h"
+#include "support/company.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A form with one control of each kind.
+class KitForm : public forms::Form {
+ public:
+  KitForm() : Form(u"frmKit"_s) {
+    auto* layout = new QVBoxLayout(this);
+    for (QWidget* control : std::initializer_list<QWidget*>{&frame, &label, &button, &box, &block, &option,
+                                                            &check, &masked, &combo, &grid})
+      layout->addWidget(control);
+  }
+  QGroupBox frame;
+  QLabel label;
+  QPushButton button;
+  QLineEdit box;
+  QPlainTextEdit block;
+  QRadioButton option;
+  QCheckBox check;
+  forms::MaskedBox masked;
+  forms::Combo combo;
+  forms::FlexGrid grid;
+};
+
+class ScreenKit : public support::Company {
+ protected:
+  ScreenKit() { support::fillBasics(databasePath()); }
+  ~ScreenKit() override = default;
+
+  QStringList entries() const {
+    QStringList list;
+    for (int i = 0; i < form.combo.count(); ++i) list << form.combo.itemText(i);
+    return list;
+  }
+
+  KitForm form;
+};
+
+TEST_F(ScreenKit, ThemeGoesByKindOfControl) {
+  sql(u"INSERT INTO cor_sist VALUES ('Areia', '14741230', '128', '1', '2')"_s);
+  sql(u"INSERT INTO empr_cnfg VALUES ('COR_PADRAO', ' areia ')"_s);
+  const auto textOfBox = forms::foreColor(&form.box);
+  AplicaTemaPadrao(form);
+  EXPECT_EQ(contexto().CorFundo2, u"1");
+  EXPECT_EQ(contexto().CorFrente2, u"2");
+  EXPECT_EQ(forms::backColor(&form), 14741230);
+  for (QWidget* both : std::initializer_list<QWidget*>{&form.frame, &form.label}) {
+    EXPECT_EQ(forms::backColor(both), 14741230);
+    EXPECT_EQ(forms::foreColor(both), 128);
+  }
+  for (QWidget* ground :
+       std::initializer_list<QWidget*>{&form.button, &form.box, &form.block, &form.option, &form.check})
+    EXPECT_EQ(forms::backColor(ground), 14741230) << ground->metaObject()->className();
+  EXPECT_EQ(forms::foreColor(&form.box), textOfBox);
+  for (QWidget* other :
+       std::initializer_list<QWidget*>{&form.masked, &form.combo, &form.grid, form.combo.lineEdit()})
+    EXPECT_NE(forms::backColor(other), 14741230) << other->metaObject()->className();
+}
+
+TEST_F(ScreenKit, AThemeWithoutARowLeavesTheSystemsColours) {
+  contexto().CorFundo = u"1"_s;
+  LeCoresSistema(u"nenhum"_s);
+  AplicaCoresForm(form);
+  EXPECT_EQ(forms::toColor(forms::backColor(&form)), forms::toColor(0x8000000F));
+  EXPECT_EQ(forms::toColor(forms::foreColor(&form.label)), forms::toColor(0x80000012));
+}
+
+// Every filler: its combo, what it lists, what it leaves out.
+TEST_F(ScreenKit, Lists) {
+  sql(u"INSERT INTO pess (idpess, nome_pess, nome_conh, cpf0_cnpj) VALUES (50, 'Ávila Doces', 'ABEL', "
+      u"'123'), "
+      "(51, 'Zeca Buffet', 'ZECA', '9'), (52, 'Antiga', 'VELHA', '1')"_s);
+  sql(u"INSERT INTO vend (idvend, idpess, data_desa) VALUES (50, 50, null), (52, 52, '20240101')"_s);
+  sql(u"INSERT INTO trpt (idtrpt, idpess, data_desa) VALUES (50, 50, null), (52, 52, '20240101')"_s);
+  sql(u"INSERT INTO clie (idclie, idpess, data_desa) VALUES (50, 50, null), (51, 51, null), (52, 52, '20240101')"_s);
+  sql(u"INSERT INTO pess_cont (idpess_cont, idpess, nome_pess_cont) VALUES (50, 2, 'Aline'), (51, 50, 'Outra')"_s);
+  for (const auto& table : {u"tipo_mktg"_s, u"loca_veds"_s, u"tipo_even"_s, u"tipo_serv"_s, u"cole"_s})
+    sql(u"INSERT INTO %1 (id%1, desc_%1, data_desa) VALUES (90, 'Ativo', null), (91, 'Velho', '20240101')"_s
+            .arg(table));
+  sql(u"INSERT INTO usen (idusen, usen, data_desa) VALUES (90, 'SAIU', '20240101')"_s);
+  const struct {
+    QString combo;
+    std::function<void()> fill;
+    QStringList list;
+  } cases[] = {
+      {u"cboVendedor"_s, [&] { CarregaVendedores(form, u""_s); }, {u"ABEL"_s, u"BIA"_s}},
+      {u"cboVendedor"_s, [&] { CarregaVendedores(form, u"b"_s); }, {u"BIA"_s}},
+      {u"cboTransportadora"_s, [&] { CarregaTransportadoras(form, u""_s); }, {u"ABEL"_s, u"Rápido Sul"_s}},
+      {u"cboTipoMktg"_s, [&] { CarregaTiposMarketing(form); }, {u"Ativo"_s, u"Indicação"_s}},
+      {u"cboLocalVenda"_s, [&] { CarregaLocaisVenda(form); }, {u"Ativo"_s, u"Loja Centro"_s}},
+      {u"cboTipoEven"_s, [&] { CarregaTiposEvento(form); }, {u"Ativo"_s, u"Casamento"_s}},
+      {u"cboTipoServ"_s, [&] { CarregaTiposServico(form); }, {u"Ativo"_s, u"Lembrança"_s}},
+      {u"cboCole"_s, [&] { CarregaColecoes(form); }, {u"Ativo"_s, u"Primavera"_s}},
+      {u"cboRespAtendimento"_s, [&] { CarregaUsuarios(form); }, {u"MARIA"_s, u"JOAO"_s}},
+      {u"cboCliente"_s,
+       [&] { CarregaClientes(form, u""_s); },
+       {u"Ávila Doces"_s, u"Clara Festas Ltda"_s, u"Zeca Buffet"_s}},
+      {u"cboCliente"_s, [&] { CarregaClientes(form, u"festas"_s); }, {u"Clara Festas Ltda"_s}},
+      {u"cboCliente"_s, [&] { CarregaClientes(form, u"a%d"_s); }, {u"Ávila Doces"_s, u"Clara Festas Ltda"_s}},
+      {u"cboCliente"_s,
+       [&] { CarregaClientes(form, u"123"_s, FiltroCliente::Documento); },
+       {u"Ávila Doces"_s}},
+      {u"cboClienteContato"_s,
+       [&] { CarregaContatos(form, u"Clara Festas Ltda"_s, u""_s); },
+       {u"Aline"_s, u"Dora"_s}},
+      {u"cboClienteContato"_s, [&] { CarregaContatos(form, u"Clara Festas Ltda"_s, u"or"_s); }, {u"Dora"_s}},
+  };
+  for (const auto& one : cases) {
+    form.combo.setObjectName(one.combo);
+    form.combo.setText(u"digitado"_s);
+    one.fill();
+    EXPECT_EQ(entries(), one.list) << one.combo.toStdString();
+    EXPECT_EQ(form.combo.text(), u"digitado") << "filling the list keeps what was typed";
+  }
+}
+
+TEST_F(ScreenKit, Boxes) {
+  support::Script script;
+  script.box(u"Oi"_s).box(u"Pane"_s).box(u"Segue?"_s, forms::Answer::Yes).box(u"Segue?"_s, forms::Answer::No);
+  Aviso(u"Oi"_s);
+  EXPECT_EQ(script.lastBox().icon, forms::Icon::Information);
+  EXPECT_EQ(script.lastBox().title, u"Zarim 1.2"_s);
+  Falha(u"Pane"_s);
+  EXPECT_EQ(script.lastBox().icon, forms::Icon::Critical);
+  EXPECT_TRUE(Pergunta(u"Segue?"_s));
+  EXPECT_EQ(script.lastBox().buttons, forms::Buttons::YesNo);
+  EXPECT_FALSE(Pergunta(u"Segue?"_s, u"Outro"_s));
+  EXPECT_EQ(script.lastBox().title, u"Outro"_s);
+}
+
+}  // namespace
