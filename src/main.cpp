@@ -1,1 +1,12 @@
-int main() { return 0; }
+#include <QApplication>
+
+#include "platform/web/web_pane.h"
+#include "quote/program.h"
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char** argv) {
+  web::prepare();
+  QApplication application(argc, argv);
+  return runProgram(application, application.arguments().mid(1).join(u' '));
+}

@@ -19,8 +19,9 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// Materials of all items, tied to them by their row number in Flex; never shown.
   forms::GridModel FlexMonta{QStringLiteral("FlexMonta"), this};
 
-  // Modes (frmPropCmrcTL.cpp)
   void LimitaCampos();
+
+  // Modes (modes.cpp, situation.cpp)
   /// Buttons as they are while nothing is edited.
   void BotoesNeutros();
   /// Locked: only the number can be typed.
@@ -45,9 +46,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// Adds the items up into the total labels (item_grid.cpp).
   void CalculaTotais();
 
-  /// Hands approved total, discount and net total to the confirmation screen (closing.cpp).
-  void PassaTotaisParaConfirmacao();
-
  protected:
   void Form_Load() override;
   /// The window's X does what cmdSAIR does.
@@ -56,16 +54,21 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void changeEvent(QEvent* event) override;
 
  private:
-  enum class Trava { Travado, Livre };
+  void ligaTeclado();
   void ligaCampos();
+  void ligaListas();
   void ligaComandos();
   void ligaItens();
-  void travaOuDestrava(Trava trava);
-  void botoesEditando();
   void alinhaTotais();
   void ajustaObserva();
 
   // Commands of the modes (modes.cpp)
+  void botoesEditando();
+  void travaOuDestrava(bool trava);
+  /// Whether a quote is being made or altered.
+  [[nodiscard]] static bool editando();
+  /// Back to looking only.
+  void encerraEdicao();
   void cmdINCLUIR_Click();
   void cmdALTERAR_Click();
   void cmdSAIR_Click();
@@ -76,11 +79,10 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void cboCliente_LostFocus();
   void cboClienteContato_DropDown();
   void cboClienteContato_LostFocus();
-  bool continuaSemCadastro(const QString& aviso);
-  void validaLista(forms::Combo* combo, QString (*id)(const QString&), const QString& recusa);
+  void confirmaSemCadastro(const QString& aviso);
   void cmdExpandirObservacao_Click();
 
-  // Loading (loading.cpp)
+  // Loading (finding.cpp, loading.cpp)
   void cmdPesquisar_PropCmrc_Click();
   void carregaCabecalho(const data::Recordset& rs);
   void carregaItens();
@@ -88,7 +90,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// Terms of the quote into the confirmation screen (loading_terms.cpp).
   void carregaConfirmacao(const data::Recordset& rs);
 
-  // Saving (saving.cpp, save_statements.cpp)
+  // Saving (saving.cpp, save_header.cpp, save_rows.cpp)
   void cmdSALVAR_Click();
   void gravaNovo();
   void gravaAlteracao();
@@ -108,12 +110,19 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   // Items (item_grid.cpp, item_assembly.cpp)
   void Flex_DblClick();
   void excluiItem();
-  void tiraLinha(int linha);
+  void soltaMateriais(int linha, int coluna);
+  void tiraLinha(int linha, int coluna);
   void alteraItem();
+  void passaParaMontagem(int linha);
+  void passaMaterial(int linhaMonta, const QString& quantidade);
   void cmdIncluirItem_Click();
 
-  // Item panel (item_panel.cpp, item_search.cpp)
+  // Item panel (item_panel.cpp, item_panel_line.cpp, item_search.cpp)
+  void esvaziaItem();
   void LimpaCamposItem();
+  void recusaDesativado(const QString& texto);
+  [[nodiscard]] QString tipoDoPainel() const;
+  [[nodiscard]] bool recusaRepetido();
   void cmdPesquisar_ProdProt_Click();
   void abrePesquisaItem();
   void pesquisaProduto();
@@ -127,11 +136,13 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void cmdAbreAprova_Click();
   void cmdConfirmaAprova_Click();
   void cmdCancelaAprova_Click();
+  void fechaAprova();
 
   // Prototypes in mass (mass_inclusion.cpp)
   void cmdIncluirMassa_Click();
   void cmdConfirmaMassaClie_Click();
   void cmdConfirmarMassa_Click();
+  [[nodiscard]] bool confirmaMassa();
   void incluiPrototipos(const QString& sql);
 
   // Honorees (honorees.cpp)
@@ -139,15 +150,17 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void cmdIncluirHomg_Click();
   void FlexHomg_DblClick();
 
-  // States of a quote (activation.cpp, closing.cpp, closing_notices.cpp)
-  bool recusaSemRegistro();
+  // States of a quote (activation.cpp, closing.cpp, closing_notices.cpp, printing.cpp)
+  [[nodiscard]] bool recusaSemRegistro();
+  [[nodiscard]] bool recusaEstado(bool recusado, const QString& motivo);
+  void alteraOrcamento(const QStringList& comandos);
   void cmdEXCLUIR_Click();
   void cmdReativar_Click();
   void cmdFechar_Click();
   void cmdReabrir_Click();
   void cmdCondPgto_Click();
+  void passaTotaisParaConfirmacao();
+  void marcaFechamento();
   void avisaFechamento();
   void cmdImprimir_Click();
-
-  bool descontoAvisado_ = false;
 };

@@ -1,0 +1,78 @@
+#include "platform/values/dates.h"
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/configuration.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+// Approval of lines: a date and time in the grid, stored with the next save.
+
+namespace {
+
+constexpr QChar kSeparador = u'|';
+constexpr int kLarguraCodigo = 20;
+constexpr int kLarguraObservacao = 38;
+constexpr int kLarguraLinha = 4;
+constexpr int kCampoLinha = 3;
+
+/// A separator inside a text becomes a blank, so that the row number stays the third field.
+QString campo(QString texto, int largura) {
+  texto.replace(kSeparador, u' ');
+  return AjustaTexto(texto, largura, Alinhamento::Esquerda) + kSeparador;
+}
+
+QString entrada(const forms::GridModel& itens, int linha) {
+  return campo(itens.text(linha, grids::item::Codigo), kLarguraCodigo) +
+         campo(itens.text(linha, grids::item::Observacao), kLarguraObservacao) +
+         campo(QString::number(linha), kLarguraLinha);
+}
+
+}  // namespace
+
+void frmPropCmrcTL::cmdAbreAprova_Click() {
+  if (!editando()) return;
+  forms::GridModel& itens = Flex->grid();
+  cboItemPropCmrc->clearList();
+  cboItemPropCmrc->addEntry(u"TODOS"_s);
+  for (int linha = 1; linha < itens.rows(); ++linha) cboItemPropCmrc->addEntry(entrada(itens, linha));
+  // Building the list leaves the grid on its last row.
+  itens.setRow(itens.rows() - 1);
+  cboItemPropCmrc->setCurrentIndex(0);
+  mskDataAprv->setBoxText(values::formatDate(values::now(), u"dd/mm/yyyy hh:mm"));
+  openOverFrame(frameAprova, mskDataAprv);
+}
+
+void frmPropCmrcTL::cmdConfirmaAprova_Click() {
+  forms::GridModel& itens = Flex->grid();
+  const QString escolha = cboItemPropCmrc->text();
+  const QString quando = mskDataAprv->boxText();
+  if (Apara(escolha).isEmpty())
+    return Aviso(u"Escolha um Item para realizar a aprovação!"_s, cboItemPropCmrc);
+  if (!values::isDate(quando)) return Aviso(u"Defina uma Data para realizar a aprovação!"_s, mskDataAprv);
+  if (escolha == u"TODOS") {
+    for (int linha = 1; linha < itens.rows(); ++linha) itens.setText(linha, grids::item::DtAprov, quando);
+  } else {
+    const int linha = values::toInt32(LeNumero(PegaCampoDelimitado(escolha, kCampoLinha, kSeparador)));
+    // A typed text without a row number names no line.
+    if (linha > 0) itens.setText(linha, grids::item::DtAprov, quando);
+  }
+  fechaAprova();
+  Aviso(u"Para que haja efeito na aprovação o Orcamento deverá ser salvo!"_s);
+}
+
+/// Clears the grid's current row, whatever is chosen in the list.
+void frmPropCmrcTL::cmdCancelaAprova_Click() {
+  forms::GridModel& itens = Flex->grid();
+  if (itens.row() == 0) return;
+  itens.setText(itens.row(), grids::item::DtAprov, {});
+  fechaAprova();
+}
+
+void frmPropCmrcTL::fechaAprova() {
+  cboItemPropCmrc->clearList();
+  cboItemPropCmrc->setText({});
+  RestauraMascara(mskDataAprv);
+  closeOverFrame(frameAprova);
+}

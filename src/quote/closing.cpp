@@ -1,0 +1,89 @@
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "platform/values/dates.h"
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+// Closing a quote whose approved lines are firm, reopening it as long as no order was made of it.
+
+namespace {
+
+bool temItemAprovado(const forms::GridModel& itens) {
+  for (int linha = 1; linha < itens.rows(); ++linha)
+    if (!Apara(itens.text(linha, grids::item::DtAprov)).isEmpty()) return true;
+  return false;
+}
+
+}  // namespace
+
+void frmPropCmrcTL::cmdFechar_Click() {
+  if (recusaSemRegistro() ||
+      recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s) ||
+      recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
+    return;
+  if (!temItemAprovado(Flex->grid())) {
+    Falha(u"Impossibilidade de Executar o Comando!\rNão há itens aprovados!"_s);
+    return LimpaTela();
+  }
+  if (Pergunta(u"Deseja realmente Fechar?"_s)) {
+    passaTotaisParaConfirmacao();
+    // However that screen is left, the closing goes on.
+    forms::form<frmConfirmaPropCmrcTL>().showModal();
+    CalculaTotais();
+    marcaFechamento();
+    avisaFechamento();
+    Aviso(u"Orçamento Fechado com sucesso!\rOrçamento nr."_s + txtRowId->text());
+    contexto().ModoOrcamento = u" "_s;
+  }
+  BotoesNeutros();
+  LimpaTela();
+}
+
+void frmPropCmrcTL::passaTotaisParaConfirmacao() {
+  auto& tela = forms::form<frmConfirmaPropCmrcTL>();
+  forms::setControlText(tela.lblVrBrutoTOT, lblTotaAprov->text());
+  forms::setControlText(tela.txtDescontoGeral, lblDesconto->text());
+  forms::setControlText(tela.txtPercDesc, lblPercDesconto->text());
+  forms::setControlText(tela.lblVrLiqTOT, lblTotalLiquido->text());
+}
+
+void frmPropCmrcTL::marcaFechamento() {
+  alteraOrcamento({u"UPDATE prop_cmrc SET user_fech='"_s + QString::number(contexto().IdUsuarioAtual) +
+                   u"', data_fech='"_s + values::formatDate(values::now(), u"yyyymmdd hh:mm") + u"' "_s});
+}
+
+void frmPropCmrcTL::cmdReabrir_Click() {
+  if (recusaSemRegistro() || recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s))
+    return;
+  if (lblDataFechamento->text().isEmpty())
+    return Aviso(u"Impossibilidade de Executar o Comando!\rO Registro não está Fechado!"_s);
+  if (const QString pedido = NumeroPedidoDoOrcamento(Apara(txtCodigo->text())); !pedido.isEmpty())
+    return Aviso(
+        u"Já foi criado um pedido para este orçamento.\r"
+        "A alteração somente poderá ser realizada no pedido.\rOrçamento:"_s +
+        txtCodigo->text() + u" - Pedido:"_s + values::format(pedido, u"000000"));
+  if (Pergunta(u"Deseja realmente abrir?"_s)) {
+    alteraOrcamento({u"UPDATE prop_cmrc SET user_fech=null, data_fech=null "_s});
+    Aviso(u"Orçamento aberto com sucesso!\rOrçamento nr."_s + txtRowId->text() +
+          u"\rPara realizar alterações, entre na opção [Alterar]"_s);
+    contexto().ModoOrcamento = u" "_s;
+  }
+  BotoesNeutros();
+  LimpaTela();
+}
+
+/// A closed quote shows its terms for looking only; an open one its text of terms.
+void frmPropCmrcTL::cmdCondPgto_Click() {
+  if (!values::isDate(lblDataFechamento->text())) return openOverFrame(frameCondPgto, txtCondPagto);
+  auto& tela = forms::form<frmConfirmaPropCmrcTL>();
+  passaTotaisParaConfirmacao();
+  for (QWidget* grupo : {tela.Frame1, tela.Frame7}) grupo->setEnabled(false);
+  tela.FlagCondPgto = u"S"_s;
+  tela.showModal();
+  for (QWidget* grupo : {tela.Frame1, tela.Frame7}) grupo->setEnabled(true);
+}

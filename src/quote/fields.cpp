@@ -1,0 +1,74 @@
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using forms::Event;
+
+// What the header's fields do when they are left, and what fills their lists.
+
+void frmPropCmrcTL::ligaListas() {
+  struct Lista {
+    forms::Combo* combo;
+    QString (*id)(const QString&);
+    const char16_t* recusa;
+  };
+  const Lista listas[] = {
+      {cboVendedor, &IdVendedor, u"Este(a) Vendedor(a) não Existe!"},
+      {cboLocalVenda, &IdLocalVenda, u"Este Local de Vendas não Existe!"},
+      {cboTipoMktg, &IdTipoMarketing, u"Esta Estratégia (Tipo) de Marketing não Existe!"},
+      {cboTipoEven, &IdTipoEvento, u"Este Tipo de Evento não Existe!"},
+      {cboTipoServ, &IdTipoServico, u"Este Tipo de Serviço não Existe!"},
+  };
+  for (const Lista& lista : listas)
+    on(lista.combo, Event::LostFocus, [lista] {
+      if (lista.combo->isLocked() || lista.combo->text().isEmpty()) return;
+      if (!lista.id(lista.combo->text()).isEmpty()) return;
+      lista.combo->setText({});
+      Aviso(QString::fromUtf16(lista.recusa), lista.combo);
+    });
+
+  const std::pair<forms::Combo*, void (*)(Form&)> enchidas[] = {{cboTipoEven, &CarregaTiposEvento},
+                                                                {cboTipoServ, &CarregaTiposServico},
+                                                                {cboCole, &CarregaColecoes},
+                                                                {cboRespAtendimento, &CarregaUsuarios}};
+  for (const auto& [combo, enche] : enchidas)
+    on(combo, Event::DropDown, [this, enche = enche] { enche(*this); });
+}
+
+void frmPropCmrcTL::txtCodigo_LostFocus() { txtCodigo->setText(Apara(txtCodigo->text())); }
+
+void frmPropCmrcTL::cboCliente_DropDown() { CarregaClientes(*this, cboCliente->text()); }
+
+void frmPropCmrcTL::cboCliente_LostFocus() {
+  if (cboCliente->isLocked() || cboCliente->text().isEmpty()) return;
+  const QString id = IdClientePorNome(cboCliente->text());
+  if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente não está cadastrado!"_s);
+  txtFoneExtra->setText(FonesCliente(id));
+  txtEmailExtra->setText(EmailCliente(id));
+}
+
+void frmPropCmrcTL::cboClienteContato_DropDown() {
+  if (cboCliente->text().isEmpty()) return;
+  CarregaContatos(*this, cboCliente->text(), cboClienteContato->text());
+}
+
+void frmPropCmrcTL::cboClienteContato_LostFocus() {
+  if (cboClienteContato->isLocked() || cboClienteContato->text().isEmpty()) return;
+  const QString id = IdPessoaContato(cboClienteContato->text(), cboCliente->text());
+  if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente/Contato não está cadastrado!"_s);
+  txtFoneExtraContato->setText(FoneContato(id));
+  txtEmailExtraContato->setText(EmailContato(id));
+}
+
+/// Yes goes on with a name that no table knows; No ends the editing.
+void frmPropCmrcTL::confirmaSemCadastro(const QString& aviso) {
+  if (Pergunta(u"Atenção!!!\r\r"_s + aviso + u"\r\rVocê Deseja Continuar o Orçamento mesmo assim?"_s)) return;
+  BotoesNeutros();
+  LimpaTela();
+  TravaCampos();
+  encerraEdicao();
+  focus(txtCodigo);
+}

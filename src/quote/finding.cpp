@@ -1,0 +1,23 @@
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "search/frmBROWSE_PropCmrc.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+/// Without a number the search screen opens, and its choice comes back through txtCodigo.
+void frmPropCmrcTL::cmdPesquisar_PropCmrc_Click() {
+  if (txtCodigo->text().isEmpty()) return forms::form<frmBROWSE_PropCmrc>().showModal();
+  data::Recordset rs =
+      AbreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + Apara(txtCodigo->text()) + u"'"_s);
+  if (rs.eof()) return Aviso(u"Orçamento não localizado!"_s, txtCodigo);
+  txtRowId->setText(rs.text(u"idprop_cmrc"));
+  rs.close();
+  CarregaOrcamento();
+  const QString pedido = NumeroPedidoDoOrcamento(txtCodigo->text());
+  // A quote without an order shows the number zero.
+  lblNumePedido->setText(pedido.isEmpty() ? values::format(0, u"000000") : values::format(pedido, u"000000"));
+  CalculaTotais();
+}

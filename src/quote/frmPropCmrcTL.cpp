@@ -1,0 +1,222 @@
+#include "quote/frmPropCmrcTL.h"
+#include "platform/forms/process.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QStyle>
+
+#include "platform/forms/boxes.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using forms::Event;
+
+namespace {
+
+/// Heights of the remark box, in twips.
+constexpr double kObservaRecolhida = 315;
+constexpr double kObservaExpandida = 1315;
+
+/// Where the frames open over the form, in twips.
+constexpr int kEsquerdaPainel = 2160;
+constexpr int kEsquerdaHomenageados = 5280;
+constexpr int kTopoHomenageados = 1680;
+
+/// A box of several lines keeps to a length too.
+void limitaTexto(QPlainTextEdit* caixa, int maximo) {
+  QObject::connect(caixa, &QPlainTextEdit::textChanged, caixa, [caixa, maximo] {
+    const QString texto = caixa->toPlainText();
+    if (texto.size() <= maximo) return;
+    const int lugar = qMin(caixa->textCursor().position(), maximo);
+    caixa->setPlainText(texto.left(maximo));
+    auto cursor = caixa->textCursor();
+    cursor.setPosition(lugar);
+    caixa->setTextCursor(cursor);
+  });
+}
+
+}  // namespace
+
+frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
+  setupUi(this);
+  cmdPesquisar_PropCmrc->setIcon(style()->standardIcon(QStyle::SP_FileDialogContentsView));
+  addOverFrame(frameHomenageados, kEsquerdaHomenageados, kTopoHomenageados, cmdFecharListaHomenageados);
+  addOverFrame(frameMassa, kEsquerdaPainel, 0, cmdFecharFrameMassa);
+  addOverFrame(frameCondPgto, kEsquerdaPainel, 0, cmdFecharFrameCondPgto);
+  addOverFrame(frameAprova, kEsquerdaPainel, 0, cmdFecharFrameAprova);
+  ligaTeclado();
+  ligaCampos();
+  ligaComandos();
+  ligaItens();
+  ajustaObserva();
+}
+
+void frmPropCmrcTL::ligaTeclado() {
+  enterMovesOn({txtCodigo,
+                mskDtPropCmrc,
+                mskDataEven,
+                mskDtValidade,
+                mskDtEntrega,
+                opPV,
+                opShowRoom,
+                cboCliente,
+                txtFoneExtra,
+                txtEmailExtra,
+                cboClienteContato,
+                txtFoneExtraContato,
+                txtEmailExtraContato,
+                cboVendedor,
+                cboRespAtendimento,
+                cboLocalVenda,
+                cboTipoMktg,
+                cboTipoEven,
+                cboTipoServ,
+                txtNumePess,
+                txtDesc,
+                txtObserva,
+                txtCondPagto,
+                txtCodProduto,
+                txtDesconto,
+                txtQuantidade,
+                txtObseDetaItem,
+                txtNomeHomg,
+                cboCole,
+                cboItemPropCmrc,
+                mskDataAprv});
+  selectOnFocus({txtCodigo,
+                 mskDtPropCmrc,
+                 mskDataEven,
+                 mskDtValidade,
+                 mskDtEntrega,
+                 cboCliente,
+                 txtFoneExtra,
+                 txtEmailExtra,
+                 cboClienteContato,
+                 txtFoneExtraContato,
+                 txtEmailExtraContato,
+                 cboVendedor,
+                 cboRespAtendimento,
+                 cboLocalVenda,
+                 cboTipoMktg,
+                 cboTipoEven,
+                 cboTipoServ,
+                 txtNumePess,
+                 txtDesc,
+                 txtObserva,
+                 txtCondPagto,
+                 txtCodProduto,
+                 txtQuantidade,
+                 txtObseDetaItem,
+                 txtNomeHomg,
+                 cboCole,
+                 cboItemPropCmrc,
+                 mskDataAprv});
+  for (QLineEdit* numero : {txtNumePess, txtQuantidade, txtDesconto}) onKeyPress(numero, &FiltraTeclaDecimal);
+}
+
+void frmPropCmrcTL::ligaCampos() {
+  on(txtCodigo, Event::LostFocus, &frmPropCmrcTL::txtCodigo_LostFocus);
+  on(cboCliente, Event::DropDown, &frmPropCmrcTL::cboCliente_DropDown);
+  on(cboCliente, Event::LostFocus, &frmPropCmrcTL::cboCliente_LostFocus);
+  on(cboClienteContato, Event::DropDown, &frmPropCmrcTL::cboClienteContato_DropDown);
+  on(cboClienteContato, Event::LostFocus, &frmPropCmrcTL::cboClienteContato_LostFocus);
+  ligaListas();
+
+  for (forms::MaskedBox* caixa : {mskDtPropCmrc, mskDataEven, mskDtValidade, mskDtEntrega, mskDataAprv})
+    on(caixa, Event::LostFocus, [caixa] { caixa->setBoxText(ValidaDataMascara(caixa->boxText())); });
+  for (QLineEdit* caixa : {txtCodProduto, txtObseDetaItem})
+    on(caixa, Event::LostFocus, [caixa] { caixa->setText(Maiusculas(caixa->text())); });
+
+  on(txtDesconto, Event::GotFocus, &frmPropCmrcTL::txtDesconto_GotFocus);
+  on(txtDesconto, Event::LostFocus, &frmPropCmrcTL::txtDesconto_LostFocus);
+  on(cmdExpandirObservacao, Event::Click, &frmPropCmrcTL::cmdExpandirObservacao_Click);
+  on(cmdEnvEmail, Event::Click, [this] { AbreMailto(Apara(txtEmailExtraContato->text())); });
+  on(cmdAbrirOutlook, Event::Click, [this] { AbreMailto(Apara(txtEmailExtra->text())); });
+}
+
+void frmPropCmrcTL::ligaComandos() {
+  const std::pair<QWidget*, void (frmPropCmrcTL::*)()> comandos[] = {
+      {cmdINCLUIR, &frmPropCmrcTL::cmdINCLUIR_Click},
+      {cmdALTERAR, &frmPropCmrcTL::cmdALTERAR_Click},
+      {cmdSALVAR, &frmPropCmrcTL::cmdSALVAR_Click},
+      {cmdEXCLUIR, &frmPropCmrcTL::cmdEXCLUIR_Click},
+      {cmdReativar, &frmPropCmrcTL::cmdReativar_Click},
+      {cmdFechar, &frmPropCmrcTL::cmdFechar_Click},
+      {cmdReabrir, &frmPropCmrcTL::cmdReabrir_Click},
+      {cmdImprimir, &frmPropCmrcTL::cmdImprimir_Click},
+      {cmdSAIR, &frmPropCmrcTL::cmdSAIR_Click},
+      {cmdPesquisar_PropCmrc, &frmPropCmrcTL::cmdPesquisar_PropCmrc_Click},
+      {cmdCondPgto, &frmPropCmrcTL::cmdCondPgto_Click},
+  };
+  for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
+  on(cmdFecharFrameCondPgto, Event::Click, [this] { closeOverFrame(frameCondPgto); });
+}
+
+void frmPropCmrcTL::ligaItens() {
+  const std::pair<QWidget*, void (frmPropCmrcTL::*)()> comandos[] = {
+      {cmdIncluirItem, &frmPropCmrcTL::cmdIncluirItem_Click},
+      {cmdPesquisar_ProdProt, &frmPropCmrcTL::cmdPesquisar_ProdProt_Click},
+      {cmdIncluir_ProdProt, &frmPropCmrcTL::cmdIncluir_ProdProt_Click},
+      {cmdAbreAprova, &frmPropCmrcTL::cmdAbreAprova_Click},
+      {cmdConfirmaAprova, &frmPropCmrcTL::cmdConfirmaAprova_Click},
+      {cmdCancelaAprova, &frmPropCmrcTL::cmdCancelaAprova_Click},
+      {cmdIncluirMassa, &frmPropCmrcTL::cmdIncluirMassa_Click},
+      {cmdConfirmarMassa, &frmPropCmrcTL::cmdConfirmarMassa_Click},
+      {cmdConfirmaMassaClie, &frmPropCmrcTL::cmdConfirmaMassaClie_Click},
+      {cmdMultiHomenagem, &frmPropCmrcTL::cmdMultiHomenagem_Click},
+      {cmdIncluirHomg, &frmPropCmrcTL::cmdIncluirHomg_Click},
+  };
+  for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
+  on(Flex, Event::DoubleClick, &frmPropCmrcTL::Flex_DblClick);
+  on(FlexHomg, Event::DoubleClick, &frmPropCmrcTL::FlexHomg_DblClick);
+  on(cmdFecharFrameAprova, Event::Click, [this] { closeOverFrame(frameAprova); });
+  on(cmdFecharFrameMassa, Event::Click, [this] { closeOverFrame(frameMassa); });
+  on(cmdFecharListaHomenageados, Event::Click, [this] { closeOverFrame(frameHomenageados); });
+  connect(Flex->horizontalHeader(), &QHeaderView::sectionResized, this, &frmPropCmrcTL::alinhaTotais);
+  connect(Flex->horizontalHeader(), &QHeaderView::geometriesChanged, this, &frmPropCmrcTL::alinhaTotais);
+}
+
+void frmPropCmrcTL::LimitaCampos() {
+  const std::pair<QLineEdit*, int> limites[] = {
+      {txtCodigo, 10}, {txtFoneExtra, 50}, {txtDesc, 100}, {txtCodProduto, 15}, {txtObseDetaItem, 50}};
+  for (const auto& [caixa, maximo] : limites) caixa->setMaxLength(maximo);
+  limitaTexto(txtObserva, 200);
+}
+
+void frmPropCmrcTL::MontaGridItens() { Flex->grid().layOut(grids::item::kLayout); }
+void frmPropCmrcTL::MontaGridMontagem() { FlexMonta.layOut(grids::material::kQuoteLayout); }
+void frmPropCmrcTL::MontaGridHomenageados() { FlexHomg->grid().layOut(grids::honoree::kLayout); }
+
+void frmPropCmrcTL::cmdExpandirObservacao_Click() {
+  cmdExpandirObservacao->setText(cmdExpandirObservacao->text() == u"+" ? u"-"_s : u"+"_s);
+  ajustaObserva();
+}
+
+/// Height of the remark box by the caption of its button; never less than a line of text needs.
+void frmPropCmrcTL::ajustaObserva() {
+  const bool expandida = cmdExpandirObservacao->text() == u"-";
+  const int altura = forms::pixels(expandida ? kObservaExpandida : kObservaRecolhida);
+  txtObserva->setFixedHeight(qMax(altura, txtDesc->sizeHint().height()));
+}
+
+/// The sums end under the column that they add.
+void frmPropCmrcTL::alinhaTotais() {
+  const auto* titulos = Flex->horizontalHeader();
+  const int fim = titulos->sectionPosition(grids::item::Total) + titulos->sectionSize(grids::item::Total);
+  const int recuo = Flex->mapTo(conteudo, QPoint()).x() - somas->mapTo(conteudo, QPoint()).x();
+  somas->setFixedWidth(qMax(somas->minimumSizeHint().width(), fim + recuo));
+}
+
+void frmPropCmrcTL::changeEvent(QEvent* event) {
+  Form::changeEvent(event);
+  if (event->type() == QEvent::FontChange && isLoaded()) ajustaObserva();
+}
+
+/// A double click on the form's ground tells support staff the screen's resolution.
+void frmPropCmrcTL::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QWidget* alvo = childAt(event->position().toPoint());
+  if (alvo == nullptr || alvo == conteudo || alvo == area->viewport())
+    forms::guarded([] { forms::msgBox({.text = ResolucaoTela()}); });
+}

@@ -1,0 +1,55 @@
+#include "assembly/frmMontarProduto.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+// Items by the assembly screen: a new one, or one of the grid that goes back there to be changed.
+
+void frmPropCmrcTL::cmdIncluirItem_Click() {
+  contexto().ModoItem = u"I"_s;
+  forms::form<frmMontarProduto>().showModal();
+  CalculaTotais();
+}
+
+/// The item leaves the grid before the assembly screen opens and comes back as its last row.
+void frmPropCmrcTL::alteraItem() {
+  const int linha = Flex->grid().row();
+  passaParaMontagem(linha);
+  soltaMateriais(linha, grids::material::VinculoComFlex);
+  tiraLinha(linha, grids::material::VinculoComFlex);
+  CalculaTotais();
+  contexto().ModoItem = u"A"_s;
+  forms::form<frmMontarProduto>().showModal();
+  CalculaTotais();
+}
+
+void frmPropCmrcTL::passaParaMontagem(int linha) {
+  using namespace grids;
+  auto& tela = forms::form<frmMontarProduto>();
+  const auto celula = [this, linha](item::Column coluna) { return Flex->grid().text(linha, coluna); };
+  tela.PreparaGradeMontagem();
+  tela.lblTotalUnitarioProduto->setText(u"0"_s);
+  for (int i = 1; i < FlexMonta.rows(); ++i)
+    if (LeNumero(FlexMonta.text(i, material::VinculoComFlex)) == linha)
+      passaMaterial(i, celula(item::Quantidade));
+
+  tela.txtObservacoes->setText(celula(item::Observacao));
+  tela.txtObservacoesSombra->setText(celula(item::Observacao));
+  tela.txtQuantidade->setText(celula(item::Quantidade));
+  tela.txtQuantidadeSombra->setText(celula(item::Quantidade));
+  tela.lblTotalUnitarioProduto->setText(Moeda(celula(item::VrUnit)));
+}
+
+void frmPropCmrcTL::passaMaterial(int linhaMonta, const QString& quantidade) {
+  using namespace grids;
+  auto& tela = forms::form<frmMontarProduto>();
+  forms::RowBuilder linha;
+  for (int coluna = 0; coluna < FlexMonta.cols(); ++coluna) linha << FlexMonta.text(linhaMonta, coluna);
+  tela.Flex->grid().addItem(linha.text());
+  tela.FlexSombra.addItem(linha.text());
+  tela.MarcaLinha(tela.Flex->grid().rows() - 1);
+  const double valor = LeNumero(FlexMonta.text(linhaMonta, material::ValorUnitario)) * LeNumero(quantidade);
+  tela.lblTotalUnitarioProduto->setText(Moeda(LeNumero(tela.lblTotalUnitarioProduto->text()) + valor));
+}

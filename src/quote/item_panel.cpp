@@ -1,0 +1,111 @@
+#include "platform/values/dates.h"
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+// The item panel: a product or a prototype by its code, priced on the spot, appended to the items.
+
+namespace {
+
+/// Discount per unit of a product: a percentage that stands, or one that runs until its last day.
+QString descontoDoProduto(const data::Recordset& rs, double bruto) {
+  const bool semLimite = rs.isNull(u"data_limi_prom");
+  if (semLimite && rs.isNull(u"PERC_DECT")) return Moeda(0);
+  if (!semLimite && values::today() > rs.date(u"data_limi_prom").date()) return Moeda(0);
+  return Moeda(rs.number(u"PERC_DECT") / 100 * bruto);
+}
+
+}  // namespace
+
+void frmPropCmrcTL::esvaziaItem() {
+  for (QLineEdit* caixa : {txtCodProduto, txtObseDetaItem, txtidProdProt}) caixa->clear();
+  lblDescProt->clear();
+  for (QWidget* campo :
+       std::initializer_list<QWidget*>{txtQuantidade, lblVrBrutoProt, lblVrLiqProt, txtDesconto})
+    forms::setControlText(campo, u"0"_s);
+}
+
+void frmPropCmrcTL::LimpaCamposItem() {
+  esvaziaItem();
+  focus(txtCodProduto);
+}
+
+void frmPropCmrcTL::cmdPesquisar_ProdProt_Click() {
+  if (!opPROD->isChecked() && !opPROT->isChecked()) return Aviso(u"Falta Definição da Origem!"_s);
+  if (txtCodProduto->text().isEmpty()) return abrePesquisaItem();
+  if (opPROD->isChecked())
+    pesquisaProduto();
+  else
+    pesquisaPrototipo();
+}
+
+void frmPropCmrcTL::recusaDesativado(const QString& texto) {
+  forms::msgBox({.text = texto});
+  focus(txtCodProduto);
+}
+
+void frmPropCmrcTL::pesquisaProduto() {
+  const data::Recordset rs =
+      AbreConsulta(u"SELECT * FROM prod WHERE codi_prod='"_s + txtCodProduto->text() + u"'"_s);
+  if (rs.eof()) return Aviso(u"Produto Não Localizado!"_s);
+  if (!rs.isNull(u"data_desa")) return recusaDesativado(u"Produto Desativado!"_s);
+  txtidProdProt->setText(rs.text(u"idprod"));
+  lblDescProt->setText(rs.text(u"desc_prod"));
+  lblVrBrutoProt->setText(Moeda(ValorVendaProduto(txtCodProduto->text())));
+  txtDesconto->setText(descontoDoProduto(rs, LeNumero(lblVrBrutoProt->text())));
+  mostraPrecoLiquido();
+  lblUnidadeMedida->setText(DescricaoUnidade(UnidadeProduto(rs.text(u"idprod"))));
+  focus(txtQuantidade);
+}
+
+void frmPropCmrcTL::pesquisaPrototipo() {
+  if (!values::isNumeric(Apara(txtCodProduto->text())))
+    return Aviso(u"O Código de Protótipo é formado apenas por números!"_s, txtCodProduto);
+  const data::Recordset rs =
+      AbreConsulta(u"SELECT * FROM prot WHERE idprot='"_s + txtCodProduto->text() + u"'"_s);
+  if (rs.eof()) return Aviso(u"Protótipo Não Localizado!"_s);
+  if (!rs.isNull(u"data_desa")) return recusaDesativado(u"Protótipo Desativado!"_s);
+  if (!rs.isNull(u"idprod") && rs.number(u"idprod") > 0)
+    return Aviso(
+        u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\r"
+        "Escolha a Opção Inserção de Produto e Não de Protótipo\rCódigo do Produto:"_s +
+            CodigoProduto(rs.text(u"idprod")),
+        txtCodProduto);
+  txtidProdProt->setText(rs.text(u"idprot"));
+  lblDescProt->setText(rs.text(u"desc_prot"));
+  lblVrBrutoProt->setText(rs.format(u"valo_veds", kMascaraMoeda));
+  // The discount and the unit stay what the last lookup left there.
+  mostraPrecoLiquido();
+  focus(txtQuantidade);
+}
+
+void frmPropCmrcTL::mostraPrecoLiquido() {
+  txtDesconto->setText(Moeda(txtDesconto->text()));
+  lblVrLiqProt->setText(Moeda(LeNumero(lblVrBrutoProt->text()) - LeNumero(txtDesconto->text())));
+}
+
+void frmPropCmrcTL::txtDesconto_GotFocus() {
+  Aviso(
+      u"Para usar o campo desconto:\rEm valores - Basta informar o valor do desconto;\r"
+      "Em percentual - Basta informar o valor em percentual e acrescentar o sinal % no final do valor"_s);
+  SelecionaTextoAtivo();
+}
+
+void frmPropCmrcTL::txtDesconto_LostFocus() {
+  if (const QString texto = txtDesconto->text(); texto.endsWith(u'%')) {
+    const double desconto = values::toNumber(lblVrBrutoProt->text()) * (LeNumero(texto.chopped(1)) / 100);
+    txtDesconto->setText(Moeda(values::toText(desconto)));
+  } else {
+    txtDesconto->setText(Moeda(texto));
+  }
+  if (values::toNumber(lblVrBrutoProt->text()) < LeNumero(txtDesconto->text())) {
+    Aviso(u"O Desconto não poderá ser superior ao valor do Produto!"_s, windowTitle());
+    return focus(txtDesconto);
+  }
+  lblVrLiqProt->setText(Moeda(LeNumero(lblVrBrutoProt->text()) - LeNumero(txtDesconto->text())));
+}

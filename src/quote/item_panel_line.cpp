@@ -1,0 +1,47 @@
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+/// Appends what the panel holds as a line. The totals stay as they are until they are next added up.
+void frmPropCmrcTL::cmdIncluir_ProdProt_Click() {
+  if (lblDescProt->text().isEmpty()) return Aviso(u"Produto/Protótipo Inválido!"_s, txtCodProduto);
+  if (txtQuantidade->text().isEmpty() || txtQuantidade->text() == u"0")
+    return Aviso(u"Quantidade Inválida!"_s, txtQuantidade);
+  if (recusaRepetido()) return;
+
+  const bool produto = opPROD->isChecked();
+  const QString id = txtidProdProt->text();
+  const QString mascara = MascaraUnidade(produto ? UnidadeProduto(id) : UnidadePrototipo(id));
+  const QString quantidade = values::format(txtQuantidade->text(), mascara);
+  const double total = LeNumero(Moeda(lblVrLiqProt->text())) * LeNumero(quantidade);
+  forms::RowBuilder linha;
+  linha << id << tipoDoPainel() << txtCodProduto->text() << lblDescProt->text()
+        << Moeda(lblVrBrutoProt->text()) << Moeda(txtDesconto->text()) << Moeda(lblVrLiqProt->text())
+        << quantidade << Moeda(total) << QString() << lblUnidadeMedida->text()
+        << Apara(txtObseDetaItem->text());
+  Flex->grid().addItem(linha.text());
+  LimpaCamposItem();
+}
+
+QString frmPropCmrcTL::tipoDoPainel() const {
+  return QString::fromUtf16(opPROD->isChecked() ? grids::kProduto : grids::kPrototipo);
+}
+
+bool frmPropCmrcTL::recusaRepetido() {
+  const QString tipo = tipoDoPainel();
+  const QString codigo = txtCodProduto->text();
+  const forms::GridModel& itens = Flex->grid();
+  for (int linha = 1; linha < itens.rows(); ++linha) {
+    if (itens.text(linha, grids::item::Tipo) != tipo || itens.text(linha, grids::item::Codigo) != codigo)
+      continue;
+    Aviso((opPROD->isChecked() ? u"Cod.Produto:"_s : u"Cod.Protótipo:"_s) + codigo +
+          u"\rEste item já foi inserido!\rProcesso de Inclusão abortado!"_s);
+    LimpaCamposItem();
+    return true;
+  }
+  return false;
+}

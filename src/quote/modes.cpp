@@ -1,0 +1,98 @@
+#include "platform/values/dates.h"
+#include "quote/default_terms.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+// Idle, new, altering: what can be typed and pressed, and how the screen shows it.
+
+void frmPropCmrcTL::BotoesNeutros() {
+  for (QWidget* botao : {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdSAIR, cmdFechar})
+    botao->setEnabled(true);
+  cmdSALVAR->setEnabled(false);
+  MostraSituacao();
+}
+
+void frmPropCmrcTL::botoesEditando() {
+  for (QWidget* botao : {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir})
+    botao->setEnabled(false);
+  for (QWidget* botao : {cmdSALVAR, cmdSAIR}) botao->setEnabled(true);
+  MostraSituacao();
+}
+
+void frmPropCmrcTL::travaOuDestrava(bool trava) {
+  for (QWidget* botao :
+       {cmdPesquisar_ProdProt, cmdIncluir_ProdProt, cmdIncluirMassa, cmdAbreAprova, cmdIncluirItem})
+    botao->setEnabled(!trava);
+  const std::initializer_list<QWidget*> campos = {
+      txtDesc,           cboCliente,          txtFoneExtra,        txtEmailExtra,
+      cboClienteContato, txtFoneExtraContato, txtCodProduto,       txtQuantidade,
+      txtObservacao,     txtObserva,          cboVendedor,         cboRespAtendimento,
+      cboLocalVenda,     cboTipoMktg,         cboTipoEven,         cboTipoServ,
+      txtDesconto,       txtNumePess,         txtNomeHomg,         cboItemPropCmrc,
+      mskDtPropCmrc,     mskDataEven,         mskDtValidade,       mskDtEntrega,
+      mskDataAprv,       txtObseDetaItem,     txtEmailExtraContato};
+  for (QWidget* campo : campos) forms::setLocked(campo, trava);
+  for (QWidget* opcao : {opPV, opShowRoom}) opcao->setEnabled(!trava);
+  forms::setLocked(txtCodigo, !trava);
+}
+
+void frmPropCmrcTL::TravaCampos() { travaOuDestrava(true); }
+void frmPropCmrcTL::DestravaCampos() { travaOuDestrava(false); }
+
+void frmPropCmrcTL::encerraEdicao() {
+  contexto().ModoOrcamento = u" "_s;
+  MostraSituacao();
+}
+
+void frmPropCmrcTL::cmdINCLUIR_Click() {
+  contexto().ModoOrcamento = u"I"_s;
+  contexto().ModoItem = u"I"_s;
+  botoesEditando();
+  DestravaCampos();
+  txtCodigo->clear();
+  mskDtPropCmrc->setBoxText(values::formatDate(values::now(), u"dd/mm/yyyy"));
+  forms::setControlText(txtCondPagto, kCondPagtoPadrao.toString());
+}
+
+void frmPropCmrcTL::cmdALTERAR_Click() {
+  if (txtRowId->text().isEmpty()) return Aviso(u"Selecione Um Registro Para Executar esta Operação!"_s);
+  if (!lblDTDesativa->text().isEmpty()) {
+    Aviso(u"O Registro Está Desativado."_s);
+    return LimpaTela();
+  }
+  if (!lblDataFechamento->text().isEmpty()) {
+    Aviso(u"O Registro Já Está Fechado!\rSelecione a opção [Abrir] antes de entrar no modo de alteração"_s);
+    return LimpaTela();
+  }
+  contexto().ModoOrcamento = u"A"_s;
+  contexto().ModoItem = u"A"_s;
+  cmdFechar->setEnabled(false);
+  botoesEditando();
+  DestravaCampos();
+}
+
+void frmPropCmrcTL::cmdSAIR_Click() {
+  if (!editando()) return unload();
+  const auto resposta = forms::msgBox({.text = u"Existe operação não concluída!!!\r<Sim> Sair sem Concluir\r"
+                                               "<Não> Retornar para a Operação Atual\r"
+                                               "<Cancela> Retornar e Abortar a Operação Atual"_s,
+                                       .title = QString::fromUtf16(kTitulo),
+                                       .buttons = forms::Buttons::YesNoCancel});
+  if (resposta == forms::Answer::Yes) return unload();
+  if (resposta != forms::Answer::Cancel) return;
+  BotoesNeutros();
+  TravaCampos();
+  LimpaTela();
+  encerraEdicao();
+}
+
+void frmPropCmrcTL::closeRequested() { cmdSAIR_Click(); }
+
+bool frmPropCmrcTL::editando() {
+  const QString& modo = contexto().ModoOrcamento;
+  return modo == u"A" || modo == u"I";
+}

@@ -1,0 +1,21 @@
+#include "quote/program.h"
+
+#include "platform/forms/process.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+
+using namespace Qt::StringLiterals;
+
+int runProgram(QApplication& application, const QString& commandLine) {
+  application.setQuitOnLastWindowClosed(false);
+  forms::applyStyle();
+  contexto().LinhaComando = commandLine;
+  forms::guarded([&application] {
+    auto& main = forms::form<frmPropCmrcTL>();
+    QObject::connect(&main, &QObject::destroyed, &application, &QCoreApplication::quit, Qt::QueuedConnection);
+    main.showForm();
+  });
+  const int status = application.exec();
+  forms::registry::clear();
+  return status;
+}

@@ -1,0 +1,97 @@
+#include "platform/values/dates.h"
+#include "quote/frmPropCmrcTL.h"
+#include "quote/sql_text.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+// The statements that write the header of a quote from the screen's fields.
+
+namespace {
+
+QString aparado(const QObject* campo) { return Apara(forms::controlText(campo)); }
+
+bool temData(const forms::MaskedBox* caixa) { return values::isDate(caixa->boxText()); }
+
+QString dataHora(const forms::MaskedBox* caixa) {
+  return values::formatDate(caixa->boxText(), u"yyyymmdd hh:mm");
+}
+
+}  // namespace
+
+void frmPropCmrcTL::MontaInsertOrcamento() {
+  const auto dia = [](Insercao& sql, QStringView coluna, const forms::MaskedBox* caixa) {
+    if (temData(caixa)) sql.campo(coluna, dataHora(caixa));
+  };
+  const auto preenchido = [](Insercao& sql, QStringView coluna, const QObject* campo) {
+    const QString texto = aparado(campo);
+    sql.campoSe(!texto.isEmpty(), coluna, texto);
+  };
+
+  Insercao sql(u"PROP_CMRC"_s);
+  sql.campo(u"idvend", IdVendedor(cboVendedor->text()));
+  sql.campo(u"idclie", IdClientePorNome(cboCliente->text()));
+  sql.campo(u"idclie_cont", IdClienteContato(cboClienteContato->text(), cboCliente->text()));
+  sql.campo(u"idloca_veds", IdLocalVenda(cboLocalVenda->text()));
+  sql.campo(u"idtipo_mktg", IdTipoMarketing(cboTipoMktg->text()));
+  sql.campo(u"idtipo_even", IdTipoEvento(cboTipoEven->text()));
+  sql.campo(u"idtipo_serv", IdTipoServico(cboTipoServ->text()));
+  sql.campo(u"show_excl", opShowRoom->isChecked() ? u"S"_s : u"E"_s);
+  dia(sql, u"DATA_PROP_CMRC", mskDtPropCmrc);
+  dia(sql, u"DATA_EVEN", mskDataEven);
+  dia(sql, u"DATA_VALI", mskDtValidade);
+  dia(sql, u"DATA_ENTG", mskDtEntrega);
+  preenchido(sql, u"prop_cmrc_desc", txtDesc);
+  sql.campo(u"nome_clie", aparado(cboCliente));
+  sql.campo(u"fone_clie", aparado(txtFoneExtra));
+  preenchido(sql, u"emai_clie", txtEmailExtra);
+  sql.campo(u"nome_clie_cont", aparado(cboClienteContato));
+  sql.campo(u"fone_clie_cont", aparado(txtFoneExtraContato));
+  preenchido(sql, u"emai_clie_cont", txtEmailExtraContato);
+  if (!aparado(cboRespAtendimento).isEmpty())
+    sql.campo(u"IDRESV_PROP_CMRC", IdUsuario(cboRespAtendimento->text()));
+  sql.campo(u"nume_pess", aparado(txtNumePess));
+  preenchido(sql, u"OBSE_PROP_CMRC", txtObserva);
+  preenchido(sql, u"TXT_COND_PGTO", txtCondPagto);
+  sql.campo(u"DATA_INCL", values::formatDate(values::now(), u"yyyymmdd hh:mm"));
+  sql.campo(u"USER_INCL", QString::number(contexto().IdUsuarioAtual));
+  contexto().sqlGravacao = sql.texto();
+}
+
+void frmPropCmrcTL::MontaUpdateOrcamento() {
+  Alteracao sql(u"PROP_CMRC"_s);
+  const auto dia = [&sql](QStringView coluna, const forms::MaskedBox* caixa) {
+    sql.campoOuNull(temData(caixa), coluna, dataHora(caixa));
+  };
+  const auto texto = [&sql](QStringView coluna, const QObject* campo) {
+    sql.campoOuNull(!aparado(campo).isEmpty(), coluna, aparado(campo));
+  };
+
+  sql.campo(u"idvend", IdVendedor(cboVendedor->text()));
+  sql.campo(u"idloca_veds", IdLocalVenda(cboLocalVenda->text()));
+  sql.campo(u"idclie", IdClientePorNome(cboCliente->text()));
+  sql.campo(u"idclie_cont", IdClienteContato(cboClienteContato->text(), cboCliente->text()));
+  sql.campo(u"idtipo_mktg", IdTipoMarketing(cboTipoMktg->text()));
+  sql.campo(u"idtipo_even", IdTipoEvento(cboTipoEven->text()));
+  sql.campo(u"idtipo_serv", IdTipoServico(cboTipoServ->text()));
+  sql.campo(u"show_excl", opShowRoom->isChecked() ? u"S"_s : u"E"_s);
+  texto(u"prop_cmrc_desc", txtDesc);
+  dia(u"DATA_PROP_CMRC", mskDtPropCmrc);
+  dia(u"DATA_EVEN", mskDataEven);
+  dia(u"DATA_VALI", mskDtValidade);
+  dia(u"DATA_ENTG", mskDtEntrega);
+  texto(u"NOME_CLIE", cboCliente);
+  texto(u"FONE_CLIE", txtFoneExtra);
+  texto(u"EMAI_CLIE", txtEmailExtra);
+  texto(u"NOME_CLIE_CONT", cboClienteContato);
+  texto(u"FONE_CLIE_CONT", txtFoneExtraContato);
+  texto(u"EMAI_CLIE_CONT", txtEmailExtraContato);
+  if (!aparado(cboRespAtendimento).isEmpty())
+    sql.campo(u"IDRESV_PROP_CMRC", IdUsuario(cboRespAtendimento->text()));
+  sql.campo(u"NUME_PESS", aparado(txtNumePess));
+  texto(u"TXT_COND_PGTO", txtCondPagto);
+  texto(u"OBSE_PROP_CMRC", txtObserva);
+  contexto().sqlGravacao = sql.texto(u"WHERE (idPROP_CMRC="_s + txtRowId->text() + u")"_s);
+}

@@ -1,0 +1,88 @@
+#include "assembly/material_classes.h"
+#include "platform/values/dates.h"
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "quote/sql_text.h"
+#include "run/context.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+// The statements that write one row of a grid, and those that take the rows of a quote out.
+
+namespace {
+
+QString doOrcamento(const QString& tabela, const QString& idOrcamento) {
+  return u"DELETE FROM "_s + tabela + u" WHERE (idPROP_CMRC="_s + idOrcamento + u")"_s;
+}
+
+/// Who writes the row, and on which day.
+void auditoria(Insercao& sql) {
+  sql.campo(u"data_incl", values::formatDate(values::now(), u"yyyymmdd"));
+  sql.campo(u"user_incl", QString::number(contexto().IdUsuarioAtual));
+}
+
+}  // namespace
+
+void frmPropCmrcTL::MontaDeleteDetalhes(const QString& idOrcamento) {
+  contexto().sqlGravacao = doOrcamento(u"PROP_CMRC_DETA"_s, idOrcamento);
+}
+
+void frmPropCmrcTL::MontaDeleteMontagem(const QString& idOrcamento) {
+  contexto().sqlGravacao = doOrcamento(u"PROP_CMRC_DETA_MONTA"_s, idOrcamento);
+}
+
+void frmPropCmrcTL::MontaDeleteHomenageados(const QString& idOrcamento) {
+  contexto().sqlGravacao = doOrcamento(u"PROP_CMRC_HOMG"_s, idOrcamento);
+}
+
+void frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha) {
+  using namespace grids::item;
+  const auto celula = [this, linha](Column coluna) { return Flex->grid().text(linha, coluna); };
+  const auto numero = [&celula](Column coluna) { return VirgulaParaPonto(celula(coluna)); };
+
+  Insercao sql(u"prop_cmrc_deta"_s);
+  sql.campo(u"idprop_cmrc", idOrcamento)
+      .campo(u"idmoed", u"0"_s)
+      .campo(u"idprodprot", VirgulaParaPonto(values::toText(LeNumero(celula(Id)))))
+      .campo(u"PROD_PROT", celula(Tipo))
+      .campo(u"qtde", numero(Quantidade))
+      .campo(u"valo_unit", numero(VrBruto))
+      .campo(u"valo_dect", numero(Desconto))
+      .campo(u"valo_liqu", numero(VrUnit))
+      .campo(u"valo_tota", numero(Total))
+      .campoSe(values::isDate(celula(DtAprov)), u"data_aprov",
+               values::formatDate(celula(DtAprov), u"yyyymmdd hh:mm"))
+      .campo(u"OBSE_PROP_CMRC_DETA", Apara(celula(Observacao)));
+  auditoria(sql);
+  contexto().sqlGravacao = sql.texto();
+}
+
+void frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe, int linha) {
+  using namespace grids::material;
+  const auto celula = [this, linha](Column coluna) { return FlexMonta.text(linha, coluna); };
+  const auto numero = [&celula](Column coluna) { return VirgulaParaPonto(celula(coluna)); };
+
+  Insercao sql(u"PROP_CMRC_DETA_MONTA"_s);
+  sql.campo(u"idPROP_CMRC", idOrcamento)
+      .campo(u"idPROP_CMRC_DETA", idDetalhe)
+      .campo(u"idPROD", celula(Id))
+      .campo(u"QTDE", numero(Quantidade))
+      .campo(u"UNID_MEDI", celula(Unidade))
+      .campo(u"QTDE_UNID_MEDI", numero(QtUnidade))
+      .campo(u"VALO_UNIT", numero(ValorUnitario))
+      .campo(u"VALO_TOTA", numero(Total))
+      .campo(u"TIPO_MATE_PRIMA", celula(Tipo))
+      .campo(u"OBSE_PROP_CMRC_DETA_MONTA", celula(Observacao))
+      .campo(u"ORDEM_MATE_PRIMA", OrdemDoTipo(celula(Tipo)));
+  auditoria(sql);
+  contexto().sqlGravacao = sql.texto();
+}
+
+void frmPropCmrcTL::MontaInsertHomenageado(const QString& idOrcamento, int linha) {
+  Insercao sql(u"PROP_CMRC_HOMG"_s);
+  sql.campo(u"idprop_cmrc", idOrcamento)
+      .campo(u"nome_homg", FlexHomg->grid().text(linha, grids::honoree::Nome));
+  auditoria(sql);
+  contexto().sqlGravacao = sql.texto();
+}

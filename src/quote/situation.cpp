@@ -1,0 +1,39 @@
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "shared/screen_kit.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Situacao {
+  const char16_t* texto;
+  forms::ColorNumber fundo;
+};
+// Dark enough for white letters on any theme.
+constexpr Situacao kNovo{u"Novo orçamento", 0x2F6B1E};
+constexpr Situacao kAlterando{u"Em alteração", 0x0050B4};
+constexpr Situacao kDesativado{u"Desativado", 0x2020B0};
+constexpr Situacao kFechado{u"Fechado", 0x8C4A1B};
+constexpr Situacao kAberto{u"Aberto", 0x606060};
+constexpr forms::ColorNumber kBranco = 0xFFFFFF;
+
+}  // namespace
+
+void frmPropCmrcTL::MostraSituacao() {
+  const Situacao* situacao = nullptr;
+  if (cmdSALVAR->isEnabled())
+    situacao = contexto().ModoOrcamento == u"I" ? &kNovo : &kAlterando;
+  else if (!lblDTDesativa->text().isEmpty())
+    situacao = &kDesativado;
+  else if (!lblDataFechamento->text().isEmpty())
+    situacao = &kFechado;
+  else if (!txtRowId->text().isEmpty())
+    situacao = &kAberto;
+
+  lblSituacao->setVisible(situacao != nullptr);
+  if (situacao == nullptr) return;
+  lblSituacao->setText(QString::fromUtf16(situacao->texto));
+  forms::setBackColor(lblSituacao, situacao->fundo);
+  forms::setForeColor(lblSituacao, kBranco);
+}

@@ -1,0 +1,59 @@
+#include "platform/forms/process.h"
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/configuration.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Who the user is and which environment is meant, from the command line.
+void lerLinhaComando() {
+  RunContext& c = contexto();
+  // On the makers' own machines the program is started without the menu.
+  if (TipoInstalacao() == u"TREVANO") c.LinhaComando = u"1^0^PRD^"_s;
+  if (c.LinhaComando.isEmpty()) {
+    // The window has no title yet, so neither has the box.
+    Aviso(u"Chamada Ilegal para esta rotina!"_s, QString(u""_s));
+    forms::end(0);
+  }
+  c.IdUsuarioAtual = values::toInt16(values::leadingNumber(PegaCampo(c.LinhaComando, 1)));
+  c.Ambiente = PegaCampo(c.LinhaComando, 3);
+}
+
+QString tituloJanela() {
+  const RunContext& c = contexto();
+  return u"Zarim 1.2 ("_s + c.Ambiente + u") - Orçamento de Vendas ("_s + c.ambienteVazio + u"/"_s +
+         c.NomeUsuarioAtual + u")"_s;
+}
+
+}  // namespace
+
+void frmPropCmrcTL::Form_Load() {
+  RunContext& c = contexto();
+  lerLinhaComando();
+  ConectaServidor();
+  AplicaTemaPadrao(*this);
+  c.NomeUsuarioAtual = NomeUsuario(QString::number(c.IdUsuarioAtual), c.NomeUsuarioAtual);
+  CentralizaForm(*this);
+  setWindowTitle(tituloJanela());
+  if (c.Ambiente != u"PRD") forms::setForeColor(lblTituloJanela, kVermelho);
+  move(x(), 0);
+  c.TelaChamadora = u"frmPropCmrcTL"_s;
+
+  LimitaCampos();
+  BotoesNeutros();
+  TravaCampos();
+  LimpaTela();
+  CarregaVendedores(*this, {});
+  CarregaTiposMarketing(*this);
+  CarregaLocaisVenda(*this);
+  for (QWidget* opcao : {opPROD, opPROT}) opcao->hide();
+  lblNrPessoas->setText(u"Qtde Solicitada:"_s);
+  MontaGridItens();
+  MontaGridMontagem();
+  opPV->setChecked(true);
+}
