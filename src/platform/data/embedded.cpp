@@ -1,10 +1,8 @@
-#include <sqlite3.h>
-
 #include <QFileInfo>
 #include <unordered_map>
 
 #include "platform/data/embedded_dialect.h"
-#include "platform/data/embedded_file.h"
+#include "platform/data/embedded_library.h"
 #include "platform/data/embedded_template.h"
 #include "platform/data/embedded_text.h"
 #include "platform/data/engine.h"
@@ -16,15 +14,9 @@ namespace data {
 
 namespace {
 
-constexpr int kBusyTimeout = 30'000;  // milliseconds that a statement waits for another program's
-
-struct CloseDatabase {
-  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
-};
 struct FinalizeStatement {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
-using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 /// Frees the locks of a statement when its rows have been read, or an error ended it.
@@ -38,24 +30,6 @@ class Reset {
  private:
   sqlite3_stmt* statement_;
 };
-
-/// The library's own words, but for what a user can do something about.
-QString words(sqlite3* database, const QString& path) {
-  switch (sqlite3_errcode(database)) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-      return u"O arquivo de dados está em uso por outro programa: %1"_s.arg(path);
-    case SQLITE_READONLY:
-      return u"O arquivo de dados só permite leitura: %1"_s.arg(path);
-    case SQLITE_FULL:
-      return u"O disco do arquivo de dados está cheio: %1"_s.arg(path);
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-      return u"O arquivo de dados está danificado: %1\nRestaure uma cópia de segurança."_s.arg(path);
-    default:
-      return QString::fromUtf8(sqlite3_errmsg(database));
-  }
-}
 
 /// How the values of a column come out.
 enum class Reading { Plain, Date };
@@ -127,24 +101,10 @@ class EmbeddedEngine final : public Engine {
   std::unordered_map<QByteArray, Compiled> kept_;  // behind the database: they end first
 };
 
-EmbeddedEngine::EmbeddedEngine(QString path) : path_(std::move(path)) {
-  checkEmbeddedFile(path_);
-  sqlite3* opened = nullptr;
-  const int outcome = sqlite3_open_v2(path_.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
-  database_.reset(opened);
-  if (outcome != SQLITE_OK) throw values::RuntimeError(values::kConnectionFailed, words(opened, path_));
-  sqlite3_busy_timeout(opened, kBusyTimeout);
-  registerTextRules(opened);
-  try {
-    if (sqlite3_db_readonly(opened, "main") == 0) execute(u"PRAGMA journal_mode=WAL"_s);
-    execute(u"PRAGMA synchronous=FULL; PRAGMA temp_store=MEMORY; SELECT count(*) FROM sqlite_master"_s);
-  } catch (const values::RuntimeError& error) {
-    throw values::RuntimeError(values::kConnectionFailed, error.text());
-  }
-}
+EmbeddedEngine::EmbeddedEngine(QString path) : path_(std::move(path)), database_(openLibrary(path_)) {}
 
 void EmbeddedEngine::fail() const {
-  throw values::RuntimeError(values::kStatementFailed, words(database_.get(), path_));
+  throw values::RuntimeError(values::kStatementFailed, libraryWords(database_.get(), path_));
 }
 
 Compiled EmbeddedEngine::compile(QByteArrayView& text) {

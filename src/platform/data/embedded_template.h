@@ -15,8 +15,8 @@ struct Template {
   std::vector<std::variant<QByteArray, qint64>> values;
 };
 
-/// The template of a single SELECT, INSERT, UPDATE or DELETE in UTF-8. Nothing for any other text, and for one
-/// with comments or several statements. A quoted text counts as a value behind = < > ( , LIKE and AND, a
+/// The template of a single SELECT, INSERT, UPDATE or DELETE in UTF-8. Nothing for any other text, and for
+/// one with comments or several statements. A quoted text counts as a value behind = < > ( , LIKE and AND, a
 /// number behind = < >: elsewhere it is a name or a place.
 [[nodiscard]] std::optional<Template> templateOf(const QByteArray& sql);
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <QString>
+#include <memory>
+
+// The embedded file as the SQLite library opens it.
+namespace data {
+
+struct CloseDatabase {
+  void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+};
+using Database = std::unique_ptr<sqlite3, CloseDatabase>;
+
+/// Opens the file with the rules for texts, the write-ahead log, full synchronisation and the busy time-out.
+/// Raises -2147467259 when it can't be opened.
+[[nodiscard]] Database openLibrary(const QString& path);
+
+/// What the last error of a database means to a user; the library's own words where nothing better is known.
+[[nodiscard]] QString libraryWords(sqlite3* database, const QString& path);
+
+}  // namespace data
