@@ -25,7 +25,9 @@ function(zarim_floor name)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   add_library(${name} STATIC ${sources} ${PROJECT_SOURCE_DIR}/cmake/empty.cpp)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE zarim_options)
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  # The headers made from .ui files, for those who use the screens.
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src
+                             ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
 endfunction()
 
 # zarim_test(NAME folder LINKS libraries...): one test program of all sources of the folder.
