@@ -10,6 +10,7 @@ It ends with the process that started it, or on SIGTERM or SIGINT.
 import argparse
 import asyncio
 import ctypes
+import logging
 import os
 import pathlib
 import re
@@ -81,6 +82,7 @@ def main():
     parser.add_argument("--user", help="the one login that is taken")
     parser.add_argument("--password", default="")
     arguments = parser.parse_args()
+    logging.getLogger("mail").setLevel(logging.ERROR)
     end_with_parent()
     try:
         asyncio.run(serve(arguments))

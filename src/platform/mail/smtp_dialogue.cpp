@@ -57,13 +57,17 @@ void Dialogue::listenTo(CURL* handle) {
 
 int Dialogue::listen(CURL* /*handle*/, curl_infotype type, char* data, size_t size, void* self) {
   auto* dialogue = static_cast<Dialogue*>(self);
+  if (dialogue->leaving_) return 0;
   const QByteArray bytes(data, static_cast<qsizetype>(size));
   if (type == CURLINFO_HEADER_OUT) dialogue->said(bytes);
   if (type == CURLINFO_HEADER_IN) dialogue->answer_ += bytes;
+  if (type == CURLINFO_DATA_OUT) dialogue->answer_.clear();
   return 0;
 }
 
 void Dialogue::said(const QByteArray& command) {
+  leaving_ = command.startsWith("QUIT");
+  if (leaving_) return;
   answer_.clear();
   // A line that is no command goes on with the one before it: the parts of a login.
   for (const Step& step : kSteps) {
@@ -74,10 +78,13 @@ void Dialogue::said(const QByteArray& command) {
   }
 }
 
+bool Dialogue::refused() const { return answer_.startsWith('4') || answer_.startsWith('5'); }
+
 QString Dialogue::failure(CURLcode result) const {
+  if (refused() && !step_.isEmpty()) return step_;
   for (const Fault& fault : kFaults)
     if (fault.code == result) return QString::fromUtf16(fault.failure);
-  return step_.isEmpty() ? u"o servidor recusou a conexão"_s : step_;
+  return u"o servidor recusou a conexão"_s;
 }
 
 QStringList Dialogue::details(const QString& server) const {

@@ -23,8 +23,11 @@ class Dialogue {
   static int listen(CURL* handle, curl_infotype type, char* data, size_t size, void* self);
   void said(const QByteArray& command);
 
-  QString step_;  ///< the command that waits for its answer; empty while connecting
+  [[nodiscard]] bool refused() const;
+
+  QString step_;  ///< what a refusal of the last command means; empty while connecting
   QByteArray answer_;
+  bool leaving_ = false;  ///< the client has said good-bye: what follows tells nothing
 };
 
 }  // namespace mail

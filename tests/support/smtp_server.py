@@ -1,0 +1,155 @@
+#!/usr/bin/python3
+"""An SMTP server for one test: real, on loopback, with the faults that the test asks for.
+
+Prints its port once it listens. Keeps each message as N.json: the envelope, how it came, and what Python's
+mail library reads in it. Ends with the process that started it.
+"""
+
+import argparse
+import asyncio
+import base64
+import ctypes
+import email
+import email.policy
+import json
+import logging
+import pathlib
+import signal
+import ssl
+
+from aiosmtpd.smtp import SMTP, AuthResult
+
+
+def read_part(part):
+    content = part.get_content()
+    return {
+        "type": part.get_content_type(),
+        "charset": part.get_content_charset(""),
+        "filename": part.get_filename(""),
+        "text": content if isinstance(content, str) else "",
+        "base64": base64.b64encode(part.get_payload(decode=True)).decode(),
+        "defects": [repr(defect) for defect in part.defects],
+    }
+
+
+def read_message(content):
+    message = email.message_from_bytes(content, policy=email.policy.default)
+    defects = list(message.defects)
+    for name in message.keys():
+        defects += message[name].defects
+    without_line_ends = content.replace(b"\r\n", b"")
+    return {
+        "headers": {name.lower(): str(value) for name, value in message.items()},
+        "to": [address.addr_spec for address in message["to"].addresses] if message["to"] else [],
+        "date": message["date"].datetime.isoformat(),
+        "parts": [read_part(part) for part in message.walk() if not part.is_multipart()],
+        "defects": [repr(defect) for defect in defects],
+        "longest_line": max(len(line) for line in content.split(b"\r\n")),
+        "ascii_head": content.split(b"\r\n\r\n")[0].isascii(),
+        "bare_line_ends": without_line_ends.count(b"\n") + without_line_ends.count(b"\r"),
+    }
+
+
+class Handler:
+    def __init__(self, arguments):
+        self.folder = pathlib.Path(arguments.folder)
+        self.refuse = arguments.refuse
+        self.count = 0
+
+    async def handle_MAIL(self, server, session, envelope, address, options):
+        if address == self.refuse:
+            return "550 5.1.0 sender unknown here"
+        envelope.mail_from = address
+        return "250 OK"
+
+    async def handle_RCPT(self, server, session, envelope, address, options):
+        if address == self.refuse:
+            return "550 5.1.1 no such mailbox"
+        envelope.rcpt_tos.append(address)
+        return "250 OK"
+
+    async def handle_DATA(self, server, session, envelope):
+        if self.refuse == "message":
+            return "554 5.7.1 looks like spam"
+        self.count += 1
+        kept = {
+            "from": envelope.mail_from,
+            "recipients": envelope.rcpt_tos,
+            "tls": session.ssl is not None,
+            "login": session.auth_data.decode() if session.auth_data else "",
+            **read_message(envelope.original_content),
+        }
+        (self.folder / f"{self.count}.json").write_text(json.dumps(kept))
+        return "250 OK"
+
+
+class Server(SMTP):
+    """gone: drops the line in the middle of the message; stall: takes the message and never answers."""
+
+    fault = ""
+
+    async def smtp_DATA(self, argument):
+        if not self.fault:
+            return await super().smtp_DATA(argument)
+        await self.push("354 go on")
+        if self.fault == "gone":
+            self.transport.abort()
+        await asyncio.sleep(3600)
+
+
+def check_login(expected):
+    def check(server, session, envelope, mechanism, data):
+        good = data.login + b":" + data.password == expected.encode()
+        return AuthResult(success=good, handled=False, auth_data=data.login if good else None)
+
+    return check
+
+
+def tls_context(arguments):
+    context = ssl.create_default_context(ssl.Purpose.CLIENT_AUTH)
+    context.load_cert_chain(arguments.certificate, arguments.key)
+    return context
+
+
+def server_options(arguments):
+    options = {"hostname": "localhost", "auth_require_tls": False}
+    if arguments.login:
+        options |= {"authenticator": check_login(arguments.login), "auth_required": True}
+    if arguments.starttls:
+        options |= {"tls_context": tls_context(arguments), "require_starttls": arguments.login is not None}
+    return options
+
+
+async def serve(arguments):
+    Server.fault = arguments.fault
+    handler = Handler(arguments)
+
+    def connection():
+        return asyncio.Protocol() if arguments.fault == "mute" else Server(handler, **server_options(arguments))
+
+    server = await asyncio.get_running_loop().create_server(
+        connection, host="127.0.0.1", port=arguments.port, ssl=tls_context(arguments) if arguments.tls else None
+    )
+    print(server.sockets[0].getsockname()[1], flush=True)
+    await asyncio.Event().wait()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("folder")
+    parser.add_argument("--port", type=int, default=0)
+    parser.add_argument("--login", help="user:password")
+    parser.add_argument("--refuse", default="", help="an address, or 'message'")
+    parser.add_argument("--fault", default="", choices=["", "gone", "stall", "mute"])
+    parser.add_argument("--starttls", action="store_true")
+    parser.add_argument("--tls", action="store_true", help="TLS from the start")
+    parser.add_argument("--certificate")
+    parser.add_argument("--key")
+    arguments = parser.parse_args()
+    ctypes.CDLL(None).prctl(1, signal.SIGTERM)  # PR_SET_PDEATHSIG
+    logging.getLogger("mail").setLevel(logging.ERROR)
+    asyncio.run(serve(arguments))
+
+
+if __name__ == "__main__":
+    main()
