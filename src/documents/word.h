@@ -2,9 +2,13 @@
 
 #include <QString>
 
-/// Writes a quote as a word-processor document at `documento` and prints it on the silent PDF printer to `pdf`. The
-/// first printer is the default again afterwards. Raises the runtime's error when the letterhead's picture is missing.
+/// Writes a quote as a word-processor document at `documento` and prints it on the silent PDF printer to
+/// `pdf`. The first printer is the default again afterwards. Raises the runtime's error when the letterhead's
+/// picture is missing.
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf);
+
+/// "Office 2007" for 12 and so on down to 8; empty for a version that is not known.
+[[nodiscard]] QString NomeVersaoWord(double versao);
 
 /// The layout trial behind cmdWord: company data and sample lines, saved at its fixed path.
 void DocumentoWordAmostra();

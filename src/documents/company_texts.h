@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+
+// Fixed texts of the house that HTML and word-processor documents share.
+namespace company {
+
+inline constexpr char16_t kNome[] = u"Marta L. Tavora Produtos Personalizados";
+inline constexpr char16_t kMarca[] = u"Marta Tavora Prestige";
+inline constexpr char16_t kEndereco[] = u"Rua das Acácias, 100 - Jardim Aurora";
+inline constexpr char16_t kCidade[] = u"São Paulo - CEP 01000-000";
+inline constexpr char16_t kFoneFax[] = u"Fone/Fax: (11) 3000-0000";
+/// Site and e-mail of the letterheads.
+inline constexpr char16_t kSite[] = u"www.martatavora.com.br";
+inline constexpr char16_t kEmail[] = u"contato@martatavora.com.br";
+inline constexpr char16_t kLogoFixo[] = u"logomartatavora283x127.jpg";
+
+/// The observations of a quote, as plain text.
+inline constexpr std::array<const char16_t*, 7> kClausulas{
+    u"1 - Todos os valores são expressos em moeda corrente nacional (Real);",
+    u"2 - Após a aprovação do pedido, quaisquer modificações solicitadas pelo contratante terão valores "
+    u"acrescidos de acordo com as alterações;",
+    u"3 - O transporte das mercadorias para fora dos limites da Grande São Paulo ocorrerá por conta do "
+    u"contratante, que assumirá todas e quaisquer responsabilidades decorrentes do mesmo. Neste caso, as "
+    u"eventuais avarias serão de inteira responsabilidade da transportadora contratada;",
+    u"4 - As reclamações referentes à entrega das mercadorias, respeitando-se as condições do item '3', poderão "
+    u"ser feitas até cinco dias após o seu recebimento;",
+    u"5 - Toda matéria-prima utilizada nos protótipos são apenas amostras, produtos armazenados em nosso estoque, "
+    u"e por isso não apresentam 100% de qualidade. Após a aprovação do pedido, as peças serão fabricadas com os "
+    u"critérios de qualidade da Marta Tavora Prestige. Os protótipos deverão retornar a Marta Tavora Prestige 24 "
+    u"horas após a sua apresentação, e os mesmos só permanecerão em poder do contratante após o fechamento do "
+    u"pedido para definição de detalhes;",
+    u"6 - Fica vedada a comercialização e reprodução total ou parcial dos protótipos, cabendo punições previstas "
+    u"por lei.",
+    u"7 - Todas as peças serão etiquetadas com logomarca Marta Tavora Prestige.",
+};
+
+}  // namespace company

@@ -1,0 +1,208 @@
+#include "documents/company_texts.h"
+#include "documents/word.h"
+#include "platform/office/printers.h"
+#include "platform/office/word_processor.h"
+#include "platform/values/numbers.h"
+#include "quote/default_terms.h"
+#include "quote/grids.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using office::WordProcessor;
+
+namespace {
+
+constexpr double kCellSize = 8, kClauseSize = 7;
+
+/// Releases before 2007 get their margins and table widths by number; from then on the defaults stand.
+bool setsMeasures(const WordProcessor& word) { return word.version() < 12; }
+
+/// Types cells one after the other, moving on between them.
+void typeCells(WordProcessor& word, const QStringList& texts, bool bold = false) {
+  for (qsizetype i = 0; i < texts.size(); ++i) {
+    if (i > 0) word.moveRight();
+    word.setFont(u"Arial"_s, kCellSize, bold);
+    word.setAlignment(Qt::AlignLeft);
+    word.typeText(texts[i]);
+  }
+}
+
+void letterhead(WordProcessor& word) {
+  word.addTable(1, 2, false);
+  if (setsMeasures(word)) {
+    word.setColumnWidth(0, 200);
+    word.setColumnWidth(1, 248.9);
+  }
+  word.setAlignment(Qt::AlignHCenter);
+  word.addPicture(contexto().PathImagens + QString::fromUtf16(company::kLogoFixo));
+  word.moveRight();
+  word.setAlignment(Qt::AlignHCenter);
+  word.setFont(u"Arial"_s, 11, true);
+  word.typeText(QString::fromUtf16(company::kNome));
+  word.setFont(u"Arial"_s, 9);
+  for (const QString& line :
+       {QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
+        u"Site: "_s + QString::fromUtf16(company::kSite), QString::fromUtf16(company::kFoneFax)}) {
+    word.typeParagraph();
+    word.typeText(line);
+  }
+  word.setAlignment(Qt::AlignLeft);
+  word.moveAfterTable();
+}
+
+void customerTable(WordProcessor& word, const data::Recordset& quote) {
+  const QString attendant = quote.text(u"IDRESV_PROP_CMRC");
+  const QString customer = EnderecoCliente(quote.text(u"idClie"));
+  word.addTable(1, 3, true);
+  typeCells(word, {u"Cliente: "_s + customer.section(u'^', 0, 0),
+                   u"Orçamento: "_s + quote.format(u"idprop_cmrc", u"000000"),
+                   u"Data: "_s + quote.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
+                   u"Fone: "_s + quote.text(u"fone_CLIE"), u"E-mail: "_s + quote.text(u"emai_CLIE").toLower(),
+                   u"Atendimento: "_s + UsuarioAtual(attendant), u"E-mail: "_s + EmailUsuario(attendant),
+                   u"Evento: "_s + DescricaoTipoEvento(quote.text(u"idtipo_even")),
+                   u"Data Evento: "_s + quote.formatDate(u"DATA_even", u"dd/mm/yyyy"),
+                   u"Entrega: "_s + quote.formatDate(u"DATA_ENTG", u"dd/mm/yyyy")});
+  word.moveAfterTable();
+}
+
+struct ItemFields {
+  QString code, description, unit;
+};
+
+ItemFields itemFields(const data::Recordset& item) {
+  const QString id = item.text(u"idprodprot");
+  if (Maiusculas(item.text(u"prod_prot")) == grids::kProduto)
+    return {CodigoProduto(id), DescricaoProduto(id), UnidadeProduto(id)};
+  return {ValidaPrototipo(id), DescricaoPrototipo(id), UnidadePrototipo(id)};
+}
+
+/// The items without their prices, and a last row with the sum, which is returned.
+double itemsTable(WordProcessor& word, const QString& id) {
+  word.addTable(1, 4, true);
+  typeCells(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true);
+  double total = 0;
+  for (auto items = AbreConsulta(u"SELECT * FROM prop_cmrc_deta where idprop_cmrc="_s + id); !items.eof();
+       items.moveNext()) {
+    const ItemFields fields = itemFields(items);
+    word.moveRight();
+    typeCells(word, {fields.code, fields.description, items.text(u"OBSE_PROP_CMRC_DETA"),
+                     items.format(u"QTDE", MascaraUnidade(fields.unit))});
+    if (!items.isNull(u"VALO_TOTA")) total += items.number(u"VALO_TOTA");
+  }
+  word.moveRight();
+  typeCells(word, {QString(), QString(), u"Total Unitário"_s, Moeda(total)}, true);
+  word.moveAfterTable();
+  return total;
+}
+
+void requestedTable(WordProcessor& word, int persons, double total) {
+  word.addTable(1, 2, true);
+  typeCells(word, {u"Quantidade Solicitada: "_s + QString::number(persons),
+                   u"Total Geral - R$ "_s + Moeda(persons * total)});
+  word.moveAfterTable();
+}
+
+void clauses(WordProcessor& word) {
+  word.setFont(u"Arial"_s, kCellSize, true);
+  word.setAlignment(Qt::AlignHCenter);
+  word.typeText(u"Observações"_s);
+  word.setAlignment(Qt::AlignLeft);
+  for (const char16_t* clause : company::kClausulas) {
+    word.setFont(u"Arial"_s, kClauseSize);
+    word.typeParagraph();
+    word.setAlignment(Qt::AlignLeft);
+    word.typeText(QString::fromUtf16(clause));
+  }
+  word.typeParagraph();
+}
+
+void labelled(WordProcessor& word, const QString& label, const QString& text) {
+  word.setFont(u"Arial"_s, kCellSize, true);
+  word.typeText(label);
+  word.setBold(false);
+  word.typeText(text);
+  word.typeParagraph();
+}
+
+void approvalTable(WordProcessor& word, const QString& payment) {
+  word.addTable(1, 2, true);
+  word.setAlignment(Qt::AlignLeft);
+  labelled(word, u"Forma de Pagamento"_s, {});
+  word.typeText(payment);
+  word.typeParagraph();
+  labelled(word, u"Validade da proposta: "_s, u"10 dias"_s);
+  labelled(word, u"Dados bancários: "_s, u"Banco Alfa - Ag 0001 - C/C 00000-00"_s);
+  labelled(word, u"Razão Social: "_s, QString::fromUtf16(company::kNome));
+  word.typeText(u"Departamento Comercial"_s);
+  word.moveRight();
+  word.setAlignment(Qt::AlignHCenter);
+  word.setFont(u"Arial"_s, kCellSize);
+  word.typeText(
+      u"Aprovação\nData ____ /____ /________\n\n___________________________\n"
+      u"Assinatura do responsável e\ncarimbo da empresa"_s);
+  word.moveAfterTable();
+}
+
+/// Prints on the silent PDF printer, which is the default while it does so.
+void printToPdf(WordProcessor& word, const QString& pdf, const QString& firstPrinter) {
+  const std::pair<const char16_t*, QString> settings[] = {{u"output", pdf},
+                                                          {u"showsettings", u"never"_s},
+                                                          {u"ShowPDF", u"no"_s},
+                                                          {u"ShowSaveAS", u"never"_s},
+                                                          {u"ShowProgress", u"no"_s},
+                                                          {u"ShowProgressFinished", u"no"_s},
+                                                          {u"ConfirmOverwrite", u"no"_s}};
+  office::PdfPrinterSettings printer;
+  for (const auto& [name, value] : settings) printer.setValue(QString::fromUtf16(name), value);
+  printer.writeSettings();
+  const QStringList devices = office::printers();
+  const QString pdfPrinter = QString::fromUtf16(office::kPdfPrinter);
+  if (devices.contains(pdfPrinter)) office::setDefaultPrinter(pdfPrinter);
+  word.setActivePrinter(pdfPrinter);
+  word.printOut();
+  word.closeDocument();
+  if (devices.contains(firstPrinter)) office::setDefaultPrinter(firstPrinter);
+  word.setActivePrinter(firstPrinter);
+  word.quit();
+}
+
+}  // namespace
+
+QString NomeVersaoWord(double versao) {
+  static constexpr std::pair<double, const char16_t*> kReleases[] = {{8, u"Office 97"},
+                                                                     {9, u"Office 2000"},
+                                                                     {10, u"Office XP (2002)"},
+                                                                     {11, u"Office 2003"},
+                                                                     {12, u"Office 2007"}};
+  for (const auto& [number, name] : kReleases)
+    if (number == versao) return QString::fromUtf16(name);
+  return {};
+}
+
+void DocumentoWord(const QString& id, const QString& documento, const QString& pdf) {
+  [[maybe_unused]] const QString model =
+      ParametroEmpresa(u"MODELO_PROP_CMRC"_s);  // all models share this layout
+  const QString firstPrinter = office::defaultPrinter();
+  WordProcessor word;
+  word.addDocument(u"Orçamento de Venda - "_s + values::format(values::leadingNumber(id), u"000000"));
+  if (setsMeasures(word)) {
+    word.setTopMargin(2);
+    word.setBottomMargin(1.5);
+  }
+  letterhead(word);
+  const data::Recordset quote = AbreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc="_s + id);
+  QString payment = kCondPagtoPadrao.toString();
+  if (!quote.eof()) {
+    customerTable(word, quote);
+    if (!quote.isNull(u"txt_cond_pgto")) payment = quote.text(u"txt_cond_pgto");
+  }
+  const double total = itemsTable(word, id);
+  if (const int persons = PessoasOrcamento(id); persons > 0) requestedTable(word, persons, total);
+  clauses(word);
+  approvalTable(word, payment);
+  word.setVisible(true);
+  word.saveAs(documento);
+  printToPdf(word, pdf, firstPrinter);
+}
