@@ -43,6 +43,8 @@ frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
   ligaFerramentas();
   on(cmdImprimir, Event::Click, &frmPedHTML::cmdImprimir_Click);
   on(cmdEnviarEmail, Event::Click, &frmPedHTML::cmdEnviarEmail_Click);
+  on(cmdPDF, Event::Click, &frmPedHTML::cmdPDF_Click);
+  on(cmdWord, Event::Click, &frmPedHTML::cmdWord_Click);
 }
 
 void frmPedHTML::Form_Load() {

@@ -38,6 +38,10 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
   void cmdEnviarEmail_Click();
   [[nodiscard]] bool escolheCorpo();
 
+  // viewer_word.cpp
+  void cmdPDF_Click();
+  void cmdWord_Click();
+
   double escala_ = 1.0;
   int topoFrame2_ = 0;  // twips
 };

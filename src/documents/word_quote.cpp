@@ -48,8 +48,8 @@ void letterhead(WordProcessor& word) {
     word.typeParagraph();
     word.typeText(line);
   }
-  word.setAlignment(Qt::AlignLeft);
   word.moveAfterTable();
+  word.setFont(u"Arial"_s, kCellSize);
 }
 
 void customerTable(WordProcessor& word, const data::Recordset& quote) {
@@ -116,6 +116,7 @@ void clauses(WordProcessor& word) {
     word.typeText(QString::fromUtf16(clause));
   }
   word.typeParagraph();
+  word.typeParagraph();
 }
 
 void labelled(WordProcessor& word, const QString& label, const QString& text) {
@@ -157,13 +158,12 @@ void printToPdf(WordProcessor& word, const QString& pdf, const QString& firstPri
   office::PdfPrinterSettings printer;
   for (const auto& [name, value] : settings) printer.setValue(QString::fromUtf16(name), value);
   printer.writeSettings();
-  const QStringList devices = office::printers();
   const QString pdfPrinter = QString::fromUtf16(office::kPdfPrinter);
-  if (devices.contains(pdfPrinter)) office::setDefaultPrinter(pdfPrinter);
+  if (office::printers().contains(pdfPrinter)) office::setDefaultPrinter(pdfPrinter);
   word.setActivePrinter(pdfPrinter);
   word.printOut();
   word.closeDocument();
-  if (devices.contains(firstPrinter)) office::setDefaultPrinter(firstPrinter);
+  office::setDefaultPrinter(firstPrinter);
   word.setActivePrinter(firstPrinter);
   word.quit();
 }

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace office {
 namespace {
 
-constexpr double kSidePadding = 5.4, kLinePadding = 1.5, kLineWidth = 0.5;  // points
+constexpr double kSidePadding = 5.4, kLinePadding = 1.5, kLineWidth = 0.75;  // points; thinner ones vanish
 
 /// A place before which a page can begin: a block, or a row of a table.
 using Place = std::pair<std::size_t, std::size_t>;
@@ -143,6 +143,8 @@ class Layout {
   void addParagraph(std::size_t index, const Paragraph& paragraph) {
     if (!blockIsFree_) cursor_.insertBlock();
     type(paragraph, pageStarts_.contains({index, 0}));
+    // The text layout hides an empty block before a table.
+    if (paragraph.content.empty()) cursor_.insertText(QString(QChar::Nbsp), charFormat(paragraph.font));
     paragraphs_.push_back({{index, 0}, cursor_.position()});
     blockIsFree_ = false;
   }
@@ -181,13 +183,13 @@ class Layout {
     for (std::size_t row = from; row < to; ++row) {
       for (std::size_t column = 0; column < table.widths.size(); ++column) {
         QTextTableCell cell = made->cellAt(static_cast<int>(row - from), static_cast<int>(column));
-        cell.setFormat(padding);
         cursor_.setPosition(cell.firstPosition());
         const auto& paragraphs = table.rows[row][column].paragraphs;
         for (std::size_t i = 0; i < paragraphs.size(); ++i) {
           if (i > 0) cursor_.insertBlock();
           type(paragraphs[i], false);
         }
+        cell.setFormat(padding);  // last: the first block of a cell carries the format of both
       }
     }
     tables_.push_back({index, made});

@@ -130,7 +130,8 @@ void WordProcessor::addTable(int rows, int columns, bool grid) {
   Table made;
   made.grid = grid;
   made.widths.assign(columnCount, document.textWidth() / columns);
-  made.rows.assign(static_cast<std::size_t>(rows), std::vector<Cell>(columnCount));
+  made.rows.assign(static_cast<std::size_t>(rows),
+                   std::vector<Cell>(columnCount, Cell{{Paragraph{{}, alignment_, font_}}}));
   // The empty paragraph that the selection stands on gives way to the table.
   if (!inTable_ && paragraph().content.empty()) document.blocks.pop_back();
   document.blocks.emplace_back(std::move(made));
@@ -146,13 +147,15 @@ void WordProcessor::moveRight() {
   Table& here = table();
   if (++column_ < here.widths.size()) return;
   column_ = 0;
-  if (++row_ == here.rows.size()) here.rows.emplace_back(here.widths.size());
+  if (++row_ == here.rows.size())
+    here.rows.emplace_back(here.widths.size(), Cell{{Paragraph{{}, alignment_, font_}}});
 }
 
 void WordProcessor::moveAfterTable() {
   (void)table();
   inTable_ = false;
   open().blocks.emplace_back(Paragraph{{}, alignment_, font_});
+  typeParagraph();
 }
 
 void WordProcessor::saveAs(const QString& path) { files::write(path, toRtf(open())); }

@@ -37,7 +37,7 @@ class WordProcessor {
   void setColumnWidth(int column, double points);
   /// To the next cell; from the last one a row is added.
   void moveRight();
-  /// Behind the last table, on a new paragraph.
+  /// Behind the last table and an empty paragraph, on a new one.
   void moveAfterTable();
 
   void setVisible(bool visible) { visible_ = visible; }

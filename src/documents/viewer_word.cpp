@@ -1,0 +1,29 @@
+// The Word and PDF files of the quote on view.
+#include "documents/document_values.h"
+#include "documents/documents.h"
+#include "documents/frmPedHTML.h"
+#include "documents/word.h"
+#include "platform/files/paths.h"
+#include "platform/forms/controls.h"
+
+using namespace Qt::StringLiterals;
+
+void frmPedHTML::cmdPDF_Click() {
+  const qint32 id = documento().IdDocumento;
+  // The stem is the customer's copy whatever is on view.
+  const QString doc = ArquivoDocumento(u"orca_cliente"_s, id, u".doc"_s);
+  const QString pdf = ArquivoDocumento(u"orca_cliente"_s, id, u".pdf"_s);
+  files::removeIfThere(doc);
+  files::removeIfThere(pdf);
+  {
+    const forms::WaitPointer espera;
+    DocumentoWord(QString::number(id), doc, pdf);
+  }
+  WebBrowser1->navigate(pdf);
+  mostraArquivo();
+}
+
+void frmPedHTML::cmdWord_Click() {
+  const forms::WaitPointer espera;
+  DocumentoWordAmostra();
+}
