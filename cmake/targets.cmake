@@ -25,6 +25,12 @@ function(zarim_floor name)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   add_library(${name} STATIC ${sources} ${PROJECT_SOURCE_DIR}/cmake/empty.cpp)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE zarim_options)
+  # The generators of a folder that has been built before don't look at new headers by themselves.
+  list(FILTER sources INCLUDE REGEX "\\.(h|ui)$")
+  if(NOT "${sources}" STREQUAL "${${name}_headers}")
+    file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
+    set(${name}_headers "${sources}" CACHE INTERNAL "")
+  endif()
   # The headers made from .ui files, for those who use the screens.
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src
                              ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
