@@ -49,10 +49,10 @@ pictures=$state/pictures
 rm -rf "$pictures" "$state/road"
 mkdir -p "$pictures" "$state/road"
 export ZARIM_DRIVE_C=$state/road/drive_c
-build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --fresh >"$state/log/install.log"
+build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --fresh >"$state/log/install.log"
 if [ -n "$server" ]; then
   cp "$ZARIM_SERVER_INI" "$ZARIM_DRIVE_C/zarim/config/server.ini"
-  build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --server >>"$state/log/install.log"
+  build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --server --fresh >>"$state/log/install.log"
 fi
 start_catcher "$state/road"
 status=0

@@ -59,13 +59,18 @@ QString databaseFile(const QString& company, const Environment& environment) {
   return company + u"/dados/"_s + path.sliced(path.lastIndexOf(u'\\') + 1);
 }
 
+void setMailServer(data::Connection& connection, const QString& server) {
+  if (!server.isEmpty()) connection.execute(u"update empr set emai_serv = '%1'"_s.arg(server));
+}
+
 /// The three environments start with the same rows.
-void writeDatabases(const QString& company, QDate day) {
+void writeDatabases(const QString& company, const Wishes& wishes) {
   const QString first = databaseFile(company, kEnvironments[0]);
   data::createEmbedded(first);
   data::Connection connection;
   connection.open(u"server=(embutido);database="_s + first, 30);
-  fill(connection, schema::Dialect::Embedded, day);
+  fill(connection, schema::Dialect::Embedded, wishes.day);
+  setMailServer(connection, wishes.mailServer);
   connection.close();
   for (const Environment& one : std::span(kEnvironments).subspan(1))
     if (!QFile::copy(first, databaseFile(company, one))) values::raise(values::kPathFileAccess);
@@ -77,25 +82,26 @@ bool isInstalled(const QString& folder) {
   return QFile::exists(folder + u"/zarim/config/server_aplic.ini"_s);
 }
 
-void install(const QString& folder, QDate day) {
+void install(const QString& folder, const Wishes& wishes) {
   const QString company = folder + u"/zarim"_s;
   if (!QDir(company).removeRecursively()) values::raise(values::kPathFileAccess, company);
   for (const char16_t* part : kFolders)
     if (!QDir().mkpath(company + u'/' + QString::fromUtf16(part)))
       values::raise(values::kPathFileAccess, company);
-  writeDatabases(company, day);
+  writeDatabases(company, wishes);
   drawPictures(company);
   writeConfiguration(company);  // last, for it marks the installation as done
 }
 
-void fillServer(const QString& folder, QDate day, bool fresh) {
+void fillServer(const QString& folder, const Wishes& wishes, bool fresh) {
   qputenv("ZARIM_DRIVE_C", folder.toUtf8());
   contexto().Ambiente = u"PRD"_s;
   ConectaServidor();
   data::Connection& connection = contexto().Conexao;
   if (fresh)
     for (const QString& statement : schema::dropStatements()) connection.execute(statement);
-  fill(connection, schema::Dialect::SqlServer, day);
+  fill(connection, schema::Dialect::SqlServer, wishes.day);
+  setMailServer(connection, wishes.mailServer);
   connection.close();
 }
 

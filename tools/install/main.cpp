@@ -18,7 +18,7 @@ void say(FILE* where, const QString& text) { std::fprintf(where, "%s\n", text.to
 
 struct Wish {
   QString folder;
-  QDate day;
+  sample::Wishes company;
   bool fresh = false;
   bool server = false;
 };
@@ -29,29 +29,33 @@ Wish wishOf(const QCoreApplication& application) {
   parser.addHelpOption();
   parser.addOptions({{u"to"_s, u"The folder."_s, u"folder"_s},
                      {u"day"_s, u"The day that all dates count from; today unless given."_s, u"dd/mm/yyyy"_s},
+                     {u"mail-server"_s, u"The server that mail goes to."_s, u"host:port"_s},
                      {u"fresh"_s, u"Starts afresh where there is an installation."_s},
                      {u"server"_s, u"Puts schema and rows on the server that its server.ini names."_s}});
   parser.process(application);
-  Wish wish{parser.value(u"to"_s), QDate::currentDate(), parser.isSet(u"fresh"_s), parser.isSet(u"server"_s)};
+  Wish wish{parser.value(u"to"_s),
+            {QDate::currentDate(), parser.value(u"mail-server"_s)},
+            parser.isSet(u"fresh"_s),
+            parser.isSet(u"server"_s)};
   if (wish.folder.isEmpty()) parser.showHelp(2);
   if (parser.isSet(u"day"_s)) {
     if (!values::isDate(parser.value(u"day"_s))) {
       say(stderr, u"--day wants dd/mm/yyyy."_s);
       std::exit(2);
     }
-    wish.day = values::toDate(parser.value(u"day"_s)).date();
+    wish.company.day = values::toDate(parser.value(u"day"_s)).date();
   }
   return wish;
 }
 
 void work(const Wish& wish) {
   if (wish.server) {
-    sample::fillServer(wish.folder, wish.day, wish.fresh);
+    sample::fillServer(wish.folder, wish.company, wish.fresh);
     say(stdout, u"Schema and sample rows are on the server."_s);
   } else if (sample::isInstalled(wish.folder) && !wish.fresh) {
     say(stdout, u"The sample company in %1 stays as it is (--fresh starts it afresh)."_s.arg(wish.folder));
   } else {
-    sample::install(wish.folder, wish.day);
+    sample::install(wish.folder, wish.company);
     say(stdout, u"The sample company is in %1."_s.arg(wish.folder));
   }
 }
