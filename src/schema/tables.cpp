@@ -116,7 +116,8 @@ QStringList createStatements(Dialect dialect) {
 
 QStringList dropStatements() {
   QStringList statements;
-  for (const Table& table : tables()) statements += "DROP TABLE "_L1 + QLatin1StringView(table.name);
+  for (const Table& table : tables())
+    statements += "DROP TABLE IF EXISTS "_L1 + QLatin1StringView(table.name);
   return statements;
 }
 

@@ -43,7 +43,7 @@ enum class Dialect { Embedded, SqlServer };
 /// Statements that create all tables and indexes, in order.
 [[nodiscard]] QStringList createStatements(Dialect dialect);
 
-/// Statements that drop all tables, in order; for a test schema on a server.
+/// Statements that drop all tables that are there, in order; for a test schema on a server.
 [[nodiscard]] QStringList dropStatements();
 
 }  // namespace schema
