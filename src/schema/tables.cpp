@@ -104,13 +104,16 @@ const Table* find(QStringView name) {
   return nullptr;
 }
 
+QStringList createStatements(const Table& table, Dialect dialect) {
+  QStringList statements{createTable(table, dialect)};
+  statements += createIndexes(table);
+  if (dialect == Dialect::Embedded) statements += createTriggers(table);
+  return statements;
+}
+
 QStringList createStatements(Dialect dialect) {
   QStringList statements;
-  for (const Table& table : tables()) {
-    statements += createTable(table, dialect);
-    statements += createIndexes(table);
-    if (dialect == Dialect::Embedded) statements += createTriggers(table);
-  }
+  for (const Table& table : tables()) statements += createStatements(table, dialect);
   return statements;
 }
 

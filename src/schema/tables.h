@@ -43,6 +43,9 @@ enum class Dialect { Embedded, SqlServer };
 /// Statements that create all tables and indexes, in order.
 [[nodiscard]] QStringList createStatements(Dialect dialect);
 
+/// The same for one table.
+[[nodiscard]] QStringList createStatements(const Table& table, Dialect dialect);
+
 /// Statements that drop all tables that are there, in order; for a test schema on a server.
 [[nodiscard]] QStringList dropStatements();
 

@@ -37,11 +37,6 @@ bool isConnectionLost(const QSqlError& error) {
   return false;
 }
 
-[[noreturn]] void fail(const QSqlError& error) {
-  throw values::RuntimeError(isConnectionLost(error) ? values::kConnectionFailed : values::kStatementFailed,
-                             words(error));
-}
-
 /// A value as a Recordset takes it. Decimals come as text with all their digits.
 QVariant plainValue(const QVariant& value, QMetaType declared) {
   if (!value.isValid() || value.isNull()) return {};
@@ -74,7 +69,9 @@ class OdbcEngine final : public Engine {
 
  private:
   QSqlQuery run(const QString& sql);
+  [[noreturn]] void fail(const QSqlError& error);
 
+  bool inTransaction_ = false;
   QString name_;
   QSqlDatabase database_;
 };
@@ -95,9 +92,16 @@ OdbcEngine::OdbcEngine(const QString& connectionString, int timeout) {
 }
 
 OdbcEngine::~OdbcEngine() {
+  if (inTransaction_) database_.rollback();  // some drivers keep the connection and its locks otherwise
   database_.close();
   database_ = {};
   QSqlDatabase::removeDatabase(name_);
+}
+
+void OdbcEngine::fail(const QSqlError& error) {
+  const bool lost = isConnectionLost(error);
+  if (lost) inTransaction_ = false;
+  throw values::RuntimeError(lost ? values::kConnectionFailed : values::kStatementFailed, words(error));
 }
 
 QSqlQuery OdbcEngine::run(const QString& sql) {
@@ -131,10 +135,12 @@ Recordset OdbcEngine::query(const QString& sql) {
 
 void OdbcEngine::begin() {
   if (!database_.transaction()) fail(database_.lastError());
+  inTransaction_ = true;
 }
 
 void OdbcEngine::commit() {
   if (!database_.commit()) fail(database_.lastError());
+  inTransaction_ = false;
 }
 
 }  // namespace
