@@ -28,7 +28,7 @@ void setForeColor(QWidget* control, ColorNumber number);
 [[nodiscard]] ColorNumber foreColor(const QWidget* control);
 
 /// 15 twips to a pixel.
-[[nodiscard]] constexpr int pixels(double twips) { return static_cast<int>(twips / 15.0 + 0.5); }
+[[nodiscard]] constexpr int pixels(double twips) { return qRound(twips / 15.0); }
 
 /// Primary screen in pixels.
 [[nodiscard]] QSize screenSize();

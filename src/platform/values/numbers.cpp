@@ -25,7 +25,7 @@ QStringView withoutBlanks(QStringView text) {
 }
 
 /// The value of digits with a point at most, a sign and an exponent; they are known to be well formed.
-double parse(QByteArray digits) {
+double parse(const QByteArray& digits) {
   double value = 0;
   const char* first = digits.constData();
   if (*first == '+') ++first;
