@@ -1,0 +1,55 @@
+#pragma once
+
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
+#include "quote/grids.h"
+#include "run/context.h"
+#include "support/company.h"
+#include "support/script.h"
+
+/// The quote screen with an approved total, and the confirmation screen on top of it.
+class Closing : public support::Company {
+ protected:
+  Closing() {
+    support::fillBasics(databasePath());
+    clock(QStringLiteral("05/03/2024 10:30"));
+    contexto().LinhaComando = QStringLiteral("7^0^PRD^");
+  }
+
+  frmPropCmrcTL& quote() { return forms::form<frmPropCmrcTL>(); }
+  frmConfirmaPropCmrcTL& screen() { return forms::form<frmConfirmaPropCmrcTL>(); }
+
+  /// Shows the screen for a quote with this approved total, lets a user act on it, and leaves it.
+  void closingOf(const QString& approved, const std::function<void(frmConfirmaPropCmrcTL&)>& act) {
+    quote().lblTotaAprov->setText(approved);
+    screen().RecalculaLiquido();
+    script_.modal([&](forms::Form& form) {
+      act(screen());
+      form.hideForm();
+    });
+    screen().showModal();
+  }
+
+  /// Data rows of the instalments, "1 30 33,33 04/04/2024" each.
+  QStringList instalments() {
+    using namespace grids::instalment;
+    QStringList rows;
+    const forms::GridModel& grid = screen().Flex2->grid();
+    for (int row = 1; row < grid.rows(); ++row)
+      rows << QStringList{grid.text(row, Parcela), grid.text(row, Dias), grid.text(row, Valor),
+                          grid.text(row, Vencimento)}
+                  .join(QChar(u' '));
+    return rows;
+  }
+
+  /// Chooses a condition by its id as a user does.
+  void choose(const QString& condition) {
+    support::type(screen().txtIdCondPg, condition);
+    support::click(screen().cmdPesquisa_CondPg);
+  }
+
+  void forgetStatements() { static_cast<void>(statements()); }
+
+  support::Script script_;
+};

@@ -1,0 +1,154 @@
+#include "closing_case.h"
+
+using namespace Qt::StringLiterals;
+using support::click;
+using support::type;
+
+namespace {
+
+/// A stored quote on the screen, its confirmation screen open on 200,00 with 10% off in three instalments.
+class Confirming : public Closing {
+ protected:
+  Confirming() {
+    sql(u"insert into prop_cmrc (idprop_cmrc, idclie) values (123, 5)"_s);
+    sql(u"insert into prop_cmrc_parc values (123, 9, 9, '9', '20200101')"_s);
+    sql(u"insert into prop_cmrc_parc values (124, 1, 0, '9', '20200101')"_s);
+    quote().txtRowId->setText(u"123"_s);
+  }
+
+  void terms(frmConfirmaPropCmrcTL& form) {
+    type(form.txtPercDesc, u"10"_s);
+    choose(u"41"_s);
+    click(form.cmdConfirmaCondPg);
+    forms::setControlText(form.cboTransportadora, u" Rápido Sul "_s);
+  }
+
+  QString left() { return ask(u"select count(*) from prop_cmrc_parc where idprop_cmrc = 123"_s); }
+};
+
+}  // namespace
+
+TEST_F(Confirming, WritesTermsAndInstalmentsInThreeTransactions) {
+  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
+    terms(form);
+    type(form.txtObservacaoPedido, u" Entregar à tarde\nno portão "_s);
+    support::settle();
+    forgetStatements();
+    click(form.cmdConfirmar);
+    EXPECT_FALSE(form.isVisible());
+    const QString insert =
+        u"INSERT INTO PROP_CMRC_PARC (IDPROP_CMRC, NUME_PARC, QTDE_DIAS, VALO_PARC, DATA_VENC) VALUES "_s;
+    const QStringList expected{
+        u"BEGIN"_s,
+        u"SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RÁPIDO SUL'"_s,
+        u"UPDATE PROP_CMRC SET idTRPT='5', IDCOND_PGTO = '41' , DATA_BASE='20240305' , VALO_DECT='20.00' , "
+        "PERC_DECT='10.0000' , OBSE_PEDI_VEDS='Entregar à tarde\r\nno portão' WHERE (idPROP_CMRC=123)"_s,
+        u"COMMIT"_s,
+        u"BEGIN"_s,
+        u"DELETE PROP_CMRC_PARC WHERE idPROP_CMRC = '123'"_s,
+        u"COMMIT"_s,
+        u"BEGIN"_s,
+        insert + u"('123', '1', '30', '60.00', '20240404')"_s,
+        insert + u"('123', '2', '60', '60.00', '20240504')"_s,
+        insert + u"('123', '3', '90', '60.00', '20240603')"_s,
+        u"COMMIT"_s};
+    EXPECT_EQ(statements(), expected);
+  });
+  EXPECT_EQ(left(), u"3"_s);
+  EXPECT_EQ(ask(u"select count(*) from prop_cmrc_parc where idprop_cmrc = 124"_s), u"1"_s);
+  EXPECT_EQ(ask(u"select valo_parc from prop_cmrc_parc where idprop_cmrc = 123 and nume_parc = 3"_s),
+            u"60"_s);
+  EXPECT_EQ(quote().lblDesconto->text(), u"20,00"_s);
+  EXPECT_EQ(quote().lblPercDesconto->text(), u"10,0000"_s);
+  // Hidden, not unloaded: the next closing finds it as it was left.
+  EXPECT_EQ(instalments().size(), 3);
+  EXPECT_TRUE(screen().cmdDesfazer->isEnabled());
+}
+
+TEST_F(Confirming, EmptyChoicesAreWrittenAsSuch) {
+  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
+    terms(form);
+    forms::setControlText(form.cboTransportadora, {});
+    form.txtPercDesc->clear();
+    form.txtDescontoGeral->clear();
+    forgetStatements();
+    click(form.cmdConfirmar);
+    EXPECT_EQ(statements().filter(u"UPDATE"_s),
+              QStringList{u"UPDATE PROP_CMRC SET idTRPT='', IDCOND_PGTO = '41' , DATA_BASE='20240305' , "
+                          "VALO_DECT='0' , PERC_DECT='0' , OBSE_PEDI_VEDS=null WHERE (idPROP_CMRC=123)"_s});
+  });
+  EXPECT_EQ(quote().lblDesconto->text(), QString());
+}
+
+TEST_F(Confirming, RefusesWhatIsMissingInItsOrder) {
+  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
+    form.txtIdCondPg->setText(u"  "_s);
+    form.mskDataBase->setBoxText(QString());
+    forgetStatements();
+    script_.box(u"Campo Obrigatório [Condição de Pagamento]"_s);
+    click(form.cmdConfirmar);
+    EXPECT_EQ(script_.lastBox().title, form.windowTitle());
+    EXPECT_EQ(form.focusWidget(), form.txtIdCondPg);
+
+    form.txtIdCondPg->setText(u"41"_s);
+    script_.box(u"Falta processar a condição de pagamento."_s);
+    click(form.cmdConfirmar);
+    EXPECT_EQ(script_.lastBox().title, u"Zarim 1.2"_s);
+
+    form.Flex2->grid().addItem(u"\t1\t0\t200,00\t05/03/2024"_s);
+    script_.box(u"Informar data base."_s);
+    click(form.cmdConfirmar);
+    EXPECT_EQ(form.focusWidget(), form.mskDataBase);
+
+    // Neither the window's X nor Esc leaves the screen.
+    support::key(form.txtIdCondPg, Qt::Key_Escape);
+    form.close();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(statements().isEmpty());
+  });
+}
+
+TEST_F(Confirming, LookingChecksAndWritesNothing) {
+  screen().FlagCondPgto = u"S"_s;
+  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
+    forgetStatements();
+    click(form.cmdConfirmar);
+    EXPECT_FALSE(form.isVisible());
+    EXPECT_TRUE(statements().isEmpty());
+    EXPECT_EQ(form.FlagCondPgto, QString());
+  });
+}
+
+TEST_F(Confirming, ApostropheInTheObservationBreaksTheStatement) {
+  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
+    terms(form);
+    forms::setControlText(form.txtObservacaoPedido, u"Caixa d'água"_s);
+    forms::setBoxAnswerer([](const forms::Box& box) {
+      EXPECT_TRUE(box.text.startsWith(u"Erro em tempo de execução '-2147217900'"_s));
+      return forms::Answer::Ok;
+    });
+    script_.expectEnd(1);
+    click(form.cmdConfirmar);
+  });
+  EXPECT_EQ(left(), u"1"_s);
+  EXPECT_EQ(ask(u"select idcond_pgto from prop_cmrc where idprop_cmrc = 123"_s), QString());
+}
+
+TEST_F(Confirming, EnterWalksThroughTheScreen) {
+  closingOf(u"200"_s, [](frmConfirmaPropCmrcTL& form) {
+    const QList<QWidget*> order{form.txtDescontoGeral,  form.txtPercDesc,
+                                form.cboTransportadora, form.txtObservacaoPedido,
+                                form.txtIdCondPg,       form.cmdPesquisa_CondPg,
+                                form.mskDataBase,       form.txtValorSinal,
+                                form.cmdConfirmaCondPg, form.Flex2,
+                                form.cmdConfirmar};
+    support::focus(order.first());
+    for (QWidget* stop : order) {
+      EXPECT_EQ(form.focusWidget(), stop) << stop->objectName().toStdString();
+      if (stop == form.Flex2)
+        support::key(stop, Qt::Key_Tab);
+      else
+        support::key(stop, Qt::Key_Return);
+    }
+  });
+}

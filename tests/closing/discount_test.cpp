@@ -1,0 +1,87 @@
+#include "closing_case.h"
+
+using namespace Qt::StringLiterals;
+using support::type;
+
+namespace {
+
+enum class Box { Money, Percent };
+
+struct Step {
+  Box box;
+  QString typed;
+};
+
+struct Case {
+  QString gross;
+  QList<Step> steps;
+  QString money, percent, net;
+};
+
+constexpr const char16_t* kTooMuch = u"O desconto nao pode ser maior que o valor bruto!";
+
+}  // namespace
+
+TEST_F(Closing, DiscountBothWays) {
+  const Case cases[] = {
+      {u"100"_s, {}, u"0,00"_s, u"0,0000"_s, u"100,00"_s},
+      {u"100"_s, {{Box::Money, u"10"_s}}, u"10,00"_s, u"10,0000"_s, u"90,00"_s},
+      {u"100"_s, {{Box::Percent, u"12.5"_s}}, u"12,50"_s, u"12,5000"_s, u"87,50"_s},
+      {u"1234,56"_s, {{Box::Percent, u"7,77777"_s}}, u"96,02"_s, u"7,7778"_s, u"1138,54"_s},
+      // The percent has four decimals only: the money typed gives way to what it makes.
+      {u"30000"_s, {{Box::Money, u"100"_s}}, u"99,99"_s, u"0,3333"_s, u"29900,01"_s},
+      {u"100"_s, {{Box::Money, u"100"_s}}, u"100,00"_s, u"100,0000"_s, u"0,00"_s},
+      // Money put to nothing comes back from the percent; only a percent of nothing ends a discount.
+      {u"100"_s, {{Box::Money, u"10"_s}, {Box::Money, u"0"_s}}, u"10,00"_s, u"10,0000"_s, u"90,00"_s},
+      {u"100"_s, {{Box::Money, u"10"_s}, {Box::Percent, u"0"_s}}, u"0,00"_s, u"0,0000"_s, u"100,00"_s},
+      // Nothing at all in the percent leaves the money alone.
+      {u"100"_s, {{Box::Money, u"10"_s}, {Box::Percent, u""_s}}, u"0,00"_s, u""_s, u"100,00"_s},
+      {u"100"_s, {{Box::Percent, u"150"_s}}, u"150,00"_s, u"150,0000"_s, u"-50,00"_s},
+      {u"0"_s, {{Box::Percent, u"10"_s}}, u"0,00"_s, u"10,0000"_s, u"0,00"_s},
+  };
+  for (const Case& item : cases) {
+    screen().LimpaFechamento();
+    closingOf(item.gross, [&](frmConfirmaPropCmrcTL& form) {
+      for (const auto& [box, typed] : item.steps) {
+        type(box == Box::Money ? form.txtDescontoGeral : form.txtPercDesc, typed);
+        support::focus(form.txtValorSinal);
+      }
+      EXPECT_EQ(form.lblVrBrutoTOT->text(), values::format(item.gross, u"###0.00"));
+      EXPECT_EQ(form.txtDescontoGeral->text(), item.money);
+      EXPECT_EQ(form.txtPercDesc->text(), item.percent);
+      EXPECT_EQ(form.lblVrLiqTOT->text(), item.net);
+    });
+  }
+}
+
+TEST_F(Closing, DiscountAboveTheGrossSendsTheUserToTheMoneyBox) {
+  closingOf(u"100"_s, [this](frmConfirmaPropCmrcTL& form) {
+    for (QLineEdit* left : {form.txtDescontoGeral, form.txtPercDesc}) {
+      form.txtDescontoGeral->setText(u"100,01"_s);
+      form.txtPercDesc->setText(u"1"_s);
+      support::focus(left);
+      script_.box(QString::fromUtf16(kTooMuch));
+      support::focus(form.txtValorSinal);
+      EXPECT_EQ(form.focusWidget(), form.txtDescontoGeral);
+      EXPECT_EQ(form.txtPercDesc->text(), u"1"_s);
+      form.txtDescontoGeral->setText(u"0"_s);
+    }
+  });
+}
+
+TEST_F(Closing, StartsFromTheApprovedTotalAndTheTheme) {
+  sql(u"insert into empr_cnfg (nome_para, valo_para) values ('COR_PADRAO', 'MAR')"_s);
+  sql(u"insert into cor_sist (desc_cor_sist, codi_back_0001, codi_fore_0001, codi_back_0002, codi_fore_0002) "
+      "values ('MAR', '15790320', '0', '15790320', '0')"_s);
+  quote().lblTotaAprov->setText(u"250"_s);
+  contexto().TelaChamadora = u"frmMontarProduto"_s;
+  forms::registry::find(u"frmConfirmaPropCmrcTL"_s)->unload();
+  EXPECT_EQ(screen().lblVrBrutoTOT->text(), u"250,00"_s);
+  EXPECT_EQ(screen().lblVrLiqTOT->text(), u"250,00"_s);
+  EXPECT_EQ(contexto().TelaChamadora, u"frmPropCmrcTL"_s);
+  EXPECT_EQ(forms::backColor(&screen()), 15790320);
+  EXPECT_EQ(forms::backColor(screen().txtPercDesc), 0x80000005);
+
+  forms::setControlText(screen().txtObservacaoPedido, u"á"_s.repeated(300));
+  EXPECT_EQ(forms::controlText(screen().txtObservacaoPedido), u"á"_s.repeated(250));
+}
