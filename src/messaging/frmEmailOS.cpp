@@ -105,7 +105,7 @@ void frmEmailOS::envia() {
   email.Username = txtUsername->text();
   email.Password = txtPassword->text();
   email.AuthenticationType = mail::kLogin;
-  if (!vazio(txtAnexo)) email.Attachments.Add(txtAnexo->text());
+  if (!vazio(txtAnexo)) email.Attachments.Add(Apara(txtAnexo->text()));
   anexaLista(email.Attachments, documento().AnexosEmail);
   email.Server = txtServer->text();
   email.MailFrom = txtMailFrom->text();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "closing/frmConfirmaPropCmrcTL.h"
+#include "platform/forms/process.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "quote/grids.h"
@@ -22,13 +23,14 @@ class Closing : public support::Company {
 
   /// Shows the screen for a quote with this approved total, lets a user act on it, and leaves it.
   void closingOf(const QString& approved, const std::function<void(frmConfirmaPropCmrcTL&)>& act) {
+    quote().showForm();
     quote().lblTotaAprov->setText(approved);
     screen().RecalculaLiquido();
     script_.modal([&](forms::Form& form) {
       act(screen());
       form.hideForm();
     });
-    screen().showModal();
+    forms::guarded([this] { screen().showModal(); });
   }
 
   /// Data rows of the instalments, "1 30 33,33 04/04/2024" each.

@@ -125,6 +125,6 @@ TEST_F(ConditionSearch, TextSearchesOnMissingColumnsFail) {
       click(search().cmdPesquisa);
       EXPECT_EQ(contexto().sqlFuncoes, statement);
     });
-    search().showModal();
+    forms::guarded([this] { search().showModal(); });
   }
 }

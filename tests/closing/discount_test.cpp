@@ -57,9 +57,9 @@ TEST_F(Closing, DiscountBothWays) {
 TEST_F(Closing, DiscountAboveTheGrossSendsTheUserToTheMoneyBox) {
   closingOf(u"100"_s, [this](frmConfirmaPropCmrcTL& form) {
     for (QLineEdit* left : {form.txtDescontoGeral, form.txtPercDesc}) {
+      support::focus(left);
       form.txtDescontoGeral->setText(u"100,01"_s);
       form.txtPercDesc->setText(u"1"_s);
-      support::focus(left);
       script_.box(QString::fromUtf16(kTooMuch));
       support::focus(form.txtValorSinal);
       EXPECT_EQ(form.focusWidget(), form.txtDescontoGeral);

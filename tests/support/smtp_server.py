@@ -26,7 +26,7 @@ def read_part(part):
         "type": part.get_content_type(),
         "charset": part.get_content_charset(""),
         "filename": part.get_filename(""),
-        "text": content if isinstance(content, str) else "",
+        "text": content.replace("\r\n", "\n") if isinstance(content, str) else "",
         "base64": base64.b64encode(part.get_payload(decode=True)).decode(),
         "defects": [repr(defect) for defect in part.defects],
     }
@@ -99,7 +99,7 @@ class Server(SMTP):
 
 def check_login(expected):
     def check(server, session, envelope, mechanism, data):
-        good = data.login + b":" + data.password == expected.encode()
+        good = expected is None or data.login + b":" + data.password == expected.encode()
         return AuthResult(success=good, handled=False, auth_data=data.login if good else None)
 
     return check
@@ -112,9 +112,12 @@ def tls_context(arguments):
 
 
 def server_options(arguments):
-    options = {"hostname": "localhost", "auth_require_tls": False}
-    if arguments.login:
-        options |= {"authenticator": check_login(arguments.login), "auth_required": True}
+    options = {
+        "hostname": "localhost",
+        "auth_require_tls": False,
+        "authenticator": check_login(arguments.login),
+        "auth_required": arguments.login is not None,
+    }
     if arguments.starttls:
         options |= {"tls_context": tls_context(arguments), "require_starttls": arguments.login is not None}
     return options
@@ -138,7 +141,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("folder")
     parser.add_argument("--port", type=int, default=0)
-    parser.add_argument("--login", help="user:password")
+    parser.add_argument("--login", help="user:password, which is then the only one and must be given")
     parser.add_argument("--refuse", default="", help="an address, or 'message'")
     parser.add_argument("--fault", default="", choices=["", "gone", "stall", "mute"])
     parser.add_argument("--starttls", action="store_true")

@@ -1,0 +1,97 @@
+#include "messaging/WorkFlow.h"
+
+#include <QFile>
+#include <QJsonArray>
+
+#include "mailing_case.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+using support::SmtpServer;
+
+namespace {
+
+class Notices : public Mailing {
+ protected:
+  Notices() {
+    sql(u"insert into usen (idusen, usen, emai_user) values (9, 'ANA', null)"_s);
+    sql(u"insert into work_even values (51, 'AVISOORCAFECHADO', 'Orçamento fechado', 'Produção: iniciar.')"_s);
+    sql(u"insert into work_even values (52, 'PROJETACOMPRA', 'Compras', null)"_s);
+    for (const auto& row : {u"51, 7, null"_s, u"51, 9, null"_s, u"51, 8, null"_s, u"52, 8, '20240101'"_s})
+      sql(u"insert into work_even_usen (idwork_even, idusen, data_desa) values (%1)"_s.arg(row));
+  }
+
+  void notice(const QString& event, const QString& kind = u"EMAIL"_s, bool inSubject = true,
+              const QString& attachment = {}) {
+    EnviaAvisoWorkFlow(caller_, event, kind, u"Orçamento Nr.:000123 Aprovado!"_s, inSubject, attachment);
+  }
+
+  forms::Form caller_{u"frmPropCmrcTL"_s};
+};
+
+}  // namespace
+
+TEST_F(Notices, LookupsOfAnEvent) {
+  EXPECT_EQ(UsuariosEventoWorkFlow(u"AVISOORCAFECHADO"_s), u"3^7^9^8^"_s);
+  EXPECT_EQ(UsuariosEventoWorkFlow(u"PROJETACOMPRA"_s), u"0^"_s);
+  EXPECT_EQ(UsuariosEventoWorkFlow(u"NADA"_s), u"0^"_s);
+  EXPECT_EQ(IdEventoWorkFlow(u"projetacompra"_s), u"52"_s);
+  EXPECT_EQ(DescricaoEventoWorkFlow(u"AVISOORCAFECHADO"_s), u"Orçamento fechado"_s);
+  EXPECT_EQ(TextoEventoWorkFlow(u"PROJETACOMPRA"_s), QString());
+  EXPECT_EQ(DescricaoEventoWorkFlow(u"NADA"_s), QString());
+  EXPECT_TRUE(statements().contains(
+      u"SELECT IDUSEN FROM WORK_EVEN_USEN WHERE IDWORK_EVEN = 51 AND DATA_DESA IS NULL"_s));
+}
+
+TEST_F(Notices, GoToTheSubscribersFromTheCompanysAddress) {
+  // The server takes the password in small letters only, as the program sends it.
+  const SmtpServer server({u"--login"_s, u"vendas@aurora.example:senha-empresa"_s});
+  mailTo(server);
+  sql(u"update empr set emai_empr = 'Vendas@Aurora.example', emai_empr_senh = 'Senha-EMPRESA'"_s);
+  QTemporaryDir folder;
+  QFile detail(folder.filePath(u"deta_orca_000123.html"_s));
+  ASSERT_TRUE(detail.open(QIODevice::WriteOnly));
+  detail.write("<html>detalhe</html>");
+  detail.close();
+
+  notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, detail.fileName());
+  notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, false);
+  ASSERT_EQ(server.messages().size(), 2);
+  const QJsonObject full = server.messages()[0];
+  EXPECT_EQ(full[u"from"_s].toString(), u"vendas@aurora.example"_s);
+  // A subscriber without an address has its place in the list, and gets nothing.
+  EXPECT_EQ(full[u"recipients"_s].toArray(),
+            (QJsonArray{u"maria@aurora.example"_s, u"joao@aurora.example"_s}));
+  EXPECT_EQ(full[u"headers"_s][u"subject"_s].toString(),
+            u"Orçamento fechado Orçamento Nr.:000123 Aprovado!"_s);
+  EXPECT_FALSE(full[u"headers"_s].toObject().contains(u"cc"_s));
+  const QJsonArray parts = full[u"parts"_s].toArray();
+  ASSERT_EQ(parts.size(), 2);
+  EXPECT_EQ(parts[0][u"type"_s].toString(), u"text/plain"_s);
+  EXPECT_EQ(parts[0][u"text"_s].toString(), u"Produção: iniciar.\n Orçamento Nr.:000123 Aprovado!"_s);
+  EXPECT_EQ(parts[1][u"filename"_s].toString(), u"deta_orca_000123.html"_s);
+  EXPECT_EQ(server.messages()[1][u"headers"_s][u"subject"_s].toString(), u"Orçamento fechado"_s);
+  EXPECT_EQ(server.messages()[1][u"parts"_s].toArray().size(), 1);
+}
+
+TEST_F(Notices, NothingGoesWithoutSubscribersKindOrSender) {
+  const SmtpServer server;
+  mailTo(server);
+  notice(u"PROJETACOMPRA"_s);
+  notice(u"NADA"_s);
+  notice(u"AVISOORCAFECHADO"_s, u"SMS"_s);
+  sql(u"update empr set emai_serv = '', emai_empr = null, emai_empr_senh = ''"_s);
+  notice(u"AVISOORCAFECHADO"_s);
+  EXPECT_TRUE(server.messages().isEmpty());
+  // With any of them the message is tried, and what is missing is said.
+  sql(u"update empr set emai_empr_senh = 'x'"_s);
+  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s), values::RuntimeError);
+}
+
+TEST_F(Notices, MissingDetailFileStopsTheNotice) {
+  const SmtpServer server;
+  mailTo(server);
+  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, u"/tmp/gone/deta_orca_000123.html"_s),
+               values::RuntimeError);
+  EXPECT_TRUE(server.messages().isEmpty());
+}
