@@ -11,9 +11,14 @@ inline constexpr char16_t kEndereco[] = u"Rua das Acácias, 100 - Jardim Aurora"
 inline constexpr char16_t kCidade[] = u"São Paulo - CEP 01000-000";
 inline constexpr char16_t kFoneFax[] = u"Fone/Fax: (11) 3000-0000";
 /// Site and e-mail of the letterheads.
-inline constexpr char16_t kSite[] = u"www.martatavora.com.br";
-inline constexpr char16_t kEmail[] = u"contato@martatavora.com.br";
+inline constexpr char16_t kSite[] = u"www.martatavora.example";
+inline constexpr char16_t kEmail[] = u"contato@martatavora.example";
 inline constexpr char16_t kLogoFixo[] = u"logomartatavora283x127.jpg";
+inline constexpr char16_t kLogoCliente[] = u"logo_cliente.jpg";
+
+inline constexpr char16_t kValidade[] = u"10 dias";
+inline constexpr char16_t kBanco[] = u"Banco Alfa - Ag 0001 - C/C 00000-00";
+inline constexpr char16_t kDepartamento[] = u"Departamento Comercial";
 
 /// The observations of a quote, as plain text.
 inline constexpr std::array<const char16_t*, 7> kClausulas{
@@ -23,14 +28,20 @@ inline constexpr std::array<const char16_t*, 7> kClausulas{
     u"3 - O transporte das mercadorias para fora dos limites da Grande São Paulo ocorrerá por conta do "
     u"contratante, que assumirá todas e quaisquer responsabilidades decorrentes do mesmo. Neste caso, as "
     u"eventuais avarias serão de inteira responsabilidade da transportadora contratada;",
-    u"4 - As reclamações referentes à entrega das mercadorias, respeitando-se as condições do item '3', poderão "
+    u"4 - As reclamações referentes à entrega das mercadorias, respeitando-se as condições do item '3', "
+    u"poderão "
     u"ser feitas até cinco dias após o seu recebimento;",
-    u"5 - Toda matéria-prima utilizada nos protótipos são apenas amostras, produtos armazenados em nosso estoque, "
-    u"e por isso não apresentam 100% de qualidade. Após a aprovação do pedido, as peças serão fabricadas com os "
-    u"critérios de qualidade da Marta Tavora Prestige. Os protótipos deverão retornar a Marta Tavora Prestige 24 "
-    u"horas após a sua apresentação, e os mesmos só permanecerão em poder do contratante após o fechamento do "
+    u"5 - Toda matéria-prima utilizada nos protótipos são apenas amostras, produtos armazenados em nosso "
+    u"estoque, "
+    u"e por isso não apresentam 100% de qualidade. Após a aprovação do pedido, as peças serão fabricadas com "
+    u"os "
+    u"critérios de qualidade da Marta Tavora Prestige. Os protótipos deverão retornar a Marta Tavora "
+    u"Prestige 24 "
+    u"horas após a sua apresentação, e os mesmos só permanecerão em poder do contratante após o fechamento "
+    u"do "
     u"pedido para definição de detalhes;",
-    u"6 - Fica vedada a comercialização e reprodução total ou parcial dos protótipos, cabendo punições previstas "
+    u"6 - Fica vedada a comercialização e reprodução total ou parcial dos protótipos, cabendo punições "
+    u"previstas "
     u"por lei.",
     u"7 - Todas as peças serão etiquetadas com logomarca Marta Tavora Prestige.",
 };

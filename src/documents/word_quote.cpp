@@ -133,10 +133,10 @@ void approvalTable(WordProcessor& word, const QString& payment) {
   labelled(word, u"Forma de Pagamento"_s, {});
   word.typeText(payment);
   word.typeParagraph();
-  labelled(word, u"Validade da proposta: "_s, u"10 dias"_s);
-  labelled(word, u"Dados bancários: "_s, u"Banco Alfa - Ag 0001 - C/C 00000-00"_s);
+  labelled(word, u"Validade da proposta: "_s, QString::fromUtf16(company::kValidade));
+  labelled(word, u"Dados bancários: "_s, QString::fromUtf16(company::kBanco));
   labelled(word, u"Razão Social: "_s, QString::fromUtf16(company::kNome));
-  word.typeText(u"Departamento Comercial"_s);
+  word.typeText(QString::fromUtf16(company::kDepartamento));
   word.moveRight();
   word.setAlignment(Qt::AlignHCenter);
   word.setFont(u"Arial"_s, kCellSize);

@@ -1,0 +1,65 @@
+// Under what conditions a quote stands, how it is paid, and where the customer signs.
+#include "documents/company_texts.h"
+#include "documents/document_values.h"
+#include "documents/grid_table.h"
+#include "documents/quote_blocks.h"
+#include "quote/default_terms.h"
+#include "shared/lookups.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Linha(const QString& texto, const char16_t* alinhamento) {
+  return u"    <tr><td width=100% align='"_s + QString::fromUtf16(alinhamento) +
+         u"' ><font face='Verdana' size='1'>"_s + texto + u"</font></td></tr>"_s;
+}
+
+QString Tabela(const QStringList& linhas, const char16_t* alinhamento) {
+  QString texto = u"<table border='0' width='400'>"_s;
+  for (const QString& linha : linhas) texto += Linha(linha, alinhamento);
+  return texto + u"</table>"_s;
+}
+
+QString Clausulas() {
+  QString texto;
+  for (const char16_t* clausula : company::kClausulas) texto += Linha(QString::fromUtf16(clausula), u"left");
+  return texto;
+}
+
+}  // namespace
+
+QString TextoPagamento(const data::Recordset& orcamento, const QString& id) {
+  QString texto =
+      orcamento.isNull(u"txt_cond_pgto") ? kCondPagtoPadrao.toString() : orcamento.text(u"txt_cond_pgto");
+  // A closed quote is paid by the condition agreed on.
+  if (!DataFechamentoOrcamento(id).isEmpty()) texto = CondPgtoOrcamento(id);
+  return texto;
+}
+
+// One line in the file, but for the line ends of the payment text.
+QString CondicoesOrcaHTML(const QString& id) {
+  if (OrcamentoDoDocumento(id).eof()) return {};
+  const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,
+                              TextoPagamento(documento().RsImpressao, id),
+                              u"&nbsp"_s,
+                              u"Validade da proposta:"_s + QString::fromUtf16(company::kValidade),
+                              u"Dados bancários:"_s + QString::fromUtf16(company::kBanco),
+                              u"Razão Social:"_s + QString::fromUtf16(company::kNome),
+                              QString::fromUtf16(company::kDepartamento)};
+  const QStringList aprovacao{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s,
+                              u"___________________________"_s, u"Assinatura do responsável e"_s,
+                              u"carimbo da empresa"_s};
+  return u"<BR><table border='0' width='800' align='center'>"_s + Linha(u"<b>Observações</b>"_s, u"center") +
+         Clausulas() + u"</table><BR><!-- CondiÃ§Ãµes de pagamento -->"_s +
+         u"<table border='0' width='800' align='center'><tr><td width=50% valign='top' >"_s +
+         Tabela(pagamento, u"left") + u"</td><td width=50% valign='top' >"_s + Tabela(aprovacao, u"center") +
+         u"</td></tr></table>"_s;
+}
+
+QString CondPgtoOrcaHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  return grade::abreDetalhes() + grade::linha({grade::dado(u"100%"_s, TextoPagamento(rs, id))}) +
+         grade::fecha();
+}

@@ -1,0 +1,77 @@
+// Who a quote is for.
+#include "documents/document_values.h"
+#include "documents/grid_table.h"
+#include "documents/html_text.h"
+#include "documents/party_lines.h"
+#include "documents/quote_blocks.h"
+#include "run/configuration.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using grade::rotulada;
+using html::kFim;
+
+data::Recordset OrcamentoDoDocumento(const QString& id) {
+  return AbreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc="_s + id);
+}
+
+namespace {
+
+QStringList LinhasComContato(const data::Recordset& rs, const Parte& parte) {
+  return {u"<b>Nome: "_s + parte.nome + u"</b>"_s,
+          u"Fone: "_s + rs.text(u"fone_CLIE"),
+          u"e-mail: "_s + rs.text(u"emai_CLIE"),
+          u"Contato: "_s + rs.text(u"NOME_CLIE_CONT") + u" - "_s + rs.text(u"fone_CLIE_CONT") + u" - "_s +
+              rs.text(u"emai_CLIE_CONT"),
+          u"Endereço: "_s + parte.endereco,
+          parte.bairro + u" - "_s + parte.Localidade(),
+          u"CNPJ/CPF: "_s + parte.documento};
+}
+
+}  // namespace
+
+QString DadosClienteOrcaHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  return QuadroCliente(LinhasComContato(rs, LeParte(rs.text(u"idClie"))));
+}
+
+QString DadosClienteOrcaEstilosHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  return QuadroClienteEstilos(LinhasComContato(rs, LeParte(rs.text(u"idClie"))));
+}
+
+QString DadosClienteOrcaResumoHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  return QuadroCliente(
+      LinhasDaParte(LeParte(rs.text(u"idClie")), rs.text(u"fone_CLIE"), rs.text(u"emai_CLIE")));
+}
+
+QString DadosClienteOrcaGradeHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  const QString cliente = PegaCampo(EnderecoCliente(rs.text(u"idClie")), 1);
+  // The number is an order's once the document being viewed is closed.
+  const bool aberto = DataFechamentoOrcamento(QString::number(documento().IdDocumento)).isEmpty();
+  const QString atendente = rs.text(u"IDRESV_PROP_CMRC");
+  const QString fone = rs.text(u"fone_CLIE");
+  grade::Celula nome = grade::rotulada(u"60%"_s, u"Cliente: "_s, cliente);
+  nome.atributos = u"colspan='2'"_s;
+  return u"<!--Dados do Cliente-->"_s + kFim + grade::abre() +
+         grade::linha(
+             {nome, rotulada(u"40%"_s, u"Data: "_s, rs.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"))}) +
+         // Quotes keep one phone of the customer; it stands in both places.
+         grade::linha({rotulada(u"30%"_s, u"Fone: "_s, fone), rotulada(u"30%"_s, u"Celular: "_s, fone),
+                       rotulada(u"40%"_s, u"E-mail: "_s, rs.text(u"emai_CLIE").toLower())}) +
+         grade::linha({rotulada(u"30%"_s, aberto ? u"Orçamento: "_s : u"Pedido: "_s,
+                                rs.format(u"idprop_cmrc", u"000000")),
+                       rotulada(u"30%"_s, u"Atendimento: "_s, UsuarioAtual(atendente)),
+                       rotulada(u"40%"_s, u"E-mail: "_s, EmailUsuario(atendente))}) +
+         grade::linha({rotulada(u"30%"_s, u"Evento: "_s, DescricaoTipoEvento(rs.text(u"idtipo_even"))),
+                       rotulada(u"30%"_s, u"Data Evento: "_s, rs.formatDate(u"DATA_even", u"dd/mm/yyyy")),
+                       rotulada(u"40%"_s, u"Entrega: "_s, rs.formatDate(u"DATA_ENTG", u"dd/mm/yyyy"))}) +
+         grade::fecha() + u"<br>"_s + kFim;
+}

@@ -1,0 +1,50 @@
+// What a quote is about: payment, event, service, remarks.
+#include "documents/html_text.h"
+#include "documents/quote_blocks.h"
+#include "shared/lookups.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char16_t* kComentario = u"Dados Gerais";
+
+html::Quadro Dados(const QStringList& linhas) {
+  return {kComentario, QString::fromUtf16(kComentario), linhas};
+}
+
+QStringList EventoEServico(const data::Recordset& rs) {
+  return {u"Tipo Evento: "_s + DescricaoTipoEvento(rs.text(u"idtipo_even")),
+          u"Tipo Serviço: "_s + DescricaoTipoServico(rs.text(u"idtipo_serv")),
+          u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")};
+}
+
+}  // namespace
+
+QString CondicaoPagamento(const data::Recordset& rs) {
+  if (rs.isNull(u"idcond_pgto")) return u"Condição de Pagamento: -"_s;
+  const QString id = rs.text(u"idcond_pgto");
+  return u"Condição de Pagamento: "_s + ParcelasCondPgto(id) + u" - "_s + DiasCondPgto(id);
+}
+
+QString DadosGeraisOrcaHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  return html::quadro(Dados({CondicaoPagamento(rs), u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")}));
+}
+
+QString DadosGeraisOrcaEstilosHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  QStringList linhas{u"Data/Hora do Evento: "_s + rs.formatDate(u"DATA_even", u"dd/mm/yyyy hh:mm") +
+                         u" - Número de Pessoas: "_s + rs.text(u"NUME_PESS") +
+                         u" - Validade do Orçamento: "_s + rs.formatDate(u"DATA_vali", u"dd/mm/yyyy"),
+                     u"Resp.Atendimento: "_s + UsuarioAtual(rs.text(u"IDRESV_PROP_CMRC"))};
+  return html::quadroEstilos(Dados(linhas + EventoEServico(rs)), u"titulo3"_s, u"dados1b"_s);
+}
+
+QString DadosGeraisOrcaResumoHTML(const QString& id) {
+  const data::Recordset rs = OrcamentoDoDocumento(id);
+  if (rs.eof()) return {};
+  return html::quadro(Dados(EventoEServico(rs)));
+}

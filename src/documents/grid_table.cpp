@@ -1,0 +1,46 @@
+#include "documents/grid_table.h"
+
+#include "documents/html_text.h"
+
+using namespace Qt::StringLiterals;
+using html::kFim;
+
+namespace grade {
+
+QString abre() {
+  return u"<table border='1' width='800' cellpadding='5' cellspacing='0' bgcolor='#FFFFFF' "
+         "bordercolor='#000000' summary='' align='center'>"_s +
+         kFim;
+}
+
+QString abreDetalhes() { return u"<!-- Detalhes -->"_s + kFim + abre(); }
+
+QString fecha() { return u"</table>"_s + kFim; }
+
+QString linha(const std::vector<Celula>& celulas) {
+  QString texto = u"<tr>"_s + kFim;
+  for (const Celula& celula : celulas) {
+    const QString atributos = celula.atributos.isEmpty() ? QString() : celula.atributos + u' ';
+    texto += u"    <td "_s + atributos + u"width="_s + celula.largura + u" align='"_s +
+             QString::fromUtf16(celula.alinhamento) + u"' >"_s + celula.texto + u"</td>"_s + kFim;
+  }
+  return texto + u"</tr>"_s + kFim;
+}
+
+Celula rotulada(const QString& largura, const QString& rotulo, const QString& valor,
+                const char16_t* alinhamento) {
+  return {largura, u"<b><font face='Verdana' size='1'>"_s + rotulo + u"</b>"_s + valor + u"</font>"_s,
+          alinhamento};
+}
+
+Celula dado(const QString& largura, const QString& texto, const char16_t* alinhamento) {
+  return {largura, u"<font face='Verdana' size='1'>"_s + texto + u"</font>"_s, alinhamento};
+}
+
+Celula titulo(const QString& largura, const QString& texto, const char16_t* alinhamento) {
+  Celula celula = rotulada(largura, texto, {}, alinhamento);
+  celula.atributos = u"bgcolor='#A8A8A8'"_s;
+  return celula;
+}
+
+}  // namespace grade

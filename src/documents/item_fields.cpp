@@ -1,0 +1,48 @@
+#include "documents/item_fields.h"
+
+#include "documents/document_values.h"
+#include "platform/values/numbers.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+
+ItemDoDocumento DoProduto(const QString& idprod) {
+  return {CodigoProduto(idprod), DescricaoProduto(idprod), MascaraUnidade(UnidadeProduto(idprod))};
+}
+
+bool EhProduto(const data::Recordset& rs) { return rs.text(u"prod_prot").toUpper() == u"PROD"; }
+
+ItemDoDocumento PorTipo(const data::Recordset& rs) {
+  const QString id = rs.text(u"idprodprot");
+  if (EhProduto(rs)) return DoProduto(id);
+  return {ValidaPrototipo(id), DescricaoPrototipo(id), MascaraUnidade(UnidadePrototipo(id))};
+}
+
+data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao) {
+  return AbreConsulta(u"SELECT * FROM prop_cmrc_deta where idprop_cmrc="_s + id + condicao);
+}
+
+double Valor(const data::Recordset& rs, QStringView campo) {
+  return rs.isNull(campo) ? 0.0 : rs.number(campo);
+}
+
+QString Dinheiro(const data::Recordset& rs, QStringView campo) { return rs.format(campo, kMascaraMoeda); }
+
+double SomaDescontoPedido(data::Recordset itens) {
+  double soma = 0;
+  for (; !itens.eof(); itens.moveNext()) soma += Valor(itens, u"valo_dect") * Valor(itens, u"qtde");
+  return soma;
+}
+
+QString NumeroDoItem(int item) { return values::format(item, u"000"); }
+
+QString CelulaFoto(const QString& codigo) {
+  if (!documento().PublicacaoExterna)
+    return u"            <td width='25%' align='center'><IMG SRC='"_s + LocalizaImagemProduto(codigo) +
+           u"'></td>"_s;
+  const RunContext& c = contexto();
+  return u"            <td width='25%' align='center'><a TARGET='_blank' href='"_s + c.PathLink + codigo +
+         c.ExtImagens2 + u"'><img border='0' src='"_s + c.PathWeb + codigo + c.ExtImagens + u"'></a></td>"_s;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+#include "platform/data/recordset.h"
+
+// What the item blocks of quotes and orders show of one row.
+
+/// Code, description and quantity mask of a product or a prototype.
+struct ItemDoDocumento {
+  QString codigo, descricao, mascara;
+};
+[[nodiscard]] ItemDoDocumento DoProduto(const QString& idprod);
+/// By prod_prot: "PROD" is a product, anything else a prototype.
+[[nodiscard]] ItemDoDocumento PorTipo(const data::Recordset& rs);
+[[nodiscard]] bool EhProduto(const data::Recordset& rs);
+
+/// Items of a quote, behind a further condition.
+[[nodiscard]] data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao = {});
+
+/// Number of a field, 0 where it is null.
+[[nodiscard]] double Valor(const data::Recordset& rs, QStringView campo);
+/// A money field, "###0.00".
+[[nodiscard]] QString Dinheiro(const data::Recordset& rs, QStringView campo);
+
+/// Sum of discount times quantity of all rows.
+[[nodiscard]] double SomaDescontoPedido(data::Recordset itens);
+
+/// "001"
+[[nodiscard]] QString NumeroDoItem(int item);
+
+/// Cell with the photo of a code: the local file, or a link from the small picture on the internet to the
+/// large one.
+[[nodiscard]] QString CelulaFoto(const QString& codigo);

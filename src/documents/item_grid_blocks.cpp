@@ -1,0 +1,99 @@
+// Items of a quote as a grid: one table for each item, its materials under it.
+#include "documents/grid_table.h"
+#include "documents/html_text.h"
+#include "documents/item_fields.h"
+#include "documents/quote_blocks.h"
+#include "platform/values/numbers.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using grade::Celula;
+using grade::dado;
+using grade::rotulada;
+using grade::titulo;
+using html::kFim;
+using html::ouBranco;
+
+namespace {
+
+constexpr const char16_t* kDireita = u"right";
+
+Celula DoItem(const QString& largura, const QString& texto, const char16_t* alinhamento = u"left") {
+  Celula celula = dado(largura, texto, alinhamento);
+  celula.atributos = u"bgcolor='#E0E0E0'"_s;
+  return celula;
+}
+
+// Code and description are the product's of that id, whatever kind the item is.
+QString TabelaDoItem(const data::Recordset& rs) {
+  const ItemDoDocumento item = DoProduto(rs.text(u"idprodprot"));
+  return grade::abreDetalhes() +
+         grade::linha({titulo(u"15%"_s, u"Código"_s), titulo(u"40%"_s, u"Descrição"_s),
+                       titulo(u"20%"_s, u"Observação"_s), titulo(u"5%"_s, u"Qtde"_s, kDireita),
+                       titulo(u"10%"_s, u"Valor Unit."_s, kDireita),
+                       titulo(u"10%"_s, u"Valor Total"_s, kDireita)}) +
+         grade::linha({DoItem(u"15%"_s, item.codigo), DoItem(u"40%"_s, item.descricao),
+                       DoItem(u"20%"_s, ouBranco(rs.text(u"OBSE_PROP_CMRC_DETA"))),
+                       DoItem(u"5%"_s, rs.format(u"QTDE", item.mascara), kDireita),
+                       DoItem(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita),
+                       DoItem(u"10%"_s, Dinheiro(rs, u"VALO_TOTA"), kDireita)}) +
+         grade::fecha();
+}
+
+QString LinhaMaterial(const QString& codigo, const QString& descricao, const QString& observacao,
+                      const QString& quantidade, const QString& unidade) {
+  return grade::linha({dado(u"15%"_s, codigo, kDireita), dado(u"40%"_s, descricao),
+                       dado(u"25%"_s, observacao), dado(u"10%"_s, quantidade, kDireita),
+                       dado(u"10%"_s, unidade)});
+}
+
+QString LinhaMaterial(const data::Recordset& rs) {
+  const QString idprod = rs.text(u"idprod");
+  const QString unidade = DescricaoUnidade(UnidadeProduto(idprod));
+  return LinhaMaterial(CodigoProduto(idprod), DescricaoProduto(idprod),
+                       ouBranco(rs.text(u"OBSE_PROP_CMRC_DETA_MONTA")),
+                       rs.format(u"QTDE", MascaraDecimais(CasasDecimaisUnidade(unidade))), ouBranco(unidade));
+}
+
+QString TotaisAberto(double total, double quantidade) {
+  return grade::linha({rotulada(u"50%"_s, u"Quantidade de produtos: "_s, values::toText(quantidade)),
+                       rotulada(u"50%"_s, u"Total Geral do Orçamento - R$ "_s, Moeda(total), kDireita)});
+}
+
+QString TotaisFechado(double total, double desconto) {
+  return grade::linha({rotulada(u"33%"_s, u"Total Bruto - R$ "_s, Moeda(total)),
+                       rotulada(u"33%"_s, u"Desconto - R$ "_s, Moeda(desconto), u"center"),
+                       rotulada(u"33%"_s, u"Total Liquido - R$ "_s, Moeda(total - desconto), kDireita)});
+}
+
+}  // namespace
+
+QString MontagemItemHTML(const QString& id, const QString& idDetalhe, const QString&, const QString&) {
+  data::Recordset rs =
+      AbreConsulta(u"select * from prop_cmrc_deta_monta where idprop_cmrc="_s + id +
+                   u" and idprop_cmrc_deta = "_s + idDetalhe + u" and tipo_mate_prima <> 'PRODUTO' "_s);
+  const QString branco = ouBranco({});
+  QString texto = grade::abreDetalhes();
+  if (rs.eof()) texto += LinhaMaterial(branco, branco, branco, branco, branco);
+  for (; !rs.eof(); rs.moveNext()) texto += LinhaMaterial(rs);
+  return texto + grade::fecha() + u"<BR>"_s + kFim;
+}
+
+QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QString& caminho) {
+  const bool aberto = DataFechamentoOrcamento(id).isEmpty();
+  // A closed quote shows what the customer approved.
+  data::Recordset rs = ItensDoOrcamento(id, aberto ? QString() : u" and (Not data_aprov Is Null) "_s);
+  if (rs.eof()) return {};
+  double total = 0;
+  double quantidade = 0;
+  for (; !rs.eof(); rs.moveNext()) {
+    total += Valor(rs, u"VALO_TOTA");
+    quantidade += Valor(rs, u"QTDE");
+    html::acrescenta(caminho, TabelaDoItem(rs) + MontagemItemHTML(id, rs.text(u"idPROP_CMRC_DETA"),
+                                                                  rs.text(u"idprodprot"), fotos));
+  }
+  return grade::abreDetalhes() +
+         (aberto ? TotaisAberto(total, quantidade) : TotaisFechado(total, LeNumero(DescontoOrcamento(id)))) +
+         grade::fecha() + u"<BR>"_s + kFim;
+}

@@ -1,0 +1,141 @@
+#include "documents/item_table.h"
+
+#include <array>
+
+#include "documents/document_values.h"
+#include "documents/html_text.h"
+#include "documents/quote_blocks.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using html::kFim;
+
+namespace {
+
+constexpr const char16_t* kDireita = u"right";
+
+struct Embarque {
+  const char16_t* data;
+  const char16_t* quantidade;
+};
+constexpr std::array<Embarque, 3> kEmbarques{{
+    {u"data_imed", u"qtde_imed"},
+    {u"data_emba", u"qtde_emba"},
+    {u"data_stby", u"qtde_stby"},
+}};
+
+QString Celula(const char16_t* largura, const QString& texto, const char16_t* alinhamento, bool negrito) {
+  return u"            <td width='"_s + QString::fromUtf16(largura) + u"' align='"_s +
+         QString::fromUtf16(alinhamento) + u"' style='"_s + html::estilo(8, negrito) + u"'>"_s + texto +
+         u"</td>"_s + kFim;
+}
+
+QString Linha(const QString& celulas) {
+  return u"        <tr>"_s + kFim + celulas + u"        </tr>"_s + kFim;
+}
+
+struct Coluna {
+  const char16_t* titulo;
+  const char16_t* largura;
+  const char16_t* alinhamento;
+};
+
+std::vector<Coluna> Colunas(const TabelaDeItens& tabela) {
+  std::vector<Coluna> colunas;
+  if (tabela.fotos) colunas.push_back({u"Foto", u"25%", u"center"});
+  colunas.push_back({u"Codigo", u"15%", u"left"});
+  colunas.push_back({u"Descrição", tabela.fotos ? u"20%" : u"45%", u"left"});
+  for (const Coluna& coluna :
+       {Coluna{u"NCM", u"10%", u"left"}, Coluna{u"Quant.", u"10%", kDireita},
+        Coluna{u"Vr.Unit.Prod.", u"10%", kDireita}, Coluna{u"Vr.Tot.Prod.", u"10%", kDireita}})
+    colunas.push_back(coluna);
+  if (tabela.embarques) colunas.push_back({u"Prev.Entrega", u"10%", u"center"});
+  return colunas;
+}
+
+QString Titulos(const std::vector<Coluna>& colunas) {
+  QString celulas;
+  for (const Coluna& coluna : colunas)
+    celulas += Celula(coluna.largura, QString::fromUtf16(coluna.titulo), coluna.alinhamento, true);
+  return Linha(celulas);
+}
+
+QString Embarques(const data::Recordset& rs, const QString& mascara) {
+  QString texto = u"<table border='0' width='100%'><tr><td>Data</td><td align='right'>Qtde</td></tr>"_s;
+  for (const Embarque& um : kEmbarques)
+    texto += u"<tr><td>"_s + (rs.isNull(um.data) ? u"-"_s : rs.formatDate(um.data, u"dd/mm")) +
+             u"</td><td align='right'>"_s + rs.format(um.quantidade, mascara) + u"</td></tr>"_s;
+  return texto + u"</table>"_s;
+}
+
+QString LinhaDoItem(const TabelaDeItens& tabela, const std::vector<Coluna>& colunas) {
+  const data::Recordset& rs = tabela.itens;
+  const ItemDoDocumento item = tabela.item(rs);
+  QStringList textos{item.codigo,
+                     item.descricao,
+                     CodigoComTributacao(ClassFiscalProduto(rs.text(tabela.campoProduto))),
+                     rs.format(u"QTDE", item.mascara),
+                     Dinheiro(rs, u"VALO_LIQU"),
+                     Dinheiro(rs, u"VALO_TOTA")};
+  if (tabela.embarques) textos << Embarques(rs, item.mascara);
+  QString celulas = tabela.fotos ? CelulaFoto(item.codigo) + kFim : QString();
+  std::size_t coluna = tabela.fotos ? 1 : 0;
+  for (const QString& texto : textos) {
+    celulas += Celula(colunas[coluna].largura, texto, colunas[coluna].alinhamento, false);
+    ++coluna;
+  }
+  return Linha(celulas);
+}
+
+QString Totais(double total, double descontos) {
+  return u"<table border='0' align='center' width=660>"_s + kFim +
+         Linha(Celula(u"100%",
+                      u"Total Geral: "_s + Moeda(total) + u" - Descontos: "_s + Moeda(descontos) +
+                          u" - Total Liquido: "_s + Moeda(total - descontos),
+                      u"center", true)) +
+         u"</table>"_s + kFim;
+}
+
+}  // namespace
+
+QString TabelaComTotais(TabelaDeItens tabela) {
+  if (tabela.itens.eof()) return {};
+  const double descontosDosItens = SomaDescontoPedido(tabela.itens);
+  const std::vector<Coluna> colunas = Colunas(tabela);
+  QString texto = u"<!--Detalhes - Itens-->"_s + kFim + u"<P>"_s + kFim +
+                  u"<table border='1' align='center' width=660>"_s + kFim + Titulos(colunas);
+  double total = 0;
+  for (; !tabela.itens.eof(); tabela.itens.moveNext()) {
+    texto += LinhaDoItem(tabela, colunas);
+    total += Valor(tabela.itens, u"VALO_TOTA");
+  }
+  return texto + u"</table>"_s + kFim +
+         Totais(total, descontosDosItens + LeNumero(DescontoPedido(tabela.numero)));
+}
+
+QString FlagFotos() { return documento().ExibeFotos ? u"S"_s : u"N"_s; }
+
+namespace {
+
+QString TabelaDoOrcamento(const QString& id, const QString& fotos, bool embarques) {
+  return TabelaComTotais({.itens = ItensDoOrcamento(u'\'' + id + u'\''),
+                          .item = PorTipo,
+                          .campoProduto = u"idprodprot",
+                          .fotos = fotos == u"S",
+                          .embarques = embarques,
+                          .numero = id});
+}
+
+}  // namespace
+
+// Photos follow the flag of the run, whatever the caller asks for.
+QString ItensOrcaHTML(const QString& id, QString fotos) {
+  fotos = FlagFotos();
+  return TabelaDoOrcamento(id, fotos, false);
+}
+
+QString ItensOrcaFotoHTML(const QString& id, QString fotos) {
+  fotos = FlagFotos();
+  return TabelaDoOrcamento(id, fotos, true);
+}

@@ -1,0 +1,150 @@
+#include "documents/kit.h"
+
+#include "documents/company_texts.h"
+#include "documents/document_values.h"
+#include "documents/html_text.h"
+#include "documents/texts_clauses.h"
+#include "documents/texts_frame.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using html::fixo;
+using html::kFim;
+
+namespace {
+
+constexpr const char16_t* kCondicoes = u"Condições Gerais";
+
+data::Recordset Empresa() { return AbreConsulta(u"SELECT * FROM empr where data_desa is null"_s); }
+
+QString EnderecoDaEmpresa(const data::Recordset& rs) {
+  return QStringList{rs.text(u"ende_coml_empr"), rs.text(u"cida_coml_empr"), rs.text(u"uf00_coml_empr"),
+                     rs.text(u"cep0_coml_empr")}
+      .join(u" - "_s);
+}
+
+template <std::size_t N>
+QStringList Textos(const std::array<const char16_t*, N>& clausulas) {
+  QStringList textos;
+  for (const char16_t* clausula : clausulas) textos << QString::fromUtf16(clausula);
+  return textos;
+}
+
+/// A text broken over lines at blanks.
+QString Quebra(QString texto) {
+  constexpr qsizetype kLargura = 100;
+  for (qsizetype inicio = 0; texto.size() - inicio > kLargura;) {
+    const qsizetype branco = texto.lastIndexOf(u' ', inicio + kLargura);
+    texto[branco] = u'\n';
+    inicio = branco + 1;
+  }
+  return texto;
+}
+
+/// The quote's clauses as the styled documents have them: the second, third and fifth over several lines.
+QStringList ClausulasEstilos() {
+  QStringList textos = Textos(company::kClausulas).first(qsizetype(clausulas::kOrcamento.size()));
+  for (const int longa : {1, 2, 4}) textos[longa] = Quebra(textos[longa]);
+  return textos;
+}
+
+QString BlocoDaEmpresa() {
+  const data::Recordset rs = Empresa();
+  if (rs.eof()) return {};
+  const QStringList linhas{
+      rs.text(u"cnpj_empr"), EnderecoDaEmpresa(rs),
+      Apara(rs.text(u"tele_0001_empr")) + u" - "_s + Apara(rs.text(u"emai_empr_usox")).toLower(),
+      rs.text(u"http_empr").toLower()};
+  QString texto =
+      fixo(
+          uR"(<table border='0' bgcolor=#ffffff align='center' width=400px cellspacing=0 cellpadding=2>
+<tr align='center'>
+<td height=25px>
+<span class='cabecalho1'>%1</span>
+</td></tr>
+</table>
+<table border='0' align='center' width=400px cellspacing=0 cellpadding=2>
+)")
+          .arg(rs.text(u"nome_empr"));
+  for (const QString& linha : linhas)
+    texto += u"<tr align='center'><td><span class='cabecalho2'>"_s + linha + u"</span></td></tr>"_s + kFim;
+  return texto + u"</table>"_s + kFim;
+}
+
+}  // namespace
+
+QString ImagemDaCasa(const QString& arquivo) {
+  return (documento().PublicacaoExterna ? contexto().PathWeb : contexto().PathImagens) + arquivo;
+}
+
+QString AbreDocumentoHTML(const QString& titulo) {
+  return fixo(textos::kInicioHead).arg(Apara(titulo)) + fixo(textos::kFimHead);
+}
+
+QString AbreDocumentoHTMLEstilos(const QString& titulo) {
+  return fixo(textos::kInicioHead).arg(Apara(titulo)) + fixo(textos::kEstilos);
+}
+
+QString AbreDocumentoSimplesHTML(const QString&) { return fixo(textos::kHeadSimples); }
+
+QString CabecalhoEmpresaHTML() {
+  const data::Recordset rs = Empresa();
+  if (rs.eof()) return {};
+  // The fax number is the house's own, whatever the company's row says.
+  return fixo(textos::kCabecalhoEmpresa)
+      .arg(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente)), rs.text(u"nome_empr"),
+           u"CNPJ:"_s + rs.text(u"cnpj_empr") + u" - I.E.:"_s + rs.text(u"IE00_EMPR"), EnderecoDaEmpresa(rs),
+           u"Tel.: "_s + Apara(rs.text(u"tele_0001_empr")) + u" - "_s + Apara(rs.text(u"tele_0002_empr")) +
+               u" - Fax: 55 11 3000-0001"_s,
+           QString::fromUtf16(company::kEmail), QString::fromUtf16(company::kSite));
+}
+
+QString CabecalhoLogoHTML() {
+  return fixo(textos::kCabecalhoLogo).arg(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente)));
+}
+
+QString CabecalhoFixoHTML() {
+  return fixo(textos::kCabecalhoFixo)
+      .arg(ImagemDaCasa(QString::fromUtf16(company::kLogoFixo)), QString::fromUtf16(company::kNome),
+           QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
+           QString::fromUtf16(company::kSite), QString::fromUtf16(company::kFoneFax));
+}
+
+QString NomeRelatorioHTML(const QString& texto, const QString& alinhamento) {
+  return fixo(textos::kNomeRelatorio).arg(alinhamento, Apara(texto));
+}
+
+QString NomeRelatorioEstilosHTML(const QString& texto, const QString&) {
+  return fixo(textos::kNomeRelatorioEstilos).arg(Apara(texto));
+}
+
+QString TextoVazio2(const QString&, const QString&) { return {}; }
+
+QString AssinaturaHTML(const QString&, const QString&) { return fixo(textos::kAssinatura); }
+
+QString RodapeOrcaHTML() {
+  return html::quadro({u"Rodapé", QString::fromUtf16(kCondicoes), Textos(clausulas::kOrcamento)});
+}
+
+QString RodapeOrcaEstilosHTML() {
+  return html::quadroEstilos({u"Rodapé", QString::fromUtf16(kCondicoes), ClausulasEstilos()}, u"titulo4"_s,
+                             u"dados1"_s) +
+         u"<table align='center' width=660px height=20px><tr><td></td></tr></table>"_s + kFim +
+         BlocoDaEmpresa();
+}
+
+QString TextoVazio() { return {}; }
+
+QString RodapePedidoHTML(const QString&) {
+  const QString modelo = ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s);
+  const QString titulo = QString::fromUtf16(kCondicoes);
+  if (modelo.isEmpty() || modelo == u"1")
+    return html::quadro({u"Rodapé", titulo, Textos(clausulas::kPedido), 0});
+  // The table of imported goods ends on an open row, the place for a clause written by hand.
+  if (modelo == u"2") return html::quadro({u"Rodapé", titulo, Textos(clausulas::kPedidoImportados), 1, true});
+  return {};
+}
+
+QString FechaDocumentoHTML() { return fixo(textos::kFecha); }

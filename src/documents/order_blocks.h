@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+// The blocks of an order document, each by the order's number. No row gives an empty text.
+
+[[nodiscard]] QString DadosClientePedidoHTML(const QString& numero);
+[[nodiscard]] QString DadosClientePedidoEstilosHTML(const QString& numero);
+[[nodiscard]] QString DadosGeraisPedidoHTML(const QString& numero);
+[[nodiscard]] QString DadosGeraisPedidoEstilosHTML(const QString& numero);
+
+// Items; photos go by ExibeFotos whatever the flag.
+[[nodiscard]] QString ItensPedidoHTML(const QString& numero, QString fotos);
+[[nodiscard]] QString ItensPedidoEstilosHTML(const QString& numero, QString fotos);
+[[nodiscard]] QString ItensPedidoFotoHTML(const QString& numero, QString fotos);

@@ -1,0 +1,110 @@
+// Items of an order: one box for each, or the table with the shipments.
+#include "documents/html_text.h"
+#include "documents/item_fields.h"
+#include "documents/item_table.h"
+#include "documents/order_blocks.h"
+#include "shared/lookups.h"
+
+using namespace Qt::StringLiterals;
+using html::fixo;
+using html::kFim;
+
+namespace {
+
+data::Recordset Itens(const QString& numero) {
+  return AbreConsulta(u"SELECT * FROM pedi_veds_deta where idpedi_veds='"_s + IdPedidoPorNumero(numero) +
+                      u'\'');
+}
+
+/// How a text looks inside a box: with an inline style or with a class.
+struct Aspecto {
+  QString (*titulo)(const QString&);
+  QString (*rotulo)(const QString&);
+  QString (*dado)(const QString&);
+};
+
+QString EmLinha(int pontos, bool negrito, const QString& texto) {
+  return u"<span style='"_s + html::estilo(pontos, negrito) + u"'>"_s + texto + u"</span>"_s;
+}
+QString DeClasse(const QString& classe, const QString& texto) {
+  return u"<span class='"_s + classe + u"'>"_s + texto + u"</span>"_s;
+}
+
+constexpr Aspecto kEmLinha{[](const QString& t) { return EmLinha(12, true, t); },
+                           [](const QString& t) { return EmLinha(8, true, t); },
+                           [](const QString& t) { return EmLinha(8, false, t); }};
+constexpr Aspecto kDeClasse{[](const QString& t) { return DeClasse(u"titulo2"_s, t); },
+                            [](const QString& t) { return DeClasse(u"dados2"_s, t); },
+                            [](const QString& t) { return DeClasse(u"dados1a"_s, t); }};
+
+QString Celula(const QString& largura, const QString& alinhamento, const QString& texto) {
+  return u"            <td width='"_s + largura + u"' align='"_s + alinhamento + u"'>"_s + texto +
+         u"</td>"_s + kFim;
+}
+
+QString Linha(const QString& celulas) {
+  return u"        <tr>"_s + kFim + celulas + u"        </tr>"_s + kFim;
+}
+
+// Without a photo the description takes its width.
+QString Caixa(const data::Recordset& rs, int numero, bool fotos, const Aspecto& aspecto) {
+  const ItemDoDocumento item = DoProduto(rs.text(u"idprod"));
+  const QString larguraDescricao = fotos ? u"45%"_s : u"70%"_s;
+  const QString titulos = (fotos ? Celula(u"25%"_s, u"center"_s, aspecto.rotulo(u"Foto"_s)) : QString()) +
+                          Celula(u"15%"_s, u"left"_s, aspecto.rotulo(u"Codigo"_s)) +
+                          Celula(larguraDescricao, u"left"_s, aspecto.rotulo(u"Descrição"_s)) +
+                          Celula(u"15%"_s, u"right"_s, aspecto.rotulo(u"Quant."_s));
+  const QString dados = (fotos ? CelulaFoto(item.codigo) + kFim : QString()) +
+                        Celula(u"15%"_s, u"left"_s, aspecto.dado(item.codigo)) +
+                        Celula(larguraDescricao, u"left"_s, aspecto.dado(item.descricao)) +
+                        Celula(u"15%"_s, u"right"_s, aspecto.dado(rs.format(u"QTDE", item.mascara)));
+  const QString valores =
+      u"Valor Unitário: R$ "_s + Dinheiro(rs, u"VALO_LIQU") + u" - Total: R$ "_s + Dinheiro(rs, u"VALO_TOTA");
+  return fixo(
+             uR"(<!--Detalhes - Itens 1-->
+<P>
+<table border='1' align='center' width=670>
+    <tr>
+        <td align='center'>
+%1
+        <table border='0' align='center' width=660>
+%2        </table>
+        <table border='0' align='center' width=660>
+%3        </table>
+        </td>
+    </tr>
+</table>
+)")
+      .arg(aspecto.titulo(u"        Produto - "_s + NumeroDoItem(numero)), Linha(titulos) + Linha(dados),
+           Linha(Celula(u"100%"_s, u"center"_s, aspecto.rotulo(valores))));
+}
+
+QString Caixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
+  QString texto;
+  int item = 0;
+  for (data::Recordset rs = Itens(numero); !rs.eof(); rs.moveNext())
+    texto += Caixa(rs, ++item, fotos, aspecto);
+  return texto;
+}
+
+}  // namespace
+
+QString ItensPedidoHTML(const QString& numero, QString fotos) {
+  fotos = FlagFotos();
+  return Caixas(numero, fotos == u"S", kEmLinha);
+}
+
+QString ItensPedidoEstilosHTML(const QString& numero, QString fotos) {
+  fotos = FlagFotos();
+  return Caixas(numero, fotos == u"S", kDeClasse);
+}
+
+QString ItensPedidoFotoHTML(const QString& numero, QString fotos) {
+  fotos = FlagFotos();
+  return TabelaComTotais({.itens = Itens(numero),
+                          .item = [](const data::Recordset& rs) { return DoProduto(rs.text(u"idprod")); },
+                          .campoProduto = u"idprod",
+                          .fotos = fotos == u"S",
+                          .embarques = true,
+                          .numero = numero});
+}

@@ -1,0 +1,40 @@
+#include "documents/party_lines.h"
+
+#include "documents/html_text.h"
+#include "run/configuration.h"
+#include "shared/lookups.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr const char16_t* kComentario = u"Dados do Cliente";
+
+}  // namespace
+
+QString Parte::Localidade() const { return cidade + u" - "_s + uf + u" - "_s + cep; }
+
+Parte LeParte(const QString& idclie) {
+  const QString texto = EnderecoCliente(idclie);
+  Parte parte;
+  int campo = 0;
+  for (QString* destino : {&parte.nome, &parte.endereco, &parte.cidade, &parte.uf, &parte.cep,
+                           &parte.inscricao, &parte.documento, &parte.bairro})
+    *destino = PegaCampo(texto, ++campo);
+  return parte;
+}
+
+QStringList LinhasDaParte(const Parte& parte, const QString& fone, const QString& email) {
+  return {u"<b>Nome: "_s + parte.nome + u"</b>"_s, u"Fone: "_s + fone, u"e-mail: "_s + email,
+          u"Endereço: "_s + parte.endereco + u" - Bairro: "_s + parte.bairro + u" - "_s + parte.Localidade(),
+          u"CNPJ/CPF: "_s + parte.documento + u" - I.E./RG: "_s + parte.inscricao};
+}
+
+QString QuadroCliente(const QStringList& linhas) {
+  return html::quadro({kComentario, QString::fromUtf16(kComentario), linhas});
+}
+
+QString QuadroClienteEstilos(const QStringList& linhas) {
+  return html::quadroEstilos({kComentario, QString::fromUtf16(kComentario), linhas}, u"titulo3"_s,
+                             u"dados1b"_s);
+}

@@ -1,0 +1,119 @@
+// Letters to suppliers: a request for prices and a purchase order.
+#include <optional>
+
+#include "documents/company_texts.h"
+#include "documents/document_values.h"
+#include "documents/documents.h"
+#include "documents/grid_table.h"
+#include "documents/html_text.h"
+#include "documents/item_fields.h"
+#include "documents/kit.h"
+#include "platform/values/runtime_error.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using grade::dado;
+using grade::titulo;
+using html::fixo;
+using html::kFim;
+
+namespace {
+
+constexpr const char16_t* kDireita = u"right";
+
+/// Reads a result; a failing statement is told to the user and gives nothing.
+std::optional<data::Recordset> Consulta(const QString& sql) {
+  try {
+    return AbreConsulta(sql);
+  } catch (const values::RuntimeError&) {
+    Falha(u"Problemas no Sistema. Avise o suporte técnico"_s);
+    return {};
+  }
+}
+
+QString Paragrafos(const QStringList& linhas) {
+  QString texto = fixo(u"<table border='0' width='800' align='center'>\n");
+  for (const QString& linha : linhas)
+    texto += u"    <tr><td><font face='Verdana' size='2'>"_s + linha + u"</font></td></tr>"_s + kFim;
+  return texto + fixo(u"</table>\n<br>\n");
+}
+
+QString Despedida(QStringList antes) {
+  return u"<br>"_s + kFim +
+         Paragrafos(antes << u"Atenciosamente,"_s << QString::fromUtf16(company::kMarca)
+                          << u"Departamento de Compras"_s);
+}
+
+QString Descricao(const data::Recordset& rs) {
+  return Valor(rs, u"idprod") > 0 ? DescricaoProduto(rs.text(u"idprod")) : rs.text(u"DESC_NPROD");
+}
+
+void Grava(const QString& caminho, const QString& tituloDaPagina, const QString& corpo) {
+  html::Iniciado arquivo(caminho);
+  html::acrescenta(caminho,
+                   AbreDocumentoHTML(tituloDaPagina) + CabecalhoFixoHTML() + corpo + FechaDocumentoHTML());
+  arquivo.pronto();
+}
+
+/// Name and contact of the supplier that the letter picks; empty where there is none.
+struct Fornecedor {
+  QString nome, contato;
+};
+
+Fornecedor FornecedorDaLetra(const data::Recordset& rs) {
+  const QString letra = documento().LetraFornecedor;
+  if (letra.size() != 1 || !u"ABCDE"_s.contains(letra)) return {};
+  const QString id = u"IDFORN_"_s + letra;
+  return {rs.isNull(id) ? QString() : NomeFornecedor(rs.text(id)), rs.text(u"CONT_FORN_"_s + letra)};
+}
+
+}  // namespace
+
+void CotacaoCompraHTML(qint32 id, const QString& caminho) {
+  const QString chave = QString::number(id);
+  const auto rs = Consulta(u"SELECT * From cota_comp Where idcota_comp = '"_s + chave + u'\'');
+  if (!rs || rs->eof()) return;
+  const Fornecedor fornecedor = FornecedorDaLetra(*rs);
+  auto itens = Consulta(u"SELECT * From cota_comp_deta Where idcota_comp = '"_s + chave + u'\'');
+  if (!itens) return;
+
+  QString corpo =
+      Paragrafos(
+          {u"À"_s + fornecedor.nome, fornecedor.contato, u"Prezados,"_s,
+           u"Favor encaminhar seu orçamento e melhores condições de fornecimento para os itens abaixo:"_s,
+           u"Data limite para resposta: "_s + rs->formatDate(u"DATA_LIMI_COTA_COMP", u"dd/mm/yyyy")}) +
+      grade::abre() +
+      grade::linha({titulo(u"70%"_s, u"Descrição"_s), titulo(u"30%"_s, u"Quantidade"_s, kDireita)});
+  for (; !itens->eof(); itens->moveNext())
+    corpo +=
+        grade::linha({dado(u"70%"_s, Descricao(*itens)), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
+  Grava(caminho, u"Cotação de Compras - "_s + NumeroDocumento(id), corpo + grade::fecha() + Despedida({}));
+}
+
+void OrdemCompraHTML(qint32 id, const QString& caminho) {
+  const QString chave = QString::number(id);
+  const auto rs = Consulta(u"SELECT * From pedi_comp Where idpedi_comp = '"_s + chave + u'\'');
+  if (!rs || rs->eof()) return;
+  const QString fornecedor = rs->isNull(u"idforn") ? QString() : NomeFornecedor(rs->text(u"idforn"));
+  auto itens = Consulta(u"SELECT * From pedi_comp_deta Where idpedi_comp = "_s + chave);
+  if (!itens) return;
+
+  QString corpo =
+      Paragrafos({u"À"_s + fornecedor, u"Ordem de Compra: "_s + rs->text(u"idpedi_comp"), u"Prezados,"_s,
+                  u"Seu orçamento foi aprovado. Confirmamos a compra dos itens abaixo:"_s}) +
+      grade::abre() +
+      grade::linha({titulo(u"55%"_s, u"Descrição"_s), titulo(u"15%"_s, u"Quantidade"_s, kDireita),
+                    titulo(u"15%"_s, u"Valor Unit."_s, kDireita),
+                    titulo(u"15%"_s, u"Valor Total"_s, kDireita)});
+  for (; !itens->eof(); itens->moveNext())
+    corpo +=
+        grade::linha({dado(u"55%"_s, Descricao(*itens)), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
+                      dado(u"15%"_s, Dinheiro(*itens, u"VALO_LIQU"), kDireita),
+                      dado(u"15%"_s, Moeda(Valor(*itens, u"QTDE") * Valor(*itens, u"VALO_LIQU")), kDireita)});
+  Grava(caminho, u"Ordem de Compras - "_s + NumeroDocumento(id),
+        corpo + grade::fecha() +
+            Despedida({u"Favor informar o número desta Ordem de Compra em sua NF."_s,
+                       u"Data de Entrega: "_s + rs->formatDate(u"data_prev_entg", u"dd/mm/yyyy")}));
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+
+#include "platform/data/recordset.h"
+
+// The blocks of a quote document, each by the quote's id. A block returns its text, lines ended by CR LF;
+// those that take a path append their items to it one at a time and return what comes behind them. No row
+// gives an empty text.
+
+// Customer (customer_blocks.cpp)
+[[nodiscard]] QString DadosClienteOrcaHTML(const QString& id);
+[[nodiscard]] QString DadosClienteOrcaEstilosHTML(const QString& id);
+[[nodiscard]] QString DadosClienteOrcaResumoHTML(const QString& id);
+[[nodiscard]] QString DadosClienteOrcaGradeHTML(const QString& id);
+
+// General data (general_blocks.cpp)
+[[nodiscard]] QString DadosGeraisOrcaHTML(const QString& id);
+[[nodiscard]] QString DadosGeraisOrcaEstilosHTML(const QString& id);
+[[nodiscard]] QString DadosGeraisOrcaResumoHTML(const QString& id);
+
+// Items. The flag says "S" for photos; most blocks go by ExibeFotos or show none.
+[[nodiscard]] QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QString& caminho);
+[[nodiscard]] QString ItensOrcaDetalheHTML(const QString& id, const QString& fotos, const QString& caminho);
+[[nodiscard]] QString ItensOrcaEstilosHTML(const QString& id, const QString& fotos, const QString& caminho);
+[[nodiscard]] QString ItensOrcaHTML(const QString& id, QString fotos);
+[[nodiscard]] QString ItensOrcaFotoHTML(const QString& id, QString fotos);
+/// Materials of one assembled item, its product left out.
+[[nodiscard]] QString MontagemItemHTML(const QString& id, const QString& idDetalhe, const QString& idProdProt,
+                                       const QString& fotos);
+
+// Conditions (condition_blocks.cpp)
+/// Clauses, payment, place for the approval. Reads the payment text from documento().RsImpressao.
+[[nodiscard]] QString CondicoesOrcaHTML(const QString& id);
+[[nodiscard]] QString CondPgtoOrcaHTML(const QString& id);
+
+/// The quote's row.
+[[nodiscard]] data::Recordset OrcamentoDoDocumento(const QString& id);
+/// Payment text of a quote: its own or the usual one; that of a closed quote is CondPgtoOrcamento.
+[[nodiscard]] QString TextoPagamento(const data::Recordset& orcamento, const QString& id);
+/// "Condição de Pagamento: " with instalments and days, "-" without a condition.
+[[nodiscard]] QString CondicaoPagamento(const data::Recordset& rs);
