@@ -145,7 +145,11 @@ void setBackColor(QWidget* control, ColorNumber number) {
   const QColor ground = toColor(number);
   control->setProperty(kBackProperty, number);
   paint(control, roles.back, ground);
-  if (roles.back == QPalette::Window && !control->isWindow()) control->setAutoFillBackground(true);
+  if (roles.back == QPalette::Window && !control->isWindow()) {
+    // Options and checks would fill themselves with the colour of buttons.
+    control->setBackgroundRole(QPalette::Window);
+    control->setAutoFillBackground(true);
+  }
   // Where no text colour was asked for, the text stays readable on its ground.
   if (!control->property(kForeProperty).isValid()) {
     paint(control, roles.fore, isDark(ground) ? QColor(Qt::white) : toColor(kWindowText));

@@ -61,10 +61,17 @@ void FlexGrid::takeLayout() {
   for (int column = 0; column < grid_.cols(); ++column) {
     const int width = pixels(grid_.width(column));
     setColumnHidden(column, width == 0);
-    if (width > 0) setColumnWidth(column, static_cast<int>(width * scale));
+    if (width == 0) continue;
+    const int least = metrics.horizontalAdvance(leastTexts_.value(column)) + 2 * kCellMargin;
+    setColumnWidth(column, std::max(static_cast<int>(width * scale), least));
   }
   dragged_ = false;
   giveSpareWidth();
+}
+
+void FlexGrid::setLeastText(int column, const QString& sample) {
+  leastTexts_.insert(column, sample);
+  takeLayout();
 }
 
 void FlexGrid::giveSpareWidth() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QTableView>
 
 #include "platform/forms/grid_model.h"
@@ -18,6 +19,9 @@ class FlexGrid : public QTableView {
   [[nodiscard]] GridModel& grid() { return grid_; }
   [[nodiscard]] const GridModel& grid() const { return grid_; }
   GridModel* operator->() { return &grid_; }
+
+  /// A column is wide enough for a text, whatever its layout says; holds for later layouts too.
+  void setLeastText(int column, const QString& sample);
 
  Q_SIGNALS:
   /// A user's click on a row or on the title; the current row is set before.
@@ -44,6 +48,7 @@ class FlexGrid : public QTableView {
   [[nodiscard]] bool takeClick(const QMouseEvent* event);
 
   GridModel grid_;
+  QHash<int, QString> leastTexts_;
   bool dragged_ = false;  ///< the user has set column widths; they stay
   bool fitting_ = false;
 };

@@ -21,4 +21,10 @@ void MaskedBox::setBoxText(const QString& text) {
 
 QString MaskedBox::emptyMask() const { return withTime_ ? u"__/__/____ __:__"_s : u"__/__/____"_s; }
 
+QSize MaskedBox::sizeHint() const {
+  constexpr int kRoom = 14;
+  const QString sample = emptyMask().replace(u'_', u'0');
+  return {fontMetrics().horizontalAdvance(sample) + kRoom, QLineEdit::sizeHint().height()};
+}
+
 }  // namespace forms

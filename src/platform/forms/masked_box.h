@@ -23,6 +23,10 @@ class MaskedBox : public QLineEdit {
   /// "__/__/____" or "__/__/____ __:__".
   [[nodiscard]] QString emptyMask() const;
 
+  /// As wide as a whole date.
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
  private:
   bool withTime_ = false;
 };

@@ -3,6 +3,7 @@
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QStyleFactory>
@@ -32,6 +33,10 @@ bool isLockedField(const QWidget* widget) {
          (qobject_cast<const QLineEdit*>(widget) != nullptr ||
           qobject_cast<const Combo*>(widget) != nullptr) &&
          isLocked(widget);
+}
+
+bool isLockedRemark(const QWidget* widget) {
+  return qobject_cast<const QPlainTextEdit*>(widget) != nullptr && isLocked(widget);
 }
 
 class ProgramStyle : public QProxyStyle {
@@ -69,9 +74,18 @@ class ProgramStyle : public QProxyStyle {
     }
   }
 
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* widget) const override {
+    const QRect place = QProxyStyle::subControlRect(control, option, part, widget);
+    // The title of a group stands inside its line.
+    return control == CC_GroupBox && part == SC_GroupBoxLabel ? place.translated(8, 4) : place;
+  }
+
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
-    if (element == PE_PanelLineEdit && isLockedField(widget)) {
+    if (element == PE_FrameGroupBox) {
+      drawGroup(*option, painter, widget);
+    } else if (element == PE_PanelLineEdit && isLockedField(widget)) {
       drawLockedGround(*option, painter, widget);
     } else if (element == PE_PanelButtonCommand && isPrincipal(widget) &&
                option->state.testFlag(State_Enabled)) {
@@ -89,6 +103,10 @@ class ProgramStyle : public QProxyStyle {
       QStyleOptionButton white = *button;
       white.palette.setColor(QPalette::ButtonText, Qt::white);
       QProxyStyle::drawControl(element, &white, painter, widget);
+      return;
+    }
+    if (element == CE_ShapedFrame && isLockedRemark(widget)) {
+      drawLockedGround(*option, painter, widget);
       return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
@@ -126,6 +144,15 @@ class ProgramStyle : public QProxyStyle {
       painter->setPen(kAccent);
       painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
+  }
+
+  /// A group is a thin line on the form's own ground; a frame that opens over the form has a stronger one.
+  static void drawGroup(const QStyleOption& option, QPainter* painter, const QWidget* widget) {
+    const bool over = widget != nullptr && widget->property("overFrame").toBool();
+    painter->save();
+    painter->setPen(over ? kAccent : option.palette.color(QPalette::Active, QPalette::Mid));
+    painter->drawRect(over ? widget->rect().adjusted(0, 0, -1, -1) : option.rect.adjusted(0, 0, -1, -1));
+    painter->restore();
   }
 
   static void drawPrincipal(const QStyleOption& option, QPainter* painter) {
