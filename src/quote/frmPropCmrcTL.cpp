@@ -1,6 +1,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "platform/forms/process.h"
 
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QStyle>
@@ -18,6 +19,13 @@ namespace {
 /// Heights of the remark box, in twips.
 constexpr double kObservaRecolhida = 315;
 constexpr double kObservaExpandida = 1315;
+
+/// Headings against plain text.
+constexpr double kDestaque = 1.55;
+/// Letters of an entry of the approval's list, its separators and the arrow.
+constexpr int kLetrasItem = 20 + 38 + 4 + 3 + 5;
+/// Item lines that are in sight at least.
+constexpr int kLinhasItens = 6;
 
 /// Where the frames open over the form, in twips.
 constexpr int kEsquerdaPainel = 2160;
@@ -50,7 +58,11 @@ frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   ligaCampos();
   ligaComandos();
   ligaItens();
-  ajustaObserva();
+  Flex->setLeastText(grids::item::Descricao, u"Descrição de trinta e cinco letras.."_s);
+  Flex->setLeastText(grids::item::Quantidade, u"Quantidade"_s);
+  Flex->setLeastText(grids::item::Total, u"Total Produto"_s);
+  Flex->setLeastText(grids::item::DtAprov, u"00/00/0000 00:00"_s);
+  ajustaMedidas();
 }
 
 void frmPropCmrcTL::ligaTeclado() {
@@ -199,6 +211,33 @@ void frmPropCmrcTL::ajustaObserva() {
   const bool expandida = cmdExpandirObservacao->text() == u"-";
   const int altura = forms::pixels(expandida ? kObservaExpandida : kObservaRecolhida);
   txtObserva->setFixedHeight(qMax(altura, txtDesc->sizeHint().height()));
+  txtObserva->setVerticalScrollBarPolicy(expandida ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+}
+
+/// What follows the size of the text: headings, least widths of the boxes, least lines of the item grid.
+void frmPropCmrcTL::ajustaMedidas() {
+  QFont destaque = font();
+  destaque.setPointSizeF(destaque.pointSizeF() * kDestaque);
+  destaque.setBold(true);
+  for (QLabel* rotulo : {lblTituloJanela, rotuloLiquidoTotal, lblTotalLiquido}) rotulo->setFont(destaque);
+
+  const int letra = fontMetrics().averageCharWidth();
+  const std::pair<QWidget*, int> letras[] = {
+      {txtCodigo, 10},           {txtFoneExtra, 16},         {txtEmailExtra, 20},
+      {txtFoneExtraContato, 16}, {txtEmailExtraContato, 20}, {txtNumePess, 8},
+      {txtNomeHomg, 24},         {lblTotaGeral, 12},         {lblDesconto, 12},
+      {lblDTDesativa, 12},       {lblDataFechamento, 12},    {lblNumePedido, 8}};
+  for (const auto& [campo, quantas] : letras) campo->setMinimumWidth(letra * quantas);
+
+  QFont fixa = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixa.setPointSizeF(font().pointSizeF());
+  cboItemPropCmrc->setFont(fixa);
+  cboItemPropCmrc->setMinimumWidth(QFontMetrics(fixa).averageCharWidth() * kLetrasItem);
+
+  const int linha = Flex->verticalHeader()->defaultSectionSize();
+  Flex->setMinimumHeight(Flex->horizontalHeader()->sizeHint().height() + linha * kLinhasItens +
+                         2 * Flex->frameWidth());
+  ajustaObserva();
 }
 
 /// The sums end under the column that they add.
@@ -211,7 +250,7 @@ void frmPropCmrcTL::alinhaTotais() {
 
 void frmPropCmrcTL::changeEvent(QEvent* event) {
   Form::changeEvent(event);
-  if (event->type() == QEvent::FontChange && isLoaded()) ajustaObserva();
+  if (event->type() == QEvent::FontChange && isLoaded()) ajustaMedidas();
 }
 
 /// A double click on the form's ground tells support staff the screen's resolution.

@@ -61,6 +61,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void ligaItens();
   void alinhaTotais();
   void ajustaObserva();
+  void ajustaMedidas();
 
   // Commands of the modes (modes.cpp)
   void botoesEditando();

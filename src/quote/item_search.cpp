@@ -1,5 +1,4 @@
 #include "quote/frmPropCmrcTL.h"
-#if __has_include("search/frmBROWSE_PRODUTO.h") && __has_include("search/frmBROWSE_Prototipo.h")
 #include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmBROWSE_Prototipo.h"
 
@@ -10,6 +9,3 @@ void frmPropCmrcTL::abrePesquisaItem() {
   tela.chkSomenteSemProd->setChecked(true);
   tela.showModal();
 }
-#else
-void frmPropCmrcTL::abrePesquisaItem() {}
-#endif
