@@ -32,19 +32,23 @@ qint64 toldSize(const QByteArray& header) {
   return big32(header, kPageCountAt) * (pageSize == 1 ? kLargestPage : pageSize);
 }
 
+/// Whether pages of the file may still stand in its log, which another program moves over as we look.
+bool hasLog(const QString& path) { return QFileInfo(path + "-wal"_L1).size() > 0; }
+
 }  // namespace
 
 void checkEmbeddedFile(const QString& path) {
   if (!QFileInfo(path).isFile())
     refuse(
         u"O arquivo de dados não foi encontrado: %1\nVerifique o nome do banco em server.ini."_s.arg(path));
+  const bool logBefore = hasLog(path);
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
     refuse(u"O arquivo de dados não pode ser lido: %1\nVerifique as permissões do arquivo."_s.arg(path));
   const QByteArray header = file.read(kHeaderSize);
   if (header.size() < kHeaderSize || !header.startsWith(QByteArrayView("SQLite format 3\0", 16)))
     refuse(u"O arquivo não é um banco de dados: %1\nVerifique o nome do banco em server.ini."_s.arg(path));
-  if (file.size() < toldSize(header))
+  if (!logBefore && file.size() < toldSize(header) && !hasLog(path))
     refuse(u"O arquivo de dados está incompleto: %1\nRestaure uma cópia de segurança."_s.arg(path));
 }
 

@@ -7,8 +7,8 @@
 #include <atomic>
 
 #include "platform/data/engine.h"
+#include "platform/data/odbc_fields.h"
 #include "platform/data/odbc_string.h"
-#include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -35,26 +35,6 @@ bool isConnectionLost(const QSqlError& error) {
   for (const QString& text : kTexts)
     if (error.text().contains(text, Qt::CaseInsensitive)) return true;
   return false;
-}
-
-/// A value as a Recordset takes it. Decimals come as text with all their digits.
-QVariant plainValue(const QVariant& value, QMetaType declared) {
-  if (!value.isValid() || value.isNull()) return {};
-  switch (declared.id()) {
-    case QMetaType::Double:
-      return value.toDouble();
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Bool:
-      return value.toLongLong();
-    case QMetaType::QDate:
-    case QMetaType::QDateTime:
-      return values::wallClock(value.toDateTime().date(), value.toDateTime().time());
-    default:
-      return value.toString();
-  }
 }
 
 class OdbcEngine final : public Engine {
@@ -127,7 +107,7 @@ Recordset OdbcEngine::query(const QString& sql) {
   while (query.next()) {
     std::vector<QVariant>& row = rows.emplace_back();
     for (int column = 0; column < width; ++column)
-      row.push_back(plainValue(query.value(column), types[static_cast<std::size_t>(column)]));
+      row.push_back(readOdbcField(query, column, types[static_cast<std::size_t>(column)]));
   }
   if (query.lastError().isValid()) fail(query.lastError());
   return {std::move(columns), std::move(rows)};

@@ -1,6 +1,7 @@
 #include "contract_engines.h"
 
 #include "platform/data/engine.h"
+#include "support/tds_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,13 +47,42 @@ class SqliteOdbc final : public Engine {
   QTemporaryDir folder_;
 };
 
+/// The server's protocol through FreeTDS, against the test server.
+class FreeTds final : public Engine {
+ public:
+  QString connectionString() override { return server_.connectionString(); }
+  QStringList createTable(const schema::Table& table) override {
+    return schema::createStatements(table, schema::Dialect::SqlServer);
+  }
+  std::set<Trait> lacks() const override { return {Trait::AllOfUnicode}; }
+
+ private:
+  support::TdsServer server_;
+};
+
+/// A real server, where ZARIM_TEST_SERVER holds the connection string of an empty database.
+class RealServer final : public Engine {
+ public:
+  QString connectionString() override { return qEnvironmentVariable("ZARIM_TEST_SERVER"); }
+  QStringList createTable(const schema::Table& table) override {
+    return schema::createStatements(table, schema::Dialect::SqlServer);
+  }
+  std::set<Trait> lacks() const override { return {Trait::AllOfUnicode}; }
+};
+
 }  // namespace
 
 const std::vector<EngineKind>& engines() {
-  static const std::vector<EngineKind> all{
-      {"Embedded", [] { return std::make_unique<Embedded>(); }},
-      {"SqliteOdbc", [] { return std::make_unique<SqliteOdbc>(); }},
-  };
+  static const std::vector<EngineKind> all = [] {
+    std::vector<EngineKind> kinds{
+        {"Embedded", [] { return std::make_unique<Embedded>(); }},
+        {"SqliteOdbc", [] { return std::make_unique<SqliteOdbc>(); }},
+        {"FreeTds", [] { return std::make_unique<FreeTds>(); }},
+    };
+    if (qEnvironmentVariableIsSet("ZARIM_TEST_SERVER"))
+      kinds.push_back({"RealServer", [] { return std::make_unique<RealServer>(); }});
+    return kinds;
+  }();
   return all;
 }
 

@@ -32,8 +32,6 @@ class Engine {
   [[nodiscard]] virtual QString connectionString() = 0;
   [[nodiscard]] virtual QStringList createTable(const schema::Table& table) = 0;
   [[nodiscard]] virtual std::set<Trait> lacks() const { return {}; }
-  /// Why it can't run here; empty when it can.
-  [[nodiscard]] virtual QString missing() const { return {}; }
 };
 
 struct EngineKind {

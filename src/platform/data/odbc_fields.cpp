@@ -1,0 +1,84 @@
+#include "platform/data/odbc_fields.h"
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include <QSqlQuery>
+#include <QSqlResult>
+#include <array>
+
+#include "platform/values/dates.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace data {
+
+namespace {
+
+[[noreturn]] void fail(SQLHSTMT statement) {
+  std::array<SQLWCHAR, 6> state{};
+  std::array<SQLWCHAR, 512> text{};
+  SQLINTEGER number = 0;
+  SQLSMALLINT length = 0;
+  SQLGetDiagRecW(SQL_HANDLE_STMT, statement, 1, state.data(), &number, text.data(),
+                 static_cast<SQLSMALLINT>(text.size()), &length);
+  const QString words = QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()));
+  // States that begin with 08 are those of the connection.
+  const bool lost = state[0] == u'0' && state[1] == u'8';
+  throw values::RuntimeError(lost ? values::kConnectionFailed : values::kStatementFailed, words);
+}
+
+/// The text of a field, in as many pieces as it comes; nothing for null.
+QVariant readText(SQLHSTMT statement, SQLUSMALLINT place) {
+  std::array<SQLWCHAR, 4096> buffer;
+  QString text = u""_s;
+  while (true) {
+    SQLLEN left = 0;
+    const SQLRETURN outcome = SQLGetData(statement, place, SQL_C_WCHAR, buffer.data(), sizeof buffer, &left);
+    if (outcome == SQL_NO_DATA) return text;
+    if (!SQL_SUCCEEDED(outcome)) fail(statement);
+    if (left == SQL_NULL_DATA) return {};
+    // A piece that fills the buffer has a final zero in it.
+    const bool more = left == SQL_NO_TOTAL || left >= static_cast<SQLLEN>(sizeof buffer);
+    const auto units = more ? static_cast<qsizetype>(buffer.size()) - 1
+                            : static_cast<qsizetype>(left / static_cast<SQLLEN>(sizeof(SQLWCHAR)));
+    text.append(reinterpret_cast<const QChar*>(buffer.data()), units);
+    if (!more) return text;
+  }
+}
+
+QVariant readDate(SQLHSTMT statement, SQLUSMALLINT place) {
+  SQL_TIMESTAMP_STRUCT stamp{};
+  SQLLEN left = 0;
+  if (!SQL_SUCCEEDED(SQLGetData(statement, place, SQL_C_TYPE_TIMESTAMP, &stamp, sizeof stamp, &left)))
+    fail(statement);
+  if (left == SQL_NULL_DATA) return {};
+  return values::wallClock(QDate(stamp.year, stamp.month, stamp.day),
+                           QTime(stamp.hour, stamp.minute, stamp.second));
+}
+
+}  // namespace
+
+QVariant readOdbcField(const QSqlQuery& query, int column, QMetaType declared) {
+  const auto statement = static_cast<SQLHSTMT>(query.result()->handle().value<void*>());
+  const auto place = static_cast<SQLUSMALLINT>(column + 1);
+  if (declared.id() == QMetaType::QDate || declared.id() == QMetaType::QDateTime)
+    return readDate(statement, place);
+  const QVariant text = readText(statement, place);
+  if (!text.isValid()) return {};
+  switch (declared.id()) {
+    case QMetaType::Double:
+      return text.toString().toDouble();
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Bool:
+      return text.toString().toLongLong();
+    default:
+      return text;
+  }
+}
+
+}  // namespace data

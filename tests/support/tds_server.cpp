@@ -1,0 +1,300 @@
+#include "support/tds_server.h"
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QRegularExpression>
+#include <QtEndian>
+#include <optional>
+
+#include "platform/data/engine.h"
+#include "platform/values/runtime_error.h"
+#include "schema/tables.h"
+#include "support/tds_tokens.h"
+
+using namespace Qt::StringLiterals;
+
+namespace support {
+
+namespace {
+
+using tds::Packet;
+
+struct Message {
+  Packet type;
+  QByteArray body;
+};
+
+/// Thrown where a session ends without an answer.
+struct Ended {};
+
+/// One client's connection: reads messages, runs them, answers.
+class Session {
+ public:
+  Session(TdsServer& server, int socket) : server_(server), socket_(socket) {}
+
+  void run() {
+    try {
+      while (true) answer(receive());
+    } catch (const Ended&) {
+    }
+    ::shutdown(socket_, SHUT_RDWR);
+  }
+
+ private:
+  QByteArray receiveBytes(std::size_t count) const;
+  Message receive() const;
+  void send(const QByteArray& body) const;
+  void answer(const Message& message);
+  void faultOn(const QString& statement);
+
+  void logIn(const QByteArray& message);
+  void runBatch(QString sql);
+  void runTransaction(const tds::TransactionRequest& request);
+  void begin(tds::Response& response);
+  void execute(const QString& sql, tds::Response& response);
+
+  TdsServer& server_;
+  int socket_;
+  std::unique_ptr<data::Engine> engine_;
+  quint64 transaction_ = 0;
+};
+
+QByteArray Session::receiveBytes(std::size_t count) const {
+  QByteArray bytes(static_cast<qsizetype>(count), Qt::Uninitialized);
+  if (count > 0 && ::recv(socket_, bytes.data(), count, MSG_WAITALL) != static_cast<ssize_t>(count))
+    throw Ended();
+  return bytes;
+}
+
+Message Session::receive() const {
+  constexpr std::size_t kHeader = 8;
+  Message message{};
+  while (true) {
+    const QByteArray header = receiveBytes(kHeader);
+    const auto length = qFromBigEndian<quint16>(header.constData() + 2);
+    message.type = static_cast<Packet>(header[0]);
+    message.body += receiveBytes(length - kHeader);
+    if (header[1] & 1) return message;
+  }
+}
+
+void Session::send(const QByteArray& body) const {
+  constexpr qsizetype kPacket = 4096 - 8;
+  QByteArray bytes;
+  for (qsizetype at = 0; at < body.size(); at += kPacket) {
+    const QByteArray part = body.mid(at, kPacket);
+    QByteArray header(8, '\0');
+    header[0] = static_cast<char>(Packet::Response);
+    header[1] = at + kPacket >= body.size() ? 1 : 0;
+    qToBigEndian(static_cast<quint16>(part.size() + 8), header.data() + 2);
+    bytes += header + part;
+  }
+  if (::send(socket_, bytes.constData(), static_cast<std::size_t>(bytes.size()), MSG_NOSIGNAL) !=
+      bytes.size())
+    throw Ended();
+}
+
+void Session::faultOn(const QString& statement) {
+  switch (server_.actOn(statement)) {
+    case TdsServer::Act::Answer:
+      return;
+    case TdsServer::Act::Cut:
+      throw Ended();
+    case TdsServer::Act::Silence:
+      while (true) (void)receiveBytes(1);
+  }
+}
+
+void Session::answer(const Message& message) {
+  tds::Response response;
+  switch (message.type) {
+    case Packet::Prelogin:
+      return send(tds::preloginAnswer());
+    case Packet::Login:
+      return logIn(message.body);
+    case Packet::Batch:
+      return runBatch(tds::parseBatch(message.body));
+    case Packet::Transaction:
+      return runTransaction(tds::parseTransaction(message.body));
+    case Packet::Attention:
+      response.done(0, false, true);
+      return send(response.bytes());
+    default:
+      response.error(2812, 16, u"Could not find stored procedure."_s);
+      response.done(0, true);
+      return send(response.bytes());
+  }
+}
+
+void Session::logIn(const QByteArray& message) {
+  faultOn(u"LOGIN"_s);
+  const tds::Login login = tds::parseLogin(message);
+  tds::Response response;
+  if (login.user != TdsServer::User || login.password != TdsServer::Password) {
+    response.error(18456, 14, u"Login failed for user '%1'."_s.arg(login.user));
+    response.done(0, true);
+  } else if (login.database != TdsServer::Database) {
+    response.error(911, 16, u"Database '%1' does not exist."_s.arg(login.database));
+    response.done(0, true);
+  } else {
+    engine_ = data::openEmbedded(server_.databasePath());
+    response.loginAcknowledged(login.database);
+    response.done();
+  }
+  send(response.bytes());
+}
+
+void Session::runBatch(QString sql) {
+  faultOn(sql);
+  tds::Response response;
+  try {
+    execute(tds::throughCodePage(sql), response);
+  } catch (const values::RuntimeError& error) {
+    if (transaction_ != 0) engine_->execute(u"ROLLBACK"_s);
+    response.error(245, 16, error.text());
+    if (transaction_ != 0)
+      response.transactionChanged(tds::Environment::Rollback, std::exchange(transaction_, 0));
+    response.done(0, true);
+  }
+  send(response.bytes());
+}
+
+/// How a column of a result travels: by the schema's column of that name, else by its first value.
+tds::Column wireColumn(const QString& name, const QString& sql, const data::Recordset& result) {
+  if (sql.contains("@@identity"_L1, Qt::CaseInsensitive)) return {name, tds::Type::Identity};
+  for (const schema::Table& table : schema::tables())
+    for (const schema::Column& column : table.columns) {
+      if (name.compare(QLatin1StringView(column.name), Qt::CaseInsensitive) != 0) continue;
+      if (column.type == schema::Type::Decimal) return {name, tds::Type::Decimal};
+      if (column.type == schema::Type::DateTime) return {name, tds::Type::DateTime};
+      if (column.type == schema::Type::Memo || column.type == schema::Type::Text)
+        return {name, tds::Type::Text, column.length};
+      return {name, tds::Type::Integer};
+    }
+  bool whole = false;
+  if (!result.eof()) result.text(name).toInt(&whole);
+  return {name, whole ? tds::Type::Integer : tds::Type::Text};
+}
+
+/// The embedded file's statements for one of the server's; what only sets an option there is nothing here.
+QStringList embeddedStatements(const QString& sql) {
+  static const QRegularExpression kCreate(u"\\A\\s*CREATE TABLE (\\w+)"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+  if (sql.trimmed().startsWith("SET "_L1, Qt::CaseInsensitive)) return {};
+  const auto create = kCreate.match(sql);
+  const schema::Table* table = create.hasMatch() ? schema::find(create.captured(1)) : nullptr;
+  if (!table) return {sql};
+  QStringList statements = schema::createStatements(*table, schema::Dialect::Embedded);
+  statements.removeIf([](const QString& one) { return one.startsWith("CREATE INDEX"_L1); });  // these come
+  return statements;
+}
+
+void Session::execute(const QString& sql, tds::Response& response) {
+  for (const QString& statement : embeddedStatements(sql)) {
+    data::Recordset result = engine_->query(statement);
+    if (!result.isOpen()) continue;
+    std::vector<tds::Column> columns;
+    for (const QString& name : result.columns()) columns.push_back(wireColumn(name, statement, result));
+    response.columns(columns);
+    const qint64 rows = result.count();
+    for (; !result.eof(); result.moveNext()) response.row(columns, result);
+    return response.done(rows);
+  }
+  response.done();
+}
+
+void Session::begin(tds::Response& response) {
+  engine_->begin();
+  response.transactionChanged(tds::Environment::Begin, ++transaction_);
+}
+
+void Session::runTransaction(const tds::TransactionRequest& request) {
+  enum { Begin = 5, Commit = 7 };
+  tds::Response response;
+  const bool commits = request.kind == Commit;
+  if (request.kind == Begin) {
+    faultOn(u"BEGIN"_s);
+    begin(response);
+  } else if (transaction_ == 0) {
+    response.error(3902, 16, u"The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."_s);
+    response.done(0, true);
+    return send(response.bytes());
+  } else {
+    faultOn(commits ? u"COMMIT"_s : u"ROLLBACK"_s);
+    engine_->execute(commits ? u"COMMIT"_s : u"ROLLBACK"_s);
+    response.transactionChanged(commits ? tds::Environment::Commit : tds::Environment::Rollback,
+                                std::exchange(transaction_, 0));
+    if (request.beginsAnother) begin(response);
+  }
+  response.done();
+  send(response.bytes());
+}
+
+}  // namespace
+
+TdsServer::TdsServer() {
+  data::createEmbedded(databasePath());
+  listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof address;
+  auto* generic = reinterpret_cast<sockaddr*>(&address);
+  if (::bind(listener_, generic, size) != 0 || ::listen(listener_, 16) != 0 ||
+      ::getsockname(listener_, generic, &size) != 0)
+    qFatal("no port for the test server");
+  port_ = ntohs(address.sin_port);
+  accepting_ = std::thread([this] { accept(); });
+}
+
+TdsServer::~TdsServer() {
+  stop();
+  for (std::thread& session : sessions_) session.join();
+  for (const int socket : sockets_) ::close(socket);
+}
+
+void TdsServer::stop() {
+  if (listener_ < 0) return;
+  ::shutdown(listener_, SHUT_RDWR);
+  accepting_.join();
+  ::close(std::exchange(listener_, -1));
+  const std::scoped_lock lock(guard_);
+  for (const int socket : sockets_) ::shutdown(socket, SHUT_RDWR);
+}
+
+void TdsServer::accept() {
+  while (true) {
+    const int socket = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+    if (socket < 0) return;
+    const std::scoped_lock lock(guard_);
+    sockets_.push_back(socket);
+    sessions_.emplace_back([this, socket] { Session(*this, socket).run(); });
+  }
+}
+
+QString TdsServer::databasePath() const { return folder_.filePath(u"servidor.db"_s); }
+
+QString TdsServer::connectionString(const QString& password) const {
+  return u"driver={SQL Server};server=127.0.0.1;uid=%1;pwd=%2;database=%3;port=%4"_s.arg(
+      QStringView(User), password, QStringView(Database), QString::number(port_));
+}
+
+void TdsServer::setFault(std::function<Act(const QString&)> fault) {
+  const std::scoped_lock lock(guard_);
+  fault_ = std::move(fault);
+}
+
+TdsServer::Act TdsServer::actOn(const QString& statement) {
+  const std::scoped_lock lock(guard_);
+  statements_ << statement;
+  return fault_ ? fault_(statement) : Act::Answer;
+}
+
+QStringList TdsServer::statements() {
+  const std::scoped_lock lock(guard_);
+  return statements_;
+}
+
+}  // namespace support

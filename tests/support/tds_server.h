@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace support {
+
+/// A small server on loopback that speaks the server's protocol, the embedded engine behind it. It takes the
+/// server's dialect of CREATE TABLE for the tables of the schema. As on the server, a failing statement rolls
+/// its transaction back, and texts are in code page 1252. One thread for each connection.
+class TdsServer {
+ public:
+  /// What becomes of a statement: it is answered, the connection is cut, or no answer ever comes.
+  enum class Act { Answer, Cut, Silence };
+
+  static constexpr char16_t User[] = u"vendas";
+  static constexpr char16_t Password[] = u"Segredo1";
+  static constexpr char16_t Database[] = u"zarim";
+
+  TdsServer();
+  ~TdsServer();
+
+  [[nodiscard]] quint16 port() const { return port_; }
+  /// As the program builds it, with the port behind it.
+  [[nodiscard]] QString connectionString(const QString& password = QString::fromUtf16(Password)) const;
+  [[nodiscard]] QString databasePath() const;
+
+  /// Asked before every statement, "LOGIN", "BEGIN", "COMMIT" and "ROLLBACK" among them.
+  void setFault(std::function<Act(const QString&)> fault);
+  [[nodiscard]] Act actOn(const QString& statement);
+  /// Statements that came, in the order that they came.
+  [[nodiscard]] QStringList statements();
+  /// Closes the listening socket and all connections, as a server that is switched off.
+  void stop();
+
+ private:
+  void accept();
+
+  QTemporaryDir folder_;
+  int listener_ = -1;
+  quint16 port_ = 0;
+  std::mutex guard_;
+  std::function<Act(const QString&)> fault_;
+  QStringList statements_;
+  std::vector<int> sockets_;
+  std::vector<std::thread> sessions_;
+  std::thread accepting_;
+};
+
+}  // namespace support

@@ -1,0 +1,270 @@
+#include "support/tds_tokens.h"
+
+#include <QtEndian>
+#include <array>
+#include <cmath>
+
+#include "platform/values/dates.h"
+
+using namespace Qt::StringLiterals;
+
+namespace support::tds {
+
+namespace {
+
+enum Token : quint8 {
+  kColumns = 0x81,
+  kError = 0xAA,
+  kLoginAcknowledged = 0xAD,
+  kRow = 0xD1,
+  kEnvironment = 0xE3,
+  kDone = 0xFD
+};
+
+enum WireType : quint8 { kIntN = 0x26, kDecimalN = 0x6A, kDateTimeN = 0x6F, kVarChar = 0xA7 };
+
+/// Latin, without regard to case, code page 1252.
+constexpr std::array<char, 5> kCollation{0x09, 0x04, '\xD0', 0x00, 0x34};
+
+/// Places 0x80 to 0x9F of the code page; those without a character stand for themselves.
+constexpr std::array<char16_t, 32> kUpperControls{
+    0x20AC, 0x81,   0x201A, 0x192,  0x201E, 0x2026, 0x2020, 0x2021, 0x2C6,  0x2030, 0x160,
+    0x2039, 0x152,  0x8D,   0x17D,  0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x2DC,  0x2122, 0x161,  0x203A, 0x153,  0x9D,   0x17E,  0x178};
+
+template <typename Number>
+void put(QByteArray& to, Number number) {
+  const Number little = qToLittleEndian(number);
+  to.append(reinterpret_cast<const char*>(&little), sizeof little);
+}
+
+QByteArray wide(const QString& text) {
+  return {reinterpret_cast<const char*>(text.utf16()), text.size() * 2};
+}
+
+/// A text behind the count of its characters.
+template <typename Count>
+void putText(QByteArray& to, const QString& text) {
+  put(to, static_cast<Count>(text.size()));
+  to.append(wide(text));
+}
+
+QString narrowed(QByteArrayView bytes) {
+  QString text(bytes.size() / 2, Qt::Uninitialized);
+  for (qsizetype i = 0; i < text.size(); ++i)
+    text[i] = QChar(qFromLittleEndian<quint16>(bytes.data() + 2 * i));
+  return text;
+}
+
+struct DecimalForm {
+  quint8 precision, scale, bytes;
+};
+
+DecimalForm decimalForm(Type type) {
+  return type == Type::Identity ? DecimalForm{38, 0, 16} : DecimalForm{18, 6, 8};
+}
+
+void putDecimal(QByteArray& to, double number, const DecimalForm& form) {
+  put<quint8>(to, static_cast<quint8>(form.bytes + 1));
+  put<quint8>(to, number < 0 ? 0 : 1);
+  put<quint64>(to, static_cast<quint64>(std::llround(std::fabs(number) * std::pow(10, form.scale))));
+  if (form.bytes > 8) put<quint64>(to, 0);
+}
+
+void putDateTime(QByteArray& to, const QDateTime& date) {
+  constexpr int kTicksPerSecond = 300;
+  put<quint8>(to, 8);
+  put<qint32>(to, static_cast<qint32>(QDate(1900, 1, 1).daysTo(date.date())));
+  put<quint32>(to, static_cast<quint32>(date.time().msecsSinceStartOfDay() / 1000 * kTicksPerSecond));
+}
+
+/// A text of any length, in one chunk.
+void putLongText(QByteArray& to, const QByteArray& text) {
+  put<quint64>(to, static_cast<quint64>(text.size()));
+  if (!text.isEmpty()) {
+    put<quint32>(to, static_cast<quint32>(text.size()));
+    to.append(text);
+  }
+  put<quint32>(to, 0);
+}
+
+}  // namespace
+
+void Response::environment(Environment kind, const QByteArray& now, const QByteArray& before) {
+  put<quint8>(bytes_, kEnvironment);
+  put<quint16>(bytes_, static_cast<quint16>(1 + now.size() + before.size()));
+  put(bytes_, static_cast<quint8>(kind));
+  bytes_ += now + before;
+}
+
+void Response::loginAcknowledged(const QString& database) {
+  QByteArray name, empty, size, collation;
+  putText<quint8>(name, database);
+  putText<quint8>(empty, {});
+  putText<quint8>(size, u"4096"_s);
+  put<quint8>(collation, kCollation.size());
+  collation.append(kCollation.data(), kCollation.size());
+  environment(Environment::Database, name, empty);
+  environment(Environment::Collation, collation, empty);
+  environment(Environment::PacketSize, size, size);
+  QByteArray body("\x01\x74\x00\x00\x04", 5);  // the interface, then the version
+  putText<quint8>(body, u"Servidor de teste"_s);
+  put<quint32>(body, 0x0F);
+  put<quint8>(bytes_, kLoginAcknowledged);
+  put<quint16>(bytes_, static_cast<quint16>(body.size()));
+  bytes_ += body;
+}
+
+void Response::transactionChanged(Environment kind, quint64 transaction) {
+  QByteArray descriptor, none(1, '\0');
+  put<quint8>(descriptor, sizeof transaction);
+  put(descriptor, transaction);
+  environment(kind, kind == Environment::Begin ? descriptor : none,
+              kind == Environment::Begin ? none : descriptor);
+}
+
+void Response::columns(const std::vector<Column>& columns) {
+  put<quint8>(bytes_, kColumns);
+  put<quint16>(bytes_, static_cast<quint16>(columns.size()));
+  for (const Column& column : columns) {
+    put<quint32>(bytes_, 0);
+    put<quint16>(bytes_, 0x0009);  // may be null, may be written
+    switch (column.type) {
+      case Type::Integer:
+        bytes_ += QByteArrayLiteral("\x26\x04");
+        break;
+      case Type::Decimal:
+      case Type::Identity: {
+        const DecimalForm form = decimalForm(column.type);
+        put<quint8>(bytes_, kDecimalN);
+        put<quint8>(bytes_, static_cast<quint8>(form.bytes + 1));
+        put(bytes_, form.precision);
+        put(bytes_, form.scale);
+        break;
+      }
+      case Type::DateTime:
+        bytes_ += QByteArrayLiteral("\x6F\x08");
+        break;
+      case Type::Text:
+        put<quint8>(bytes_, kVarChar);
+        put<quint16>(bytes_, static_cast<quint16>(column.length > 0 ? column.length : 0xFFFF));
+        bytes_.append(kCollation.data(), kCollation.size());
+        break;
+    }
+    putText<quint8>(bytes_, column.name);
+  }
+}
+
+void Response::text(const Column& column, const QByteArray& text) {
+  if (column.length == 0) return putLongText(bytes_, text);
+  const QByteArray kept = text.left(column.length);
+  put<quint16>(bytes_, static_cast<quint16>(kept.size()));
+  bytes_ += kept;
+}
+
+void Response::value(const Column& column, const data::Recordset& result) {
+  const QString& field = column.name;
+  if (result.isNull(field)) {
+    if (column.type != Type::Text) return put<quint8>(bytes_, 0);
+    return column.length > 0 ? put<quint16>(bytes_, 0xFFFF) : put<quint64>(bytes_, ~quint64{0});
+  }
+  switch (column.type) {
+    case Type::Integer:
+      put<quint8>(bytes_, 4);
+      put(bytes_, static_cast<qint32>(result.number(field)));
+      break;
+    case Type::Decimal:
+    case Type::Identity:
+      putDecimal(bytes_, result.number(field), decimalForm(column.type));
+      break;
+    case Type::DateTime:
+      putDateTime(bytes_, result.date(field));
+      break;
+    case Type::Text:
+      text(column, toCodePage(result.text(field)));
+      break;
+  }
+}
+
+void Response::row(const std::vector<Column>& columns, const data::Recordset& result) {
+  put<quint8>(bytes_, kRow);
+  for (const Column& column : columns) value(column, result);
+}
+
+void Response::error(qint32 number, quint8 severity, const QString& text) {
+  QByteArray body;
+  put(body, number);
+  put<quint8>(body, 1);
+  put(body, severity);
+  putText<quint16>(body, text.left(1000));
+  putText<quint8>(body, u"TESTE"_s);
+  putText<quint8>(body, {});
+  put<quint32>(body, 1);
+  put<quint8>(bytes_, kError);
+  put<quint16>(bytes_, static_cast<quint16>(body.size()));
+  bytes_ += body;
+}
+
+void Response::done(qint64 rows, bool failed, bool attention) {
+  put<quint8>(bytes_, kDone);
+  put<quint16>(bytes_, static_cast<quint16>((failed ? 0x0002 : 0x0010) | (attention ? 0x0020 : 0)));
+  put<quint16>(bytes_, 0);
+  put(bytes_, rows);
+}
+
+QByteArray preloginAnswer() {
+  // Places and lengths of: the version, encryption (none), threads, several results at a time (no).
+  return QByteArray(
+      "\x00\x00\x15\x00\x06\x01\x00\x1B\x00\x01\x02\x00\x1C\x00\x01\x04\x00\x1D\x00\x01\xFF"
+      "\x0F\x00\x00\x00\x00\x00\x02\x00\x00",
+      30);
+}
+
+Login parseLogin(const QByteArray& message) {
+  const auto field = [&](qsizetype place) {
+    const auto at = qFromLittleEndian<quint16>(message.constData() + place);
+    const auto length = qFromLittleEndian<quint16>(message.constData() + place + 2);
+    return message.sliced(at, length * 2);
+  };
+  QByteArray password = field(44);
+  for (char& byte : password) {
+    const auto plain = static_cast<unsigned char>(byte ^ '\xA5');
+    byte = static_cast<char>((plain >> 4) | (plain << 4));
+  }
+  return {narrowed(field(40)), narrowed(password), narrowed(field(68))};
+}
+
+QString parseBatch(const QByteArray& message) {
+  return narrowed(QByteArrayView(message).sliced(qFromLittleEndian<quint32>(message.constData())));
+}
+
+TransactionRequest parseTransaction(const QByteArray& message) {
+  const QByteArray request = message.sliced(qFromLittleEndian<quint32>(message.constData()));
+  const auto nameLength = static_cast<quint8>(request[2]);
+  return {qFromLittleEndian<quint16>(request.constData()), (request.at(3 + nameLength) & 1) != 0};
+}
+
+QByteArray toCodePage(const QString& text) {
+  QByteArray bytes;
+  bytes.reserve(text.size());
+  for (const QChar c : text) {
+    const auto place = std::ranges::find(kUpperControls, c.unicode());
+    if (place != kUpperControls.end())
+      bytes += static_cast<char>(0x80 + (place - kUpperControls.begin()));
+    else
+      bytes += c.unicode() < 0x100 ? static_cast<char>(c.unicode()) : '?';
+  }
+  return bytes;
+}
+
+QString throughCodePage(const QString& text) {
+  QString kept;
+  kept.reserve(text.size());
+  for (const QChar c : text)
+    kept += c.unicode() < 0x100 || std::ranges::find(kUpperControls, c.unicode()) != kUpperControls.end()
+                ? c
+                : u'?';
+  return kept;
+}
+
+}  // namespace support::tds
