@@ -1,0 +1,56 @@
+#include "floor.h"
+
+#include <QFile>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/data/embedded_dialect.h"
+#include "platform/data/embedded_library.h"
+
+using namespace Qt::StringLiterals;
+
+namespace bench {
+
+namespace {
+
+/// What the library is given for a statement of the program.
+QByteArray forLibrary(const QString& statement) {
+  if (statement == u"BEGIN") return "BEGIN IMMEDIATE";
+  if (const auto column = data::identityColumn(statement)) return "SELECT last_insert_rowid()";
+  return data::toEmbeddedDialect(statement).toUtf8();
+}
+
+void runOne(sqlite3* database, const QByteArray& sql) {
+  sqlite3_stmt* statement = nullptr;
+  int outcome =
+      sqlite3_prepare_v2(database, sql.constData(), static_cast<int>(sql.size()), &statement, nullptr);
+  if (outcome == SQLITE_OK) {
+    const int width = sqlite3_column_count(statement);
+    while ((outcome = sqlite3_step(statement)) == SQLITE_ROW)
+      for (int column = 0; column < width; ++column)
+        static_cast<void>(sqlite3_column_text(statement, column));
+  }
+  sqlite3_finalize(statement);
+  if (outcome == SQLITE_DONE) return;
+  std::fprintf(stderr, "The floor could not run: %s\n%s\n", sql.constData(), sqlite3_errmsg(database));
+  std::exit(1);
+}
+
+}  // namespace
+
+Floor::Floor(const QStringList& statements) {
+  for (const QString& statement : statements) statements_.push_back(forLibrary(statement));
+}
+
+double Floor::run(const QString& databasePath) const {
+  const QString copy = databasePath + u".floor"_s;
+  for (const auto& suffix : {u""_s, u"-wal"_s, u"-shm"_s}) QFile::remove(copy + suffix);
+  QFile::copy(databasePath, copy);
+  const data::Database database = data::openLibrary(copy);
+  const auto start = std::chrono::steady_clock::now();
+  for (const QByteArray& sql : statements_) runOne(database.get(), sql);
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+}  // namespace bench

@@ -1,0 +1,33 @@
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <cstring>
+
+#include "harness.h"
+#include "measurements.h"
+#include "platform/forms/form.h"
+
+// Times the handlers of the program beside their floors. "--only WORD" runs the subjects whose name holds it.
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tests/support/offscreen.json");
+  QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  forms::applyStyle();
+  if (argc > 1 && std::strcmp(argv[1], "--start") == 0) return bench::startAsChild();
+
+  const char* only = argc > 2 && std::strcmp(argv[1], "--only") == 0 ? argv[2] : "";
+  benchmark::Initialize(&argc, argv);
+  const struct {
+    const char* name;
+    void (*run)();
+  } subjects[] = {{"start", bench::starting},
+                  {"quotes", bench::openingAndSaving},
+                  {"lookups", bench::lookingUp},
+                  {"searches", bench::searching},
+                  {"mass", bench::including}};
+  for (const auto& subject : subjects)
+    if (std::strstr(subject.name, only) != nullptr) subject.run();
+  bench::printSummary();
+  return 0;
+}

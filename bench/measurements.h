@@ -1,0 +1,17 @@
+#pragma once
+
+// The measurements by subject; each makes its own company and keeps its lines for the summary.
+namespace bench {
+
+void openingAndSaving();
+void searching();
+void lookingUp();
+void including();
+void documents();
+/// Start to the idle screen and resident memory, each in a process of its own.
+void starting();
+
+/// What the child process of starting() does: starts the program on a company, tells when it is idle, ends.
+int startAsChild();
+
+}  // namespace bench
