@@ -28,6 +28,15 @@ std::vector<std::string>& summary() {
   return lines;
 }
 
+/// The library's own report without its heading on the machine, which would stand before every measurement.
+class Reporter : public benchmark::ConsoleReporter {
+ public:
+  bool ReportContext(const Context& context) override {
+    name_field_width_ = std::max<std::size_t>(context.name_field_width, 60);
+    return true;
+  }
+};
+
 /// Puts a file back as it was, without what a run left in its log.
 void restore(const QString& from, const QString& to) {
   for (const auto& suffix : {u""_s, u"-wal"_s, u"-shm"_s}) QFile::remove(to + suffix);
@@ -116,7 +125,8 @@ void measure(Bench& company, const Measurement& one) {
       ->UseManualTime()
       ->Iterations(one.runs)
       ->Unit(benchmark::kMillisecond);
-  benchmark::RunSpecifiedBenchmarks();
+  Reporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
   benchmark::ClearRegisteredBenchmarks();
   tell(one.name, one.size, median(times), median(floors));
   static_cast<void>(company);

@@ -34,7 +34,7 @@ QString libraryWords(sqlite3* database, const QString& path) {
 Database openLibrary(const QString& path) {
   checkEmbeddedFile(path);
   sqlite3* opened = nullptr;
-  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   Database database(opened);
   const auto check = [&](int result) {
     if (result != SQLITE_OK)
