@@ -33,7 +33,8 @@ class WebPane::Private {
   double zoom = 1.0;
   bool loading = false;
   bool ok = false;
-  bool fit = true;  // nobody has set the zoom
+  bool fit = true;        // nobody has set the zoom
+  double shrunkFrom = 0;  // content width that the zoom was last made for; the engine tells it late
 };
 
 WebPane::WebPane(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private>(this)) {
@@ -74,15 +75,17 @@ void WebPane::navigate(const QString& path) {
   d_->loading = true;
   d_->view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled,
                                      path.endsWith(u".pdf", Qt::CaseInsensitive));  // its viewer is a script
-  applyZoom(d_->fit ? 1.0 : d_->zoom);
   d_->view->load(path.isEmpty() ? QUrl(u"about:blank"_s) : QUrl::fromLocalFile(files::resolve(path)));
 }
 
 void WebPane::pageLoaded(bool ok) {
+  if (!d_->loading) return;  // a link that opened elsewhere
   d_->loading = false;
   d_->ok = ok;
-  d_->view->setZoomFactor(d_->zoom);
-  shrinkToWidth();
+  if (d_->fit)
+    fitWidth();
+  else
+    applyZoom(d_->zoom);
   Q_EMIT loaded(ok);
 }
 
@@ -123,6 +126,7 @@ void WebPane::zoomOut() { setZoom(d_->zoom - kStep); }
 
 void WebPane::fitWidth() {
   d_->fit = true;
+  d_->shrunkFrom = 0;
   applyZoom(1.0);
   shrinkToWidth();
 }
@@ -140,8 +144,11 @@ void WebPane::applyZoom(double factor) {
 
 void WebPane::shrinkToWidth() {
   if (!d_->fit || d_->view == nullptr || d_->loading || !d_->view->isVisible()) return;
-  const double excess = d_->view->page()->contentsSize().width() / d_->view->width();
-  if (excess > 1.005 && d_->zoom > kSmallest) applyZoom(d_->zoom / excess);
+  const double content = d_->view->page()->contentsSize().width();
+  const double excess = content / d_->view->width();
+  if (excess < 1.005 || content == d_->shrunkFrom) return;
+  d_->shrunkFrom = content;
+  applyZoom(d_->zoom / excess);
 }
 
 void WebPane::openFind() { d_->bar->open(); }

@@ -29,8 +29,8 @@ class WebPaneTest : public ::testing::Test {
     const QString path = folder_.filePath(u"page.html"_s);
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(("<html><meta http-equiv='Content-Type' content='text/html; charset=iso-8859-1'><body>" +
-                body + "</body></html>")
+    file.write((u"<html><meta http-equiv='Content-Type' content='text/html; charset=iso-8859-1'><body>"_s +
+                body + u"</body></html>"_s)
                    .toLatin1());
     return path;
   }
@@ -39,15 +39,17 @@ class WebPaneTest : public ::testing::Test {
     image.fill(color);
     ASSERT_TRUE(image.save(folder_.filePath(name)));
   }
-  /// Waits until the pane shows a colour somewhere.
+  /// Waits until the pane shows a colour somewhere. A picture of it is taken now and then only, since taking
+  /// one holds up the drawing.
   bool shows(QColor color) {
-    return QTest::qWaitFor([this, color] {
+    for (int attempt = 0; attempt < 50; ++attempt) {
+      QTest::qWait(100);
       const QImage image = pane_.grab().toImage();
       for (int y = 0; y < image.height(); y += 4)
         for (int x = 0; x < image.width(); x += 4)
           if (image.pixelColor(x, y) == color) return true;
-      return false;
-    });
+    }
+    return false;
   }
 
   QTemporaryDir folder_;
@@ -94,8 +96,8 @@ TEST_F(WebPaneTest, ShrinksWidePagesUntilTheUserZooms) {
   const QString wide = page(u"<table width='800'><tr><td>largo</td></tr></table>"_s);
   pane_.navigate(wide);
   ASSERT_TRUE(pane_.waitForLoad());
-  EXPECT_TRUE(QTest::qWaitFor([this] { return pane_.contentWidth() <= pane_.width(); }));
-  EXPECT_LT(pane_.zoom(), 0.8);
+  EXPECT_TRUE(
+      QTest::qWaitFor([this] { return pane_.zoom() < 0.8 && pane_.contentWidth() == pane_.width(); }));
   EXPECT_GT(pane_.zoom(), 0.65);
   pane_.setZoom(1.5);
   pane_.navigate(wide);
@@ -147,20 +149,18 @@ class Opened : public QObject {
 };
 
 TEST_F(WebPaneTest, LinksOpenOutside) {
-  Opened opened;
+  static Opened opened;  // outlives the handler
   QDesktopServices::setUrlHandler(u"http"_s, &opened, "take");
   const QString link =
-      u"<a TARGET='%1' href='http://example.invalid/%1'><div style='height:380px'>x</div></a>"_s;
+      u"<a TARGET='%1' href='http://example.invalid/%1'><div style='height:380px;background:red'>x</div></a>"_s;
   for (const QString& target : {u"_blank"_s, u"_self"_s}) {
     pane_.navigate(page(link.arg(target)));
     ASSERT_TRUE(pane_.waitForLoad());
-    ASSERT_TRUE(shows(Qt::white));
-    QWidget* surface = pane_.focusProxy()->findChild<QWidget*>();
-    ASSERT_NE(surface, nullptr);
+    ASSERT_TRUE(shows(Qt::red));
     const auto before = opened.urls.size();
     ASSERT_TRUE(QTest::qWaitFor([&] {
-      QTest::mouseClick(pane_.focusProxy()->focusProxy() ? pane_.focusProxy()->focusProxy() : surface,
-                        Qt::LeftButton, {}, QPoint(100, 100));
+      QTest::mouseClick(pane_.childAt(100, 100), Qt::LeftButton, {}, QPoint(100, 100));
+      QTest::qWait(100);
       return opened.urls.size() > before;
     }));
     EXPECT_EQ(opened.urls.last().path(), u"/"_s + target);
