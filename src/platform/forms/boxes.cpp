@@ -18,6 +18,7 @@ namespace {
 std::function<Answer(const Box&)> boxAnswerer;
 std::function<QString(const Input&)> inputAnswerer;
 int shownSoFar = 0;
+int waitingNow = 0;
 
 QString withLineBreaks(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
 
@@ -25,6 +26,7 @@ QString withLineBreaks(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).r
 class Interlude {
  public:
   Interlude() : caller_(QApplication::activeWindow()) {
+    ++waitingNow;
     const QList<Form*> forms = registry::shown();
     if (caller_.isNull() && !forms.isEmpty()) caller_ = forms.last();
     if (QApplication::overrideCursor() != nullptr) {
@@ -33,6 +35,7 @@ class Interlude {
     }
   }
   ~Interlude() {
+    --waitingNow;
     if (pointer_) QApplication::restoreOverrideCursor();
     if (!caller_.isNull() && caller_->isVisible()) caller_->activateWindow();
   }
@@ -110,5 +113,6 @@ void setBoxAnswerer(std::function<Answer(const Box&)> answerer) { boxAnswerer = 
 void setInputAnswerer(std::function<QString(const Input&)> answerer) { inputAnswerer = std::move(answerer); }
 
 int boxesShown() { return shownSoFar; }
+int boxesWaiting() { return waitingNow; }
 
 }  // namespace forms

@@ -36,5 +36,7 @@ void setInputAnswerer(std::function<QString(const Input&)> answerer);
 
 /// How many boxes have come up so far in this process.
 [[nodiscard]] int boxesShown();
+/// How many real ones wait for an answer now.
+[[nodiscard]] int boxesWaiting();
 
 }  // namespace forms

@@ -144,6 +144,8 @@ void setBackColor(QWidget* control, ColorNumber number) {
   const Roles roles = rolesOf(control);
   const QColor ground = toColor(number);
   control->setProperty(kBackProperty, number);
+  // Options and checks stand on the window's ground, not on a button's face.
+  control->setBackgroundRole(roles.back);
   paint(control, roles.back, ground);
   if (roles.back == QPalette::Window && !control->isWindow()) {
     // Options and checks would fill themselves with the colour of buttons.

@@ -39,6 +39,8 @@ void leaveAll() {
   for (QEventLoop* loop : std::as_const(loops)) loop->exit();
 }
 
+int depth() { return static_cast<int>(loops.size()); }
+
 int runs() { return runCount; }
 
 int ends() { return endCount; }

@@ -13,6 +13,9 @@ void run(QEventLoop& loop, const std::function<bool()>& opening);
 /// Leaves all of them: each throws Ended on its way out.
 void leaveAll();
 
+/// How many loops run now.
+[[nodiscard]] int depth();
+
 /// How many modal forms have been opened so far.
 [[nodiscard]] int runs();
 

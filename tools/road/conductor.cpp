@@ -1,0 +1,116 @@
+#include "conductor.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace road {
+
+namespace {
+
+/// A step that takes longer hangs.
+constexpr qint64 kPatience = 180'000;
+constexpr int kLook = 200;
+
+constexpr char kScreen[] = R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": false,
+  "screens": [{"name": "screen", "x": 0, "y": 0, "width": 1024, "height": 768,
+               "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+
+void writeFile(const QString& name, const QByteArray& content) {
+  QFile file(name);
+  if (file.open(QIODevice::WriteOnly)) file.write(content);
+}
+
+/// Waits for a child; false when one of its steps hangs.
+bool waitFor(QProcess& child, const QString& progressFile) {
+  QElapsedTimer sinceMove;
+  sinceMove.start();
+  int last = -1;
+  while (!child.waitForFinished(kLook) && child.state() != QProcess::NotRunning) {
+    const int now = Progress::read(progressFile).next;
+    if (now != last) sinceMove.restart();
+    last = now;
+    if (sinceMove.elapsed() < kPatience) continue;
+    child.kill();
+    child.waitForFinished();
+    return false;
+  }
+  return true;
+}
+
+const Step& stepBefore(const Road& road, int next) {
+  return road.steps.at(std::clamp(next - 1, 0, static_cast<int>(road.steps.size()) - 1));
+}
+
+}  // namespace
+
+void Progress::write(const QString& file) const {
+  const QJsonObject object{{u"next"_s, next},       {u"clock"_s, clock}, {u"commandLine"_s, commandLine},
+                           {u"started"_s, started}, {u"ended"_s, ended}, {u"status"_s, status},
+                           {u"failed"_s, failed}};
+  writeFile(file + u".part"_s, QJsonDocument(object).toJson());
+  std::rename(QFile::encodeName(file + u".part"_s).constData(), QFile::encodeName(file).constData());
+}
+
+Progress Progress::read(const QString& name) {
+  QFile file(name);
+  Progress progress;
+  if (!file.open(QIODevice::ReadOnly)) return progress;
+  const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
+  progress.next = object[u"next"_s].toInt();
+  progress.clock = object[u"clock"_s].toString();
+  progress.commandLine = object[u"commandLine"_s].toString();
+  progress.started = object[u"started"_s].toBool();
+  progress.ended = object[u"ended"_s].toBool();
+  progress.status = object[u"status"_s].toInt();
+  progress.failed = object[u"failed"_s].toBool();
+  return progress;
+}
+
+void tell(const Road& road, const Step& step, const Failure& failure) {
+  const QString text = u"%1:%2: %3\n  expected: %4\n  found:    %5\n"_s.arg(
+      road.file, QString::number(step.line), step.text, failure.expected(), failure.found());
+  std::fputs(text.toUtf8().constData(), stderr);
+}
+
+int conduct(const Road& road, const QString& pictures) {
+  const QTemporaryDir folder;
+  const QString progressFile = folder.filePath(u"progress"_s);
+  writeFile(folder.filePath(u"screen.json"_s), kScreen);
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(folder.filePath(u"screen.json"_s)));
+
+  Progress progress;
+  progress.write(progressFile);
+  while (progress.next < road.steps.size()) {
+    const int before = progress.next;
+    QProcess child;
+    child.setProcessChannelMode(QProcess::ForwardedChannels);
+    child.start(QCoreApplication::applicationFilePath(),
+                {u"--child"_s, progressFile, u"--pictures"_s, pictures, road.file});
+    const bool moved = waitFor(child, progressFile);
+    progress = Progress::read(progressFile);
+    if (progress.failed) return 1;
+    const Step& last = stepBefore(road, progress.next);
+    if (!moved) {
+      tell(road, last, Failure(u"the program idle"_s, u"busy for %1 s"_s.arg(kPatience / 1000)));
+      return 1;
+    }
+    if (child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0 || progress.next == before) {
+      tell(road, last, Failure(u"the program running"_s, u"it broke down (%1)"_s.arg(child.exitCode())));
+      return 1;
+    }
+  }
+  std::printf("%s: %d steps, all as expected\n", qPrintable(QFileInfo(road.file).fileName()),
+              static_cast<int>(road.steps.size()));
+  return 0;
+}
+
+}  // namespace road
