@@ -27,9 +27,10 @@ bool isConnectionLost(const QSqlError& error) {
   // Numbers of the client library: its own server messages have other ones.
   static const QStringList kNumbers{u"20003"_s, u"20004"_s, u"20006"_s, u"20009"_s,
                                     u"20017"_s, u"20020"_s, u"20047"_s};
-  static const QStringList kTexts{u"Communication link failure"_s, u"Unexpected EOF"_s,
-                                  u"Connection is dead"_s,         u"Read from the server failed"_s,
-                                  u"Write to the server failed"_s, u"Connection not open"_s};
+  static const QStringList kTexts{u"Communication link failure"_s,  u"Unexpected EOF"_s,
+                                  u"Connection is dead"_s,          u"Timeout expired"_s,
+                                  u"Read from the server failed"_s, u"Write to the server failed"_s,
+                                  u"Connection not open"_s};
   for (const QString& number : error.nativeErrorCode().split(u';'))
     if (kNumbers.contains(number.trimmed())) return true;
   for (const QString& text : kTexts)
@@ -63,7 +64,7 @@ OdbcEngine::OdbcEngine(const QString& connectionString, int timeout) {
   database_.setNumericalPrecisionPolicy(QSql::HighPrecision);
   database_.setConnectOptions(
       u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(timeout));  // a blank would make Qt ignore it
-  database_.setDatabaseName(odbcString(connectionString, qEnvironmentVariable("TDSPORT")));
+  database_.setDatabaseName(odbcString(connectionString, qEnvironmentVariable("TDSPORT"), timeout));
   if (database_.open()) return;
   const QString text = words(database_.lastError());
   database_ = {};

@@ -20,7 +20,7 @@ bool hasKey(const QString& connectionString, QStringView key) {
 
 }  // namespace
 
-QString odbcString(const QString& connectionString, const QString& portOfEnvironment) {
+QString odbcString(const QString& connectionString, const QString& portOfEnvironment, int timeout) {
   QString text = connectionString;
   if (!text.endsWith(u';')) text += u';';  // Qt adds a NUL to the last value
 #ifndef Q_OS_WIN
@@ -29,6 +29,7 @@ QString odbcString(const QString& connectionString, const QString& portOfEnviron
     // accents by the C locale unless told otherwise.
     if (portOfEnvironment.isEmpty() && !hasKey(text, u"port")) text += "port=1433;"_L1;
     if (!hasKey(text, u"TDS_Version")) text += "TDS_Version=7.4;"_L1;
+    if (!hasKey(text, u"Timeout")) text += u"Timeout=%1;"_s.arg(timeout);
     if (!hasKey(text, u"ClientCharset")) text += "ClientCharset=UTF-8;"_L1;
   }
 #endif
