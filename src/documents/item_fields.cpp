@@ -17,7 +17,12 @@ bool EhProduto(const data::Recordset& rs) { return rs.text(u"prod_prot").toUpper
 ItemDoDocumento PorTipo(const data::Recordset& rs) {
   const QString id = rs.text(u"idprodprot");
   if (EhProduto(rs)) return DoProduto(id);
-  return {ValidaPrototipo(id), DescricaoPrototipo(id), MascaraUnidade(UnidadePrototipo(id))};
+  return {ValidaPrototipo(id), DescricaoPrototipo(id), MascaraDoItem(rs)};
+}
+
+QString MascaraDoItem(const data::Recordset& rs) {
+  const QString id = rs.text(u"idprodprot");
+  return MascaraUnidade(EhProduto(rs) ? UnidadeProduto(id) : UnidadePrototipo(id));
 }
 
 data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao) {

@@ -13,6 +13,7 @@ struct ItemDoDocumento {
 [[nodiscard]] ItemDoDocumento DoProduto(const QString& idprod);
 /// By prod_prot: "PROD" is a product, anything else a prototype.
 [[nodiscard]] ItemDoDocumento PorTipo(const data::Recordset& rs);
+[[nodiscard]] QString MascaraDoItem(const data::Recordset& rs);
 [[nodiscard]] bool EhProduto(const data::Recordset& rs);
 
 /// Items of a quote, behind a further condition.

@@ -27,15 +27,15 @@ Celula DoItem(const QString& largura, const QString& texto, const char16_t* alin
 
 // Code and description are the product's of that id, whatever kind the item is.
 QString TabelaDoItem(const data::Recordset& rs) {
-  const ItemDoDocumento item = DoProduto(rs.text(u"idprodprot"));
+  const QString id = rs.text(u"idprodprot");
   return grade::abreDetalhes() +
          grade::linha({titulo(u"15%"_s, u"Código"_s), titulo(u"40%"_s, u"Descrição"_s),
                        titulo(u"20%"_s, u"Observação"_s), titulo(u"5%"_s, u"Qtde"_s, kDireita),
                        titulo(u"10%"_s, u"Valor Unit."_s, kDireita),
                        titulo(u"10%"_s, u"Valor Total"_s, kDireita)}) +
-         grade::linha({DoItem(u"15%"_s, item.codigo), DoItem(u"40%"_s, item.descricao),
+         grade::linha({DoItem(u"15%"_s, CodigoProduto(id)), DoItem(u"40%"_s, DescricaoProduto(id)),
                        DoItem(u"20%"_s, ouBranco(rs.text(u"OBSE_PROP_CMRC_DETA"))),
-                       DoItem(u"5%"_s, rs.format(u"QTDE", item.mascara), kDireita),
+                       DoItem(u"5%"_s, rs.format(u"QTDE", MascaraDoItem(rs)), kDireita),
                        DoItem(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita),
                        DoItem(u"10%"_s, Dinheiro(rs, u"VALO_TOTA"), kDireita)}) +
          grade::fecha();

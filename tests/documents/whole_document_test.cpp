@@ -1,0 +1,102 @@
+// Whole documents, byte for byte.
+#include <QFile>
+
+#include "platform/values/runtime_error.h"
+#include "quote_rows.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Routine = void (*)(qint32, const QString&);
+
+struct Case {
+  const char* file;
+  Routine routine;
+  qint32 id;
+  const char16_t* model = u"";       ///< MODELO_PROP_CMRC
+  const char16_t* look = u"";        ///< MODELO_PEDI_VEDS
+  const char16_t* orderModel = u"";  ///< MODELO_PEDIDO_VEDS
+};
+void PrintTo(const Case& one, std::ostream* out) { *out << one.file; }
+
+class WholeDocument : public support::Quotes, public ::testing::WithParamInterface<Case> {
+ protected:
+  static QString expected(const char* name) {
+    QFile file(QStringLiteral(ZARIM_SOURCE_DIR "/tests/documents/expected/") + QString::fromLatin1(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    return QString::fromUtf8(file.readAll());
+  }
+};
+
+TEST_P(WholeDocument, IsAsTold) {
+  const Case& one = GetParam();
+  parameter(u"MODELO_PROP_CMRC"_s, QString::fromUtf16(one.model));
+  parameter(u"MODELO_PEDI_VEDS"_s, QString::fromUtf16(one.look));
+  parameter(u"MODELO_PEDIDO_VEDS"_s, QString::fromUtf16(one.orderModel));
+  print(one.id);
+  one.routine(one.id, document());
+  const QStringList lines = written().split(u'\n');
+  const QStringList told = expected(one.file).split(u'\n');
+  for (qsizetype i = 0; i < std::min(lines.size(), told.size()); ++i)
+    ASSERT_EQ(lines[i], told[i]) << one.file << " line " << i + 1;
+  EXPECT_EQ(lines.size(), told.size());
+}
+
+// A quote or an order that isn't there leaves the frames alone.
+INSTANTIATE_TEST_SUITE_P(
+    All, WholeDocument,
+    ::testing::Values(Case{"grade_aberto.html", MontaOrcaGradeHTML, 123},
+                      Case{"grade_aberto.html", MontaOrcaHTML, 123, u"2"},
+                      Case{"grade_fechado.html", MontaOrcaGradeHTML, 124},
+                      Case{"grade_fechado_sem_aprovacao.html", MontaOrcaGradeHTML, 125},
+                      Case{"grade_sem_itens.html", MontaOrcaGradeHTML, 126},
+                      Case{"modelo_vazio_sem_linha.html", MontaOrcaHTML, 999},
+                      Case{"modelo_1_sem_linha.html", MontaOrcaHTML, 999, u"1"},
+                      Case{"modelo_2_sem_linha.html", MontaOrcaHTML, 999, u"2"},
+                      Case{"modelo_3_sem_linha.html", MontaOrcaHTML, 999, u"3"},
+                      Case{"modelo_desconhecido.html", MontaOrcaHTML, 123, u"4"},
+                      Case{"pedido_sem_linha.html", MontaPedidoHTML, 999, u"", u"1", u"1"},
+                      Case{"pedido_sem_linha.html", MontaPedidoHTML, 999},
+                      Case{"pedido_importados_sem_linha.html", MontaPedidoHTML, 999, u"", u"2", u"2"}));
+
+TEST_F(WholeDocument, ExternalDocumentsNameTheInternetServer) {
+  print(123);
+  documento().PublicacaoExterna = true;
+  MontaOrcaGradeHTML(123, document());
+  QString told = expected("grade_aberto.html");
+  told.replace(u"c:\\zarim\\imagens\\"_s, u"http://www.exemplo.com.br/imagens/"_s);
+  EXPECT_EQ(written(), told);
+}
+
+TEST_F(WholeDocument, WithoutACompanyItsBlocksAreLeftOut) {
+  sql(u"UPDATE empr SET data_desa = '20240101'"_s);
+  for (const QString& model : {u""_s, u"1"_s}) {
+    parameter(u"MODELO_PROP_CMRC"_s, model);
+    files::removeIfThere(document());
+    MontaOrcaHTML(999, document());
+    EXPECT_FALSE(written().contains(u"CNPJ"_s));
+    EXPECT_TRUE(written().contains(u"Condições Gerais"_s));
+    sql(u"DELETE FROM empr_cnfg"_s);
+  }
+}
+
+// The number's label and the customer's contact data go by the document on view, the payment by the print
+// screen's row.
+TEST_F(WholeDocument, GridReadsTheValuesOfTheScreens) {
+  print(124);
+  MontaOrcaGradeHTML(123, document());
+  EXPECT_TRUE(written().contains(u"Pedido: </b>000123"_s));
+  EXPECT_TRUE(written().contains(u"texto do vendedor"_s));
+  documento().RsImpressao.close();
+  files::remove(document());
+  try {
+    MontaOrcaGradeHTML(123, document());
+    ADD_FAILURE() << "a closed recordset was read";
+  } catch (const values::RuntimeError& error) {
+    EXPECT_EQ(error.number(), values::kClosedObject);
+  }
+  EXPECT_FALSE(files::exists(document()));
+}
+
+}  // namespace
