@@ -67,10 +67,20 @@ void checked(const Words& words) {
   state(u"checked"_s, words, controlNamed<QAbstractButton>(words.at(1).text).isChecked());
 }
 
+/// A column by its number or its title.
+int columnOf(const forms::GridModel& grid, const QString& name) {
+  bool number = false;
+  const int column = name.toInt(&number);
+  if (number) return column;
+  for (int i = 0; i < grid.cols(); ++i)
+    if (grid.text(0, i) == name) return i;
+  throw Failure(u"column "_s + name, u"no such title"_s);
+}
+
 void cell(const Words& words) {
   const forms::GridModel& grid = gridNamed(words.at(1).text);
   const int row = words.at(2).text == u"last"_s ? grid.rows() - 1 : words.at(2).text.toInt();
-  const int column = words.at(3).text.toInt();
+  const int column = columnOf(grid, words.at(3).text);
   const QString place = u"cell %1 %2 of %3"_s.arg(row).arg(column).arg(words.at(1).text);
   require(row < grid.rows() && column < grid.cols(), place,
           u"%1 rows and %2 columns"_s.arg(grid.rows() - 1).arg(grid.cols()));

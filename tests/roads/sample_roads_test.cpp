@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPatience = 300'000;  // milliseconds: the browser engine starts slowly on a busy machine
+
+std::vector<std::string> roads() {
+  std::vector<std::string> found;
+  for (const QFileInfo& file :
+       QDir(QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads")).entryInfoList({u"*.road"_s}))
+    found.push_back(file.completeBaseName().toStdString());
+  return found;
+}
+
+/// Runs a program to its end; says what it wrote when it fails.
+void run(const QString& program, const QStringList& arguments, const QProcessEnvironment& environment) {
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  process.setProcessChannelMode(QProcess::MergedChannels);
+  process.start(program, arguments);
+  const bool ended = process.waitForFinished(kPatience);
+  EXPECT_TRUE(ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+      << program.toStdString() << ' ' << arguments.join(u' ').toStdString() << '\n'
+      << process.readAll().toStdString();
+}
+
+quint16 freePort() {
+  QTcpServer server;
+  server.listen(QHostAddress::LocalHost);
+  return server.serverPort();
+}
+
+/// Keeps what the program mails in a folder, as long as it lives.
+class MailCatcher {
+ public:
+  explicit MailCatcher(const QString& folder) : port_(freePort()) {
+    process_.start(u"/usr/bin/python3"_s,
+                   {QStringLiteral(ZARIM_SOURCE_DIR "/tools/mailcatcher/mailcatcher.py"), u"--folder"_s,
+                    folder, u"--port"_s, QString::number(port_)});
+    QTcpSocket probe;
+    do {
+      probe.connectToHost(QHostAddress::LocalHost, port_);
+    } while (!probe.waitForConnected(100) && process_.state() != QProcess::NotRunning);
+  }
+  ~MailCatcher() {
+    process_.terminate();
+    process_.waitForFinished();
+  }
+  [[nodiscard]] QString server() const { return u"127.0.0.1:%1"_s.arg(port_); }
+
+ private:
+  quint16 port_;
+  QProcess process_;
+};
+
+class SampleRoad : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(SampleRoad, IsWalkedToItsEnd) {
+  const QTemporaryDir folder;
+  const QString drive = folder.path() + u"/c"_s;
+  const QString mail = folder.path() + u"/mail"_s;
+  const QString pictures = QStringLiteral(ZARIM_BINARY_DIR "/pictures");
+  QDir().mkpath(pictures);
+  const MailCatcher catcher(mail);
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(u"ZARIM_DRIVE_C"_s, drive);
+  environment.insert(u"ZARIM_MAIL_FOLDER"_s, mail);
+  environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+  const QString tools = QStringLiteral(ZARIM_BINARY_DIR "/tools/");
+  run(tools + u"zarim_install"_s,
+      {u"--to"_s, drive, u"--day"_s, u"16/03/2026"_s, u"--mail-server"_s, catcher.server()}, environment);
+  run(tools + u"zarim_road"_s,
+      {u"--pictures"_s, pictures,
+       QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads/") + QString::fromStdString(GetParam()) + u".road"_s},
+      environment);
+}
+
+INSTANTIATE_TEST_SUITE_P(Roads, SampleRoad, ::testing::ValuesIn(roads()),
+                         [](const auto& road) { return road.param; });
+
+}  // namespace
