@@ -1,7 +1,6 @@
 #include "floor.h"
 
 #include <QFile>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
@@ -43,14 +42,14 @@ Floor::Floor(const QStringList& statements) {
   for (const QString& statement : statements) statements_.push_back(forLibrary(statement));
 }
 
-double Floor::run(const QString& databasePath) const {
+Times Floor::run(const QString& databasePath) const {
   const QString copy = databasePath + u".floor"_s;
   for (const auto& suffix : {u""_s, u"-wal"_s, u"-shm"_s}) QFile::remove(copy + suffix);
   QFile::copy(databasePath, copy);
   const data::Database database = data::openLibrary(copy);
-  const auto start = std::chrono::steady_clock::now();
-  for (const QByteArray& sql : statements_) runOne(database.get(), sql);
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+  return timeOf([&] {
+    for (const QByteArray& sql : statements_) runOne(database.get(), sql);
+  });
 }
 
 }  // namespace bench

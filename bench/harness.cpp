@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 #include "floor.h"
@@ -75,10 +76,23 @@ void Bench::start() {
   QCoreApplication::processEvents();
 }
 
-double milliseconds(const std::function<void()>& call) {
+Times timeOf(const std::function<void()>& call) {
   const auto start = std::chrono::steady_clock::now();
+  const std::clock_t used = std::clock();
   call();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+  const std::clock_t usedThen = std::clock();
+  return {std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count(),
+          static_cast<double>(usedThen - used) * 1000.0 / CLOCKS_PER_SEC};
+}
+
+Times median(const std::vector<Times>& times) {
+  std::vector<double> wall;
+  std::vector<double> cpu;
+  for (const Times& one : times) {
+    wall.push_back(one.wall);
+    cpu.push_back(one.cpu);
+  }
+  return {median(wall), median(cpu)};
 }
 
 double median(std::vector<double> values) {
@@ -106,21 +120,24 @@ void measure(Bench& company, const Measurement& one) {
   contexto().Conexao.setListener({});
   const Floor floor(statements);
 
-  std::vector<double> times;
-  std::vector<double> floors;
+  std::vector<Times> times;
+  std::vector<Times> floors;
   benchmark::RegisterBenchmark((one.name + "/" + std::to_string(one.size)).c_str(),
                                [&](benchmark::State& state) {
                                  for (auto _ : state) {
-                                   double atFloor = floor.run(kept);
-                                   if (one.floorExtra) atFloor += milliseconds(one.floorExtra);
-                                   floors.push_back(atFloor);
+                                   floors.push_back(floor.run(kept));
+                                   if (one.floorExtra) {
+                                     const Times extra = timeOf(one.floorExtra);
+                                     floors.back().wall += extra.wall;
+                                     floors.back().cpu += extra.cpu;
+                                   }
                                    reopen();
                                    one.prepare();
-                                   times.push_back(milliseconds(one.handler));
-                                   state.SetIterationTime(times.back() / 1000.0);
+                                   times.push_back(timeOf(one.handler));
+                                   state.SetIterationTime(times.back().wall / 1000.0);
                                  }
                                  state.counters["statements"] = static_cast<double>(statements.size());
-                                 state.counters["floor_ms"] = median(floors);
+                                 state.counters["floor_ms"] = median(floors).wall;
                                })
       ->UseManualTime()
       ->Iterations(one.runs)
@@ -132,17 +149,18 @@ void measure(Bench& company, const Measurement& one) {
   static_cast<void>(company);
 }
 
-void tell(const std::string& name, int size, double time, double floor) {
-  char line[160];
-  std::snprintf(line, sizeof line, "%-34s %7d %11.2f ms %11.2f ms %8.2f", name.c_str(), size, time, floor,
-                floor > 0 ? time / floor : 0.0);
+void tell(const std::string& name, int size, Times time, Times floor) {
+  const auto ratio = [](double of, double to) { return to > 0 ? of / to : 0.0; };
+  char line[200];
+  std::snprintf(line, sizeof line, "%-38s %7d %11.2f ms %11.2f ms %7.2f %7.2f", name.c_str(), size, time.wall,
+                floor.wall, ratio(time.wall, floor.wall), ratio(time.cpu, floor.cpu));
   summary().emplace_back(line);
 }
 
 void tellLine(const std::string& line) { summary().push_back(line); }
 
 void printSummary() {
-  std::printf("\n%-34s %7s %14s %14s %8s\n", "measurement", "size", "time", "floor", "ratio");
+  std::printf("\n%-38s %7s %14s %14s %7s %7s\n", "measurement", "size", "time", "floor", "ratio", "cpu");
   for (const std::string& line : summary()) std::printf("%s\n", line.c_str());
 }
 

@@ -45,14 +45,19 @@ struct Measurement {
 void measure(Bench& company, const Measurement& measurement);
 
 /// Keeps a figure that was measured in another way, told on the last lines.
-void tell(const std::string& name, int size, double milliseconds, double floorMilliseconds);
+struct Times {
+  double wall = 0;  // milliseconds
+  double cpu = 0;   // milliseconds of this process
+};
+void tell(const std::string& name, int size, Times time, Times floor);
 /// Keeps a line of another kind.
 void tellLine(const std::string& line);
-/// Prints one line for each measurement: name, size, time, floor, ratio.
+/// Prints one line for each measurement: name, size, time, floor, ratio; last the ratio of the processor's
+/// share, which other programs on the machine don't touch.
 void printSummary();
 
-/// Milliseconds that a call takes.
-[[nodiscard]] double milliseconds(const std::function<void()>& call);
+[[nodiscard]] Times timeOf(const std::function<void()>& call);
 [[nodiscard]] double median(std::vector<double> values);
+[[nodiscard]] Times median(const std::vector<Times>& times);
 
 }  // namespace bench

@@ -16,11 +16,11 @@ namespace bench {
 namespace {
 
 /// A page-down in a grid that is shown: how long the picture of the next page takes.
-double pageDown(QTableView& grid) {
-  std::vector<double> times;
+Times pageDown(QTableView& grid) {
+  std::vector<Times> times;
   for (int page = 0; page < 20; ++page) {
     grid.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
-    times.push_back(milliseconds([&] { static_cast<void>(grid.viewport()->grab()); }));
+    times.push_back(timeOf([&] { static_cast<void>(grid.viewport()->grab()); }));
   }
   return median(times);
 }
@@ -47,7 +47,7 @@ void searching() {
     browse.cmdPesquisa->click();
     browse.show();
     QCoreApplication::processEvents();
-    tell("page-down in found quotes", count, pageDown(*browse.Flex), 0);
+    tell("page-down in found quotes", count, pageDown(*browse.Flex), {});
   }
 }
 

@@ -71,7 +71,7 @@ void starting() {
         runUntilIdle(QCoreApplication::applicationDirPath() + u"/zarim_bare"_s, {QString::number(controls)})
             .time);
   }
-  tell("start to idle screen (floor: bare form)", controls, median(times), median(bare));
+  tell("start to idle screen (floor: bare form)", controls, {median(times), 0}, {median(bare), 0});
   char line[120];
   std::snprintf(line, sizeof line, "resident memory of the idle screen: %.1f MB", memory);
   tellLine(line);

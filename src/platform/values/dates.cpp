@@ -53,30 +53,41 @@ QDateTime toDate(QStringView text) {
 
 QString formatDate(const QDateTime& date, QStringView form) {
   if (!date.isValid()) return {};
-  const auto number = [](int value, int width) { return QString::number(value).rightJustified(width, u'0'); };
-  QString out;
+  int year = 0, month = 0, day = 0;
+  date.date().getDate(&year, &month, &day);
+  const QTime time = date.time();
+  QString out(form.size(), Qt::Uninitialized);
+  QChar* at = out.data();
+  const auto write = [&at](int value, int width) {
+    for (int place = width; place > 0; --place, value /= 10) at[place - 1] = QChar(u'0' + value % 10);
+    at += width;
+  };
   bool behindHours = false;
-  while (!form.isEmpty()) {
-    const auto takes = [&form](QStringView token) {
-      if (!form.startsWith(token)) return false;
-      form = form.sliced(token.size());
-      return true;
-    };
-    if (takes(u"yyyy")) {
-      out += number(date.date().year(), 4);
-    } else if (takes(u"dd")) {
-      out += number(date.date().day(), 2);
-    } else if (takes(u"hh")) {
-      out += number(date.time().hour(), 2);
-      behindHours = true;
-    } else if (takes(u"mm")) {
-      out += number(behindHours ? date.time().minute() : date.date().month(), 2);
-    } else if (takes(u"ss")) {
-      out += number(date.time().second(), 2);
-    } else {
-      out += form.front();
-      form = form.sliced(1);
+  for (qsizetype i = 0; i < form.size();) {
+    qsizetype width = 1;
+    while (i + width < form.size() && form[i + width] == form[i]) ++width;
+    const int places = static_cast<int>(width);
+    switch (form[i].unicode()) {
+      case u'y':
+        write(year, places);
+        break;
+      case u'd':
+        write(day, places);
+        break;
+      case u'h':
+        write(time.hour(), places);
+        break;
+      case u'm':
+        write(behindHours ? time.minute() : month, places);
+        break;
+      case u's':
+        write(time.second(), places);
+        break;
+      default:
+        for (int n = 0; n < places; ++n) *at++ = form[i];
     }
+    behindHours = behindHours || form[i] == u'h';
+    i += width;
   }
   return out;
 }

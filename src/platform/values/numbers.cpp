@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <string_view>
 
 #include "platform/values/runtime_error.h"
 
@@ -68,39 +69,67 @@ QByteArray regionalDigits(QStringView text) {
 /// A number as decimal digits: value = 0,d1d2d3… times 10 to the power of point.
 struct Decimal {
   bool negative = false;
-  QByteArray digits;  // no trailing zeros; empty for zero
+  std::array<char, 24> digits{};
+  int size = 0;  // digits that count: no trailing zeros, none for zero
   int point = 0;
+
+  void take(std::string_view text) {
+    size = 0;
+    for (const char c : text)
+      if (c != '.') digits[static_cast<std::size_t>(size++)] = c;
+    while (size > 0 && at(size - 1) == '0') --size;
+  }
+  [[nodiscard]] char& at(int place) { return digits[static_cast<std::size_t>(place)]; }
+  [[nodiscard]] char at(int place) const { return digits[static_cast<std::size_t>(place)]; }
 };
+
+/// Numbers of six decimals at most, which is what the tables hold: such a number is the nearest double to a
+/// whole number of millionths, so its digits are the digits of that one.
+bool decomposeMillionths(double number, Decimal& out) {
+  constexpr double kMillion = 1e6;
+  constexpr double kLargest = 1e8;
+  if (number >= kLargest) return false;
+  const double millionths = std::nearbyint(number * kMillion);
+  if (millionths / kMillion != number) return false;
+  std::array<char, 24> buffer{};
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<qint64>(millionths)).ptr;
+  const auto size = static_cast<int>(end - buffer.data());
+  out.take({buffer.data(), static_cast<std::size_t>(size)});
+  out.point = size - 6;
+  return true;
+}
 
 Decimal decompose(double number) {
   if (!std::isfinite(number)) raise(kOverflow);
+  Decimal out;
+  out.negative = std::signbit(number);
+  if (decomposeMillionths(std::abs(number), out)) return out;
   std::array<char, 40> buffer{};
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
                                     std::chars_format::scientific, kDigits - 1);
-  const QByteArray text(buffer.data(), result.ptr - buffer.data());
-  const auto e = text.indexOf('e');
-  Decimal out;
-  out.negative = std::signbit(number);
-  out.digits = text.first(e).replace(".", "");
-  out.point = text.sliced(e + 1).toInt() + 1;
-  while (out.digits.endsWith('0')) out.digits.chop(1);
+  const std::string_view text(buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data()));
+  const auto e = text.find('e');
+  out.take(text.substr(0, e));
+  const std::size_t sign = text[e + 1] == '+' ? e + 2 : e + 1;
+  std::from_chars(text.data() + sign, result.ptr, out.point);
+  ++out.point;
   return out;
 }
 
 /// Keeps that many digits behind the point, half away from zero.
 void roundTo(Decimal& number, int decimals) {
   const int keep = number.point + decimals;
-  if (keep >= number.digits.size()) return;
-  const bool up = keep >= 0 && number.digits[keep] >= '5';
-  number.digits.truncate(std::max(keep, 0));
+  if (keep >= number.size) return;
+  const bool up = keep >= 0 && number.at(keep) >= '5';
+  number.size = std::max(keep, 0);
   if (!up) return;
-  qsizetype at = number.digits.size() - 1;
-  while (at >= 0 && number.digits[at] == '9') --at;
-  number.digits.truncate(at + 1);
-  if (at >= 0) {
-    ++number.digits[at];
+  while (number.size > 0 && number.at(number.size - 1) == '9') --number.size;
+  if (number.size > 0) {
+    ++number.at(number.size - 1);
   } else {
-    number.digits = "1";
+    number.at(0) = '1';
+    number.size = 1;
     ++number.point;
   }
 }
@@ -109,11 +138,12 @@ void roundTo(Decimal& number, int decimals) {
 QString plain(const Decimal& number, int leastDigits, int decimals) {
   const auto digit = [&](int place) {  // place 0 stands right behind the point
     const int at = number.point + place;
-    return at >= 0 && at < number.digits.size() ? QChar(QLatin1Char(number.digits[at])) : QChar(u'0');
+    return QChar(QLatin1Char(at >= 0 && at < number.size ? number.at(at) : '0'));
   };
-  const int before = std::max(number.digits.isEmpty() ? 0 : number.point, leastDigits);
+  const int before = std::max(number.size == 0 ? 0 : number.point, leastDigits);
   QString text;
-  if (number.negative && !number.digits.isEmpty()) text += u'-';
+  text.reserve(before + decimals + 2);
+  if (number.negative && number.size > 0) text += u'-';
   for (int place = -before; place < 0; ++place) text += digit(place);
   if (decimals > 0) text += u',';
   for (int place = 0; place < decimals; ++place) text += digit(place);
@@ -189,7 +219,7 @@ qint64 toInt64(double number) { return toInteger<qint64>(number); }
 
 QString toText(double number) {
   const Decimal decimal = decompose(number);
-  const auto size = static_cast<int>(decimal.digits.size());
+  const int size = decimal.size;
   if (size == 0) return u"0"_s;
   if (decimal.point > -kDigits && decimal.point <= kDigits)
     return plain(decimal, 1, std::max(size - decimal.point, 0));
