@@ -4,20 +4,13 @@
 #include "platform/values/numbers.h"
 #include "run/configuration.h"
 #include "run/context.h"
+#include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// One column of an event by its code.
-QString campoDoEvento(const QString& coluna, const QString& evento) {
-  QString& sql = contexto().sqlFuncoes;
-  sql = u"select "_s + coluna + u" from work_even where codi_work_even = '"_s + evento + u"'"_s;
-  const data::Recordset rs = AbreConsulta(sql);
-  return rs.eof() ? QString() : rs.text(coluna);
-}
 
 /// Addresses of the subscribers with ", " between them; one without an address leaves its place empty.
 QString enderecos(const QString& usuarios, int quantos) {
@@ -30,12 +23,23 @@ QString enderecos(const QString& usuarios, int quantos) {
 
 }  // namespace
 
-QString DescricaoEventoWorkFlow(const QString& evento) { return campoDoEvento(u"desc_work_even"_s, evento); }
-QString TextoEventoWorkFlow(const QString& evento) { return campoDoEvento(u"text_work_even"_s, evento); }
-QString IdEventoWorkFlow(const QString& evento) { return campoDoEvento(u"idwork_even"_s, evento); }
+QString DescricaoEventoWorkFlow(const QString& evento) {
+  return lookup::byText({u"select desc_work_even from work_even where codi_work_even = ", u"desc_work_even"},
+                        evento);
+}
+
+QString TextoEventoWorkFlow(const QString& evento) {
+  return lookup::byText({u"select text_work_even from work_even where codi_work_even = ", u"text_work_even"},
+                        evento);
+}
+
+QString IdEventoWorkFlow(const QString& evento) {
+  return lookup::byText({u"select idwork_even from work_even where codi_work_even = ", u"idwork_even"},
+                        evento);
+}
 
 QString UsuariosEventoWorkFlow(const QString& evento) {
-  const QString id = values::toText(LeNumero(IdEventoWorkFlow(evento)));
+  const QString id = lookup::number(IdEventoWorkFlow(evento));
   QString& sql = contexto().sqlFuncoes;
   sql = u"select idusen from work_even_usen where idwork_even = "_s + id + u" and data_desa is null"_s;
   QString ids;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "run/context.h"
+#include "search/delivery.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 
@@ -95,7 +96,8 @@ void frmBROWSE_CONDPG::cmdPesquisa_Click() {
     Flex->grid().addItem(linha.text());
   }
   if (Flex->grid().rows() >= 3) Flex->grid().setRow(0);
-  lblRegistros->setText(u"Registros: %1"_s.arg(Flex->grid().rows() - 1));
+  lblRegistros->setText(
+      pesquisa::contagem(Flex->grid().rows() - 1, u"condição encontrada"_s, u"condições encontradas"_s));
 }
 
 void frmBROWSE_CONDPG::Flex_DblClick() {
