@@ -1,5 +1,6 @@
 #include "closing/frmConfirmaPropCmrcTL.h"
 
+#include <QEvent>
 #include <QTextCursor>
 
 #include "platform/values/numbers.h"
@@ -10,6 +11,7 @@
 frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   setupUi(this);
   PreparaGradeParcelas();
+  ajustaMedidas();
 
   using forms::Event;
   using Tela = frmConfirmaPropCmrcTL;
@@ -29,6 +31,27 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) 
   enterMovesOn({txtDescontoGeral, txtPercDesc, cboTransportadora, txtObservacaoPedido, txtIdCondPg,
                 cmdPesquisa_CondPg, mskDataBase, txtValorSinal, cmdConfirmaCondPg, cmdDesfazer,
                 cmdConfirmar});
+}
+
+/// What follows the size of the text.
+void frmConfirmaPropCmrcTL::ajustaMedidas() {
+  constexpr double destaque = 1.3;
+  constexpr int letrasDaGrade = 41;
+  const int letra = fontMetrics().averageCharWidth();
+  for (QWidget* caixa : {txtIdCondPg, txtValorSinal}) caixa->setFixedWidth(12 * letra);
+  lblVrLiqTOT->setMinimumWidth(16 * letra);
+  Flex2->setMinimumWidth(letrasDaGrade * letra);
+
+  QFont fonte = font();
+  fonte.setBold(true);
+  rotuloLiquido->setFont(fonte);
+  fonte.setPointSizeF(fonte.pointSizeF() * destaque);
+  lblVrLiqTOT->setFont(fonte);
+}
+
+void frmConfirmaPropCmrcTL::changeEvent(QEvent* event) {
+  Form::changeEvent(event);
+  if (event->type() == QEvent::FontChange && isLoaded()) ajustaMedidas();
 }
 
 void frmConfirmaPropCmrcTL::LimpaFechamento() {

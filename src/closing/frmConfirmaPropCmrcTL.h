@@ -29,6 +29,7 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
 
  protected:
   void Form_Load() override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void cboTransportadora_DropDown();
@@ -46,6 +47,7 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   void acertaResto(double liquido);
   bool descontoPassaDoBruto();
   void limitaObservacao();
+  void ajustaMedidas();
   bool podeConfirmar();
   void passaDescontoParaOrcamento();
   void montaUpdateCondicao();

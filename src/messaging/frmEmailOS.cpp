@@ -1,5 +1,7 @@
 #include "messaging/frmEmailOS.h"
 
+#include <QEvent>
+
 #include "documents/document_values.h"
 #include "platform/files/paths.h"
 #include "platform/mail/mail_message.h"
@@ -40,10 +42,23 @@ void anexaLista(mail::AttachmentList& anexos, const QString& lista) {
 
 frmEmailOS::frmEmailOS() : Form(QString::fromUtf16(Name)) {
   setupUi(this);
+  ajustaMedidas();
   on(txtPara, forms::Event::LostFocus, &frmEmailOS::txtPara_LostFocus);
   on(cmdEnviarEmail, forms::Event::Click, &frmEmailOS::cmdEnviarEmail_Click);
   enterMovesOn({txtPara, txtCC, txtTitulo, txtMsg, txtPassword});
   selectOnFocus({txtPara, txtCC, txtTitulo, txtMsg, txtPassword});
+}
+
+/// What follows the size of the text: an address fits its box.
+void frmEmailOS::ajustaMedidas() {
+  constexpr int letras = 22;
+  for (QLineEdit* caixa : {txtMailFrom, txtUsername, txtServer, txtPassword})
+    caixa->setMinimumWidth(letras * fontMetrics().averageCharWidth());
+}
+
+void frmEmailOS::changeEvent(QEvent* event) {
+  Form::changeEvent(event);
+  if (event->type() == QEvent::FontChange && isLoaded()) ajustaMedidas();
 }
 
 void frmEmailOS::Form_Load() {

@@ -15,6 +15,7 @@ class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
 
  protected:
   void Form_Load() override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void txtPara_LostFocus();
@@ -22,4 +23,5 @@ class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
 
   bool podeEnviar();
   void envia();
+  void ajustaMedidas();
 };

@@ -51,6 +51,10 @@ QString texto(const char16_t* fixo) { return QString::fromUtf16(fixo); }
 
 frmBROWSE_CONDPG::frmBROWSE_CONDPG() : Form(QString::fromUtf16(Name)) {
   setupUi(this);
+  Flex->setLeastText(QtParc, u"Qt.Parc."_s);
+  Flex->setLeastText(DtDesativa, u"DT Desativa"_s);
+  txtMaxReg->setFixedWidth(8 * fontMetrics().averageCharWidth());
+
   using forms::Event;
   on(cmdPesquisa, Event::Click, &frmBROWSE_CONDPG::cmdPesquisa_Click);
   on(chkVisualiza, Event::Click, &frmBROWSE_CONDPG::cmdPesquisa_Click);
