@@ -1,0 +1,163 @@
+#include "quote_case.h"
+
+using namespace Qt::StringLiterals;
+using forms::Answer;
+
+namespace {
+
+constexpr char16_t kHowTo[] =
+    u"Para usar o campo desconto:\nEm valores - Basta informar o valor do desconto;\n"
+    u"Em percentual - Basta informar o valor em percentual e acrescentar o sinal % no final do valor";
+
+/// The panel that users don't see, shown, with the origin chosen.
+class Panel : public QuoteCase {
+ protected:
+  void open() {
+    start();
+    support::click(screen->cmdINCLUIR);
+    for (QWidget* hidden : std::initializer_list<QWidget*>{screen->Frame3, screen->opPROD, screen->opPROT})
+      hidden->show();
+    support::settle();
+  }
+  void look(QRadioButton* origin, const QString& code) {
+    origin->setChecked(true);
+    screen->txtCodProduto->setText(code);
+    support::click(screen->cmdPesquisar_ProdProt);
+  }
+  void append(const QString& quantity) {
+    screen->txtQuantidade->setText(quantity);
+    support::click(screen->cmdIncluir_ProdProt);
+  }
+};
+
+struct Price {
+  const char16_t* change;  ///< of product 101, whose price is 200
+  const char16_t* gross;
+  const char16_t* discount;
+  const char16_t* net;
+};
+class Prices : public Panel, public ::testing::WithParamInterface<Price> {};
+
+TEST_P(Prices, FollowTheRateAndThePromotion) {
+  sql(u"UPDATE prod SET valo_veds = '200', idmoed = 1 WHERE idprod = 101"_s);
+  sql(u"INSERT INTO camb (idmoed, data_camb, valo_camb, data_desa) VALUES (3, '20240310', '9', '20240311')"_s);
+  if (*GetParam().change != u'\0')
+    sql(u"UPDATE prod SET %1 WHERE idprod = 101"_s.arg(QStringView(GetParam().change)));
+  open();
+  look(screen->opPROD, u"cx-100"_s);
+  EXPECT_EQ(screen->lblVrBrutoProt->text(), QString::fromUtf16(GetParam().gross));
+  EXPECT_EQ(screen->txtDesconto->text(), QString::fromUtf16(GetParam().discount));
+  EXPECT_EQ(screen->lblVrLiqProt->text(), QString::fromUtf16(GetParam().net));
+  EXPECT_EQ(screen->lblUnidadeMedida->text(), u"UN"_s);
+  EXPECT_EQ(screen->focusWidget(), screen->txtQuantidade);
+}
+INSTANTIATE_TEST_SUITE_P(
+    Cases, Prices,
+    ::testing::Values(Price{u"", u"200,00", u"0,00", u"200,00"},
+                      Price{u"perc_dect='10'", u"200,00", u"20,00", u"180,00"},
+                      Price{u"perc_dect='10', data_limi_prom='20240315'", u"200,00", u"20,00", u"180,00"},
+                      Price{u"perc_dect='10', data_limi_prom='20240314'", u"200,00", u"0,00", u"200,00"},
+                      Price{u"data_limi_prom='20240314'", u"200,00", u"0,00", u"200,00"},
+                      Price{u"idmoed=2", u"1040,00", u"0,00", u"1040,00"},
+                      Price{u"idmoed=3", u"200,00", u"0,00", u"200,00"}));
+
+TEST_F(Panel, APromotionWithoutAPercentageIsARuntimeError) {
+  sql(u"UPDATE prod SET data_limi_prom='20240320' WHERE idprod = 101"_s);
+  open();
+  script.box(u"Erro em tempo de execução '94':\n\nUso inválido de Null"_s).expectEnd(1);
+  look(screen->opPROD, u"CX-100"_s);
+}
+
+struct Refusal {
+  bool product;
+  const char16_t* code;
+  const char16_t* change;
+  const char16_t* words;
+};
+class PanelRefused : public Panel, public ::testing::WithParamInterface<Refusal> {};
+
+TEST_P(PanelRefused, SaysWhy) {
+  if (*GetParam().change != u'\0') sql(QString::fromUtf16(GetParam().change));
+  open();
+  script.box(QString::fromUtf16(GetParam().words));
+  look(GetParam().product ? screen->opPROD : screen->opPROT, QString::fromUtf16(GetParam().code));
+  EXPECT_EQ(screen->lblDescProt->text(), QString());
+}
+INSTANTIATE_TEST_SUITE_P(
+    Lookups, PanelRefused,
+    ::testing::Values(
+        Refusal{true, u"XX", u"", u"Produto Não Localizado!"},
+        Refusal{true, u"CX-100", u"UPDATE prod SET data_desa='20240101'", u"Produto Desativado!"},
+        Refusal{false, u"A1", u"", u"O Código de Protótipo é formado apenas por números!"},
+        Refusal{false, u"999", u"", u"Protótipo Não Localizado!"},
+        Refusal{false, u"201", u"UPDATE prot SET data_desa='20240101'", u"Protótipo Desativado!"},
+        Refusal{
+            false, u"201", u"UPDATE prot SET idprod=103",
+            u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\nEscolha a Opção Inserção de "
+            u"Produto e Não de Protótipo\nCódigo do Produto:VELA"}));
+
+TEST_F(Panel, WithoutAnOriginNothingIsLookedUp) {
+  open();
+  script.box(u"Falta Definição da Origem!"_s);
+  support::click(screen->cmdPesquisar_ProdProt);
+}
+
+TEST_F(Panel, APrototypeKeepsTheDiscountAndTheUnitOfTheLastLookup) {
+  sql(u"UPDATE prod SET perc_dect='40' WHERE idprod = 101"_s);
+  sql(u"UPDATE prot SET idprod=0 WHERE idprot = 201"_s);
+  open();
+  look(screen->opPROD, u"CX-100"_s);
+  look(screen->opPROT, u"201"_s);
+  EXPECT_EQ(screen->txtDesconto->text(), u"5,00"_s);
+  EXPECT_EQ(screen->lblVrLiqProt->text(), u"30,00"_s);
+  append(u"2,5"_s);
+  EXPECT_EQ(cells(screen->Flex->grid(), 1), (QStringList{u"201"_s,
+                                                         u"PROT"_s,
+                                                         u"201"_s,
+                                                         u"Caixa lembrança"_s,
+                                                         u"35,00"_s,
+                                                         u"5,00"_s,
+                                                         u"30,00"_s,
+                                                         u"3"_s,
+                                                         u"90,00"_s,
+                                                         {},
+                                                         u"UN"_s,
+                                                         {}}));
+  EXPECT_EQ(screen->txtCodProduto->text() + screen->txtQuantidade->text(), u"0"_s);
+  EXPECT_EQ(screen->lblTotaGeral->text(), u"0,00"_s);
+}
+
+TEST_F(Panel, AppendingRefusesWithoutArticleOrQuantityAndASecondTime) {
+  open();
+  script.box(u"Produto/Protótipo Inválido!"_s);
+  append(u"1"_s);
+  look(screen->opPROD, u"CX-100"_s);
+  script.box(u"Quantidade Inválida!"_s);
+  append(u"0"_s);
+  append(u"1"_s);
+  look(screen->opPROD, u"CX-100"_s);
+  script.box(u"Cod.Produto:CX-100\nEste item já foi inserido!\nProcesso de Inclusão abortado!"_s);
+  append(u"1"_s);
+  EXPECT_EQ(screen->Flex->grid().rows(), 2);
+  EXPECT_EQ(screen->lblDescProt->text(), QString());
+}
+
+TEST_F(Panel, TheDiscountIsMoneyOrAPercentageAndNeverAboveThePrice) {
+  open();
+  screen->lblVrBrutoProt->setText(u"200,00"_s);
+  script.box(QString::fromUtf16(kHowTo));
+  support::type(screen->txtDesconto, u"10%"_s);
+  support::focus(screen->txtQuantidade);
+  EXPECT_EQ(screen->txtDesconto->text() + screen->lblVrLiqProt->text(), u"20,00180,00"_s);
+  script.box(QString::fromUtf16(kHowTo)).box(u"O Desconto não poderá ser superior ao valor do Produto!"_s);
+  script.box(QString::fromUtf16(kHowTo));
+  support::type(screen->txtDesconto, u"150%"_s);
+  support::focus(screen->txtQuantidade);
+  EXPECT_EQ(screen->txtDesconto->text() + screen->lblVrLiqProt->text(), u"300,00180,00"_s);
+  EXPECT_EQ(screen->focusWidget(), screen->txtDesconto);
+  support::type(screen->txtDesconto, u"200.0"_s);
+  support::focus(screen->txtQuantidade);
+  EXPECT_EQ(screen->txtDesconto->text() + screen->lblVrLiqProt->text(), u"200,000,00"_s);
+}
+
+}  // namespace
