@@ -37,6 +37,9 @@ constexpr std::array<GridColumn, 6> kPesquisa{{
 
 frmMontarProduto::frmMontarProduto() : Form(QString::fromUtf16(Name)) {
   setupUi(this);
+  QFont letra = lblTotalUnitarioProduto->font();
+  letra.setPointSizeF(letra.pointSizeF() * 1.4);  // with the text size of the screen
+  lblTotalUnitarioProduto->setFont(letra);
   ligaPesquisa();
   on(Flex, forms::Event::DoubleClick, &frmMontarProduto::Flex_DblClick);
   on(cmdPesquisa, forms::Event::Click, &frmMontarProduto::cmdPesquisa_Click);

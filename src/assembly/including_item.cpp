@@ -1,3 +1,5 @@
+#include <QLayout>
+
 #include "assembly/frmConfirmaItem.h"
 #include "assembly/frmMontarProduto.h"
 #include "platform/values/numbers.h"
@@ -27,6 +29,8 @@ bool montagemTem(Column coluna, QStringView texto) {
 
 void frmConfirmaItem::Form_Load() {
   removeCloseEntry();
+  // A long description takes a second line.
+  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
   CentralizaForm(*this);
   txtQuantidade->setText(u"1"_s);
   txtObservacoes->setMaxLength(250);

@@ -57,6 +57,7 @@ frmBROWSE_PRODUTO::frmBROWSE_PRODUTO()
                        pesquisa::lembrancas().produto) {
   using forms::Event;
   setupUi(this);
+  Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
   liga({Flex,
         SSTab1,
         WebBrowser1,

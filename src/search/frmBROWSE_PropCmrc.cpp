@@ -50,6 +50,8 @@ frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() : Form(QString::fromUtf16(Name)) {
   on(Flex, Event::DoubleClick, &frmBROWSE_PropCmrc::Flex_DblClick);
   enterMovesOn({txtCOD, cmdPesquisa});
   selectOnFocus({txtCOD});
+  for (const Coluna coluna : {DtOrcamento, DtFechamento, DtEvento, DtValidade})
+    Flex->setLeastText(coluna, u"00/00/0000"_s);
 }
 
 void frmBROWSE_PropCmrc::Form_Load() {

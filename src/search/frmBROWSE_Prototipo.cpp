@@ -33,6 +33,7 @@ frmBROWSE_Prototipo::frmBROWSE_Prototipo()
                        {Id, u"pesquisa_prototipo.html", u"protótipo encontrado", u"protótipos encontrados"},
                        pesquisa::lembrancas().prototipo) {
   setupUi(this);
+  Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
   liga({Flex,
         SSTab1,
         WebBrowser1,
