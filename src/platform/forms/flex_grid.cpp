@@ -62,8 +62,9 @@ void FlexGrid::takeLayout() {
     const int width = pixels(grid_.width(column));
     setColumnHidden(column, width == 0);
     if (width == 0) continue;
-    const int least = metrics.horizontalAdvance(leastTexts_.value(column)) + 2 * kCellMargin;
-    setColumnWidth(column, std::max(static_cast<int>(width * scale), least));
+    const int least = std::max(metrics.horizontalAdvance(leastTexts_.value(column)),
+                               metrics.horizontalAdvance(grid_.text(0, column)));
+    setColumnWidth(column, std::max(static_cast<int>(width * scale), least + 2 * kCellMargin));
   }
   dragged_ = false;
   giveSpareWidth();
