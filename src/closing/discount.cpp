@@ -37,9 +37,12 @@ void frmConfirmaPropCmrcTL::RecalculaLiquido() {
 bool frmConfirmaPropCmrcTL::descontoPassaDoBruto() {
   if (LeNumero(lblVrBrutoTOT->text()) >= LeNumero(txtDescontoGeral->text())) return false;
   // Either box sends the user to the money value, which is the one that is compared.
+  voltando_ = true;
   Aviso(u"O desconto nao pode ser maior que o valor bruto!"_s, txtDescontoGeral);
   return true;
 }
+
+void frmConfirmaPropCmrcTL::txtDescontoGeral_GotFocus() { voltando_ = false; }
 
 void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
   if (descontoPassaDoBruto()) return;
@@ -52,7 +55,8 @@ void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
 }
 
 void frmConfirmaPropCmrcTL::txtPercDesc_LostFocus() {
-  if (descontoPassaDoBruto()) return;
+  // On the way back to a refused value the user never was here: told once is enough.
+  if (voltando_ || descontoPassaDoBruto()) return;
   txtPercDesc->setText(values::format(txtPercDesc->text(), kMascaraPercentual));
   const double bruto = LeNumero(lblVrBrutoTOT->text());
   // With no money value yet, RecalculaLiquido makes it.

@@ -56,6 +56,12 @@ TEST_F(Closing, DiscountBothWays) {
 
 TEST_F(Closing, DiscountAboveTheGrossSendsTheUserToTheMoneyBox) {
   closingOf(u"100"_s, [this](frmConfirmaPropCmrcTL& form) {
+    // Enter leads to the percent, which is passed again on the way back: one box, not two.
+    type(form.txtDescontoGeral, u"100,01"_s);
+    script_.box(QString::fromUtf16(kTooMuch));
+    support::key(form.txtDescontoGeral, Qt::Key_Return);
+    EXPECT_EQ(form.focusWidget(), form.txtDescontoGeral);
+
     for (QLineEdit* left : {form.txtDescontoGeral, form.txtPercDesc}) {
       support::focus(left);
       form.txtDescontoGeral->setText(u"100,01"_s);
