@@ -3,8 +3,11 @@
 
 #include <QFontDatabase>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QStyle>
+#include <algorithm>
 
 #include "platform/forms/boxes.h"
 #include "run/context.h"
@@ -55,6 +58,7 @@ frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   addOverFrame(frameCondPgto, kEsquerdaPainel, 0, cmdFecharFrameCondPgto);
   addOverFrame(frameAprova, kEsquerdaPainel, 0, cmdFecharFrameAprova);
   ligaTeclado();
+  ligaAtalhos();
   ligaCampos();
   ligaComandos();
   ligaItens();
@@ -246,6 +250,30 @@ void frmPropCmrcTL::alinhaTotais() {
   const int fim = titulos->sectionPosition(grids::item::Total) + titulos->sectionSize(grids::item::Total);
   const int recuo = Flex->mapTo(conteudo, QPoint()).x() - somas->mapTo(conteudo, QPoint()).x();
   somas->setFixedWidth(qMax(somas->minimumSizeHint().width(), fim + recuo));
+}
+
+/// The keys that users of other programs try first. As with an access key, the field is left before the
+/// click.
+void frmPropCmrcTL::ligaAtalhos() {
+  const std::pair<QKeySequence::StandardKey, QAbstractButton*> atalhos[] = {
+      {QKeySequence::New, cmdINCLUIR},
+      {QKeySequence::Save, cmdSALVAR},
+      {QKeySequence::Find, cmdPesquisar_PropCmrc},
+      {QKeySequence::Print, cmdImprimir}};
+  for (const auto& [tecla, botao] : atalhos)
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this, [this, botao = botao] {
+      const int caixas = forms::boxesShown();
+      botao->setFocus(Qt::ShortcutFocusReason);
+      flushFocusEvents();
+      if (caixas == forms::boxesShown()) botao->click();
+    });
+}
+
+/// Esc closes the frame that is open; it never ends the program.
+void frmPropCmrcTL::keyPressEvent(QKeyEvent* event) {
+  const auto paineis = {frameHomenageados, frameMassa, frameCondPgto, frameAprova};
+  const bool aberto = std::ranges::any_of(paineis, [](const QWidget* painel) { return painel->isVisible(); });
+  if (event->key() != Qt::Key_Escape || aberto) Form::keyPressEvent(event);
 }
 
 void frmPropCmrcTL::changeEvent(QEvent* event) {

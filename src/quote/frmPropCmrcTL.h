@@ -51,10 +51,12 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// The window's X does what cmdSAIR does.
   void closeRequested() override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void ligaTeclado();
+  void ligaAtalhos();
   void ligaCampos();
   void ligaListas();
   void ligaComandos();

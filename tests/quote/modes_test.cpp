@@ -203,6 +203,18 @@ TEST_F(Modes, TheRemarkOpensAndFoldsByItsButton) {
   EXPECT_EQ(screen->txtObserva->height(), folded);
 }
 
+TEST_F(Modes, AShortcutLeavesTheFieldFirstAndEscNeverEndsTheProgram) {
+  start();
+  support::key(screen, Qt::Key_N, Qt::ControlModifier);
+  EXPECT_EQ(contexto().ModoOrcamento, u"I"_s);
+  script.box(u"Este(a) Vendedor(a) não Existe!"_s);
+  support::type(screen->cboVendedor, u"nada"_s);
+  support::key(screen->cboVendedor, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(screen->focusWidget(), screen->cboVendedor);
+  support::key(screen->cboVendedor, Qt::Key_Escape);
+  EXPECT_TRUE(screen->isVisible());
+}
+
 TEST_F(Modes, ADoubleClickOnTheGroundTellsTheResolution) {
   start();
   script.box(u"768 x 1024"_s);
