@@ -134,7 +134,9 @@ bool Form::Private::enterPressed(QWidget* control, QKeyEvent* event) {
 bool Form::Private::characterTyped(QWidget* watched, QKeyEvent* event) {
   const auto filter = keyFilters.constFind(watched);
   const QString typed = event->text();
-  if (filter == keyFilters.cend() || typed.size() != 1 || !typed.at(0).isPrint()) return false;
+  // Ctrl+A and its like are no characters, whatever text some platforms give them; Ctrl+Alt is AltGr.
+  const bool shortcut = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+  if (filter == keyFilters.cend() || shortcut || typed.size() != 1 || !typed.at(0).isPrint()) return false;
   char16_t taken = 0;
   guarded([&] { taken = (*filter)(typed.at(0).unicode()); });
   if (taken == typed.at(0)) return false;

@@ -27,7 +27,15 @@ void Form::Private::noteFocus(QWidget* now) {
   if (!shown || now == nullptr || now == &form || now->window() != &form) return;
   QWidget* control = controlOf(now);
   if (control == current) return;
-  if (!current.isNull()) waiting.push_back({current, Event::LostFocus});
+  // Where a handler sends the focus back, the control that it had gone to was never told that it had it.
+  const auto untold = std::ranges::find_if(waiting, [this](const FocusEvent& event) {
+    return flushing && event.event == Event::GotFocus && event.control == current;
+  });
+  if (untold != waiting.end()) {
+    waiting.erase(untold);
+  } else if (!current.isNull()) {
+    waiting.push_back({current, Event::LostFocus});
+  }
   waiting.push_back({control, Event::GotFocus});
   current = control;
   postFlush();

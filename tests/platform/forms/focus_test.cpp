@@ -42,7 +42,8 @@ TEST_F(Focus, ABoxFromLosingTheFocusSwallowsTheClick) {
     forms::Form::focus(sample.txtA);
   };
   support::click(sample.cmdOne);
-  EXPECT_EQ(sample.taken(), u"txtA- cmdOne+ cmdOne- txtA+"_s);
+  EXPECT_EQ(sample.taken(), u"txtA- txtA+"_s)
+      << "the button never had the focus for long enough to hear of it";
   EXPECT_TRUE(sample.txtA->hasFocus());
   EXPECT_FALSE(sample.cmdOne->isDown());
 
@@ -97,6 +98,9 @@ TEST_F(Focus, KeyPressChangesAndDropsCharacters) {
   });
   support::type(sample.txtB, u"1a2.5é"_s);
   EXPECT_EQ(sample.txtB->text(), u"12,5"_s);
+  support::key(sample.txtB, Qt::Key_A, Qt::ControlModifier);
+  support::key(sample.txtB, Qt::Key_Delete);
+  EXPECT_EQ(sample.txtB->text(), QString()) << "shortcuts are no characters";
 }
 
 TEST_F(Focus, AnOverFrameTakesTheFocusKeepsTabWithinAndGivesItBack) {
