@@ -1,0 +1,138 @@
+#include "quote_case.h"
+
+#include <QFile>
+
+#include "platform/forms/boxes.h"
+#include "platform/forms/process.h"
+#include "run/context.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+
+namespace faults {
+
+namespace {
+
+const QStringList kStoredQuote{
+    u"INSERT INTO prop_cmrc (idvend, idclie, nome_clie, fone_clie, prop_cmrc_desc, show_excl, "
+    u"data_prop_cmrc, "
+    "idresv_prop_cmrc, nume_pess) VALUES (5, 5, 'Clara Festas Ltda', '1', 'Lembrança', 'E', '20240301', 7, '10')"_s,
+    u"INSERT INTO prop_cmrc_homg (idprop_cmrc, nome_homg) VALUES (1, 'Ana')"_s};
+
+const QString kStoredItem =
+    u"INSERT INTO prop_cmrc_deta (idprop_cmrc, idmoed, idprodprot, prod_prot, qtde, valo_unit, valo_dect, "
+    "valo_liqu, valo_tota) VALUES (1, 0, 101, 'PROD', 2, 14.5, 0, 14.5, 29)"_s;
+
+const QString kStoredMaterial =
+    u"INSERT INTO prop_cmrc_deta_monta (idprop_cmrc, idprop_cmrc_deta, idprod, qtde, unid_medi, "
+    u"qtde_unid_medi, "
+    "valo_unit, valo_tota, tipo_mate_prima, ordem_mate_prima) VALUES (1, %1, %2, 1, 'UN', 1, 2, 2, '%3', %4)"_s;
+
+void copyOver(const QString& from, const QString& to) {
+  for (const auto& ending : {u""_s, u"-wal"_s, u"-shm"_s}) QFile::remove(to + ending);
+  if (!QFile::copy(from, to)) qFatal("the database could not be put back");
+}
+
+}  // namespace
+
+QuoteCase::QuoteCase() {
+  support::fillBasics(databasePath());
+  data::Connection connection;
+  connection.open(u"server=(embutido);database="_s + databasePath(), 5);
+  for (const QString& statement : kStoredQuote) connection.execute(statement);
+  for (const int item : {1, 2}) {
+    connection.execute(kStoredItem);
+    connection.execute(kStoredMaterial.arg(item).arg(101).arg(u"PRODUTO"_s).arg(1));
+    connection.execute(kStoredMaterial.arg(item).arg(105).arg(u"CARD"_s).arg(5));
+  }
+  connection.close();
+  contexto().Conexao.close();
+  copyOver(databasePath(), first_);
+  forms::setBoxAnswerer([this](const forms::Box& box) {
+    boxes << box.text;
+    return box.buttons == forms::Buttons::Ok ? forms::Answer::Ok : forms::Answer::Yes;
+  });
+  forms::setEnd([this](int status) { ended = status; });
+  clock(u"15/03/2024 10:30"_s);
+}
+
+QuoteCase::~QuoteCase() {
+  forms::setBoxAnswerer({});
+  forms::setEnd({});
+  qunsetenv("TDSPORT");
+}
+
+void QuoteCase::leave() {
+  forms::registry::clear();
+  auto listener = std::move(contexto().Conexao);
+  listener.close();
+  contexto().Conexao = std::move(listener);  // who listens goes on listening
+  contexto().LinhaComando = u"7^0^PRD^"_s;
+  contexto().ModoOrcamento = u" "_s;
+  boxes.clear();
+  ended.reset();
+}
+
+frmPropCmrcTL& QuoteCase::shown() {
+  auto& screen = forms::form<frmPropCmrcTL>();
+  // Painting is shared out among threads, which a forked child does not have.
+  screen.setUpdatesEnabled(false);
+  screen.showForm();
+  support::settle();
+  return screen;
+}
+
+frmPropCmrcTL& QuoteCase::start() {
+  leave();
+  copyOver(first_, databasePath());
+  return shown();
+}
+
+frmPropCmrcTL& QuoteCase::startOn(support::TdsServer& server) {
+  leave();
+  copyOver(first_, server.databasePath());
+  qputenv("TDSPORT", QByteArray::number(server.port()));
+  configure(u"server.ini"_s,
+            u"127.0.0.1^%1^%2^%3^MS-SQL^^False^"_s.arg(QStringView(support::TdsServer::Database),
+                                                       QStringView(support::TdsServer::User),
+                                                       QStringView(support::TdsServer::Password)));
+  return shown();
+}
+
+void QuoteCase::enterQuote(frmPropCmrcTL& screen) {
+  support::click(screen.cmdINCLUIR);
+  screen.cboCliente->setText(u"Clara Festas Ltda"_s);
+  screen.cboRespAtendimento->setText(u"MARIA"_s);
+  screen.txtDesc->setText(u"Bodas"_s);
+  for (int item = 1; item <= 2; ++item) {
+    screen.Flex->grid().addItem(
+        u"101\tPROD\tCX-100\tCaixa branca\t14,50\t0,00\t14,50\t2\t29,00\t\tUN\tobs\t"_s);
+    for (const auto& material : {u"101\tCX-100\tCaixa branca\t1\tUN\t1\t12,50\t12,50\tPRODUTO\t\t1\t"_s,
+                                 u"102\tBOM-1\tBombom\t1\tUN\t1\t2,00\t2,00\tCONTEÚDO COMESTÍVEL\t\t2\t"_s})
+      screen.FlexMonta.addItem(material + QString::number(item) + u'\t');
+  }
+  screen.FlexHomg->grid().addItem(u"\tANA\t"_s);
+}
+
+void QuoteCase::alterQuote(frmPropCmrcTL& screen) {
+  screen.txtCodigo->setText(u"1"_s);
+  support::click(screen.cmdPesquisar_PropCmrc);
+  support::click(screen.cmdALTERAR);
+  screen.txtDesc->setText(u"Outra"_s);
+}
+
+QStringList QuoteCase::rowsOf(const QString& databasePath) {
+  data::Connection connection;
+  connection.open(u"server=(embutido);database="_s + databasePath, 5);
+  QStringList rows;
+  for (const auto& table :
+       {u"prop_cmrc"_s, u"prop_cmrc_deta"_s, u"prop_cmrc_deta_monta"_s, u"prop_cmrc_homg"_s})
+    for (auto rs = connection.query(u"SELECT * FROM "_s + table); !rs.eof(); rs.moveNext()) {
+      QStringList fields{table};
+      for (const QString& column : rs.columns()) fields << rs.text(column);
+      rows << fields.join(u'|');
+    }
+  return rows;
+}
+
+}  // namespace faults

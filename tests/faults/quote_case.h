@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QStringList>
+#include <optional>
+
+#include "quote/frmPropCmrcTL.h"
+#include "support/company.h"
+#include "support/tds_server.h"
+
+namespace faults {
+
+/// A company with one stored quote (number 1: two assembled items of two materials each, one honoree) and
+/// the quote screen on it. Boxes and the end of the process are noted, not scripted: what matters is what
+/// stays in the database.
+class QuoteCase : public support::Company {
+ protected:
+  QuoteCase();
+  ~QuoteCase() override;
+
+  /// Starts the program anew on the database as it was at first.
+  frmPropCmrcTL& start();
+  /// The same, with the database behind a server.
+  frmPropCmrcTL& startOn(support::TdsServer& server);
+
+  /// A new quote with two assembled items and an honoree, ready to be saved.
+  static void enterQuote(frmPropCmrcTL& screen);
+  /// The stored quote, loaded and ready to be saved again with another description.
+  static void alterQuote(frmPropCmrcTL& screen);
+
+  /// All rows of the quote's tables.
+  [[nodiscard]] static QStringList rowsOf(const QString& databasePath);
+
+  QStringList boxes;
+  std::optional<int> ended;
+
+ private:
+  void leave();
+  static frmPropCmrcTL& shown();
+
+  QString first_ = drive() + QStringLiteral("/first.db");
+};
+
+}  // namespace faults

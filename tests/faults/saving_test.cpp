@@ -1,0 +1,144 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <thread>
+
+#include "platform/values/runtime_error.h"
+#include "quote_case.h"
+#include "run/context.h"
+#include "support/printing.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+using support::TdsServer;
+
+namespace {
+
+/// The parameter: 0 saves a new quote, 1 the stored one.
+class Saving : public faults::QuoteCase, public ::testing::WithParamInterface<int> {
+ protected:
+  static void prepare(frmPropCmrcTL& screen) { GetParam() == 0 ? enterQuote(screen) : alterQuote(screen); }
+
+  /// Rows after a save that nothing disturbs, and its statements, BEGIN and COMMIT among them.
+  QStringList saved(QStringList& statements) {
+    auto& screen = start();
+    prepare(screen);
+    contexto().Conexao.setListener([&](const QString& sql) { statements << sql; });
+    support::click(screen.cmdSALVAR);
+    contexto().Conexao.setListener({});
+    EXPECT_FALSE(ended.has_value()) << boxes.join(u' ').toStdString();
+    return rowsOf(databasePath());
+  }
+};
+
+TEST_P(Saving, KilledAtAnyStatementLeavesTheOldQuoteOrTheNewOne) {
+  QStringList statements;
+  const QStringList after = saved(statements);
+  (void)start();
+  const QStringList before = rowsOf(databasePath());
+  ASSERT_NE(before, after);
+  ASSERT_EQ(statements.first(), u"BEGIN"_s);
+  ASSERT_EQ(statements.last(), u"COMMIT"_s);
+  // One more: killed when the save has ended.
+  for (qsizetype victim = 0; victim <= statements.size(); ++victim) {
+    contexto().Conexao.close();
+    const pid_t child = fork();
+    if (child == 0) {
+      alarm(60);
+      auto& screen = start();
+      prepare(screen);
+      qsizetype passed = 0;
+      contexto().Conexao.setListener([&](const QString&) {
+        if (passed++ == victim) raise(SIGKILL);
+      });
+      screen.cmdSALVAR->click();
+      raise(SIGKILL);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "statement " << victim;
+    EXPECT_EQ(rowsOf(databasePath()), victim == statements.size() ? after : before) << "statement " << victim;
+  }
+}
+
+TEST_P(Saving, CutFromTheServerAtAnyStatementLeavesTheOldQuote) {
+  QStringList statements;
+  (void)saved(statements);
+  for (qsizetype victim = 0; victim < statements.size(); ++victim) {
+    TdsServer server;
+    auto& screen = startOn(server);
+    prepare(screen);
+    const QStringList before = rowsOf(server.databasePath());
+    qsizetype passed = 0;
+    server.setFault(
+        [&](const QString&) { return passed++ >= victim ? TdsServer::Act::Cut : TdsServer::Act::Answer; });
+    support::click(screen.cmdSALVAR);
+    EXPECT_EQ(ended, 1) << "statement " << victim;
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes.first().contains(QString::number(values::kConnectionFailed)))
+        << boxes.first().toStdString();
+    contexto().Conexao.close();
+    server.stop();
+    EXPECT_EQ(rowsOf(server.databasePath()), before) << "statement " << victim;
+  }
+}
+
+TEST_P(Saving, WaitsForAnotherProgramThatSaves) {
+  auto& screen = start();
+  prepare(screen);
+  data::Connection other;
+  other.open(u"server=(embutido);database="_s + databasePath(), 5);
+  other.begin();
+  other.execute(u"UPDATE prop_cmrc SET fone_clie='outro' WHERE idprop_cmrc=1"_s);
+  std::thread finishing;
+  contexto().Conexao.setListener([&](const QString& sql) {
+    if (sql == u"BEGIN"_s) finishing = std::thread([&] { other.commit(); });
+  });
+  support::click(screen.cmdSALVAR);
+  finishing.join();
+  contexto().Conexao.setListener({});
+  EXPECT_FALSE(ended.has_value()) << boxes.join(u' ').toStdString();
+  // The last save wins on the quote that both have written.
+  EXPECT_EQ(ask(u"SELECT fone_clie FROM prop_cmrc WHERE idprop_cmrc=1"_s),
+            GetParam() == 0 ? u"outro"_s : u"1"_s);
+  EXPECT_EQ(ask(u"SELECT count(*) FROM prop_cmrc"_s), GetParam() == 0 ? u"2"_s : u"1"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(Paths, Saving, ::testing::Values(0, 1),
+                         [](const auto& one) { return one.param == 0 ? "Insert" : "Update"; });
+
+using Loading = faults::QuoteCase;
+
+TEST_F(Loading, CutFromTheServerAtAnyStatementEndsTheProgram) {
+  TdsServer server;
+  auto* screen = &startOn(server);
+  const auto begun = server.statements().size();
+  alterQuote(*screen);
+  const auto all = server.statements().size() - begun;
+  ASSERT_GT(all, 20);
+  for (qsizetype victim = 0; victim < all; victim += 3) {
+    TdsServer failing;
+    screen = &startOn(failing);
+    qsizetype passed = 0;
+    failing.setFault(
+        [&](const QString&) { return passed++ >= victim ? TdsServer::Act::Cut : TdsServer::Act::Answer; });
+    screen->txtCodigo->setText(u"1"_s);
+    support::click(screen->cmdPesquisar_PropCmrc);
+    EXPECT_EQ(ended, 1) << "statement " << victim;
+    contexto().Conexao.close();
+  }
+}
+
+TEST_F(Loading, ReadsOnWhileAnotherProgramSaves) {
+  auto& screen = start();
+  data::Connection other;
+  other.open(u"server=(embutido);database="_s + databasePath(), 5);
+  other.begin();
+  other.execute(u"DELETE FROM prop_cmrc_deta WHERE (idprop_cmrc=1)"_s);
+  alterQuote(screen);
+  EXPECT_FALSE(ended.has_value());
+  EXPECT_EQ(screen.Flex->grid().rows(), 3);
+}
+
+}  // namespace
