@@ -1,0 +1,68 @@
+// The two letters to suppliers.
+#include "quote_rows.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PurchaseLetter : public support::Quotes {
+ protected:
+  PurchaseLetter() {
+    sql(u"INSERT INTO cota_comp (idcota_comp, idforn_b, cont_forn_b, cont_forn_c, data_limi_cota_comp) "
+        u"VALUES "
+        "(71, 5, 'Sr. Ivo', 'Sra. Eva', '20240410')"_s);
+    sql(u"INSERT INTO cota_comp_deta (idcota_comp, idprod, desc_nprod, qtde) VALUES (71, 104, 'x', 2.5), "
+        "(71, 0, 'Papel de seda', 30)"_s);
+    sql(u"INSERT INTO pedi_comp (idpedi_comp, idforn, data_prev_entg) VALUES (72, 5, '20240420')"_s);
+    sql(u"INSERT INTO pedi_comp_deta (idpedi_comp, idprod, desc_nprod, qtde, valo_liqu) VALUES (72, 0, 'Juta', 3, 1.5)"_s);
+  }
+};
+
+TEST_F(PurchaseLetter, RequestForPricesBySupplierLetter) {
+  struct Case {
+    QString letter, supplier, contact;
+  };
+  for (const Case& one :
+       {Case{u"B"_s, u"ÀPapéis Norte<"_s, u">Sr. Ivo<"_s}, Case{u"C"_s, u"À<"_s, u">Sra. Eva<"_s},
+        Case{u"F"_s, u"À<"_s, u"><"_s}, Case{u""_s, u"À<"_s, u"><"_s}}) {
+    documento().LetraFornecedor = one.letter;
+    CotacaoCompraHTML(71, document());
+    EXPECT_EQ(support::missingInOrder(
+                  written(),
+                  {u"<!--Abrir Documento-->"_s, u"logomartatavora283x127.jpg"_s, one.supplier, one.contact,
+                   u"Prezados,"_s, u"para os itens abaixo:"_s, u"Data limite para resposta: 10/04/2024"_s,
+                   u"width=70%"_s, u"Descrição"_s, u"Quantidade"_s, u"Fita de cetim"_s, u"2,5"_s,
+                   u"Papel de seda"_s, u"30"_s, u"Atenciosamente,"_s, u"Marta Tavora Prestige"_s,
+                   u"Departamento de Compras"_s, u"</html>"_s}),
+              QString())
+        << one.letter.toStdString();
+    files::remove(document());
+  }
+}
+
+TEST_F(PurchaseLetter, PurchaseOrder) {
+  OrdemCompraHTML(72, document());
+  EXPECT_EQ(support::missingInOrder(
+                written(), {u"ÀPapéis Norte<"_s, u"Ordem de Compra: 72<"_s, u"Prezados,"_s,
+                            u"Seu orçamento foi aprovado. Confirmamos a compra dos itens abaixo:"_s,
+                            u"Valor Unit."_s, u"Valor Total"_s, u"Juta"_s, u">3<"_s, u">1,50<"_s, u">4,50<"_s,
+                            u"Favor informar o número desta Ordem de Compra em sua NF."_s,
+                            u"Data de Entrega: 20/04/2024"_s, u"Atenciosamente,"_s}),
+            QString());
+}
+
+TEST_F(PurchaseLetter, NoRowWritesNothingAndAFailureIsTold) {
+  CotacaoCompraHTML(99, document());
+  OrdemCompraHTML(99, document());
+  EXPECT_FALSE(files::exists(document()));
+  sql(u"DROP TABLE pedi_comp_deta"_s);
+  support::Script script;
+  script.box(u"Problemas no Sistema. Avise o suporte técnico"_s);
+  OrdemCompraHTML(72, document());
+  EXPECT_TRUE(script.done());
+  EXPECT_EQ(script.lastBox().icon, forms::Icon::Critical);
+  EXPECT_FALSE(files::exists(document()));
+}
+
+}  // namespace

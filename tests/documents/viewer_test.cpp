@@ -1,0 +1,241 @@
+// The print screen and the viewer, with real panes.
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QPrinterInfo>
+
+#include "documents/frmImprimePropCmrcTL.h"
+#include "documents/frmPedHTML.h"
+#include "messaging/frmEmailOS.h"
+#include "platform/values/runtime_error.h"
+#include "quote_rows.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+using forms::Answer;
+
+namespace {
+
+class Viewer : public support::Quotes {
+ protected:
+  Viewer() { contexto().TelaChamadora = u"frmPropCmrcTL"_s; }
+  ~Viewer() override {
+    forms::registry::clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // pages go before their profile
+  }
+
+  void show(qint32 id, const std::function<void(frmPedHTML&)>& look) {
+    print(id);
+    support::Script script;
+    show(script, look);
+  }
+  void show(support::Script& script, const std::function<void(frmPedHTML&)>& look) {
+    script.modal([&look](forms::Form& form) {
+      look(dynamic_cast<frmPedHTML&>(form));
+      form.unload();
+    });
+    forms::form<frmPedHTML>().showModal();
+    EXPECT_TRUE(script.done());
+  }
+};
+
+TEST_F(Viewer, PrintScreenFindsTheQuoteAndSetsTheValues) {
+  auto& screen = forms::form<frmImprimePropCmrcTL>();
+  support::Script script;
+  script.modal([&script](forms::Form& form) {
+    auto& print = dynamic_cast<frmImprimePropCmrcTL&>(form);
+    script.box(u"Informe o Nr. do Documento!"_s);
+    support::click(print.cmdImprimirPedido);
+    EXPECT_EQ(print.focusWidget(), print.txtPedido);
+    script.box(u"Documento não localizado!"_s);
+    support::type(print.txtPedido, u"  "_s);
+    support::click(print.cmdImprimirPedido);
+    EXPECT_FALSE(documento().RsImpressao.isOpen());
+    support::type(print.txtPedido, u" 123 "_s);
+    print.opExterno->setChecked(true);
+    script.modal([](forms::Form& viewer) {
+      EXPECT_TRUE(documento().RsImpressao.isOpen());
+      viewer.unload();
+    });
+    support::click(print.cmdImprimirPedido);
+    EXPECT_EQ(print.txtPedido->text(), QString());
+    EXPECT_TRUE(print.isVisible());
+    support::key(print.txtPedido, Qt::Key_Escape);
+    EXPECT_FALSE(print.isVisible());
+  });
+  screen.showModal();
+  EXPECT_TRUE(script.done());
+  const DocumentValues& values = documento();
+  EXPECT_EQ(values.TipoDocumento, u"ORCA_VENDAS"_s);
+  EXPECT_EQ(values.IdDocumento, 123);
+  EXPECT_EQ(values.OrdemComposicao, u"NATURAL"_s);
+  EXPECT_TRUE(values.PublicacaoExterna && values.ExibeComposicao && values.ExibeMontagem &&
+              !values.ExibeFotos);
+  EXPECT_FALSE(values.RsImpressao.isOpen());
+}
+
+TEST_F(Viewer, PrintScreenTakesTheNumberOfTheQuoteScreenOnly) {
+  auto quoteScreen = std::make_unique<forms::Form>(u"frmPropCmrcTL"_s);
+  auto* number = new QLineEdit(u"124"_s, quoteScreen.get());
+  number->setObjectName(u"txtCodigo"_s);
+  forms::registry::add(std::move(quoteScreen));
+  EXPECT_EQ(forms::form<frmImprimePropCmrcTL>().txtPedido->text(), u"124"_s);
+  forms::form<frmImprimePropCmrcTL>().unload();
+  contexto().TelaChamadora = u"outra"_s;
+  EXPECT_EQ(forms::form<frmImprimePropCmrcTL>().txtPedido->text(), QString());
+}
+
+TEST_F(Viewer, WritesBothCopiesAnewAndShowsThem) {
+  const QString first = contexto().PathDocs + u"orca_cliente_000123.html"_s;
+  const QString second = contexto().PathDocs + u"orca_empresa_000123.html"_s;
+  files::write(first, "an older one");
+  show(123, [&](frmPedHTML& viewer) {
+    EXPECT_EQ(viewer.ArqVia1, first);
+    EXPECT_EQ(viewer.ArqVia2, second);
+    EXPECT_TRUE(viewer.Option1->isChecked());
+    EXPECT_EQ(viewer.SSTab1->currentIndex(), 0);
+    EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(u"Total Geral do Orçamento - R$ 1307,25"_s));
+    EXPECT_EQ(viewer.WebBrowser2->pageText(), viewer.WebBrowser1->pageText());
+    EXPECT_TRUE(viewer.WebBrowser1->find(u"caixa BRANCA"_s));
+  });
+  EXPECT_EQ(files::readAll(first), files::readAll(second));
+  EXPECT_FALSE(files::readAll(first).contains("an older one"));
+}
+
+TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
+  struct Case {
+    QString type, caller;
+    qint32 id;
+    QString first, second, told;
+  };
+  sql(u"INSERT INTO cota_comp (idcota_comp) VALUES (1234567)"_s);
+  sql(u"INSERT INTO pedi_comp (idpedi_comp) VALUES (72)"_s);
+  for (const Case& one :
+       {Case{u"ORCA_VENDAS"_s, u"outra"_s, 124, u"orca_cliente_000124.html"_s, u"orca_empresa_000124.html"_s,
+             u"Condições Gerais"_s},
+        Case{u"PEDIDO_VENDAS"_s, u""_s, 300, u"pedido_cliente_000300.html"_s, u"pedido_empresa_000300.html"_s,
+             u"Pedido de Venda - 000300"_s},
+        Case{u"COTA_COMPRA"_s, u""_s, 1234567, u"cota_compra_1234567.html"_s, u""_s, u"Prezados,"_s},
+        Case{u"ORDEM_COMPRA"_s, u""_s, 72, u"ordem_compra_000072.html"_s, u""_s, u"Ordem de Compra: 72"_s},
+        Case{u"NADA"_s, u""_s, 72, u""_s, u""_s, u""_s}}) {
+    print(124);
+    documento().TipoDocumento = one.type;
+    documento().IdDocumento = one.id;
+    contexto().TelaChamadora = one.caller;
+    support::Script script;
+    show(script, [&](frmPedHTML& viewer) {
+      const auto path = [](const QString& name) {
+        return name.isEmpty() ? name : contexto().PathDocs + name;
+      };
+      EXPECT_EQ(viewer.ArqVia1, path(one.first));
+      EXPECT_EQ(viewer.ArqVia2, path(one.second));
+      EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(one.told)) << one.type.toStdString();
+    });
+  }
+}
+
+TEST_F(Viewer, GeometryByResolution) {
+  // The tests' screen is 1024 wide and 768 high, which reads "768 x 1024": the small layout.
+  show(126, [](frmPedHTML& viewer) {
+    EXPECT_EQ(viewer.size(), QSize(795, 560));
+    EXPECT_EQ(viewer.SSTab1->size(), QSize(912, 457));
+    EXPECT_EQ(viewer.Frame1->size(), QSize(753, 417));
+    EXPECT_EQ(viewer.WebBrowser2->size(), QSize(737, 393));
+    EXPECT_EQ(viewer.Frame2->pos(), QPoint(9, 472));
+    for (const QWidget* part :
+         {static_cast<QWidget*>(viewer.Frame2), viewer.barraComandos, viewer.barraArquivo})
+      EXPECT_TRUE(viewer.rect().contains(part->geometry()));
+  });
+}
+
+TEST_F(Viewer, PrintingAlwaysEndsWithTheMessage) {
+  if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine has a printer";
+  print(126);
+  support::Script script;
+  show(script, [&script](frmPedHTML& viewer) {
+    viewer.Option3->setChecked(true);
+    script.box(u"Não há impressora padrão neste computador.\nInstale uma impressora e tente novamente."_s)
+        .box(u"Impressão Encerrada"_s);
+    support::click(viewer.cmdImprimir);
+    EXPECT_FALSE(script.lastBox().title.has_value());
+  });
+}
+
+TEST_F(Viewer, MailTakesTheChosenCopyAndSubject) {
+  print(124);
+  const QString warning =
+      u"Atenção!!!\nVocê optou pela publicação interna do Orçamento.\n"
+      "Esta opção NÃO possibilita a visualização de imagens fora da empresa.\nTem ceteza que deseja continuar???"_s;
+  support::Script script;
+  show(script, [&](frmPedHTML& viewer) {
+    const auto mail = [&] {
+      script.modal([](forms::Form& form) {
+        auto& screen = dynamic_cast<frmEmailOS&>(form);
+        EXPECT_EQ(screen.txtCC->text(), u"vendas@aurora.example"_s);
+        EXPECT_EQ(screen.txtTitulo->text(), u"Pedido - 000124 - Aurora"_s);
+        form.unload();
+      });
+      support::click(viewer.cmdEnviarEmail);
+    };
+    documento().ArquivoCorpoEmail = u"antes"_s;
+    script.box(warning, Answer::No);
+    support::click(viewer.cmdEnviarEmail);
+    EXPECT_EQ(documento().ArquivoCorpoEmail, u"antes"_s);
+    script.box(warning, Answer::Yes);
+    mail();
+    EXPECT_EQ(documento().ArquivoCorpoEmail, viewer.ArqVia1);
+    viewer.Option2->setChecked(true);
+    mail();
+    EXPECT_EQ(documento().ArquivoCorpoEmail, viewer.ArqVia2);
+    viewer.Option3->setChecked(true);
+    script.box(u"Para Enviar o Orçamento por e-mail será\nnecessário definir a 1a. ou a 2a. via."_s);
+    support::click(viewer.cmdEnviarEmail);
+    EXPECT_EQ(documento().ArquivoCorpoEmail, viewer.ArqVia2);
+  });
+}
+
+int errorOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const values::RuntimeError& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+TEST_F(Viewer, FaultsOfTheFolderAreTheRuntimesErrors) {
+  print(123);
+  contexto().PathDocs = u"c:\\zarim\\nada\\"_s;
+  EXPECT_EQ(errorOf([] { forms::form<frmPedHTML>(); }), values::kPathNotFound);
+  forms::registry::clear();
+  const QString folder = drive() + u"/zarim/fechada"_s;
+  QDir().mkpath(folder);
+  contexto().PathDocs = u"c:\\zarim\\fechada\\"_s;
+  if (geteuid() == 0) {  // root writes into any folder but that of a read-only disk
+    if (mount("tmpfs", folder.toUtf8().constData(), "tmpfs", MS_RDONLY, nullptr) != 0)
+      GTEST_SKIP() << "may not mount";
+    EXPECT_EQ(errorOf([] { forms::form<frmPedHTML>(); }), values::kPathFileAccess);
+    umount(folder.toUtf8().constData());
+  } else {
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner);
+    EXPECT_EQ(errorOf([] { forms::form<frmPedHTML>(); }), values::kPermissionDenied);
+  }
+}
+
+TEST_F(Viewer, FullDiskLeavesNoHalfDocument) {
+  const QString folder = drive() + u"/zarim/cheio"_s;
+  QDir().mkpath(folder);
+  const QByteArray mountPoint = folder.toUtf8();
+  if (mount("tmpfs", mountPoint.constData(), "tmpfs", 0, "size=8k") != 0)
+    GTEST_SKIP() << "may not mount a small disk";
+  print(123);
+  const QString path = u"c:\\zarim\\cheio\\x.html"_s;
+  EXPECT_EQ(errorOf([&] { MontaOrcaGradeHTML(123, path); }), values::kDiskFull);
+  EXPECT_FALSE(files::exists(path));
+  umount(mountPoint.constData());
+}
+
+}  // namespace
