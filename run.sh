@@ -30,17 +30,29 @@ catcher=''
 stop_catcher() { if [ -n "$catcher" ]; then kill "$catcher" 2>/dev/null || true; fi; }
 trap stop_catcher EXIT
 
-# Keeps what the program mails as files beside the sample.
+# start_catcher FOLDER PORT: keeps what the program mails as files beside the sample.
 start_catcher() {
-  mkdir -p "$1/mail"
-  /usr/bin/python3 tools/mailcatcher/mailcatcher.py --folder "$1/mail" --port 2525 >"$state/log/mail.log" 2>&1 </dev/null &
+  mkdir -p "$1"
+  : >"$state/log/mail.log"
+  /usr/bin/python3 tools/mailcatcher/mailcatcher.py --folder "$1" --port "$2" >"$state/log/mail.log" 2>&1 </dev/null &
   catcher=$!
+  for _ in $(seq 100); do
+    grep -q 'Mail for' "$state/log/mail.log" && return
+    kill -0 "$catcher" 2>/dev/null || break
+    sleep 0.1
+  done
+  cat "$state/log/mail.log" >&2
+  printf 'E-mail cannot be sent in this run; everything else works.\n' >&2
+}
+
+free_port() {
+  /usr/bin/python3 -c 'import socket; s = socket.socket(); s.bind(("127.0.0.1", 0)); print(s.getsockname()[1])'
 }
 
 if [ -z "$road" ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
-  build/release/tools/zarim_install --to "$state/drive_c" ${fresh:+--fresh} >"$state/log/install.log"
+  build/release/tools/zarim_install --to "$state/drive_c" --mail-server 127.0.0.1:2525 ${fresh:+--fresh} >"$state/log/install.log"
   export ZARIM_DRIVE_C=$state/drive_c
-  start_catcher "$state"
+  start_catcher "$state/mail" 2525
   build/release/src/zarim '7^0^PRD^'
   exit
 fi

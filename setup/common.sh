@@ -4,6 +4,12 @@
 state=$PWD/.run
 mkdir -p "$state/log"
 
+# The toolkit wants a folder for its sockets, which a bare root login lacks.
+if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+  export XDG_RUNTIME_DIR=$state/runtime
+  mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+fi
+
 fail() {
   printf '%s\n' "$*" >&2
   exit 1
