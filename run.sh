@@ -61,12 +61,14 @@ pictures=$state/pictures
 rm -rf "$pictures" "$state/road"
 mkdir -p "$pictures" "$state/road"
 export ZARIM_DRIVE_C=$state/road/drive_c
-build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --fresh >"$state/log/install.log"
+port=$(free_port)
+install=(build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --mail-server "127.0.0.1:$port")
+"${install[@]}" --fresh >"$state/log/install.log"
 if [ -n "$server" ]; then
   cp "$ZARIM_SERVER_INI" "$ZARIM_DRIVE_C/zarim/config/server.ini"
-  build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --server --fresh >>"$state/log/install.log"
+  "${install[@]}" --server --fresh >>"$state/log/install.log"
 fi
-start_catcher "$state/road"
+start_catcher "$state/road/mail" "$port"
 status=0
 QT_QPA_PLATFORM=offscreen ZARIM_MAIL_FOLDER=$state/road/mail \
   build/release/tools/zarim_road --pictures "$pictures" "${road:-sample/roads/one_quote.road}" || status=$?
