@@ -12,6 +12,7 @@ using namespace Qt::StringLiterals;
 
 void frmImprimePropCmrcTL::Form_Load() {
   AplicaCoresForm(*this);
+  adjustSize();
   CentralizaForm(*this);
   if (contexto().TelaChamadora != u"frmPropCmrcTL") return;
   const QString codigo = forms::controlText(forms::findControl(contexto().TelaChamadora, u"txtCodigo"_s));

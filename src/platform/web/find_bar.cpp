@@ -33,7 +33,8 @@ FindBar::FindBar(QWidget* parent) : QFrame(parent), text_(new QLineEdit(this)), 
   row->addWidget(text_);
   row->addWidget(previous);
   row->addWidget(next);
-  row->addWidget(result_, 1);
+  row->addWidget(result_);
+  row->addStretch();
   row->addWidget(close);
   text_->setMaximumWidth(320);
   text_->setMinimumWidth(180);

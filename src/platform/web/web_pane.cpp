@@ -21,6 +21,8 @@ namespace {
 constexpr double kSmallest = 0.3;
 constexpr double kLargest = 4.0;
 constexpr double kStep = 0.1;
+constexpr int kSettling = 100;  // milliseconds
+constexpr int kScrollBar = 15;  // pixels that the engine's own takes
 constexpr int kAnswerTimeout = 30'000;
 }  // namespace
 
@@ -33,8 +35,8 @@ class WebPane::Private {
   double zoom = 1.0;
   bool loading = false;
   bool ok = false;
-  bool fit = true;        // nobody has set the zoom
-  double shrunkFrom = 0;  // content width that the zoom was last made for; the engine tells it late
+  bool fit = true;  // nobody has set the zoom
+  QTimer settled;   // the engine tells a new size in steps, some of them late
 };
 
 WebPane::WebPane(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private>(this)) {
@@ -66,7 +68,10 @@ void WebPane::makeEngine() {
   column->addWidget(d_->view, 1);
   setFocusProxy(d_->view);
   connect(d_->view, &QWebEngineView::loadFinished, this, &WebPane::pageLoaded);
-  connect(d_->view->page(), &QWebEnginePage::contentsSizeChanged, this, &WebPane::shrinkToWidth);
+  d_->settled.setSingleShot(true);
+  d_->settled.setInterval(kSettling);
+  connect(d_->view->page(), &QWebEnginePage::contentsSizeChanged, &d_->settled, qOverload<>(&QTimer::start));
+  connect(&d_->settled, &QTimer::timeout, this, &WebPane::shrinkToWidth);
 }
 
 void WebPane::navigate(const QString& path) {
@@ -126,9 +131,8 @@ void WebPane::zoomOut() { setZoom(d_->zoom - kStep); }
 
 void WebPane::fitWidth() {
   d_->fit = true;
-  d_->shrunkFrom = 0;
   applyZoom(1.0);
-  shrinkToWidth();
+  d_->settled.start();
 }
 
 void WebPane::resizeEvent(QResizeEvent* event) {
@@ -144,10 +148,10 @@ void WebPane::applyZoom(double factor) {
 
 void WebPane::shrinkToWidth() {
   if (!d_->fit || d_->view == nullptr || d_->loading || !d_->view->isVisible()) return;
-  const double content = d_->view->page()->contentsSize().width();
-  const double excess = content / d_->view->width();
-  if (excess < 1.005 || content == d_->shrunkFrom) return;
-  d_->shrunkFrom = content;
+  const QSizeF page = d_->view->page()->contentsSize();
+  const int scrollBar = page.height() > d_->view->height() ? kScrollBar : 0;
+  const double excess = page.width() / (d_->view->width() - scrollBar);
+  if (excess < 1.005) return;
   applyZoom(d_->zoom / excess);
 }
 
