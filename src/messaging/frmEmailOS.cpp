@@ -62,6 +62,7 @@ void frmEmailOS::changeEvent(QEvent* event) {
 }
 
 void frmEmailOS::Form_Load() {
+  AplicaCoresForm(*this);
   CentralizaForm(*this);
   setWindowTitle(QString::fromUtf16(kTitulo) + u" - Envio de E-mail"_s);
   txtServer->setText(ServidorEmail().toLower());

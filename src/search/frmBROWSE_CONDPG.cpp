@@ -68,6 +68,7 @@ void frmBROWSE_CONDPG::Form_Load() {
   chkVisualiza->setChecked(true);
   txtMaxReg->setText(u"100"_s);
   PreparaGradeCondPg();
+  AplicaCoresForm(*this);
   CentralizaForm(*this);
   setWindowTitle(texto(kTitulo));
   cmdPesquisa_Click();

@@ -1,6 +1,7 @@
 #include "platform/mail/mail_message.h"
 
 #include <QFileInfo>
+#include <algorithm>
 
 #include "platform/files/paths.h"
 #include "platform/mail/headers.h"
@@ -21,6 +22,25 @@ Settings& settings() {
   return instance;
 }
 
+namespace {
+
+/// Every address once: who stands in the list twice gets one message.
+std::vector<QByteArray> envelope(const std::vector<Address>& to, const std::vector<Address>& copy) {
+  std::vector<QByteArray> recipients;
+  for (const auto* list : {&to, &copy}) {
+    for (const Address& address : *list) {
+      const QByteArray bytes = address.address.toUtf8();
+      const auto same = [&bytes](const QByteArray& other) {
+        return other.compare(bytes, Qt::CaseInsensitive) == 0;
+      };
+      if (std::ranges::none_of(recipients, same)) recipients.push_back(bytes);
+    }
+  }
+  return recipients;
+}
+
+}  // namespace
+
 void MailMessage::SendEmail() const {
   const std::vector<Address> from = parseAddresses(MailFrom);
   const std::vector<Address> to = parseAddresses(SendTo);
@@ -37,8 +57,7 @@ void MailMessage::SendEmail() const {
     mail.username = Username;
     mail.password = Password;
   }
-  for (const auto* list : {&to, &copy})
-    for (const Address& address : *list) mail.recipients.push_back(address.address.toUtf8());
+  mail.recipients = envelope(to, copy);
 
   mail.headers = {dateHeader(values::now()), messageIdHeader(from.front().address),
                   addressHeader("From", {from.front()})};
