@@ -37,12 +37,9 @@ void frmConfirmaPropCmrcTL::RecalculaLiquido() {
 bool frmConfirmaPropCmrcTL::descontoPassaDoBruto() {
   if (LeNumero(lblVrBrutoTOT->text()) >= LeNumero(txtDescontoGeral->text())) return false;
   // Either box sends the user to the money value, which is the one that is compared.
-  voltando_ = true;
   Aviso(u"O desconto nao pode ser maior que o valor bruto!"_s, txtDescontoGeral);
   return true;
 }
-
-void frmConfirmaPropCmrcTL::txtDescontoGeral_GotFocus() { voltando_ = false; }
 
 void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
   if (descontoPassaDoBruto()) return;
@@ -55,8 +52,7 @@ void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
 }
 
 void frmConfirmaPropCmrcTL::txtPercDesc_LostFocus() {
-  // On the way back to a refused value the user never was here: told once is enough.
-  if (voltando_ || descontoPassaDoBruto()) return;
+  if (descontoPassaDoBruto()) return;
   txtPercDesc->setText(values::format(txtPercDesc->text(), kMascaraPercentual));
   const double bruto = LeNumero(lblVrBrutoTOT->text());
   // With no money value yet, RecalculaLiquido makes it.

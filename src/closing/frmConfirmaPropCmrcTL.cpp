@@ -15,7 +15,6 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) 
 
   using forms::Event;
   using Tela = frmConfirmaPropCmrcTL;
-  on(txtDescontoGeral, Event::GotFocus, &Tela::txtDescontoGeral_GotFocus);
   on(txtDescontoGeral, Event::LostFocus, &Tela::txtDescontoGeral_LostFocus);
   on(txtPercDesc, Event::LostFocus, &Tela::txtPercDesc_LostFocus);
   on(cboTransportadora, Event::DropDown, &Tela::cboTransportadora_DropDown);

@@ -34,7 +34,6 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
  private:
   void cboTransportadora_DropDown();
   void mskDataBase_LostFocus();
-  void txtDescontoGeral_GotFocus();
   void txtDescontoGeral_LostFocus();
   void txtPercDesc_LostFocus();
   void cmdPesquisa_CondPg_Click();
@@ -54,6 +53,4 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   void montaUpdateCondicao();
   void gravaCondicao();
   void gravaParcelas();
-
-  bool voltando_ = false;  ///< a refused discount is sending the user back to its box
 };
