@@ -1,4 +1,5 @@
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QWebEngineUrlScheme>
 
 #include "platform/web/drive_scheme.h"
@@ -33,6 +34,8 @@ void prepare() {
   if (done) return;
   done = true;
   addEngineFlags();
+  // That there is no graphics card is no news worth a page of text.
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext*=false"));
   if (QCoreApplication::instance() != nullptr) return;  // too late for the rest
   QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   // "c:\pictures\x.jpg" reads as an address of scheme "c".

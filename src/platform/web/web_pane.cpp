@@ -24,6 +24,8 @@ constexpr double kStep = 0.1;
 constexpr int kSettling = 100;  // milliseconds
 constexpr int kScrollBar = 15;  // pixels that the engine's own takes
 constexpr int kAnswerTimeout = 30'000;
+// What stands for Verdana and Tahoma, and for any other font that the machine lacks.
+constexpr char16_t kPlainFont[] = u"DejaVu Sans";
 }  // namespace
 
 class WebPane::Private {
@@ -62,6 +64,8 @@ void WebPane::makeEngine() {
   prepare();
   d_->view = new QWebEngineView(this);
   d_->view->setPage(new Page(d_->view));
+  for (const auto family : {QWebEngineSettings::StandardFont, QWebEngineSettings::SansSerifFont})
+    d_->view->settings()->setFontFamily(family, QString::fromUtf16(kPlainFont));
   d_->view->setContextMenuPolicy(Qt::NoContextMenu);
   auto* column = static_cast<QVBoxLayout*>(layout());
   delete column->takeAt(1);
