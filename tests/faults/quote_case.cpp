@@ -92,10 +92,7 @@ frmPropCmrcTL& QuoteCase::startOn(support::TdsServer& server) {
   leave();
   copyOver(first_, server.databasePath());
   qputenv("TDSPORT", QByteArray::number(server.port()));
-  configure(u"server.ini"_s,
-            u"127.0.0.1^%1^%2^%3^MS-SQL^^False^"_s.arg(QStringView(support::TdsServer::Database),
-                                                       QStringView(support::TdsServer::User),
-                                                       QStringView(support::TdsServer::Password)));
+  configure(u"server.ini"_s, support::TdsServer::configurationLine());
   return shown();
 }
 

@@ -5,6 +5,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <optional>
+
+#include "support/tds_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +20,13 @@ std::vector<std::string> roads() {
   for (const QFileInfo& file :
        QDir(QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads")).entryInfoList({u"*.road"_s}))
     found.push_back(file.completeBaseName().toStdString());
+  return found;
+}
+
+/// Those that don't look at the embedded library's own words.
+std::vector<std::string> serverRoads() {
+  std::vector<std::string> found = roads();
+  std::erase(found, "broken_text");
   return found;
 }
 
@@ -61,7 +71,10 @@ class MailCatcher {
   QProcess process_;
 };
 
-class SampleRoad : public ::testing::TestWithParam<std::string> {};
+/// Where the sample company's rows are.
+enum class Database { Embedded, Server };
+
+class SampleRoad : public ::testing::TestWithParam<std::tuple<Database, std::string>> {};
 
 TEST_P(SampleRoad, IsWalkedToItsEnd) {
   const QTemporaryDir folder;
@@ -77,13 +90,33 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
   const QString tools = QStringLiteral(ZARIM_BINARY_DIR "/tools/");
   run(tools + u"zarim_install"_s,
       {u"--to"_s, drive, u"--day"_s, u"16/03/2026"_s, u"--mail-server"_s, catcher.server()}, environment);
+  const auto& [database, road] = GetParam();
+  std::optional<support::TdsServer> server;
+  if (database == Database::Server) {
+    server.emplace();
+    environment.insert(u"TDSPORT"_s, QString::number(server->port()));
+    QFile configuration(drive + u"/zarim/config/server.ini"_s);
+    ASSERT_TRUE(configuration.open(QIODevice::WriteOnly));
+    configuration.write(server->configurationLine().append(u"\r\n"_s).repeated(3).toUtf8());
+    configuration.close();
+    run(tools + u"zarim_install"_s,
+        {u"--to"_s, drive, u"--day"_s, u"16/03/2026"_s, u"--mail-server"_s, catcher.server(), u"--server"_s},
+        environment);
+  }
   run(tools + u"zarim_road"_s,
       {u"--pictures"_s, pictures,
-       QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads/") + QString::fromStdString(GetParam()) + u".road"_s},
+       QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads/") + QString::fromStdString(road) + u".road"_s},
       environment);
 }
 
-INSTANTIATE_TEST_SUITE_P(Roads, SampleRoad, ::testing::ValuesIn(roads()),
-                         [](const auto& road) { return road.param; });
+constexpr auto kRoadName = [](const auto& one) { return std::get<1>(one.param); };
+INSTANTIATE_TEST_SUITE_P(Roads, SampleRoad,
+                         ::testing::Combine(::testing::Values(Database::Embedded),
+                                            ::testing::ValuesIn(roads())),
+                         kRoadName);
+INSTANTIATE_TEST_SUITE_P(RoadsOnServer, SampleRoad,
+                         ::testing::Combine(::testing::Values(Database::Server),
+                                            ::testing::ValuesIn(serverRoads())),
+                         kRoadName);
 
 }  // namespace

@@ -281,6 +281,11 @@ QString TdsServer::connectionString(const QString& password) const {
       QStringView(User), password, QStringView(Database), QString::number(port_));
 }
 
+QString TdsServer::configurationLine() {
+  return u"127.0.0.1^%1^%2^%3^MS-SQL^^False^"_s.arg(QStringView(Database), QStringView(User),
+                                                    QStringView(Password));
+}
+
 void TdsServer::setFault(std::function<Act(const QString&)> fault) {
   const std::scoped_lock lock(guard_);
   fault_ = std::move(fault);

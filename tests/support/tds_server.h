@@ -29,6 +29,8 @@ class TdsServer {
   [[nodiscard]] quint16 port() const { return port_; }
   /// As the program builds it, with the port behind it.
   [[nodiscard]] QString connectionString(const QString& password = QString::fromUtf16(Password)) const;
+  /// The line of server.ini that leads here; the port goes by TDSPORT.
+  [[nodiscard]] static QString configurationLine();
   [[nodiscard]] QString databasePath() const;
 
   /// Asked before every statement, "LOGIN", "BEGIN", "COMMIT" and "ROLLBACK" among them.

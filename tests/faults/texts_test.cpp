@@ -1,0 +1,115 @@
+#include "quote_case.h"
+#include "run/context.h"
+#include "shared/text.h"
+#include "support/printing.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A field of the quote that takes any text, and where the text goes.
+struct Field {
+  const char* control;
+  const char* column;  // of prop_cmrc; null for an honoree's name and an item's remark
+};
+
+constexpr Field kFields[] = {
+    {"txtDesc", "prop_cmrc_desc"},
+    {"cboCliente", "nome_clie"},
+    {"txtFoneExtra", "fone_clie"},
+    {"txtEmailExtra", "emai_clie"},
+    {"cboClienteContato", "nome_clie_cont"},
+    {"txtFoneExtraContato", "fone_clie_cont"},
+    {"txtEmailExtraContato", "emai_clie_cont"},
+    {"txtNumePess", "nume_pess"},
+    {"txtObserva", "obse_prop_cmrc"},
+    {"txtCondPagto", "txt_cond_pgto"},
+    {"txtNomeHomg", nullptr},
+};
+
+const QStringList& texts() {
+  static const QStringList all{QString(10'000, u'ç'),
+                               u"🎁 festa 👩‍👩‍👧 日本"_s,
+                               u"d'água"_s,
+                               u"''"_s,
+                               u"a\tb\tc\td"_s,
+                               u"um\r\ndois\ntrês\rquatro"_s,
+                               u"a^b^^c^"_s,
+                               u"a|b||c"_s,
+                               u"antes"_s + QChar(u'\0') + u"depois"_s,
+                               u"x'); DELETE FROM PROP_CMRC; --"_s,
+                               u"-- /* ? :a {b} [c] \\ \" % _"_s,
+                               QString(3, QChar(0xD83C))};
+  return all;
+}
+
+class Texts : public faults::QuoteCase, public ::testing::WithParamInterface<Field> {};
+
+/// Whatever the text, the quote is saved whole, with the text, or not at all, and the items keep their
+/// columns.
+TEST_P(Texts, AreSavedOrRefusedWhole) {
+  const Field field = GetParam();
+  const QString control = QString::fromLatin1(field.control);
+  for (const QString& text : texts()) {
+    SCOPED_TRACE(text.left(30).toStdString());
+    auto& screen = start();
+    const QStringList before = rowsOf(databasePath());
+    enterQuote(screen);
+    forms::writeControl(u"frmPropCmrcTL"_s, control, text);
+    QString kept =
+        Maiusculas(Apara(forms::controlText(forms::findControl(u"frmPropCmrcTL"_s, control))));
+    if (field.column == nullptr) screen.cmdIncluirHomg->click();
+    screen.cmdSALVAR->click();
+    if (ended.has_value()) {
+      EXPECT_EQ(ended, 1);
+      EXPECT_TRUE(text.contains(u'\'') || text.contains(QChar::Null)) << boxes.join(u' ').toStdString();
+      contexto().Conexao.close();
+      EXPECT_EQ(rowsOf(databasePath()), before);
+      continue;
+    }
+    EXPECT_EQ(rowsOf(databasePath()).size(), before.size() + 8 + (field.column == nullptr ? 1 : 0));
+    if (field.column != nullptr) {
+      const QString stored =
+          ask(u"SELECT %1 FROM prop_cmrc WHERE idprop_cmrc=2"_s.arg(QLatin1StringView(field.column)));
+      kept.replace(u"''"_s, u"'"_s);  // nothing is escaped on the way: two quote marks are one
+      // Half a pair of a character outside the basic plane is no character that can be stored.
+      EXPECT_TRUE(stored == kept || text.front() == QChar(0xD83C)) << stored.toStdString();
+    }
+    screen.cmdPesquisar_PropCmrc->click();
+    const forms::GridModel& items = screen.Flex->grid();
+    ASSERT_EQ(items.rows(), 3);
+    for (const int row : {1, 2}) {
+      EXPECT_EQ(items.text(row, grids::item::Codigo), u"CX-100"_s);
+      EXPECT_EQ(items.text(row, grids::item::Total), u"29,00"_s);
+    }
+    EXPECT_EQ(screen.FlexHomg->grid().rows(), field.column == nullptr ? 3 : 2);
+    EXPECT_FALSE(ended.has_value()) << boxes.join(u' ').toStdString();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Fields, Texts, ::testing::ValuesIn(kFields),
+                         [](const auto& one) { return std::string(one.param.control); });
+
+/// An item's remark comes back in its own column, whatever it holds.
+using ItemTexts = faults::QuoteCase;
+
+TEST_F(ItemTexts, OfAnItemsRemarkShiftNoColumn) {
+  for (const QString& text : texts()) {
+    SCOPED_TRACE(text.left(30).toStdString());
+    auto& screen = start();
+    enterQuote(screen);
+    screen.Flex->grid().setText(1, grids::item::Observacao, text);
+    screen.cmdSALVAR->click();
+    if (ended.has_value()) continue;
+    screen.cmdPesquisar_PropCmrc->click();
+    const forms::GridModel& items = screen.Flex->grid();
+    ASSERT_EQ(items.rows(), 3);
+    EXPECT_EQ(items.cols(), static_cast<int>(grids::item::kLayout.size()));
+    EXPECT_EQ(items.text(1, grids::item::Unidade), u"UN"_s);
+    EXPECT_EQ(items.text(2, grids::item::Codigo), u"CX-100"_s);
+    EXPECT_EQ(items.text(2, grids::item::Observacao), u"OBS"_s);
+  }
+}
+
+}  // namespace
