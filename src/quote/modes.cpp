@@ -56,6 +56,7 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
   txtCodigo->clear();
   mskDtPropCmrc->setBoxText(values::formatDate(values::now(), u"dd/mm/yyyy"));
   forms::setControlText(txtCondPagto, kCondPagtoPadrao.toString());
+  focus(mskDtPropCmrc);
 }
 
 void frmPropCmrcTL::cmdALTERAR_Click() {
@@ -73,6 +74,7 @@ void frmPropCmrcTL::cmdALTERAR_Click() {
   cmdFechar->setEnabled(false);
   botoesEditando();
   DestravaCampos();
+  focus(mskDtPropCmrc);
 }
 
 void frmPropCmrcTL::cmdSAIR_Click() {

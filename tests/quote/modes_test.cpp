@@ -40,6 +40,7 @@ class Modes : public QuoteCase {
 TEST_F(Modes, NewQuoteUnlocksTheFieldsAndSetsDateAndTerms) {
   start();
   EXPECT_EQ(enabled(), u"INCLUIR ALTERAR EXCLUIR Reativar Imprimir SAIR Fechar"_s);
+  EXPECT_EQ(screen->focusWidget(), screen->txtCodigo);
   expectLocked(true);
   support::type(screen->txtCodigo, u"12"_s);
   support::click(screen->cmdINCLUIR);
@@ -47,6 +48,7 @@ TEST_F(Modes, NewQuoteUnlocksTheFieldsAndSetsDateAndTerms) {
   expectLocked(false);
   EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u"II"_s);
   EXPECT_EQ(screen->txtCodigo->text(), QString());
+  EXPECT_EQ(screen->focusWidget(), screen->mskDtPropCmrc);
   EXPECT_EQ(screen->mskDtPropCmrc->boxText(), u"15/03/2024"_s);
   EXPECT_EQ(forms::controlText(screen->txtCondPagto),
             u"5% de desconto para pagamento à vista ou\r\n50% de sinal e 50% na entrega\r\n"_s);

@@ -58,6 +58,7 @@ TEST_F(Saving, ANewQuoteGoesOutInUpperCaseInOneTransaction) {
        "'20240315', '7')"_s,
        u"COMMIT"_s});
   EXPECT_EQ(screen->txtCodigo->text(), u"1"_s);
+  EXPECT_EQ(screen->focusWidget(), screen->txtCodigo);
   EXPECT_EQ(documento().IdDocumento, 1);
   EXPECT_EQ(screen->Flex->grid().rows(), 1);
   EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u" "_s);
