@@ -49,9 +49,14 @@ frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
 
 void frmPedHTML::Form_Load() {
   AplicaCoresForm(*this);
-  const int base =
+  // Large text can need more room than the measures give.
+  const int largura =
+      pixels(kEsquerdaFrame2) * 2 + Frame2->sizeHint().width() + barraComandos->sizeHint().width() + kFolga;
+  const int altura =
       pixels(topoFrame2_) + Frame2->sizeHint().height() + barraArquivo->sizeHint().height() + 2 * kFolga;
-  resize(pixels(kLarguraForm * escala_), std::max(pixels(kAlturaForm * escala_), base));
+  setMinimumSize(std::max(pixels(kLarguraForm * escala_), largura),
+                 std::max(pixels(kAlturaForm * escala_), altura));
+  resize(minimumSize());
   dispoe();
   CentralizaForm(*this);
   const forms::WaitPointer espera;

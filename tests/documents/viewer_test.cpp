@@ -11,6 +11,7 @@
 #include "documents/frmPedHTML.h"
 #include "messaging/frmEmailOS.h"
 #include "platform/values/runtime_error.h"
+#include "platform/web/find_bar.h"
 #include "quote_rows.h"
 #include "support/script.h"
 
@@ -148,6 +149,25 @@ TEST_F(Viewer, GeometryByResolution) {
     for (const QWidget* part :
          {static_cast<QWidget*>(viewer.Frame2), viewer.barraComandos, viewer.barraArquivo})
       EXPECT_TRUE(viewer.rect().contains(part->geometry()));
+  });
+}
+
+TEST_F(Viewer, ToolsActOnTheCopyInSight) {
+  show(123, [](frmPedHTML& viewer) {
+    viewer.SSTab1->setCurrentIndex(1);
+    EXPECT_EQ(viewer.txtArquivo->text(), viewer.ArqVia2);
+    const double before = viewer.WebBrowser1->zoom();
+    viewer.WebBrowser2->setZoom(1.0);
+    support::key(viewer.txtArquivo, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_NEAR(viewer.WebBrowser2->zoom(), 0.9, 1e-6);
+    EXPECT_EQ(viewer.lblZoom->text(), u"90%"_s);
+    EXPECT_EQ(viewer.WebBrowser1->zoom(), before);
+    support::key(viewer.txtArquivo, Qt::Key_F, Qt::ControlModifier);
+    auto* bar = viewer.WebBrowser2->findChild<web::FindBar*>();
+    ASSERT_TRUE(bar->isVisible());
+    support::key(bar->findChild<QLineEdit*>(), Qt::Key_Escape);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_TRUE(viewer.isVisible());
   });
 }
 

@@ -1,7 +1,10 @@
+#include <QEventLoop>
+#include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QWebEngineView>
 
 #include "platform/files/paths.h"
 #include "platform/web/web_pane.h"
@@ -10,16 +13,39 @@ namespace web {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The page as a picture, for a printing system that takes no files.
+bool printPicture(QWebEngineView& view, const QPrinterInfo& info) {
+  constexpr int kDotsPerInch = 300;  // more takes seconds and memory and shows no better
+  QPrinter printer(info);
+  printer.setResolution(kDotsPerInch);
+  QEventLoop loop;
+  bool printed = false;
+  QObject::connect(&view, &QWebEngineView::printFinished, &loop, [&](bool success) {
+    printed = success;
+    loop.quit();
+  });
+  view.print(&printer);
+  loop.exec();
+  return printed;
+}
+
+}  // namespace
+
 Printed WebPane::print() {
   const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
   if (printer.isNull()) return Printed::NoPrinter;
+  auto* view = findChild<QWebEngineView*>();
+  if (view == nullptr) return Printed::Failed;
   const QString spooler = QStandardPaths::findExecutable(u"lp"_s);
-  if (spooler.isEmpty()) return Printed::Failed;
+  // A pane that shows a PDF would print blank: only the file itself can go out.
+  if (spooler.isEmpty())
+    return !isPdf(path_) && waitForLoad() && printPicture(*view, printer) ? Printed::Sent : Printed::Failed;
 
   const QTemporaryDir folder;
   QString file = files::resolve(path_);
-  // A pane that shows a PDF would print blank: the file itself goes out.
-  if (!file.endsWith(u".pdf", Qt::CaseInsensitive)) {
+  if (!isPdf(path_)) {
     file = folder.filePath(u"page.pdf"_s);
     if (!printToFile(file)) return Printed::Failed;
   }

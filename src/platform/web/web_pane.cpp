@@ -28,6 +28,8 @@ constexpr int kAnswerTimeout = 30'000;
 constexpr char16_t kPlainFont[] = u"DejaVu Sans";
 }  // namespace
 
+bool isPdf(const QString& path) { return path.endsWith(u".pdf", Qt::CaseInsensitive); }
+
 class WebPane::Private {
  public:
   explicit Private(WebPane* pane) : bar(new FindBar(pane)) {}
@@ -82,9 +84,11 @@ void WebPane::navigate(const QString& path) {
   if (d_->view == nullptr) makeEngine();
   path_ = path;
   d_->loading = true;
-  d_->view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled,
-                                     path.endsWith(u".pdf", Qt::CaseInsensitive));  // its viewer is a script
-  d_->view->load(path.isEmpty() ? QUrl(u"about:blank"_s) : QUrl::fromLocalFile(files::resolve(path)));
+  QUrl address = path.isEmpty() ? QUrl(u"about:blank"_s) : QUrl::fromLocalFile(files::resolve(path));
+  const bool pdf = isPdf(path);
+  if (pdf) address.setFragment(u"navpanes=0"_s);  // the page itself gets the width
+  d_->view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, pdf);  // its viewer is a script
+  d_->view->load(address);
 }
 
 void WebPane::pageLoaded(bool ok) {

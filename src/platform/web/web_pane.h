@@ -13,6 +13,9 @@ namespace web {
 /// pictures be named by a path with a drive letter. Before the application object is made; once is enough.
 void prepare();
 
+/// Whether a path names a PDF file.
+[[nodiscard]] bool isPdf(const QString& path);
+
 /// What became of a page that was to be printed.
 enum class Printed { Sent, NoPrinter, Failed };
 
