@@ -12,6 +12,7 @@
 #include "platform/forms/process.h"
 #include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"
+#include "platform/web/web_pane.h"
 #include "quote/program.h"
 #include "stage.h"
 
@@ -25,6 +26,7 @@ constexpr int kBusyPause = 3;
 constexpr int kPollPause = 25;
 constexpr qint64 kWaitPatience = 60'000;
 constexpr qint64 kLaterPatience = 15'000;
+constexpr qint64 kPagePause = 1'200;  // a page that has not changed for so long is painted
 
 /// Modal forms and boxes whose loops run.
 int depth() { return forms::modal::depth() + forms::boxesWaiting(); }
@@ -39,6 +41,15 @@ void setClock(const QString& when) {
   if (when.isEmpty()) return;
   const QDateTime date = values::toDate(when);
   values::setClock([date] { return date; });
+}
+
+/// Whether a picture has one colour, but for what edges it has.
+bool isPlain(const QImage& picture) {
+  const QImage inner = picture.copy(picture.rect().adjusted(16, 16, -16, -16)).scaled(40, 40);
+  for (int y = 0; y < inner.height(); ++y)
+    for (int x = 0; x < inner.width(); ++x)
+      if (inner.pixel(x, y) != inner.pixel(0, 0)) return false;
+  return true;
 }
 
 QString commandLineOf(const Step& step) {
@@ -152,6 +163,7 @@ void Driver::perform(const Step& step) {
     if (step.verb == u"expect"_s || step.verb == u"wait"_s) {
       if (!conditionMet(step)) return;
     }
+    if (step.verb == u"screenshot"_s && !pagesStand()) return schedulePoll();
     ++progress_.next;
     progress_.write(progressFile_);
     waiting_.restart();
@@ -196,7 +208,25 @@ bool Driver::conditionMet(const Step& step) {
     const qint64 patience = step.verb == u"wait"_s ? kWaitPatience : kLaterPatience;
     if (!waits || waiting_.elapsed() > patience) throw;
   }
+  schedulePoll();
+  return false;
+}
+
+void Driver::schedulePoll() {
   QTimer::singleShot(kPollPause, this, [this] { schedule(); });
+}
+
+bool Driver::pagesStand() {
+  QList<web::WebPane*> panes;
+  for (auto* pane : topForm().findChildren<web::WebPane*>())
+    if (pane->isVisible()) panes << pane;
+  if (panes.isEmpty() || waiting_.elapsed() > kLaterPatience) return true;
+  panes.first()->waitForLoad();
+  const QImage now = panes.first()->grab().toImage();
+  if (now == lastPages_ && !isPlain(now))
+    return std::min(pagesSince_.elapsed(), waiting_.elapsed()) > kPagePause;
+  lastPages_ = now;
+  pagesSince_.start();
   return false;
 }
 

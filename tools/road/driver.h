@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QImage>
 #include <QObject>
 #include <vector>
 
@@ -29,6 +30,9 @@ class Driver : public QObject {
   void perform(const Step& step);
   /// Whether a condition came true; false as long as it may still do so.
   bool conditionMet(const Step& step);
+  void schedulePoll();
+  /// Whether the browser panes in sight show all they have to: they load and paint by themselves.
+  bool pagesStand();
   void walkWithoutProgram();
   void programEnded(int status);
   void requireAnswersTaken(const Step& step);
@@ -46,6 +50,8 @@ class Driver : public QObject {
   bool scheduled_ = false;
   int quietTicks_ = 0;
   QElapsedTimer waiting_;
+  QImage lastPages_;  ///< what they showed when they were looked at last
+  QElapsedTimer pagesSince_;
 };
 
 /// Does a step of the user's.
