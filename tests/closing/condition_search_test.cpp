@@ -56,75 +56,43 @@ TEST_F(ConditionSearch, CallersOfOtherProgramsGetNothingHere) {
   }
 }
 
-TEST_F(ConditionSearch, StatementOfEachOption) {
-  const struct {
-    QRadioButton* frmBROWSE_CONDPG::*option;
-    QString text;
-    QString active, all;
-  } cases[] = {
-      {&frmBROWSE_CONDPG::Option1, {}, u" where data_desa is null"_s, u""_s},
-      {&frmBROWSE_CONDPG::Option2,
-       {},
-       u" where data_desa is null ORDER BY desc_cond_pgto"_s,
-       u" ORDER BY desc_cond_pgto"_s},
-      {&frmBROWSE_CONDPG::Option3,
-       {},
-       u" where data_desa is null ORDER BY qtde_parc"_s,
-       u" ORDER BY qtde_parc"_s},
-      {&frmBROWSE_CONDPG::Option1, u"43"_s, u" WHERE idcond_pgto =43 and data_desa is null"_s,
-       u" WHERE idcond_pgto =43"_s},
-  };
-  script_.modal([&, this](forms::Form& form) {
-    for (const auto& [option, text, active, all] : cases) {
-      type(search().txtCOD, text);
-      click(search().*option);
-      for (const QString& rest : {active, all}) {
-        search().chkVisualiza->setChecked(rest == active);
-        forgetStatements();
-        click(search().cmdPesquisa);
-        EXPECT_EQ(statements(), QStringList{(u"SELECT * FROM cond_pgto"_s + rest).toUpper()});
-        EXPECT_EQ(contexto().sqlFuncoes, u"SELECT * FROM cond_pgto"_s + rest);
-      }
-    }
+TEST_F(ConditionSearch, OrderOfEachOptionAndDeactivatedOnes) {
+  script_.modal([this](forms::Form& form) {
+    click(search().chkVisualiza);
+    EXPECT_EQ(ids(), (QStringList{u"41"_s, u"42"_s, u"43"_s}));
+    EXPECT_EQ(search().Flex->grid().text(3, 3), u"15/01/2023"_s);
+    click(search().Option2);
+    click(search().cmdPesquisa);
+    EXPECT_EQ(ids(), (QStringList{u"41"_s, u"42"_s, u"43"_s}));
+    click(search().Option3);
+    click(search().cmdPesquisa);
+    EXPECT_EQ(ids(), (QStringList{u"42"_s, u"43"_s, u"41"_s}));
+    click(search().Option1);
+    type(search().txtCOD, u"43"_s);
+    click(search().cmdPesquisa);
     EXPECT_EQ(ids(), QStringList{u"43"_s});
-    EXPECT_EQ(search().Flex->grid().text(1, 3), u"15/01/2023"_s);
-    type(search().txtCOD, {});
     click(search().chkVisualiza);
-    EXPECT_EQ(ids(), (QStringList{u"41"_s, u"42"_s}));
-    click(search().chkVisualiza);
-    EXPECT_EQ(ids().size(), 3);
+    EXPECT_TRUE(ids().isEmpty());
+    EXPECT_EQ(contexto().sqlFuncoes,
+              u"SELECT * FROM cond_pgto WHERE idcond_pgto =43 and data_desa is null"_s);
     form.close();
   });
   search().showModal();
 }
 
-TEST_F(ConditionSearch, TextSearchesOnMissingColumnsFail) {
-  const struct {
-    QRadioButton* frmBROWSE_CONDPG::*option;
-    QString text;
-    QString statement;
-  } cases[] = {
-      {&frmBROWSE_CONDPG::Option2, u"dias"_s,
-       u"SELECT * FROM cond_pgto WHERE desc_cond_pgto LIKE '%dias%' and data_desa is null ORDER BY razaosocial"_s},
-      {&frmBROWSE_CONDPG::Option3, u"3"_s,
-       u"SELECT * FROM cond_pgto WHERE qtde_parc = 3 and data_desa is null ORDER BY nomefantasia"_s},
-      {&frmBROWSE_CONDPG::Option1, u"abc"_s,
-       u"SELECT * FROM cond_pgto WHERE idcond_pgto =abc and data_desa is null"_s},
-  };
-  for (const auto& [option, text, statement] : cases) {
-    forms::registry::clear();
-    connect();
-    script_.modal([&, this](forms::Form&) {
-      type(search().txtCOD, text);
-      click(search().*option);
-      forms::setBoxAnswerer([](const forms::Box& box) {
-        EXPECT_TRUE(box.text.startsWith(u"Erro em tempo de execução '-2147217900'"_s));
-        return forms::Answer::Ok;
-      });
-      script_.expectEnd(1);
-      click(search().cmdPesquisa);
-      EXPECT_EQ(contexto().sqlFuncoes, statement);
+TEST_F(ConditionSearch, TextSearchOnMissingColumnFails) {
+  script_.modal([this](forms::Form&) {
+    type(search().txtCOD, u"dias"_s);
+    click(search().Option2);
+    forms::setBoxAnswerer([](const forms::Box& box) {
+      EXPECT_TRUE(box.text.startsWith(u"Erro em tempo de execução '-2147217900'"_s));
+      return forms::Answer::Ok;
     });
-    forms::guarded([this] { search().showModal(); });
-  }
+    script_.expectEnd(1);
+    click(search().cmdPesquisa);
+    EXPECT_EQ(contexto().sqlFuncoes,
+              u"SELECT * FROM cond_pgto WHERE desc_cond_pgto LIKE '%dias%' and data_desa is null ORDER BY "
+              "razaosocial"_s);
+  });
+  forms::guarded([this] { search().showModal(); });
 }

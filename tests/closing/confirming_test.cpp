@@ -80,30 +80,13 @@ TEST_F(Confirming, EmptyChoicesAreWrittenAsSuch) {
   EXPECT_EQ(quote().lblDesconto->text(), QString());
 }
 
-TEST_F(Confirming, RefusesWhatIsMissingInItsOrder) {
+TEST_F(Confirming, WantsABaseDate) {
   closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
-    form.txtIdCondPg->setText(u"  "_s);
+    terms(form);
     form.mskDataBase->setBoxText(QString());
     forgetStatements();
-    script_.box(u"Campo Obrigatório [Condição de Pagamento]"_s);
-    click(form.cmdConfirmar);
-    EXPECT_EQ(script_.lastBox().title, form.windowTitle());
-    EXPECT_EQ(form.focusWidget(), form.txtIdCondPg);
-
-    form.txtIdCondPg->setText(u"41"_s);
-    script_.box(u"Falta processar a condição de pagamento."_s);
-    click(form.cmdConfirmar);
-    EXPECT_EQ(script_.lastBox().title, u"Zarim 1.2"_s);
-
-    form.Flex2->grid().addItem(u"\t1\t0\t200,00\t05/03/2024"_s);
     script_.box(u"Informar data base."_s);
     click(form.cmdConfirmar);
-    EXPECT_EQ(form.focusWidget(), form.mskDataBase);
-
-    // Neither the window's X nor Esc leaves the screen.
-    support::key(form.txtIdCondPg, Qt::Key_Escape);
-    form.close();
-    EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(statements().isEmpty());
   });
 }
@@ -117,21 +100,6 @@ TEST_F(Confirming, LookingChecksAndWritesNothing) {
     EXPECT_TRUE(statements().isEmpty());
     EXPECT_EQ(form.FlagCondPgto, QString());
   });
-}
-
-TEST_F(Confirming, ApostropheInTheObservationBreaksTheStatement) {
-  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
-    terms(form);
-    forms::setControlText(form.txtObservacaoPedido, u"Caixa d'água"_s);
-    forms::setBoxAnswerer([](const forms::Box& box) {
-      EXPECT_TRUE(box.text.startsWith(u"Erro em tempo de execução '-2147217900'"_s));
-      return forms::Answer::Ok;
-    });
-    script_.expectEnd(1);
-    click(form.cmdConfirmar);
-  });
-  EXPECT_EQ(left(), u"1"_s);
-  EXPECT_EQ(ask(u"select idcond_pgto from prop_cmrc where idprop_cmrc = 123"_s), QString());
 }
 
 TEST_F(Confirming, EnterWalksThroughTheScreen) {

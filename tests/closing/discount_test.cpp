@@ -75,19 +75,12 @@ TEST_F(Closing, DiscountAboveTheGrossSendsTheUserToTheMoneyBox) {
   });
 }
 
-TEST_F(Closing, StartsFromTheApprovedTotalAndTheTheme) {
-  sql(u"insert into empr_cnfg (nome_para, valo_para) values ('COR_PADRAO', 'MAR')"_s);
-  sql(u"insert into cor_sist (desc_cor_sist, codi_back_0001, codi_fore_0001, codi_back_0002, codi_fore_0002) "
-      "values ('MAR', '15790320', '0', '15790320', '0')"_s);
+TEST_F(Closing, StartsFromTheApprovedTotal) {
   quote().lblTotaAprov->setText(u"250"_s);
-  contexto().TelaChamadora = u"frmMontarProduto"_s;
   forms::registry::find(u"frmConfirmaPropCmrcTL"_s)->unload();
   EXPECT_EQ(screen().lblVrBrutoTOT->text(), u"250,00"_s);
   EXPECT_EQ(screen().lblVrLiqTOT->text(), u"250,00"_s);
-  EXPECT_EQ(contexto().TelaChamadora, u"frmPropCmrcTL"_s);
-  EXPECT_EQ(forms::backColor(&screen()), 15790320);
-  EXPECT_EQ(forms::backColor(screen().txtPercDesc), 0x80000005);
-
+  EXPECT_EQ(screen().mskDataBase->boxText(), u"05/03/2024"_s);
   forms::setControlText(screen().txtObservacaoPedido, u"á"_s.repeated(300));
   EXPECT_EQ(forms::controlText(screen().txtObservacaoPedido), u"á"_s.repeated(250));
 }

@@ -82,65 +82,38 @@ TEST_F(Closing, NoInstalmentsToDivideByEndsTheProgram) {
   });
 }
 
-TEST_F(Closing, RefusesWhatIsMissingInItsOrder) {
+TEST_F(Closing, ComputedTermsAreFrozenUntilUndone) {
+  closingOf(u"90"_s, [this](frmConfirmaPropCmrcTL& form) {
+    const auto expect = [&form](bool frozen, forms::ColorNumber ground) {
+      EXPECT_NE(form.cmdConfirmaCondPg->isEnabled(), frozen);
+      EXPECT_EQ(form.cmdDesfazer->isEnabled(), frozen);
+      EXPECT_EQ(forms::isLocked(form.txtIdCondPg), frozen);
+      EXPECT_NE(form.mskDataBase->isEnabled(), frozen);
+      EXPECT_EQ(forms::backColor(form.txtIdCondPg), ground);
+      EXPECT_EQ(forms::backColor(form.mskDataBase), ground);
+    };
+    choose(u"41"_s);
+    click(form.cmdConfirmaCondPg);
+    expect(true, 0x80000000);
+    script_.box(u"Deseja Realmente Desfazer o Calculo de Condições de Pagamento?"_s, forms::Answer::Yes);
+    click(form.cmdDesfazer);
+    expect(false, 0xFFFFFF);
+  });
+}
+
+TEST_F(Closing, NetValueAndBaseDateComeFirst) {
   closingOf(u"0"_s, [this](frmConfirmaPropCmrcTL& form) {
-    EXPECT_EQ(form.mskDataBase->boxText(), u"05/03/2024"_s);
     form.mskDataBase->setBoxText(QString());
     script_.box(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
     click(form.cmdConfirmaCondPg);
-    EXPECT_EQ(script_.lastBox().title, u"Zarim 1.2"_s);
-    EXPECT_EQ(script_.lastBox().icon, forms::Icon::Information);
   });
   closingOf(u"10"_s, [this](frmConfirmaPropCmrcTL& form) {
-    for (const QString& date : {u"__/__/____"_s, u"31/02/2024"_s}) {
-      form.mskDataBase->setBoxText(date);
-      script_.box(u"Informe Data Base!"_s);
-      click(form.cmdConfirmaCondPg);
-      EXPECT_EQ(form.focusWidget(), form.mskDataBase);
-    }
+    script_.box(u"Informe Data Base!"_s);
+    click(form.cmdConfirmaCondPg);
+    EXPECT_EQ(form.focusWidget(), form.mskDataBase);
     // A day alone counts from today.
     type(form.mskDataBase, u"15"_s);
     support::focus(form.txtValorSinal);
     EXPECT_EQ(form.mskDataBase->boxText(), u"20/03/2024"_s);
-
-    script_.box(u"Falta Definir Condições de Pagamento!"_s);
-    click(form.cmdConfirmaCondPg);
-    EXPECT_EQ(form.focusWidget(), form.txtIdCondPg);
-    script_.box(u"Condição de Pagamento não localizado!"_s);
-    choose(u"999"_s);
-    EXPECT_EQ(form.focusWidget(), form.txtIdCondPg);
-    script_.box(u"Falta Definir Condições de Pagamento!"_s);
-    click(form.cmdConfirmaCondPg);
-    EXPECT_TRUE(instalments().isEmpty());
-    EXPECT_TRUE(form.cmdConfirmaCondPg->isEnabled());
-  });
-}
-
-TEST_F(Closing, ComputedTermsAreFrozenUntilUndone) {
-  closingOf(u"90"_s, [this](frmConfirmaPropCmrcTL& form) {
-    const auto frozen = [&] {
-      EXPECT_NE(form.cmdConfirmaCondPg->isEnabled(), form.cmdDesfazer->isEnabled());
-      EXPECT_EQ(form.mskDataBase->isEnabled(), form.cmdConfirmaCondPg->isEnabled());
-      EXPECT_EQ(forms::isLocked(form.txtIdCondPg), form.cmdDesfazer->isEnabled());
-      EXPECT_EQ(forms::backColor(form.mskDataBase), forms::backColor(form.txtIdCondPg));
-      return form.cmdDesfazer->isEnabled();
-    };
-    choose(u"41"_s);
-    EXPECT_EQ(form.lblParcelas->text(), u"3"_s);
-    EXPECT_EQ(form.lblPrazos->text(), u"030/060/090/"_s);
-    click(form.cmdConfirmaCondPg);
-    EXPECT_TRUE(frozen());
-    EXPECT_EQ(forms::backColor(form.txtIdCondPg), 0x80000000);
-
-    script_.box(u"Deseja Realmente Desfazer o Calculo de Condições de Pagamento?"_s, forms::Answer::No);
-    click(form.cmdDesfazer);
-    EXPECT_TRUE(frozen());
-    EXPECT_EQ(instalments().size(), 3);
-
-    script_.box(u"Deseja Realmente Desfazer o Calculo de Condições de Pagamento?"_s, forms::Answer::Yes);
-    click(form.cmdDesfazer);
-    EXPECT_FALSE(frozen());
-    EXPECT_EQ(forms::backColor(form.txtIdCondPg), 0xFFFFFF);
-    EXPECT_EQ(form.focusWidget(), form.txtIdCondPg);
   });
 }

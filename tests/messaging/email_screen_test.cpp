@@ -69,30 +69,6 @@ TEST_F(EmailScreen, RecipientsAndSenderAtTheStart) {
   }
 }
 
-TEST_F(EmailScreen, RefusesWhatIsMissingInItsOrder) {
-  shown([this](frmEmailOS& form) {
-    const auto refused = [&](QLineEdit* box, const QString& text, const QString& message) {
-      box->setText(text);
-      script_.box(message);
-      click(form.cmdEnviarEmail);
-    };
-    form.txtPara->setText(u" "_s);
-    form.txtServer->clear();
-    form.txtMailFrom->clear();
-    refused(form.txtPassword, {},
-            u"Usuário sem senha de e-mail registrada!\n\nVocê deverá entrar em [Manutenção] e depois em "
-            "[Senha e-mail] para registrar!\n\nO e-mail não pode ser encaminhado!"_s);
-    EXPECT_EQ(script_.lastBox().title, form.windowTitle());
-    refused(form.txtPassword, u"  "_s, u"O campo [Para] precisa ser informado!"_s);
-    EXPECT_EQ(form.focusWidget(), form.txtPara);
-    EXPECT_EQ(script_.lastBox().title, u"Zarim 1.2"_s);
-    refused(form.txtPara, u"a@x"_s, u"Falta Configuração do Servidor de E-mail..."_s);
-    refused(form.txtServer, u"s"_s, u"Falta Configuração do E-Mail do Usuário Remetente..."_s);
-    refused(form.txtMailFrom, u"b@x"_s, u"O campo [Senha] precisa ser informado!"_s);
-    EXPECT_EQ(form.focusWidget(), form.txtPassword);
-  });
-}
-
 TEST_F(EmailScreen, DocumentIsTheBodyAndTheScreenUnloads) {
   const SmtpServer server({u"--login"_s, u"orcamentos@aurora.example:senha-orca"_s});
   mailTo(server);
@@ -156,22 +132,4 @@ TEST_F(EmailScreen, BodyOfTheUsersOwnAndAttachments) {
     EXPECT_EQ(mail[u"parts"_s][0][u"type"_s].toString(), kind);
     EXPECT_TRUE(mail[u"parts"_s][0][u"text"_s].toString().startsWith(body));
   }
-}
-
-TEST_F(EmailScreen, RefusedMessageEndsInTheRuntimesError) {
-  const SmtpServer server({u"--refuse"_s, u"vendas@aurora.example"_s});
-  mailTo(server);
-  document("x");
-  script_.expectEnd(1);
-  forms::guarded([this] {
-    shown([this](frmEmailOS& form) {
-      script_.box(
-          u"Erro em tempo de execução '-2147221503':\n\nO e-mail não foi enviado: o servidor recusou o "
-          "destinatário vendas@aurora.example.\nServidor: "_s +
-          form.txtServer->text() + u"\nResposta: 550 5.1.1 no such mailbox"_s);
-      click(form.cmdEnviarEmail);
-      form.hideForm();
-    });
-  });
-  EXPECT_TRUE(server.messages().isEmpty());
 }

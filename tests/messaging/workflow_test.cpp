@@ -31,16 +31,10 @@ class Notices : public Mailing {
 
 }  // namespace
 
-TEST_F(Notices, LookupsOfAnEvent) {
+TEST_F(Notices, SubscribersOfAnEvent) {
   EXPECT_EQ(UsuariosEventoWorkFlow(u"AVISOORCAFECHADO"_s), u"3^7^9^8^"_s);
   EXPECT_EQ(UsuariosEventoWorkFlow(u"PROJETACOMPRA"_s), u"0^"_s);
   EXPECT_EQ(UsuariosEventoWorkFlow(u"NADA"_s), u"0^"_s);
-  EXPECT_EQ(IdEventoWorkFlow(u"projetacompra"_s), u"52"_s);
-  EXPECT_EQ(DescricaoEventoWorkFlow(u"AVISOORCAFECHADO"_s), u"Orçamento fechado"_s);
-  EXPECT_EQ(TextoEventoWorkFlow(u"PROJETACOMPRA"_s), QString());
-  EXPECT_EQ(DescricaoEventoWorkFlow(u"NADA"_s), QString());
-  EXPECT_TRUE(statements().contains(
-      u"SELECT IDUSEN FROM WORK_EVEN_USEN WHERE IDWORK_EVEN = 51 AND DATA_DESA IS NULL"_s));
 }
 
 TEST_F(Notices, GoToTheSubscribersFromTheCompanysAddress) {

@@ -14,8 +14,7 @@ SmtpServer::SmtpServer(const QStringList& options, Tls tls) {
   arguments += options;
   if (tls != Tls::None) {
     makeCertificate();
-    arguments << (tls == Tls::StartTls ? u"--starttls"_s : u"--tls"_s) << u"--certificate"_s << certificate()
-              << u"--key"_s << folder_.filePath(u"key.pem"_s);
+    arguments << u"--tls"_s << (tls == Tls::StartTls ? u"offered"_s : u"at once"_s);
   }
   process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
   process_.start(u"/usr/bin/python3"_s, arguments);

@@ -9,7 +9,6 @@ import argparse
 import asyncio
 import base64
 import ctypes
-import email
 import email.policy
 import json
 import logging
@@ -28,25 +27,23 @@ def read_part(part):
         "filename": part.get_filename(""),
         "text": content.replace("\r\n", "\n") if isinstance(content, str) else "",
         "base64": base64.b64encode(part.get_payload(decode=True)).decode(),
-        "defects": [repr(defect) for defect in part.defects],
     }
 
 
 def read_message(content):
     message = email.message_from_bytes(content, policy=email.policy.default)
-    defects = list(message.defects)
-    for name in message.keys():
-        defects += message[name].defects
-    without_line_ends = content.replace(b"\r\n", b"")
+    parts = [part for part in message.walk() if not part.is_multipart()]
+    defects = [defect for part in message.walk() for defect in part.defects]
+    defects += [defect for name in message.keys() for defect in message[name].defects]
     return {
         "headers": {name.lower(): str(value) for name, value in message.items()},
         "to": [address.addr_spec for address in message["to"].addresses] if message["to"] else [],
         "date": message["date"].datetime.isoformat(),
-        "parts": [read_part(part) for part in message.walk() if not part.is_multipart()],
+        "parts": [read_part(part) for part in parts],
         "defects": [repr(defect) for defect in defects],
         "longest_line": max(len(line) for line in content.split(b"\r\n")),
         "ascii_head": content.split(b"\r\n\r\n")[0].isascii(),
-        "bare_line_ends": without_line_ends.count(b"\n") + without_line_ends.count(b"\r"),
+        "bare_line_ends": sum(content.replace(b"\r\n", b"").count(end) for end in (b"\n", b"\r")),
     }
 
 
@@ -97,41 +94,27 @@ class Server(SMTP):
         await asyncio.sleep(3600)
 
 
-def check_login(expected):
+async def serve(arguments):
     def check(server, session, envelope, mechanism, data):
-        good = expected is None or data.login + b":" + data.password == expected.encode()
+        good = arguments.login in (None, (data.login + b":" + data.password).decode())
         return AuthResult(success=good, handled=False, auth_data=data.login if good else None)
 
-    return check
+    options = {"hostname": "localhost", "auth_require_tls": False, "authenticator": check}
+    options["auth_required"] = arguments.login is not None
+    tls = None
+    if arguments.tls:
+        tls = ssl.create_default_context(ssl.Purpose.CLIENT_AUTH)
+        tls.load_cert_chain(f"{arguments.folder}/certificate.pem", f"{arguments.folder}/key.pem")
+    if arguments.tls == "offered":
+        options |= {"tls_context": tls, "require_starttls": arguments.login is not None}
 
-
-def tls_context(arguments):
-    context = ssl.create_default_context(ssl.Purpose.CLIENT_AUTH)
-    context.load_cert_chain(arguments.certificate, arguments.key)
-    return context
-
-
-def server_options(arguments):
-    options = {
-        "hostname": "localhost",
-        "auth_require_tls": False,
-        "authenticator": check_login(arguments.login),
-        "auth_required": arguments.login is not None,
-    }
-    if arguments.starttls:
-        options |= {"tls_context": tls_context(arguments), "require_starttls": arguments.login is not None}
-    return options
-
-
-async def serve(arguments):
-    Server.fault = arguments.fault
     handler = Handler(arguments)
-
-    def connection():
-        return asyncio.Protocol() if arguments.fault == "mute" else Server(handler, **server_options(arguments))
-
+    Server.fault = arguments.fault
     server = await asyncio.get_running_loop().create_server(
-        connection, host="127.0.0.1", port=arguments.port, ssl=tls_context(arguments) if arguments.tls else None
+        lambda: asyncio.Protocol() if arguments.fault == "mute" else Server(handler, **options),
+        host="127.0.0.1",
+        port=arguments.port,
+        ssl=tls if arguments.tls == "at once" else None,
     )
     print(server.sockets[0].getsockname()[1], flush=True)
     await asyncio.Event().wait()
@@ -144,13 +127,10 @@ def main():
     parser.add_argument("--login", help="user:password, which is then the only one and must be given")
     parser.add_argument("--refuse", default="", help="an address, or 'message'")
     parser.add_argument("--fault", default="", choices=["", "gone", "stall", "mute"])
-    parser.add_argument("--starttls", action="store_true")
-    parser.add_argument("--tls", action="store_true", help="TLS from the start")
-    parser.add_argument("--certificate")
-    parser.add_argument("--key")
+    parser.add_argument("--tls", choices=["offered", "at once"])
     arguments = parser.parse_args()
     ctypes.CDLL(None).prctl(1, signal.SIGTERM)  # PR_SET_PDEATHSIG
-    logging.getLogger("mail").setLevel(logging.ERROR)
+    logging.getLogger("mail").setLevel(logging.CRITICAL)
     asyncio.run(serve(arguments))
 
 
