@@ -93,7 +93,7 @@ void frmPropCmrcTL::txtDesconto_GotFocus() {
   Aviso(
       u"Para usar o campo desconto:\rEm valores - Basta informar o valor do desconto;\r"
       "Em percentual - Basta informar o valor em percentual e acrescentar o sinal % no final do valor"_s);
-  SelecionaTextoAtivo();
+  txtDesconto->selectAll();
 }
 
 void frmPropCmrcTL::txtDesconto_LostFocus() {
