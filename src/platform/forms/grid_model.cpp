@@ -45,8 +45,9 @@ void GridModel::layOut(std::span<const GridColumn> columns) {
   beginResetModel();
   columns_.assign(columns.begin(), columns.end());
   rows_.clear();
-  Row titles(columns_.size());
-  for (std::size_t i = 0; i < columns_.size(); ++i) titles[i].text = QString::fromUtf16(columns_[i].title);
+  Row titles{{}, std::vector<Cell>(columns_.size())};
+  for (std::size_t i = 0; i < columns_.size(); ++i)
+    titles.cells[i].text = QString::fromUtf16(columns_[i].title);
   rows_.push_back(std::move(titles));
   row_ = 0;
   col_ = 0;
@@ -60,9 +61,22 @@ int GridModel::width(int column) const {
   return column >= 0 && column < cols() ? columns_[static_cast<std::size_t>(column)].width : 0;
 }
 
+std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
+  if (row.cells.empty()) {
+    row.cells.resize(columns_.size());
+    std::size_t column = 0;
+    for (const auto& field : QStringView(row.whole).tokenize(u'\t')) {
+      if (column == row.cells.size()) break;
+      row.cells[column++].text = field.toString();
+    }
+    row.whole = QString();
+  }
+  return row.cells;
+}
+
 const GridModel::Cell* GridModel::cell(int row, int column) const {
   if (row < 0 || row >= rows() || column < 0 || column >= cols()) return nullptr;
-  return &rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+  return &cellsOf(rows_[static_cast<std::size_t>(row)])[static_cast<std::size_t>(column)];
 }
 
 GridModel::Cell* GridModel::cell(int row, int column) {
@@ -89,16 +103,13 @@ void GridModel::setText(int row, int column, const QString& text) {
   cellChanged(row, column);
 }
 
-void GridModel::addItem(const QString& tabSeparated) {
-  Row added(columns_.size());
-  std::size_t column = 0;
-  for (const auto& field : QStringView(tabSeparated).tokenize(u'\t')) {
-    if (column == added.size()) break;
-    added[column++].text = field.toString();
-  }
+void GridModel::addItem(const QString& tabSeparated) { addItems({tabSeparated}); }
+
+void GridModel::addItems(const QStringList& tabSeparated) {
+  if (tabSeparated.isEmpty()) return;
   const int at = rows() - 1;
-  beginInsertRows({}, at, at);
-  rows_.push_back(std::move(added));
+  beginInsertRows({}, at, at + static_cast<int>(tabSeparated.size()) - 1);
+  for (const QString& row : tabSeparated) rows_.push_back({row, {}});
   endInsertRows();
 }
 
@@ -116,7 +127,7 @@ void GridModel::sortAscending(int column) {
   if (column < 0 || column >= cols() || rows() < 3) return;
   std::vector<SortKey> keys;
   keys.reserve(rows_.size());
-  for (const Row& row : rows_) keys.emplace_back(row[static_cast<std::size_t>(column)].text);
+  for (Row& row : rows_) keys.emplace_back(cellsOf(row)[static_cast<std::size_t>(column)].text);
   std::vector<std::size_t> order(rows_.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::stable_sort(order.begin() + 1, order.end(),

@@ -37,6 +37,8 @@ class GridModel : public QAbstractTableModel {
   /// Adds a row from tab-separated text. Surplus fields are dropped, missing ones are empty; the current row
   /// stays.
   void addItem(const QString& tabSeparated);
+  /// Adds many rows at once, which a grid in sight takes as one change.
+  void addItems(const QStringList& tabSeparated);
   /// Removes a data row; the current row stays where it is, or on the last row if that is gone.
   void removeItem(int row);
   /// Stable, ascending, by text (numbers among texts by value), blanks first; cell formats move along.
@@ -75,13 +77,19 @@ class GridModel : public QAbstractTableModel {
     Qt::Alignment align;
     bool aligned = false;
   };
-  using Row = std::vector<Cell>;
+  /// A row stays the text that it was added as until somebody looks at it: most rows of a long result are
+  /// never seen.
+  struct Row {
+    QString whole;
+    std::vector<Cell> cells;
+  };
+  [[nodiscard]] std::vector<Cell>& cellsOf(Row& row) const;
   [[nodiscard]] const Cell* cell(int row, int column) const;
   [[nodiscard]] Cell* cell(int row, int column);
   void cellChanged(int row, int column);
 
   std::vector<GridColumn> columns_;
-  std::vector<Row> rows_;
+  mutable std::vector<Row> rows_;
   int row_ = 0;
   int col_ = 0;
   int topRow_ = 1;
@@ -91,10 +99,13 @@ class GridModel : public QAbstractTableModel {
 /// columns never shift.
 class RowBuilder {
  public:
+  RowBuilder() { text_.reserve(kUsualLength); }
   RowBuilder& operator<<(const QString& field);
   [[nodiscard]] const QString& text() const { return text_; }
 
  private:
+  static constexpr qsizetype kUsualLength = 120;
+
   QString text_;
 };
 
