@@ -40,14 +40,16 @@ void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
 
   const forms::WaitPointer espera;
   auto& grade = grades()[aba]->grid();
+  QStringList linhas;
   for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) {
     const QString id = rs.text(u"idprod");
     const QString codigo = rs.text(u"codi_prod");
     forms::RowBuilder linha;
     linha << id << codigo << rs.text(u"desc_prod") << DescricaoUnidade(UnidadeProduto(id))
           << rs.text(u"qtde_unid") << Moeda(ValorVendaProduto(codigo));
-    grade.addItem(linha.text());
+    linhas << linha.text();
   }
+  grade.addItems(linhas);
   if (grade.rows() >= 3) grade.setRow(0);
 }
 

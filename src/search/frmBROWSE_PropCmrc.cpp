@@ -113,15 +113,16 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
 
   const forms::WaitPointer espera;
   auto& grade = Flex->grid();
-  auto rs = AbreConsulta(*sql);
-  for (; !rs.eof(); rs.moveNext()) {
+  QStringList linhas;
+  for (auto rs = AbreConsulta(*sql); !rs.eof(); rs.moveNext()) {
     forms::RowBuilder linha;
     linha << rs.text(u"idPROP_CMRC") << rs.formatDate(u"DATA_PROP_CMRC", u"dd/mm/yyyy")
           << rs.text(u"prop_cmrc_desc") << rs.text(u"NOME_CLIE") << rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")
           << rs.text(u"NUME_PESS") << rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")
           << rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy");
-    grade.addItem(linha.text());
+    linhas << linha.text();
   }
+  grade.addItems(linhas);
   if (grade.rows() >= 3) grade.setRow(0);
   lblContagem->setText(
       pesquisa::contagem(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));

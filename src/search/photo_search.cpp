@@ -72,7 +72,9 @@ void PesquisaComFotos::listaResultado(const QString& sql,
   c_.lblContagem->clear();
   {
     const forms::WaitPointer espera;
-    for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) grade.addItem(linha(rs));
+    QStringList linhas;
+    for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) linhas << linha(rs);
+    grade.addItems(linhas);
   }
   const int quantos = grade.rows() - 1;
   if (quantos == 0) {

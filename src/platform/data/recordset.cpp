@@ -102,7 +102,9 @@ QString Recordset::format(QStringView field, QStringView mask) const {
 }
 
 QString Recordset::formatDate(QStringView field, QStringView form) const {
-  return isNull(field) ? QString() : values::formatDate(date(field), form);
+  const QVariant& found = value(field);
+  if (!found.isValid()) return {};
+  return values::formatDate(isDate(found) ? found.toDateTime() : date(field), form);
 }
 
 }  // namespace data
