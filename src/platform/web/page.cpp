@@ -35,8 +35,6 @@ Page::Page(QObject* parent) : QWebEnginePage(sharedProfile(), parent) {
   all->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
   all->setAttribute(QWebEngineSettings::PluginsEnabled, true);
   all->setAttribute(QWebEngineSettings::PdfViewerEnabled, true);
-  // Stands in for Verdana and Tahoma where they are not installed.
-  all->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("DejaVu Sans"));
   connect(this, &QWebEnginePage::newWindowRequested, this,
           [](QWebEngineNewWindowRequest& request) { openOutside(request.requestedUrl()); });
 }
