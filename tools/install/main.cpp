@@ -9,6 +9,7 @@
 #include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"
 #include "sample/company.h"
+#include "schema/tables.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,12 +28,19 @@ Wish wishOf(const QCoreApplication& application) {
   QCommandLineParser parser;
   parser.setApplicationDescription(u"Makes the sample company in a folder that stands for drive C."_s);
   parser.addHelpOption();
-  parser.addOptions({{u"to"_s, u"The folder."_s, u"folder"_s},
-                     {u"day"_s, u"The day that all dates count from; today unless given."_s, u"dd/mm/yyyy"_s},
-                     {u"mail-server"_s, u"The server that mail goes to."_s, u"host:port"_s},
-                     {u"fresh"_s, u"Starts afresh where there is an installation."_s},
-                     {u"server"_s, u"Puts schema and rows on the server that its server.ini names."_s}});
+  parser.addOptions(
+      {{u"to"_s, u"The folder."_s, u"folder"_s},
+       {u"day"_s, u"The day that all dates count from; today unless given."_s, u"dd/mm/yyyy"_s},
+       {u"mail-server"_s, u"The server that mail goes to."_s, u"host:port"_s},
+       {u"fresh"_s, u"Starts afresh where there is an installation."_s},
+       {u"server"_s, u"Puts schema and rows on the server that its server.ini names."_s},
+       {u"schema"_s, u"Writes the statements that make the tables on a SQL Server, and ends."_s}});
   parser.process(application);
+  if (parser.isSet(u"schema"_s)) {
+    for (const QString& statement : schema::createStatements(schema::Dialect::SqlServer))
+      say(stdout, statement + u';');
+    std::exit(EXIT_SUCCESS);
+  }
   Wish wish{parser.value(u"to"_s),
             {QDate::currentDate(), parser.value(u"mail-server"_s)},
             parser.isSet(u"fresh"_s),
