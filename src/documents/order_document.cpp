@@ -6,7 +6,6 @@
 #include "documents/html_text.h"
 #include "documents/kit.h"
 #include "documents/order_blocks.h"
-#include "platform/values/dates.h"
 #include "shared/lookups.h"
 
 using namespace Qt::StringLiterals;
@@ -68,8 +67,7 @@ void MontaPedidoHTML(qint32 id, const QString& caminho) {
   const Modelo modelo = ModeloDe(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s));
   const QString numero = QString::number(id);
   const QString titulo = u"Pedido de Venda - "_s + NumeroDocumento(id);
-  const Dados dados{numero, titulo,
-                    titulo + u" - "_s + values::formatDate(DataPedido(numero), u"dd/mm/yyyy")};
+  const Dados dados{numero, titulo, titulo + u" - "_s + DiaDaData(DataPedido(numero))};
 
   std::vector<Bloco> blocos;
   for (const PorAspecto& passo : kInicio) blocos.push_back(passo[aspecto]);

@@ -7,7 +7,6 @@
 #include "documents/html_text.h"
 #include "documents/kit.h"
 #include "documents/quote_blocks.h"
-#include "platform/values/dates.h"
 #include "shared/lookups.h"
 
 using namespace Qt::StringLiterals;
@@ -114,7 +113,7 @@ void EscreveModelo(std::span<const Passo> passos, const QString& modelo, const D
 QString Modelo() { return ParametroEmpresa(u"MODELO_PROP_CMRC"_s); }
 
 QString ComData(const QString& titulo, const QString& id) {
-  return titulo + u" - "_s + values::formatDate(DataOrcamento(id), u"dd/mm/yyyy");
+  return titulo + u" - "_s + DiaDaData(DataOrcamento(id));
 }
 
 }  // namespace

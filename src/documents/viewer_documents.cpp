@@ -45,6 +45,8 @@ QString MontaVia(const TipoDeDocumento& tipo, const char16_t* tronco) {
 
 QString NumeroDocumento(qint32 id) { return values::format(id, u"000000"); }
 
+QString DiaDaData(const QString& data) { return data.section(u' ', 0, 0); }
+
 QString ArquivoDocumento(const QString& tronco, qint32 id, const QString& extensao) {
   return contexto().PathDocs + tronco + u'_' + NumeroDocumento(id) + extensao;
 }

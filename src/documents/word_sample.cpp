@@ -1,9 +1,9 @@
 #include <span>
 
 #include "documents/document_values.h"
+#include "documents/documents.h"
 #include "documents/word.h"
 #include "platform/office/word_processor.h"
-#include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "run/configuration.h"
 #include "shared/lookups.h"
@@ -67,7 +67,7 @@ void lines(WordProcessor& word, std::span<const char16_t* const> texts) {
 void DocumentoWordAmostra() {
   const qint32 id = documento().IdDocumento;
   const QString title = u"Orçamento de Venda - "_s + values::format(id, u"000000") + u" - "_s +
-                        values::formatDate(DataOrcamento(QString::number(id)), u"dd/mm/yyyy");
+                        DiaDaData(DataOrcamento(QString::number(id)));
   WordProcessor word;
   word.addDocument(title);
   letterhead(word);

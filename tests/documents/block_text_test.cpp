@@ -52,6 +52,7 @@ TEST_F(BlockText, ListModelWithNcmAndDiscounts) {
        // 100 times 0.5 of the rows, 7.25 of the order with the quote's number
        u"Total Geral: 1307,25 - Descontos: 57,25 - Total Liquido: 1250,00"_s, u"Condições Gerais"_s});
   EXPECT_FALSE(written().contains(u"Foto"_s));
+  EXPECT_FALSE(written().contains(u"10:30"_s));  // the title has the day alone
 }
 
 TEST_F(BlockText, CatalogueModelSortsItsComposition) {
