@@ -21,11 +21,9 @@ int main(int argc, char** argv) {
   const struct {
     const char* name;
     void (*run)();
-  } subjects[] = {{"start", bench::starting},
-                  {"quotes", bench::openingAndSaving},
-                  {"lookups", bench::lookingUp},
-                  {"searches", bench::searching},
-                  {"mass", bench::including}};
+  } subjects[] = {{"start", bench::starting},    {"quotes", bench::openingAndSaving},
+                  {"lookups", bench::lookingUp}, {"searches", bench::searching},
+                  {"mass", bench::including},    {"documents", bench::documents}};
   for (const auto& subject : subjects)
     if (std::strstr(subject.name, only) != nullptr) subject.run();
   bench::printSummary();
