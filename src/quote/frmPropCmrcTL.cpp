@@ -6,10 +6,10 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QShortcut>
-#include <QStyle>
 #include <algorithm>
 
 #include "platform/forms/boxes.h"
+#include "platform/forms/icons.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
@@ -52,7 +52,7 @@ void limitaTexto(QPlainTextEdit* caixa, int maximo) {
 
 frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   setupUi(this);
-  cmdPesquisar_PropCmrc->setIcon(style()->standardIcon(QStyle::SP_FileDialogContentsView));
+  cmdPesquisar_PropCmrc->setIcon(forms::searchIcon(*cmdPesquisar_PropCmrc));
   addOverFrame(frameHomenageados, kEsquerdaHomenageados, kTopoHomenageados, cmdFecharListaHomenageados);
   addOverFrame(frameMassa, kEsquerdaPainel, 0, cmdFecharFrameMassa);
   addOverFrame(frameCondPgto, kEsquerdaPainel, 0, cmdFecharFrameCondPgto);

@@ -151,20 +151,17 @@ Recordset EmbeddedEngine::readAll(Compiled& compiled) {
     compiled.describe();
   }
   const auto width = static_cast<int>(compiled.columns.size());
-  std::vector<std::vector<QVariant>> rows;
-  for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement)) {
-    std::vector<QVariant>& row = rows.emplace_back();
-    row.reserve(static_cast<std::size_t>(width));
+  QList<QVariant> values;
+  for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement))
     for (int column = 0; column < width; ++column)
-      row.push_back(read(statement, column, compiled.readings[static_cast<std::size_t>(column)]));
-  }
+      values.append(read(statement, column, compiled.readings[static_cast<std::size_t>(column)]));
   if (outcome != SQLITE_DONE) fail();
-  return width == 0 ? Recordset() : Recordset(compiled.columns, std::move(rows));
+  return width == 0 ? Recordset() : Recordset(compiled.columns, std::move(values));
 }
 
 Recordset EmbeddedEngine::lastIdentity(const QString& column) {
   const qlonglong id = sqlite3_last_insert_rowid(database_.get());
-  return {QStringList{column}, {{id == 0 ? QVariant() : QVariant(id)}}};
+  return {QStringList{column}, QList<QVariant>{id == 0 ? QVariant() : QVariant(id)}};
 }
 
 /// The library reads up to a NUL: what stood behind it would be lost without a word.

@@ -21,16 +21,38 @@ bool isNumber(const QVariant& value) {
   return value.typeId() == QMetaType::Double || value.typeId() == QMetaType::LongLong;
 }
 
+double numberOf(const QVariant& value) {
+  if (!value.isValid()) values::raise(values::kInvalidNull);
+  if (isDate(value)) values::raise(values::kTypeMismatch);
+  return isNumber(value) ? value.toDouble() : values::toNumber(value.toString());
+}
+
+QDateTime dateOf(const QVariant& value) {
+  if (!value.isValid()) return {};
+  if (isDate(value)) return value.toDateTime();
+  if (isNumber(value)) values::raise(values::kTypeMismatch);
+  return values::toDate(value.toString());
+}
+
 }  // namespace
 
 Recordset::Recordset(QStringList columns, std::vector<std::vector<QVariant>> rows)
-    : open_(true), columns_(std::move(columns)), rows_(std::move(rows)) {}
+    : open_(true), columns_(std::move(columns)), rows_(rows.size()) {
+  values_.reserve(columns_.size() * static_cast<qsizetype>(rows_));
+  for (auto& row : rows)
+    for (auto& value : row) values_.append(std::move(value));
+}
+
+Recordset::Recordset(QStringList columns, QList<QVariant> values)
+    : open_(true), columns_(std::move(columns)), values_(std::move(values)) {
+  if (!columns_.isEmpty()) rows_ = static_cast<std::size_t>(values_.size() / columns_.size());
+}
 
 void Recordset::close() { *this = {}; }
 
 bool Recordset::eof() const {
   if (!open_) values::raise(values::kClosedObject);
-  return row_ >= rows_.size();
+  return row_ >= rows_;
 }
 
 void Recordset::moveNext() {
@@ -40,7 +62,7 @@ void Recordset::moveNext() {
 
 qsizetype Recordset::count() const {
   if (!open_) values::raise(values::kClosedObject);
-  return static_cast<qsizetype>(rows_.size());
+  return static_cast<qsizetype>(rows_);
 }
 
 const QStringList& Recordset::columns() const {
@@ -57,7 +79,7 @@ const QVariant& Recordset::value(QStringView field) const {
     const std::size_t column = (start + tried) % width;
     if (field.compare(columns_[static_cast<qsizetype>(column)], Qt::CaseInsensitive) == 0) {
       lastColumn_ = column;
-      return rows_[row_][column];
+      return values_[static_cast<qsizetype>(row_ * width + column)];
     }
   }
   throw values::RuntimeError(kUnknownField, u"O campo \"%1\" não está no resultado."_s.arg(field));
@@ -75,6 +97,8 @@ bool Recordset::namesDiffer() const {
 QString Recordset::text(QStringView field) const {
   const QVariant& found = value(field);
   if (!found.isValid()) return {};
+  if (found.typeId() == QMetaType::QString) return *static_cast<const QString*>(found.constData());
+  if (found.typeId() == QMetaType::LongLong) return QString::number(found.toLongLong());
   if (isNumber(found)) return values::toText(found.toDouble());
   if (isDate(found)) return values::toText(found.toDateTime());
   return found.toString();
@@ -82,29 +106,18 @@ QString Recordset::text(QStringView field) const {
 
 bool Recordset::isNull(QStringView field) const { return !value(field).isValid(); }
 
-double Recordset::number(QStringView field) const {
-  const QVariant& found = value(field);
-  if (!found.isValid()) values::raise(values::kInvalidNull);
-  if (isDate(found)) values::raise(values::kTypeMismatch);
-  return isNumber(found) ? found.toDouble() : values::toNumber(found.toString());
-}
+double Recordset::number(QStringView field) const { return numberOf(value(field)); }
 
-QDateTime Recordset::date(QStringView field) const {
-  const QVariant& found = value(field);
-  if (!found.isValid()) return {};
-  if (isDate(found)) return found.toDateTime();
-  if (isNumber(found)) values::raise(values::kTypeMismatch);
-  return values::toDate(found.toString());
-}
+QDateTime Recordset::date(QStringView field) const { return dateOf(value(field)); }
 
 QString Recordset::format(QStringView field, QStringView mask) const {
-  return isNull(field) ? QString() : values::format(number(field), mask);
+  const QVariant& found = value(field);
+  return found.isValid() ? values::format(numberOf(found), mask) : QString();
 }
 
 QString Recordset::formatDate(QStringView field, QStringView form) const {
   const QVariant& found = value(field);
-  if (!found.isValid()) return {};
-  return values::formatDate(isDate(found) ? found.toDateTime() : date(field), form);
+  return found.isValid() ? values::formatDate(dateOf(found), form) : QString();
 }
 
 }  // namespace data

@@ -17,6 +17,8 @@ class Recordset {
   /// columns in the order of the statement; each row has as many values as there are columns. A QDateTime
   /// marks a date, double or qlonglong a number, QString a text, an invalid QVariant null.
   Recordset(QStringList columns, std::vector<std::vector<QVariant>> rows);
+  /// The same with the values of all rows one behind the other.
+  Recordset(QStringList columns, QList<QVariant> values);
 
   [[nodiscard]] bool isOpen() const { return open_; }
   void close();
@@ -49,7 +51,8 @@ class Recordset {
 
   bool open_ = false;
   QStringList columns_;
-  std::vector<std::vector<QVariant>> rows_;
+  QList<QVariant> values_;  // row after row
+  std::size_t rows_ = 0;
   std::size_t row_ = 0;
   mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order
   mutable std::optional<bool> namesDiffer_;

@@ -1,8 +1,8 @@
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QScrollBar>
 #include <QTest>
+#include <ctime>
 
 #include "sample_form.h"
 
@@ -116,11 +116,10 @@ TEST_F(Grid, FillsInLinearTime) {
   const auto fill = [this](int rows) {
     static constexpr forms::GridColumn kColumns[] = {{u"ID", 0}, {u"Nome", 2000}, {u"Valor", 1000}};
     grid().layOut(kColumns);
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t start = std::clock();  // of this process: other programs don't count
     for (int row = 0; row < rows; ++row) grid().addItem(u"1\tAna\t3"_s);
     support::settle();
-    return timer.nsecsElapsed();
+    return std::clock() - start;
   };
   fill(4000);
   const auto small = fill(4000);
