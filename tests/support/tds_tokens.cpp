@@ -56,6 +56,18 @@ QString narrowed(QByteArrayView bytes) {
   return text;
 }
 
+/// A number at a place of a message; 0 behind its end.
+template <typename Number>
+Number numberAt(QByteArrayView message, qsizetype at) {
+  if (at + static_cast<qsizetype>(sizeof(Number)) > message.size()) return 0;
+  return qFromLittleEndian<Number>(message.data() + at);
+}
+
+/// What stands behind the headers of a request, the first of which tells the length of all.
+QByteArrayView behindHeaders(QByteArrayView message) {
+  return message.sliced(qMin<qsizetype>(numberAt<quint32>(message, 0), message.size()));
+}
+
 struct DecimalForm {
   quint8 precision, scale, bytes;
 };
@@ -222,9 +234,7 @@ QByteArray preloginAnswer() {
 
 Login parseLogin(const QByteArray& message) {
   const auto field = [&](qsizetype place) {
-    const auto at = qFromLittleEndian<quint16>(message.constData() + place);
-    const auto length = qFromLittleEndian<quint16>(message.constData() + place + 2);
-    return message.sliced(at, length * 2);
+    return message.mid(numberAt<quint16>(message, place), numberAt<quint16>(message, place + 2) * 2);
   };
   QByteArray password = field(44);
   for (char& byte : password) {
@@ -234,14 +244,12 @@ Login parseLogin(const QByteArray& message) {
   return {narrowed(field(40)), narrowed(password), narrowed(field(68))};
 }
 
-QString parseBatch(const QByteArray& message) {
-  return narrowed(QByteArrayView(message).sliced(qFromLittleEndian<quint32>(message.constData())));
-}
+QString parseBatch(const QByteArray& message) { return narrowed(behindHeaders(message)); }
 
 TransactionRequest parseTransaction(const QByteArray& message) {
-  const QByteArray request = message.sliced(qFromLittleEndian<quint32>(message.constData()));
-  const auto nameLength = static_cast<quint8>(request[2]);
-  return {qFromLittleEndian<quint16>(request.constData()), (request.at(3 + nameLength) & 1) != 0};
+  const QByteArrayView request = behindHeaders(message);
+  const auto nameLength = numberAt<quint8>(request, 2);
+  return {numberAt<quint16>(request, 0), (numberAt<quint8>(request, 3 + nameLength) & 1) != 0};
 }
 
 QByteArray toCodePage(const QString& text) {
