@@ -40,6 +40,7 @@ TEST_P(Saving, KilledAtAnyStatementLeavesTheOldQuoteOrTheNewOne) {
   ASSERT_NE(before, after);
   ASSERT_EQ(statements.first(), u"BEGIN"_s);
   ASSERT_EQ(statements.last(), u"COMMIT"_s);
+  RecordProperty("kills", static_cast<int>(statements.size()) + 1);
   // One more: killed when the save has ended.
   for (qsizetype victim = 0; victim <= statements.size(); ++victim) {
     contexto().Conexao.close();
@@ -65,6 +66,7 @@ TEST_P(Saving, KilledAtAnyStatementLeavesTheOldQuoteOrTheNewOne) {
 TEST_P(Saving, CutFromTheServerAtAnyStatementLeavesTheOldQuote) {
   QStringList statements;
   (void)saved(statements);
+  RecordProperty("cuts", static_cast<int>(statements.size()));
   for (qsizetype victim = 0; victim < statements.size(); ++victim) {
     TdsServer server;
     auto& screen = startOn(server);
@@ -117,6 +119,7 @@ TEST_F(Loading, CutFromTheServerAtAnyStatementEndsTheProgram) {
   alterQuote(*screen);
   const auto all = server.statements().size() - begun;
   ASSERT_GT(all, 20);
+  RecordProperty("cuts", static_cast<int>((all + 2) / 3));
   for (qsizetype victim = 0; victim < all; victim += 3) {
     TdsServer failing;
     screen = &startOn(failing);
