@@ -59,26 +59,6 @@ TEST_F(Approval, ConfirmsOneLineOrAllAndLeavesTheTotals) {
   EXPECT_EQ(dates(), QStringList(3, u"15/03/2024 10:30"_s));
 }
 
-TEST_F(Approval, RefusesWithoutALineOrAValidDate) {
-  open();
-  for (const auto& date : {u""_s, u"31/02/2024 10:00"_s}) {
-    screen->mskDataAprv->setBoxText(date);
-    script.box(u"Defina uma Data para realizar a aprovação!"_s);
-    support::click(screen->cmdConfirmaAprova);
-    EXPECT_EQ(screen->focusWidget(), screen->mskDataAprv);
-  }
-  screen->cboItemPropCmrc->setText(u" "_s);
-  script.box(u"Escolha um Item para realizar a aprovação!"_s);
-  support::click(screen->cmdConfirmaAprova);
-  EXPECT_EQ(screen->focusWidget(), screen->cboItemPropCmrc);
-  screen->cboItemPropCmrc->setText(u"qualquer"_s);
-  screen->mskDataAprv->setBoxText(u"10/03/2024 09:00"_s);
-  script.box(saveFirst);
-  support::click(screen->cmdConfirmaAprova);
-  EXPECT_EQ(dates(), (QStringList{u"01/03/2024 08:00"_s, {}, u"02/03/2024 08:00"_s}));
-  EXPECT_EQ(screen->Flex->grid().text(0, DtAprov), u"Dt.Aprov."_s);
-}
-
 TEST_F(Approval, CancelClearsTheCurrentRowWhateverIsChosen) {
   open();
   screen->cboItemPropCmrc->setCurrentIndex(1);
@@ -140,44 +120,6 @@ TEST_F(Mass, ByCustomerReplacesTheLinesWithItsLivePrototypes) {
   EXPECT_EQ(screen->Flex->grid().text(3, grids::item::Quantidade), u"3"_s);
   EXPECT_EQ(screen->Flex->grid().text(3, grids::item::Total), u"2,51"_s);
   EXPECT_TRUE(screen->frameMassa->isHidden());
-}
-
-TEST_F(Mass, ByCustomerRefusesAsksAndSupposesOne) {
-  open();
-  screen->TabMassa->setCurrentIndex(1);
-  script.box(u"Para esta operação, um cliente precisa ser selecionado!"_s);
-  support::click(screen->cmdConfirmaMassaClie);
-  EXPECT_TRUE(screen->frameMassa->isVisible());
-  client(u"0"_s);
-  script.box(question, forms::Answer::No);
-  support::click(screen->cmdConfirmaMassaClie);
-  EXPECT_TRUE(screen->frameMassa->isHidden());
-  EXPECT_EQ(codes(), QStringList{u"OLD"_s});
-  sql(u"DELETE FROM prot"_s);
-  support::click(screen->cmdIncluirMassa);
-  screen->TabMassa->setCurrentIndex(1);
-  script.box(question, forms::Answer::Yes).box(zero);
-  support::click(screen->cmdConfirmaMassaClie);
-  EXPECT_EQ(codes(), QStringList());
-  EXPECT_EQ(screen->txtNumePess->text(), u"1"_s);
-}
-
-TEST_F(Mass, ByCollectionClosesTheFrameOnEveryPath) {
-  open();
-  support::click(screen->cmdConfirmarMassa);
-  EXPECT_TRUE(screen->frameMassa->isHidden());
-  support::click(screen->cmdIncluirMassa);
-  screen->cboCole->setText(u"Inverno"_s);
-  script.box(u"Esta Coleção existe!"_s);
-  support::click(screen->cmdConfirmarMassa);
-  EXPECT_EQ(codes(), QStringList{u"OLD"_s});
-  EXPECT_TRUE(screen->frameMassa->isHidden());
-  support::click(screen->cmdIncluirMassa);
-  screen->cboCole->setText(u" primavera "_s);
-  screen->txtNumePess->setText(u"2"_s);
-  script.box(question, forms::Answer::Yes);
-  support::click(screen->cmdConfirmarMassa);
-  EXPECT_EQ(codes(), (QStringList{u"201"_s, u"202"_s}));
 }
 
 TEST_F(QuoteCase, HonoreesAreAddedTakenBackAndMended) {

@@ -1,7 +1,6 @@
 #include "quote_case.h"
 
 using namespace Qt::StringLiterals;
-using forms::Answer;
 
 namespace {
 
@@ -68,40 +67,6 @@ TEST_F(Panel, APromotionWithoutAPercentageIsARuntimeError) {
   look(screen->opPROD, u"CX-100"_s);
 }
 
-struct Refusal {
-  bool product;
-  const char16_t* code;
-  const char16_t* change;
-  const char16_t* words;
-};
-class PanelRefused : public Panel, public ::testing::WithParamInterface<Refusal> {};
-
-TEST_P(PanelRefused, SaysWhy) {
-  if (*GetParam().change != u'\0') sql(QString::fromUtf16(GetParam().change));
-  open();
-  script.box(QString::fromUtf16(GetParam().words));
-  look(GetParam().product ? screen->opPROD : screen->opPROT, QString::fromUtf16(GetParam().code));
-  EXPECT_EQ(screen->lblDescProt->text(), QString());
-}
-INSTANTIATE_TEST_SUITE_P(
-    Lookups, PanelRefused,
-    ::testing::Values(
-        Refusal{true, u"XX", u"", u"Produto Não Localizado!"},
-        Refusal{true, u"CX-100", u"UPDATE prod SET data_desa='20240101'", u"Produto Desativado!"},
-        Refusal{false, u"A1", u"", u"O Código de Protótipo é formado apenas por números!"},
-        Refusal{false, u"999", u"", u"Protótipo Não Localizado!"},
-        Refusal{false, u"201", u"UPDATE prot SET data_desa='20240101'", u"Protótipo Desativado!"},
-        Refusal{
-            false, u"201", u"UPDATE prot SET idprod=103",
-            u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\nEscolha a Opção Inserção de "
-            u"Produto e Não de Protótipo\nCódigo do Produto:VELA"}));
-
-TEST_F(Panel, WithoutAnOriginNothingIsLookedUp) {
-  open();
-  script.box(u"Falta Definição da Origem!"_s);
-  support::click(screen->cmdPesquisar_ProdProt);
-}
-
 TEST_F(Panel, APrototypeKeepsTheDiscountAndTheUnitOfTheLastLookup) {
   sql(u"UPDATE prod SET perc_dect='40' WHERE idprod = 101"_s);
   sql(u"UPDATE prot SET idprod=0 WHERE idprot = 201"_s);
@@ -125,21 +90,6 @@ TEST_F(Panel, APrototypeKeepsTheDiscountAndTheUnitOfTheLastLookup) {
                                                          {}}));
   EXPECT_EQ(screen->txtCodProduto->text() + screen->txtQuantidade->text(), u"0"_s);
   EXPECT_EQ(screen->lblTotaGeral->text(), u"0,00"_s);
-}
-
-TEST_F(Panel, AppendingRefusesWithoutArticleOrQuantityAndASecondTime) {
-  open();
-  script.box(u"Produto/Protótipo Inválido!"_s);
-  append(u"1"_s);
-  look(screen->opPROD, u"CX-100"_s);
-  script.box(u"Quantidade Inválida!"_s);
-  append(u"0"_s);
-  append(u"1"_s);
-  look(screen->opPROD, u"CX-100"_s);
-  script.box(u"Cod.Produto:CX-100\nEste item já foi inserido!\nProcesso de Inclusão abortado!"_s);
-  append(u"1"_s);
-  EXPECT_EQ(screen->Flex->grid().rows(), 2);
-  EXPECT_EQ(screen->lblDescProt->text(), QString());
 }
 
 TEST_F(Panel, TheDiscountIsMoneyOrAPercentageAndNeverAboveThePrice) {

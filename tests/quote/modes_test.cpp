@@ -67,33 +67,6 @@ TEST_F(Modes, AlteringWantsAnOpenQuote) {
   expectLocked(false);
 }
 
-struct Refusal {
-  const char16_t* change;
-  const char16_t* words;
-  const char16_t* state;
-};
-class AlteringRefused : public QuoteCase, public ::testing::WithParamInterface<Refusal> {};
-
-TEST_P(AlteringRefused, SaysWhyAndEmptiesTheScreen) {
-  store(3, QString::fromUtf16(GetParam().change));
-  start();
-  load(3);
-  EXPECT_EQ(screen->lblSituacao->text(), QString::fromUtf16(GetParam().state));
-  script.box(QString::fromUtf16(GetParam().words));
-  support::click(screen->cmdALTERAR);
-  EXPECT_EQ(screen->txtRowId->text() + screen->cboCliente->text(), QString());
-  EXPECT_EQ(screen->txtCodigo->text(), u"3"_s);
-  EXPECT_NE(contexto().ModoOrcamento, u"A"_s);
-}
-INSTANTIATE_TEST_SUITE_P(
-    States, AlteringRefused,
-    ::testing::Values(
-        Refusal{u"data_desa = '20240305'", u"O Registro Está Desativado.", u"Desativado"},
-        Refusal{u"data_fech = '20240305'",
-                u"O Registro Já Está Fechado!\nSelecione a opção [Abrir] antes de entrar no modo de "
-                u"alteração",
-                u"Fechado"}));
-
 TEST_F(Modes, LeavingWhileEditingAsksThreeWays) {
   start();
   const QPointer<frmPropCmrcTL> form(screen);
@@ -124,28 +97,6 @@ TEST_F(Modes, AKnownCustomerAndContactBringTheirPhonesAndAddresses) {
   EXPECT_TRUE(screen->txtFoneExtra->text().contains(u"(19) 3333-1000"_s));
   EXPECT_EQ(screen->txtFoneExtraContato->text(), u"(19) 99999-0001"_s);
   EXPECT_EQ(screen->txtEmailExtraContato->text(), u"dora@clara.example"_s);
-}
-
-TEST_F(Modes, AnUnknownCustomerIsAskedAboutAndNoEndsTheEditing) {
-  start();
-  support::click(screen->cmdINCLUIR);
-  const QString question =
-      u"Atenção!!!\n\nEste Cliente não está cadastrado!\n\nVocê Deseja Continuar o Orçamento "
-      "mesmo assim?"_s;
-  script.box(question, Answer::Yes);
-  support::type(screen->cboCliente, u"Novo"_s);
-  support::focus(screen->txtDesc);
-  EXPECT_EQ(screen->cboCliente->text(), u"Novo"_s);
-  script.box(
-      u"Atenção!!!\n\nEste Cliente/Contato não está cadastrado!\n\nVocê Deseja Continuar o Orçamento mesmo "
-      "assim?"_s,
-      Answer::No);
-  support::type(screen->cboClienteContato, u"Ninguém"_s);
-  support::focus(screen->txtDesc);
-  EXPECT_EQ(screen->cboCliente->text(), QString());
-  EXPECT_EQ(contexto().ModoOrcamento, u" "_s);
-  expectLocked(true);
-  EXPECT_EQ(screen->focusWidget(), screen->txtCodigo);
 }
 
 struct List {

@@ -146,20 +146,6 @@ TEST_F(Saving, EmptyOptionalFieldsAreLeftOutAndMaterialsWithoutALineAreNotWritte
             u"105/8"_s);
 }
 
-TEST_F(Saving, RefusesWithoutAttendantOrItems) {
-  start();
-  support::click(screen->cmdINCLUIR);
-  script.box(u"[Campo Obrigatório] - Responsável pelo Atendimento"_s);
-  support::click(screen->cmdSALVAR);
-  EXPECT_EQ(screen->focusWidget(), screen->cboRespAtendimento);
-  screen->cboRespAtendimento->setText(u"MARIA"_s);
-  script.box(u"Quantidade de Itens Inválida!!!"_s);
-  support::click(screen->cmdSALVAR);
-  EXPECT_EQ(contexto().ModoOrcamento, u"I"_s);
-  EXPECT_FALSE(forms::isLocked(screen->txtDesc));
-  EXPECT_EQ(writes(), QStringList());
-}
-
 TEST_F(Saving, AFailingStatementEndsTheProgramAndNothingIsStored) {
   start();
   fillNew();

@@ -155,25 +155,6 @@ TEST_F(States, ClosingWantsAnApprovedLineAndAYes) {
   EXPECT_EQ(writes(), QStringList());
 }
 
-TEST_F(States, ReopeningWantsAQuoteWithoutAnOrder) {
-  open(u"data_fech = '20240310 08:00', user_fech = 7"_s);
-  sql(u"INSERT INTO pedi_veds (idpedi_veds, idprop_cmrc, nume_pedi) VALUES (1, 3, 77)"_s);
-  script.box(
-      u"Já foi criado um pedido para este orçamento.\nA alteração somente poderá ser realizada no pedido.\n"
-      "Orçamento:3 - Pedido:000077"_s);
-  support::click(screen->cmdReabrir);
-  EXPECT_EQ(screen->txtRowId->text(), u"3"_s);
-  sql(u"DELETE FROM pedi_veds"_s);
-  script.box(u"Deseja realmente abrir?"_s, Answer::Yes)
-      .box(
-          u"Orçamento aberto com sucesso!\nOrçamento nr.3\nPara realizar alterações, entre na opção [Alterar]"_s);
-  support::click(screen->cmdReabrir);
-  EXPECT_EQ(
-      writes(),
-      (QStringList{u"BEGIN"_s, u"UPDATE prop_cmrc SET user_fech=null, data_fech=null WHERE (idprop_cmrc=3)"_s,
-                   u"COMMIT"_s}));
-}
-
 TEST_F(States, TermsOfAnOpenQuoteAreATextThoseOfAClosedOneAreLookedAt) {
   open();
   support::click(screen->cmdCondPgto);
