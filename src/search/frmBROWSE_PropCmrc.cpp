@@ -38,6 +38,15 @@ constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmProjetaCompra", u"txtCOD", Tela::Id},
 };
 
+QString linhaDoOrcamento(const data::Recordset& rs) {
+  forms::RowBuilder linha;
+  linha << rs.text(u"idPROP_CMRC") << rs.formatDate(u"DATA_PROP_CMRC", u"dd/mm/yyyy")
+        << rs.text(u"prop_cmrc_desc") << rs.text(u"NOME_CLIE") << rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")
+        << rs.text(u"NUME_PESS") << rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")
+        << rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy");
+  return linha.text();
+}
+
 }  // namespace
 
 frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() : Form(QString::fromUtf16(Name)) {
@@ -113,16 +122,14 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
 
   const forms::WaitPointer espera;
   auto& grade = Flex->grid();
-  QStringList linhas;
-  for (auto rs = AbreConsulta(*sql); !rs.eof(); rs.moveNext()) {
-    forms::RowBuilder linha;
-    linha << rs.text(u"idPROP_CMRC") << rs.formatDate(u"DATA_PROP_CMRC", u"dd/mm/yyyy")
-          << rs.text(u"prop_cmrc_desc") << rs.text(u"NOME_CLIE") << rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")
-          << rs.text(u"NUME_PESS") << rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")
-          << rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy");
-    linhas << linha.text();
-  }
-  grade.addItems(linhas);
+  auto rs = AbreConsulta(*sql);
+  const int quantos = static_cast<int>(rs.count());
+  if (quantos > 0)
+    static_cast<void>(linhaDoOrcamento(rs));  // what can't be read is told now, not in painting
+  grade.addItems(quantos, [rs = std::move(rs)](int linha) mutable {
+    rs.moveTo(linha);
+    return linhaDoOrcamento(rs);
+  });
   if (grade.rows() >= 3) grade.setRow(0);
   lblContagem->setText(
       pesquisa::contagem(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));

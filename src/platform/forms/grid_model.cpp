@@ -45,7 +45,8 @@ void GridModel::layOut(std::span<const GridColumn> columns) {
   beginResetModel();
   columns_.assign(columns.begin(), columns.end());
   rows_.clear();
-  Row titles{{}, std::vector<Cell>(columns_.size())};
+  make_ = {};
+  Row titles{{}, std::vector<Cell>(columns_.size()), -1};
   for (std::size_t i = 0; i < columns_.size(); ++i)
     titles.cells[i].text = QString::fromUtf16(columns_[i].title);
   rows_.push_back(std::move(titles));
@@ -63,6 +64,7 @@ int GridModel::width(int column) const {
 
 std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
   if (row.cells.empty()) {
+    if (row.toMake >= 0) row.whole = make_(row.toMake);
     row.cells.resize(columns_.size());
     std::size_t column = 0;
     for (const auto& field : QStringView(row.whole).tokenize(u'\t')) {
@@ -70,6 +72,7 @@ std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
       row.cells[column++].text = field.toString();
     }
     row.whole = QString();
+    row.toMake = -1;
   }
   return row.cells;
 }
@@ -109,7 +112,20 @@ void GridModel::addItems(const QStringList& tabSeparated) {
   if (tabSeparated.isEmpty()) return;
   const int at = rows() - 1;
   beginInsertRows({}, at, at + static_cast<int>(tabSeparated.size()) - 1);
-  for (const QString& row : tabSeparated) rows_.push_back({row, {}});
+  for (const QString& row : tabSeparated) rows_.push_back({row, {}, -1});
+  endInsertRows();
+}
+
+void GridModel::addItems(int count, std::function<QString(int)> make) {
+  if (count < 1) return;
+  if (make_) {
+    for (Row& row : rows_) static_cast<void>(cellsOf(row));
+  }
+  make_ = std::move(make);
+  const int at = rows() - 1;
+  beginInsertRows({}, at, at + count - 1);
+  rows_.reserve(rows_.size() + static_cast<std::size_t>(count));
+  for (int n = 0; n < count; ++n) rows_.push_back({{}, {}, n});
   endInsertRows();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -39,6 +40,9 @@ class GridModel : public QAbstractTableModel {
   void addItem(const QString& tabSeparated);
   /// Adds many rows at once, which a grid in sight takes as one change.
   void addItems(const QStringList& tabSeparated);
+  /// Adds rows that are made when somebody looks at them: `make` gives the tab-separated text of the n-th,
+  /// from 0. It is asked from the painting of a grid, so it must not raise.
+  void addItems(int count, std::function<QString(int)> make);
   /// Removes a data row; the current row stays where it is, or on the last row if that is gone.
   void removeItem(int row);
   /// Stable, ascending, by text (numbers among texts by value), blanks first; cell formats move along.
@@ -82,6 +86,7 @@ class GridModel : public QAbstractTableModel {
   struct Row {
     QString whole;
     std::vector<Cell> cells;
+    int toMake = -1;  ///< which one make_ gives
   };
   [[nodiscard]] std::vector<Cell>& cellsOf(Row& row) const;
   [[nodiscard]] const Cell* cell(int row, int column) const;
@@ -90,6 +95,7 @@ class GridModel : public QAbstractTableModel {
 
   std::vector<GridColumn> columns_;
   mutable std::vector<Row> rows_;
+  std::function<QString(int)> make_;
   int row_ = 0;
   int col_ = 0;
   int topRow_ = 1;
