@@ -67,6 +67,7 @@ Driver::Driver(Road road, QString progressFile, QString pictures)
       progress_(Progress::read(progressFile_)) {}
 
 int Driver::run(QApplication& application) {
+  waiting_.start();
   setClock(progress_.clock);
   const Step& first = road_.steps.at(progress_.next);
   if (first.verb != u"start"_s) {
@@ -82,7 +83,6 @@ int Driver::run(QApplication& application) {
   progress_.write(progressFile_);
   setCommandLine(progress_.commandLine);
   forms::setEnd([this](int status) { programEnded(status); });
-  waiting_.start();
   schedule();
   programEnded(runProgram(application, progress_.commandLine));
   return 0;

@@ -1,7 +1,9 @@
 #include "platform/forms/combo.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
@@ -53,6 +55,9 @@ void Combo::showPopup() {
   Q_EMIT dropDown();
   if (locked_ || !isEnabled() || count() == 0) return;
   setText(currentText());
+  // Entries are read whole, however narrow the field is.
+  view()->setMinimumWidth(view()->sizeHintForColumn(modelColumn()) +
+                          2 * view()->verticalScrollBar()->sizeHint().width());
   QComboBox::showPopup();
 }
 

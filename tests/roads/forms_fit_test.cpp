@@ -1,0 +1,215 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScrollArea>
+#include <QTabWidget>
+
+#include "assembly/frmComposicaoProduto.h"
+#include "assembly/frmConfirmaItem.h"
+#include "assembly/frmMontarProduto.h"
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "documents/frmImprimePropCmrcTL.h"
+#include "documents/frmPedHTML.h"
+#include "messaging/frmEmailOS.h"
+#include "platform/web/web_pane.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "search/frmBROWSE_CONDPG.h"
+#include "search/frmBROWSE_PRODUTO.h"
+#include "search/frmBROWSE_PropCmrc.h"
+#include "search/frmBROWSE_Prototipo.h"
+#include "search/frmImagem.h"
+#include "shared/screen_kit.h"
+#include "support/company.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The engine has to know before the application is made.
+const bool prepared = (web::prepare(), true);
+
+struct Screen {
+  const char* name;
+  forms::Form& (*get)();
+};
+
+template <class T>
+forms::Form& get() {
+  return forms::form<T>();
+}
+
+constexpr Screen kScreens[] = {
+    {"Quote", get<frmPropCmrcTL>},
+    {"Assembly", get<frmMontarProduto>},
+    {"Item", get<frmConfirmaItem>},
+    {"Composition", get<frmComposicaoProduto>},
+    {"Closing", get<frmConfirmaPropCmrcTL>},
+    {"Print", get<frmImprimePropCmrcTL>},
+    {"Viewer", get<frmPedHTML>},
+    {"Mail", get<frmEmailOS>},
+    {"Conditions", get<frmBROWSE_CONDPG>},
+    {"Products", get<frmBROWSE_PRODUTO>},
+    {"Quotes", get<frmBROWSE_PropCmrc>},
+    {"Prototypes", get<frmBROWSE_Prototipo>},
+    {"Image", get<frmImagem>},
+};
+
+/// Names of controls with what is wrong about them.
+class Faults {
+ public:
+  void add(const QWidget& control, const QString& what) {
+    const QString name = control.objectName().isEmpty()
+                             ? QString::fromLatin1(control.metaObject()->className())
+                             : control.objectName();
+    found_.insert(name + u": "_s + what);
+  }
+  [[nodiscard]] std::string text() const {
+    QStringList lines(found_.begin(), found_.end());
+    lines.sort();
+    return lines.join(u'\n').toStdString();
+  }
+
+ private:
+  QSet<QString> found_;
+};
+
+bool isPart(const QWidget& control) {
+  return control.objectName().startsWith(u"qt_"_s) || control.inherits("QScrollBar") ||
+         control.inherits("QHeaderView") || control.inherits("QSizeGrip");
+}
+
+int widthOf(const QWidget& control, const QString& text) {
+  return control.fontMetrics().size(Qt::TextShowMnemonic, text).width();
+}
+
+void checkCaption(const QWidget& control, Faults& faults) {
+  QSize needed;
+  if (const auto* label = qobject_cast<const QLabel*>(&control)) {
+    if (label->text().isEmpty()) return;
+    needed = label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
+                               : QSize(widthOf(control, label->text()), control.fontMetrics().height());
+  } else if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
+    if (button->text().isEmpty()) return;
+    needed = QSize(widthOf(control, button->text()), control.fontMetrics().height());
+    if (button->isCheckable() && button->autoExclusive()) needed.rwidth() = button->sizeHint().width();
+  } else if (const auto* group = qobject_cast<const QGroupBox*>(&control)) {
+    needed = QSize(widthOf(control, group->title()), 0);
+  } else if (const auto* grid = qobject_cast<const forms::FlexGrid*>(&control)) {
+    for (int column = 0; column < grid->grid().cols(); ++column) {
+      const QString title = grid->grid().text(0, column);
+      if (!grid->isColumnHidden(column) && grid->columnWidth(column) < widthOf(control, title)) {
+        faults.add(control, u"title \"%1\" clipped"_s.arg(title));
+      }
+    }
+    return;
+  } else if (qobject_cast<const QLineEdit*>(&control) != nullptr || control.inherits("QComboBox")) {
+    needed = QSize(0, control.fontMetrics().height());
+  }
+  if (needed.width() > control.width() || needed.height() > control.height()) {
+    faults.add(control, u"\"%1\" clipped, %2x%3 of %4x%5"_s.arg(forms::controlText(&control))
+                            .arg(control.width())
+                            .arg(control.height())
+                            .arg(needed.width())
+                            .arg(needed.height()));
+  }
+}
+
+/// Captions, overlaps and edges of all that is in sight within a control.
+void check(const QWidget& parent, Faults& faults) {
+  QList<const QWidget*> children;
+  for (const QObject* child : parent.children()) {
+    const auto* control = qobject_cast<const QWidget*>(child);
+    if (control != nullptr && control->isVisible() && !control->isWindow() && !isPart(*control))
+      children << control;
+  }
+  for (const QWidget* control : std::as_const(children)) {
+    const bool over = control->property("overFrame").toBool();
+    checkCaption(*control, faults);
+    // The viewer's own measures make its tabs wider than the window.
+    const bool wider = control->objectName() == u"SSTab1"_s && parent.objectName() == u"frmPedHTML"_s;
+    if (!wider && !parent.rect().contains(control->geometry()))
+      faults.add(*control, u"outside of what holds it"_s);
+    for (const QWidget* other : std::as_const(children)) {
+      const bool frames = over || other->property("overFrame").toBool();
+      if (other > control && !frames && other->geometry().intersects(control->geometry())) {
+        faults.add(*control, u"overlaps "_s + other->objectName());
+      }
+    }
+  }
+}
+
+void checkAll(forms::Form& form, Faults& faults) {
+  support::settle();
+  const QRect screen(QPoint(0, 0), forms::screenSize());
+  if (!screen.contains(form.geometry())) faults.add(form, u"larger than the screen"_s);
+  check(form, faults);
+  for (const QWidget* control : form.findChildren<QWidget*>()) {
+    const bool closed = control->inherits("QComboBox") || control->inherits("QAbstractItemView") ||
+                        control->inherits("QLineEdit") || control->inherits("web::WebPane");
+    if (control->isVisible() && !closed && !isPart(*control) && !control->inherits("QTabBar") &&
+        !control->inherits("QAbstractScrollArea"))
+      check(*control, faults);
+  }
+}
+
+/// Each page of each tab control and each frame that opens over the form.
+void walk(forms::Form& form, Faults& faults) {
+  checkAll(form, faults);
+  for (auto* tabs : form.findChildren<QTabWidget*>()) {
+    for (int page = 0; page < tabs->count(); ++page) {
+      tabs->setCurrentIndex(page);
+      checkAll(form, faults);
+    }
+  }
+  for (auto* frame : form.findChildren<QWidget*>()) {
+    if (!frame->property("overFrame").toBool()) continue;
+    form.openOverFrame(frame, nullptr);
+    checkAll(form, faults);
+    if (!form.rect().contains(frame->geometry())) faults.add(*frame, u"not wholly in sight"_s);
+    form.closeOverFrame(frame);
+  }
+}
+
+class FormsFit : public support::Company, public ::testing::WithParamInterface<std::tuple<Screen, int>> {
+ protected:
+  FormsFit() : plain_(QApplication::font()) {
+    support::fillBasics(databasePath());
+    contexto().LinhaComando = u"7^0^PRD^"_s;
+    LeCoresSistema(QString());
+    QFont font = plain_;
+    font.setPointSizeF(plain_.pointSizeF() * std::get<int>(GetParam()));
+    QApplication::setFont(font);
+  }
+  ~FormsFit() override {
+    forms::registry::clear();
+    QApplication::setFont(plain_);
+  }
+
+ private:
+  QFont plain_;
+};
+
+TEST_P(FormsFit, NothingClippedOverlappingOrOutside) {
+  const support::Script script;
+  forms::Form& form = std::get<Screen>(GetParam()).get();
+  form.showForm();
+  Faults faults;
+  walk(form, faults);
+  form.grab().save(QStringLiteral(ZARIM_BINARY_DIR "/fit_%1_%2.png")
+                       .arg(form.objectName())
+                       .arg(std::get<int>(GetParam())));
+  EXPECT_EQ(faults.text(), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Screens, FormsFit,
+                         ::testing::Combine(::testing::ValuesIn(kScreens), ::testing::Values(1, 2)),
+                         [](const auto& screen) {
+                           return std::string(std::get<Screen>(screen.param).name) +
+                                  (std::get<int>(screen.param) == 1 ? "Plain" : "DoubleText");
+                         });
+
+}  // namespace
