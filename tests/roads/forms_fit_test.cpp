@@ -132,7 +132,10 @@ void check(const QWidget& parent, Faults& faults) {
     // The viewer's own measures make its tabs wider than the window.
     const bool wider = control->objectName() == u"SSTab1"_s && parent.objectName() == u"frmPedHTML"_s;
     if (!wider && !parent.rect().contains(control->geometry()))
-      faults.add(*control, u"outside of what holds it"_s);
+      faults.add(*control, u"reaches %1,%2 in %3x%4"_s.arg(control->geometry().right() + 1)
+                               .arg(control->geometry().bottom() + 1)
+                               .arg(parent.width())
+                               .arg(parent.height()));
     for (const QWidget* other : std::as_const(children)) {
       const bool frames = over || other->property("overFrame").toBool();
       if (other > control && !frames && other->geometry().intersects(control->geometry())) {
