@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QShortcut>
+#include <QTabBar>
 #include <QUrl>
 
 #include "platform/files/paths.h"
@@ -31,6 +32,17 @@ constexpr double kEscalaGrande = 1.23;
 
 constexpr int kFolga = 8;  // pixels
 
+/// Whether the commands have room beside the options; with large text they get a row of their own.
+bool cabemAoLado(const QWidget& opcoes, const QWidget& comandos, int largura) {
+  return opcoes.sizeHint().width() + comandos.sizeHint().width() + 4 * kFolga <= largura;
+}
+
+/// Height of the controls under the tabs, from the options on.
+int alturaControles(const QWidget& opcoes, const QWidget& comandos, const QWidget& arquivo, int largura) {
+  const int linha = cabemAoLado(opcoes, comandos, largura) ? 0 : comandos.sizeHint().height() + kFolga / 2;
+  return opcoes.sizeHint().height() + linha + arquivo.sizeHint().height() + 2 * kFolga;
+}
+
 }  // namespace
 
 frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
@@ -50,12 +62,10 @@ frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
 void frmPedHTML::Form_Load() {
   AplicaCoresForm(*this);
   // Large text can need more room than the measures give.
-  const int largura =
-      pixels(kEsquerdaFrame2) * 2 + Frame2->sizeHint().width() + barraComandos->sizeHint().width() + kFolga;
-  const int altura =
-      pixels(topoFrame2_) + Frame2->sizeHint().height() + barraArquivo->sizeHint().height() + 2 * kFolga;
-  setMinimumSize(std::max(pixels(kLarguraForm * escala_), largura),
-                 std::max(pixels(kAlturaForm * escala_), altura));
+  const int largura = std::max(pixels(kLarguraForm * escala_),
+                               2 * pixels(kEsquerdaFrame2) + barraArquivo->minimumSizeHint().width());
+  const int controles = alturaControles(*Frame2, *barraComandos, *barraArquivo, largura);
+  setMinimumSize(largura, std::max(pixels(kAlturaForm * escala_), pixels(topoFrame2_) + controles));
   resize(minimumSize());
   dispoe();
   CentralizaForm(*this);
@@ -69,15 +79,18 @@ void frmPedHTML::Form_Load() {
 }
 
 void frmPedHTML::dispoe() {
-  const int sobraX = std::max(0, width() - pixels(kLarguraForm * escala_));
-  const int sobraY = std::max(0, height() - pixels(kAlturaForm * escala_));
+  const int sobraX = std::max(0, width() - minimumWidth());
+  const int sobraY = std::max(0, height() - minimumHeight());
   const auto tamanho = [&](double largura, double altura) {
     return QSize(pixels(largura * escala_) + sobraX, pixels(altura * escala_) + sobraY);
   };
   SSTab1->setGeometry(QRect(QPoint(0, 0), tamanho(kLarguraTab, kAlturaTab)));
   for (auto [frame, painel] : {std::pair{Frame1, WebBrowser1}, std::pair{Frame3, WebBrowser2}}) {
-    frame->setGeometry(QRect(QPoint(kFolga, kFolga / 2), tamanho(kLarguraFrame, kAlturaFrame)));
-    const QSize interno = tamanho(kLarguraPainel, kAlturaPainel);
+    // With large text the tabs' captions take more of the height.
+    const int pagina = SSTab1->height() - SSTab1->tabBar()->sizeHint().height() - kFolga;
+    const QSize externo = tamanho(kLarguraFrame, kAlturaFrame).boundedTo(QSize(SSTab1->width(), pagina));
+    frame->setGeometry(QRect(QPoint(kFolga, kFolga / 2), externo));
+    const QSize interno = tamanho(kLarguraPainel, kAlturaPainel).boundedTo(externo);
     painel->setGeometry(QRect(
         QPoint((frame->width() - interno.width()) / 2, (frame->height() - interno.height()) / 2), interno));
   }
@@ -85,8 +98,13 @@ void frmPedHTML::dispoe() {
   Frame2->move(esquerda, pixels(topoFrame2_) + sobraY);
   Frame2->resize(Frame2->sizeHint());
   const int direita = Frame2->geometry().right() + 1 + kFolga;
-  barraComandos->setGeometry(direita, Frame2->y(), width() - direita - esquerda, Frame2->height());
-  const int topo = Frame2->geometry().bottom() + 1 + kFolga / 2;
+  int topo = Frame2->geometry().bottom() + 1 + kFolga / 2;
+  if (cabemAoLado(*Frame2, *barraComandos, minimumWidth())) {
+    barraComandos->setGeometry(direita, Frame2->y(), width() - direita - esquerda, Frame2->height());
+  } else {
+    barraComandos->setGeometry(esquerda, topo, width() - 2 * esquerda, barraComandos->sizeHint().height());
+    topo = barraComandos->geometry().bottom() + 1 + kFolga / 2;
+  }
   barraArquivo->setGeometry(esquerda, topo, width() - 2 * esquerda, barraArquivo->sizeHint().height());
 }
 

@@ -236,7 +236,9 @@ void frmPropCmrcTL::ajustaMedidas() {
   QFont fixa = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   fixa.setPointSizeF(font().pointSizeF());
   cboItemPropCmrc->setFont(fixa);
-  cboItemPropCmrc->setMinimumWidth(QFontMetrics(fixa).averageCharWidth() * kLetrasItem);
+  // Its frame stays within the window however large the text is.
+  cboItemPropCmrc->setMinimumWidth(
+      std::min(QFontMetrics(fixa).averageCharWidth() * kLetrasItem, forms::screenSize().width() * 7 / 10));
 
   const int linha = Flex->verticalHeader()->defaultSectionSize();
   Flex->setMinimumHeight(Flex->horizontalHeader()->sizeHint().height() + linha * kLinhasItens +
