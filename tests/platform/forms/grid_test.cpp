@@ -111,17 +111,3 @@ TEST_F(Grid, TopRowFollowsTheViewAndTheOtherWay) {
   sample.Flex->verticalScrollBar()->setValue(9);
   EXPECT_EQ(grid().topRow(), 10);
 }
-
-TEST_F(Grid, FillsInLinearTime) {
-  const auto fill = [this](int rows) {
-    static constexpr forms::GridColumn kColumns[] = {{u"ID", 0}, {u"Nome", 2000}, {u"Valor", 1000}};
-    grid().layOut(kColumns);
-    const std::clock_t start = std::clock();  // of this process: other programs don't count
-    for (int row = 0; row < rows; ++row) grid().addItem(u"1\tAna\t3"_s);
-    support::settle();
-    return std::clock() - start;
-  };
-  fill(4000);
-  const auto small = fill(4000);
-  EXPECT_LT(fill(16000), 12 * small);
-}
