@@ -23,7 +23,8 @@ int main(int argc, char** argv) {
     void (*run)();
   } subjects[] = {{"start", bench::starting},    {"quotes", bench::openingAndSaving},
                   {"lookups", bench::lookingUp}, {"searches", bench::searching},
-                  {"mass", bench::including},    {"documents", bench::documents}};
+                  {"mass", bench::including},    {"documents", bench::documents},
+                  {"pages", bench::picturing}};
   for (const auto& subject : subjects)
     if (std::strstr(subject.name, only) != nullptr) subject.run();
   bench::printSummary();

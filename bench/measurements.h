@@ -8,6 +8,8 @@ void searching();
 void lookingUp();
 void including();
 void documents();
+/// The picture page of found articles, without the browser.
+void picturing();
 /// Start to the idle screen and resident memory, each in a process of its own.
 void starting();
 

@@ -11,7 +11,7 @@ namespace {
 QString firstImage(const QString& codigo) {
   const RunContext& run = contexto();
   for (const char16_t* form : {u"", u"W2", u"S3"}) {
-    const QString path = run.PathImagens + Apara(codigo) + QString::fromUtf16(form) + run.ExtImagens;
+    QString path = run.PathImagens + Apara(codigo) + QString::fromUtf16(form) + run.ExtImagens;
     if (files::exists(path)) return path;
   }
   return {};
