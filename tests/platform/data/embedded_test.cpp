@@ -56,20 +56,12 @@ TEST_F(EmbeddedFile, IsSafeAgainstPowerCutsAndWaitsForOthers) {
   EXPECT_EQ(ask(connection, u"PRAGMA busy_timeout"_s), u"30000"_s);
 }
 
-TEST_F(EmbeddedFile, ReadersSeeTheOldStateWhileOneWrites) {
-  auto writer = open();
-  auto reader = open();
-  writer.begin();
-  writer.execute(u"INSERT INTO t (nome) VALUES ('novo')"_s);
-  EXPECT_EQ(ask(reader, u"SELECT count(*) FROM t"_s), u"0"_s);
-  writer.commit();
-  EXPECT_EQ(ask(reader, u"SELECT count(*) FROM t"_s), u"1"_s);
-}
-
-TEST_F(EmbeddedFile, TheSecondWriterWaitsForTheFirst) {
+TEST_F(EmbeddedFile, ReadersSeeTheOldStateWhileOneWritesAndTheSecondWriterWaits) {
   auto first = open();
   first.begin();
   first.execute(u"INSERT INTO t (nome) VALUES ('um')"_s);
+  auto reader = open();
+  EXPECT_EQ(ask(reader, u"SELECT count(*) FROM t"_s), u"0"_s);
   std::promise<void> about;
   auto second = std::async(std::launch::async, [&] {
     auto connection = open();
@@ -86,17 +78,11 @@ TEST_F(EmbeddedFile, TheSecondWriterWaitsForTheFirst) {
   first.execute(u"INSERT INTO t (nome) VALUES ('um e meio')"_s);
   first.commit();
   EXPECT_EQ(second.get(), u"2"_s);
-  EXPECT_EQ(ask(first, u"SELECT count(*) FROM t"_s), u"3"_s);
+  EXPECT_EQ(ask(reader, u"SELECT count(*) FROM t"_s), u"3"_s);
 }
 
 TEST_F(EmbeddedFile, TellsWhatIsWrongWithAFile) {
-  {
-    auto filler = open();
-    filler.begin();
-    for (int i = 0; i < 200; ++i)
-      filler.execute(u"INSERT INTO t (nome) VALUES ('%1')"_s.arg(QString(500, u'x')));
-    filler.commit();
-  }
+  open().execute(u"INSERT INTO t (nome) VALUES ('%1')"_s.arg(QString(100'000, u'x')));
   QFile file(path);
   ASSERT_TRUE(file.resize(file.size() / 2));
   EXPECT_TRUE(refusal().contains(u"está incompleto"_s)) << refusal().toStdString();
@@ -177,14 +163,13 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Form{"SELECT A FROM T WHERE ID =12 AND N LIKE '%x%' AND C='it''s'",
              "SELECT A FROM T WHERE ID =? AND N LIKE ? AND C=?", 3},
-        Form{"insert into T (a,b) values ('1', 'Ação')", "insert into T (a,b) values (?, ?)", 2},
         Form{"SELECT A AS 'B1', 2 FROM T ORDER BY 2", "SELECT A AS 'B1', 2 FROM T ORDER BY 2", 0},
         Form{"UPDATE T SET A=null, B='' WHERE (ID=7)", "UPDATE T SET A=null, B=? WHERE (ID=?)", 2},
         Form{"SELECT A FROM T WHERE B > 1.5 AND C2=3e1", "SELECT A FROM T WHERE B > 1.5 AND C2=3e1", 0},
         Form{"SELECT [a 'b], \"c'd\" FROM T WHERE A='x'", "SELECT [a 'b], \"c'd\" FROM T WHERE A=?", 1},
         Form{"SELECT A FROM T WHERE B='x", nullptr, 0}, Form{"DELETE FROM T; DELETE FROM U", nullptr, 0},
         Form{"SELECT A FROM T WHERE B=1 -- '", nullptr, 0},
-        Form{"CREATE TABLE t (a CHECK(a='x'))", nullptr, 0}, Form{"SELECT '", nullptr, 0},
+        Form{"CREATE TABLE t (a CHECK(a='x'))", nullptr, 0},
         Form{"SELECT 99999999999999999999 WHERE A=99999999999999999999",
              "SELECT 99999999999999999999 WHERE A=99999999999999999999", 0}));
 
