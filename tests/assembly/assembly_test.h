@@ -37,7 +37,7 @@ class AssemblyTest : public support::Company {
   void inDialog(const std::function<void(frmConfirmaItem&)>& act) {
     script.modal([act](forms::Form& opened) { act(dynamic_cast<frmConfirmaItem&>(opened)); });
   }
-  static forms::FlexGrid* found(frmMontarProduto& screen) {
+  static forms::FlexGrid* results(frmMontarProduto& screen) {
     return screen.SSTab1->currentWidget()->findChild<forms::FlexGrid*>();
   }
   /// Finds the articles of a tab (0 to 6) and takes the first.
@@ -48,16 +48,14 @@ class AssemblyTest : public support::Company {
       support::type(dialog.txtQuantidade, quantity);
       support::click(dialog.cmdConfirmar);
     });
-    support::doubleClick(found(screen), 1);
-  }
-  static QString row(const forms::GridModel& grid, int row) {
-    QStringList all;
-    for (int column = 0; column < grid.cols(); ++column) all << grid.text(row, column);
-    return all.join(u'|');
+    support::doubleClick(results(screen), 1);
   }
   static QStringList rows(const forms::GridModel& grid) {
     QStringList all;
-    for (int i = 1; i < grid.rows(); ++i) all << row(grid, i);
+    for (int row = 1; row < grid.rows(); ++row) {
+      all << grid.text(row, 0);
+      for (int column = 1; column < grid.cols(); ++column) all.last() += u'|' + grid.text(row, column);
+    }
     return all;
   }
 
