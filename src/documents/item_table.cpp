@@ -118,8 +118,8 @@ QString FlagFotos() { return documento().ExibeFotos ? u"S"_s : u"N"_s; }
 
 namespace {
 
-QString TabelaDoOrcamento(const QString& id, const QString& fotos, bool embarques) {
-  return TabelaComTotais({.itens = ItensDoOrcamento(u'\'' + id + u'\''),
+QString TabelaDoOrcamento(data::Recordset itens, const QString& id, const QString& fotos, bool embarques) {
+  return TabelaComTotais({.itens = std::move(itens),
                           .item = PorTipo,
                           .campoProduto = u"idprodprot",
                           .fotos = fotos == u"S",
@@ -132,10 +132,10 @@ QString TabelaDoOrcamento(const QString& id, const QString& fotos, bool embarque
 // Photos follow the flag of the run, whatever the caller asks for.
 QString ItensOrcaHTML(const QString& id, QString fotos) {
   fotos = FlagFotos();
-  return TabelaDoOrcamento(id, fotos, false);
+  return TabelaDoOrcamento(ItensDoOrcamento(u'\'' + id + u'\''), id, fotos, false);
 }
 
 QString ItensOrcaFotoHTML(const QString& id, QString fotos) {
   fotos = FlagFotos();
-  return TabelaDoOrcamento(id, fotos, true);
+  return TabelaDoOrcamento(ItensDoOrcamento(id), id, fotos, true);
 }
