@@ -33,12 +33,9 @@ constexpr std::array<TipoDeDocumento, 4> kTipos{{
     {u"ORDEM_COMPRA", OrdemCompraHTML, u"ordem_compra", nullptr},
 }};
 
-QString MontaVia(const TipoDeDocumento& tipo, const char16_t* tronco) {
-  const qint32 id = documento().IdDocumento;
-  const QString caminho = ArquivoDocumento(QString::fromUtf16(tronco), id, u".html"_s);
-  files::removeIfThere(caminho);
-  tipo.monta(id, caminho);
-  return caminho;
+QString CaminhoDaVia(const char16_t* tronco) {
+  if (tronco == nullptr) return {};
+  return ArquivoDocumento(QString::fromUtf16(tronco), documento().IdDocumento, u".html"_s);
 }
 
 }  // namespace
@@ -54,7 +51,11 @@ QString ArquivoDocumento(const QString& tronco, qint32 id, const QString& extens
 void frmPedHTML::montaVias() {
   for (const TipoDeDocumento& tipo : kTipos) {
     if (documento().TipoDocumento != QStringView(tipo.tipo)) continue;
-    ArqVia1 = MontaVia(tipo, tipo.via1);
-    if (tipo.via2 != nullptr) ArqVia2 = MontaVia(tipo, tipo.via2);
+    ArqVia1 = CaminhoDaVia(tipo.via1);
+    ArqVia2 = CaminhoDaVia(tipo.via2);
+    QStringList vias{ArqVia1, ArqVia2};
+    vias.removeAll(QString());
+    for (const QString& via : vias) files::removeIfThere(via);
+    for (const QString& via : vias) tipo.monta(documento().IdDocumento, via);
   }
 }
