@@ -118,12 +118,17 @@ web::WebPane& frmPedHTML::painelAtual() const {
 }
 
 void frmPedHTML::mostraArquivo() {
-  const QString& caminho = painelAtual().path();
+  mostraCaminho(painelAtual().path());
+  mostraZoom();
+}
+
+void frmPedHTML::mostraCaminho(const QString& caminho) {
   txtArquivo->setText(caminho);
   txtArquivo->setToolTip(caminho);
   cmdAbrirPasta->setEnabled(!caminho.isEmpty());
-  lblZoom->setText(u"%1%"_s.arg(qRound(painelAtual().zoom() * 100)));
 }
+
+void frmPedHTML::mostraZoom() { lblZoom->setText(u"%1%"_s.arg(qRound(painelAtual().zoom() * 100))); }
 
 void frmPedHTML::ligaFerramentas() {
   const auto atalho = [this](const QKeySequence& teclas, auto acao) {
@@ -143,10 +148,10 @@ void frmPedHTML::ligaFerramentas() {
   liga(cmdZoomMais, &web::WebPane::zoomIn);
   liga(cmdZoomLargura, &web::WebPane::fitWidth);
   connect(cmdAbrirPasta, &QToolButton::clicked, this, [this] {
-    const QFileInfo arquivo(files::resolve(painelAtual().path()));
+    const QFileInfo arquivo(files::resolve(txtArquivo->text()));
     QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo.absolutePath()));
   });
   connect(SSTab1, &QTabWidget::currentChanged, this, &frmPedHTML::mostraArquivo);
   for (const web::WebPane* painel : {WebBrowser1, WebBrowser2})
-    connect(painel, &web::WebPane::zoomChanged, this, &frmPedHTML::mostraArquivo);
+    connect(painel, &web::WebPane::zoomChanged, this, &frmPedHTML::mostraZoom);
 }

@@ -26,7 +26,9 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
   void ligaFerramentas();
   /// Places the controls by the program's measures; what the window is larger than them goes to the panes.
   void dispoe();
-  void mostraArquivo();
+  void mostraArquivo();  ///< of the pane in sight
+  void mostraCaminho(const QString& caminho);
+  void mostraZoom();
 
   // viewer_documents.cpp
   void montaVias();

@@ -20,10 +20,11 @@ void frmPedHTML::cmdPDF_Click() {
     DocumentoWord(QString::number(id), doc, pdf);
   }
   WebBrowser1->navigate(pdf);
-  mostraArquivo();
+  mostraCaminho(pdf);
 }
 
 void frmPedHTML::cmdWord_Click() {
   const forms::WaitPointer espera;
   DocumentoWordAmostra();
+  mostraCaminho(QString::fromUtf16(kArquivoAmostra));
 }

@@ -14,7 +14,6 @@ using office::WordProcessor;
 namespace {
 
 constexpr char16_t kLogo[] = u"C:\\zarim\\imagens\\logo_cliente.jpg";
-constexpr char16_t kFile[] = u"C:\\ZARIM\\TESTE_ORCA9.DOC";
 
 /// An invented person: the layout trial reads nothing of the quote.
 constexpr const char16_t* kCustomer[] = {u"Nome: Maria Aparecida da Silva", u"Fone: (11) 3000-1234",
@@ -80,7 +79,7 @@ void DocumentoWordAmostra() {
   heading(word, u"Dados Gerais"_s);
   lines(word, kGeneral);
   word.setVisible(true);
-  word.saveAs(QString::fromUtf16(kFile));
+  word.saveAs(QString::fromUtf16(kArquivoAmostra));
   word.closeDocument();
   word.quit();
 }
