@@ -20,6 +20,10 @@ inline constexpr char16_t kValidade[] = u"10 dias";
 inline constexpr char16_t kBanco[] = u"Banco Alfa - Ag 0001 - C/C 00000-00";
 inline constexpr char16_t kDepartamento[] = u"Departamento Comercial";
 
+/// Where the customer signs.
+inline constexpr std::array<const char16_t*, 3> kAssinatura{
+    u"___________________________", u"Assinatura do responsável e", u"carimbo da empresa"};
+
 /// The observations of a quote, as plain text.
 inline constexpr std::array<const char16_t*, 7> kClausulas{
     u"1 - Todos os valores são expressos em moeda corrente nacional (Real);",
@@ -29,20 +33,14 @@ inline constexpr std::array<const char16_t*, 7> kClausulas{
     u"contratante, que assumirá todas e quaisquer responsabilidades decorrentes do mesmo. Neste caso, as "
     u"eventuais avarias serão de inteira responsabilidade da transportadora contratada;",
     u"4 - As reclamações referentes à entrega das mercadorias, respeitando-se as condições do item '3', "
-    u"poderão "
-    u"ser feitas até cinco dias após o seu recebimento;",
+    u"poderão ser feitas até cinco dias após o seu recebimento;",
     u"5 - Toda matéria-prima utilizada nos protótipos são apenas amostras, produtos armazenados em nosso "
-    u"estoque, "
-    u"e por isso não apresentam 100% de qualidade. Após a aprovação do pedido, as peças serão fabricadas com "
-    u"os "
-    u"critérios de qualidade da Marta Tavora Prestige. Os protótipos deverão retornar a Marta Tavora "
-    u"Prestige 24 "
-    u"horas após a sua apresentação, e os mesmos só permanecerão em poder do contratante após o fechamento "
-    u"do "
-    u"pedido para definição de detalhes;",
+    u"estoque, e por isso não apresentam 100% de qualidade. Após a aprovação do pedido, as peças serão "
+    u"fabricadas com os critérios de qualidade da Marta Tavora Prestige. Os protótipos deverão retornar a "
+    u"Marta Tavora Prestige 24 horas após a sua apresentação, e os mesmos só permanecerão em poder do "
+    u"contratante após o fechamento do pedido para definição de detalhes;",
     u"6 - Fica vedada a comercialização e reprodução total ou parcial dos protótipos, cabendo punições "
-    u"previstas "
-    u"por lei.",
+    u"previstas por lei.",
     u"7 - Todas as peças serão etiquetadas com logomarca Marta Tavora Prestige.",
 };
 

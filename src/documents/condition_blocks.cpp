@@ -47,9 +47,8 @@ QString CondicoesOrcaHTML(const QString& id) {
                               u"Dados bancários:"_s + QString::fromUtf16(company::kBanco),
                               u"Razão Social:"_s + QString::fromUtf16(company::kNome),
                               QString::fromUtf16(company::kDepartamento)};
-  const QStringList aprovacao{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s,
-                              u"___________________________"_s, u"Assinatura do responsável e"_s,
-                              u"carimbo da empresa"_s};
+  QStringList aprovacao{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s};
+  for (const char16_t* linha : company::kAssinatura) aprovacao << QString::fromUtf16(linha);
   return u"<BR><table border='0' width='800' align='center'>"_s + Linha(u"<b>Observações</b>"_s, u"center") +
          Clausulas() + u"</table><BR><!-- CondiÃ§Ãµes de pagamento -->"_s +
          u"<table border='0' width='800' align='center'><tr><td width=50% valign='top' >"_s +

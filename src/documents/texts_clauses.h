@@ -2,26 +2,25 @@
 
 #include <array>
 
-// General conditions of quotes and orders.
+#include "documents/company_texts.h"
+
+// General conditions of quotes and orders; a clause that reads as in the observations stands there.
 namespace clausulas {
 
 inline constexpr std::array<const char16_t*, 6> kOrcamento{
-    u"1 - Todos os valores são expressos em moeda corrente nacional (Real);",
+    company::kClausulas[0],
     u"2 - Após a aprovação do pedido, quaisquer modificações solicitadas pelo contratante, terão valores "
     u"acrescidos de acordo com as alterações;",
     u"3 - O transporte das mercadorias para fora dos limites da Grande São Paulo, correrá por conta do "
     u"contratante, que assumirá todas e quaisquer responsabilidades decorrentes do mesmo. Neste caso, as "
     u"eventuais avarias serão de inteira responsabilidade da transportadora contratada;",
-    u"4 - As reclamações referentes à entrega das mercadorias, respeitando-se as condições do item '3', "
-    u"poderão ser feitas até cinco dias após o seu recebimento;",
+    company::kClausulas[3],
     u"5 - Toda matéria-prima utilizada nos protótipos são apenas amostras, produtos armazenados em nosso "
     u"estoque, e por isso não apresentam 100% de qualidade. Após a aprovação do pedido, as peças serão "
-    u"fabricadas com os critérios de qualidade da Casa Lumiar. Os protótipos deverão retornar a Casa Lumiar "
-    u"24 horas após a sua apresentação, e os mesmos só permanecerão em poder do contratante após o "
-    u"fechamento "
-    u"do pedido para definição de detalhes;",
-    u"6 - Fica vedada a comercialização e reprodução total ou parcial dos protótipos, cabendo punições "
-    u"previstas por lei.",
+    u"fabricadas com os critérios de qualidade da Casa Lumiar. Os protótipos deverão retornar a Casa "
+    u"Lumiar 24 horas após a sua apresentação, e os mesmos só permanecerão em poder do contratante após o "
+    u"fechamento do pedido para definição de detalhes;",
+    company::kClausulas[5],
 };
 
 inline constexpr std::array<const char16_t*, 7> kPedido{
@@ -31,8 +30,8 @@ inline constexpr std::array<const char16_t*, 7> kPedido{
     kOrcamento[3],
     kOrcamento[4],
     u"6 - Fica acordado entre as partes que a forma de pagamento será 50% no fechamento do pedido e 50% a "
-    u"combinar. Em caso de cancelamento do pedido após o primeiro pagamento não haverá devolução dos valores "
-    u"pagos. Na falta de pagamento, a Casa Lumiar encaminhará a cobrança via cartório;",
+    u"combinar. Em caso de cancelamento do pedido após o primeiro pagamento não haverá devolução dos "
+    u"valores pagos. Na falta de pagamento, a Casa Lumiar encaminhará a cobrança via cartório;",
     u"7 - Fica vedada a comercialização e reprodução total ou parcial dos protótipos, cabendo punições "
     u"previstas por lei.",
 };
@@ -40,16 +39,14 @@ inline constexpr std::array<const char16_t*, 7> kPedido{
 /// Orders of imported goods.
 inline constexpr std::array<const char16_t*, 6> kPedidoImportados{
     u"1 - Data prevista para entrega depende de cada produto e suas devidas previsões de disponibilidades "
-    u"acima "
-    u"citadas;",
+    u"acima citadas;",
     u"2 - Todos os valores são expressos em moeda corrente nacional (Real);",
-    u"3 - As reclamações ref. a entrega das mercadorias deverão ser feitas em até 5 (cinco) dias após o seu "
-    u"recebimento;",
+    u"3 - As reclamações ref. a entrega das mercadorias deverão ser feitas em até 5 (cinco) dias após o "
+    u"seu recebimento;",
     u"4 - O comprador declara estar ciente de que as mercadorias pertinentes ao presente pedido são "
-    u"importadas e "
-    u"precisam ser encomendadas pelo vendedor antecipadamente. Sendo assim, como não é exigido sinal como "
-    u"princípio de pagamento, não será permitido o cancelamento mesmo que parcial de pedido, a não ser por "
-    u"expresso consentimento da Vereda Arte;",
+    u"importadas e precisam ser encomendadas pelo vendedor antecipadamente. Sendo assim, como não é "
+    u"exigido sinal como princípio de pagamento, não será permitido o cancelamento mesmo que parcial de "
+    u"pedido, a não ser por expresso consentimento da Vereda Arte;",
     u"5 - Por se tratar de produtos importados, o prazo de entrega do pedido é estimado. Assim sendo, uma "
     u"variação de até 30 (trinta) dias para mais ou para menos, deverá ser considerada normal;",
     u"6 - No caso de entrega parcial, o prazo de pagamento será revisto.",

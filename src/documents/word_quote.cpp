@@ -140,9 +140,11 @@ void approvalTable(WordProcessor& word, const QString& payment) {
   word.moveRight();
   word.setAlignment(Qt::AlignHCenter);
   word.setFont(u"Arial"_s, kCellSize);
-  word.typeText(
-      u"Aprovação\nData ____ /____ /________\n\n___________________________\n"
-      u"Assinatura do responsável e\ncarimbo da empresa"_s);
+  word.typeText(u"Aprovação\nData ____ /____ /________"_s);
+  for (const char16_t* line : company::kAssinatura) {
+    word.typeParagraph();
+    word.typeText(QString::fromUtf16(line));
+  }
   word.moveAfterTable();
 }
 
