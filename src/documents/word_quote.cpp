@@ -1,10 +1,12 @@
 #include "documents/company_texts.h"
+#include "documents/item_fields.h"
+#include "documents/quote_blocks.h"
 #include "documents/word.h"
 #include "platform/office/printers.h"
 #include "platform/office/word_processor.h"
 #include "platform/values/numbers.h"
 #include "quote/default_terms.h"
-#include "quote/grids.h"
+#include "run/configuration.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
@@ -56,7 +58,7 @@ void customerTable(WordProcessor& word, const data::Recordset& quote) {
   const QString attendant = quote.text(u"IDRESV_PROP_CMRC");
   const QString customer = EnderecoCliente(quote.text(u"idClie"));
   word.addTable(1, 3, true);
-  typeCells(word, {u"Cliente: "_s + customer.section(u'^', 0, 0),
+  typeCells(word, {u"Cliente: "_s + PegaCampo(customer, 1),
                    u"Orçamento: "_s + quote.format(u"idprop_cmrc", u"000000"),
                    u"Data: "_s + quote.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
                    u"Fone: "_s + quote.text(u"fone_CLIE"), u"E-mail: "_s + quote.text(u"emai_CLIE").toLower(),
@@ -67,29 +69,17 @@ void customerTable(WordProcessor& word, const data::Recordset& quote) {
   word.moveAfterTable();
 }
 
-struct ItemFields {
-  QString code, description, unit;
-};
-
-ItemFields itemFields(const data::Recordset& item) {
-  const QString id = item.text(u"idprodprot");
-  if (Maiusculas(item.text(u"prod_prot")) == grids::kProduto)
-    return {CodigoProduto(id), DescricaoProduto(id), UnidadeProduto(id)};
-  return {ValidaPrototipo(id), DescricaoPrototipo(id), UnidadePrototipo(id)};
-}
-
 /// The items without their prices, and a last row with the sum, which is returned.
 double itemsTable(WordProcessor& word, const QString& id) {
   word.addTable(1, 4, true);
   typeCells(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true);
   double total = 0;
-  for (auto items = AbreConsulta(u"SELECT * FROM prop_cmrc_deta where idprop_cmrc="_s + id); !items.eof();
-       items.moveNext()) {
-    const ItemFields fields = itemFields(items);
+  for (data::Recordset items = ItensDoOrcamento(id); !items.eof(); items.moveNext()) {
+    const ItemDoDocumento item = PorTipo(items);
     word.moveRight();
-    typeCells(word, {fields.code, fields.description, items.text(u"OBSE_PROP_CMRC_DETA"),
-                     items.format(u"QTDE", MascaraUnidade(fields.unit))});
-    if (!items.isNull(u"VALO_TOTA")) total += items.number(u"VALO_TOTA");
+    typeCells(word, {item.codigo, item.descricao, items.text(u"OBSE_PROP_CMRC_DETA"),
+                     items.format(u"QTDE", item.mascara)});
+    total += Valor(items, u"VALO_TOTA");
   }
   word.moveRight();
   typeCells(word, {QString(), QString(), u"Total Unitário"_s, Moeda(total)}, true);
@@ -184,17 +174,18 @@ QString NomeVersaoWord(double versao) {
 }
 
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf) {
-  [[maybe_unused]] const QString model =
-      ParametroEmpresa(u"MODELO_PROP_CMRC"_s);  // all models share this layout
+  // Read for the record: one layout serves all models, and of the release only the number counts.
+  [[maybe_unused]] const QString model = ParametroEmpresa(u"MODELO_PROP_CMRC"_s);
   const QString firstPrinter = office::defaultPrinter();
   WordProcessor word;
+  [[maybe_unused]] const QString release = NomeVersaoWord(word.version());
   word.addDocument(u"Orçamento de Venda - "_s + values::format(values::leadingNumber(id), u"000000"));
   if (setsMeasures(word)) {
     word.setTopMargin(2);
     word.setBottomMargin(1.5);
   }
   letterhead(word);
-  const data::Recordset quote = AbreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc="_s + id);
+  const data::Recordset quote = OrcamentoDoDocumento(id);
   QString payment = kCondPagtoPadrao.toString();
   if (!quote.eof()) {
     customerTable(word, quote);

@@ -54,7 +54,9 @@ QStringList printers() { return QPrinterInfo::availablePrinterNames() << QString
 
 QString defaultPrinter() { return chosenDefault ? *chosenDefault : QPrinterInfo::defaultPrinterName(); }
 
-void setDefaultPrinter(const QString& deviceName) { chosenDefault = deviceName; }
+void setDefaultPrinter(const QString& deviceName) {
+  chosenDefault = deviceName.isEmpty() ? std::nullopt : std::optional(deviceName);
+}
 
 void PdfPrinterSettings::setValue(const QString& name, const QString& value) {
   values_.append({name, value});

@@ -17,6 +17,7 @@ inline constexpr const char16_t* kPdfPrinter = u"Bullzip PDF Printer";
 
 /// The printer that is the default for this program; at the start the system's, empty where there is none.
 [[nodiscard]] QString defaultPrinter();
+/// An empty name gives the choice back to the system.
 void setDefaultPrinter(const QString& deviceName);
 
 /// Settings of the PDF printer: named texts, in force once they are written. It heeds "output" (path of the
