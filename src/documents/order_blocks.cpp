@@ -50,6 +50,8 @@ QString DadosClientePedidoEstilosHTML(const QString& numero) {
 }
 
 QString DadosGeraisPedidoHTML(const QString& numero) {
+  // The general data of an order are the same in all models.
+  [[maybe_unused]] const QString modelo = ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s);
   const QStringList linhas = LinhasGerais(numero);
   return linhas.isEmpty() ? QString() : html::quadro(Gerais(linhas));
 }

@@ -16,9 +16,9 @@ data::Recordset Itens(const QString& numero) {
                       u'\'');
 }
 
-/// How a text looks inside a box: with an inline style or with a class.
+/// How a box looks: with inline styles or with classes.
 struct Aspecto {
-  QString (*titulo)(const QString&);
+  QString (*titulo)(const QString&);  ///< opens the box's cell and puts the heading into it
   QString (*rotulo)(const QString&);
   QString (*dado)(const QString&);
 };
@@ -30,11 +30,17 @@ QString DeClasse(const QString& classe, const QString& texto) {
   return u"<span class='"_s + classe + u"'>"_s + texto + u"</span>"_s;
 }
 
-constexpr Aspecto kEmLinha{[](const QString& t) { return EmLinha(12, true, t); },
-                           [](const QString& t) { return EmLinha(8, true, t); },
+QString TituloEmLinha(const QString& texto) {
+  return u"        <td style='"_s + html::estilo(12, true) + u"' align='center'>"_s + kFim + u"        "_s +
+         texto;
+}
+QString TituloDeClasse(const QString& texto) {
+  return u"        <td align='center'>"_s + kFim + u"        "_s + DeClasse(u"titulo2"_s, texto);
+}
+
+constexpr Aspecto kEmLinha{TituloEmLinha, [](const QString& t) { return EmLinha(8, true, t); },
                            [](const QString& t) { return EmLinha(8, false, t); }};
-constexpr Aspecto kDeClasse{[](const QString& t) { return DeClasse(u"titulo2"_s, t); },
-                            [](const QString& t) { return DeClasse(u"dados2"_s, t); },
+constexpr Aspecto kDeClasse{TituloDeClasse, [](const QString& t) { return DeClasse(u"dados2"_s, t); },
                             [](const QString& t) { return DeClasse(u"dados1a"_s, t); }};
 
 QString Celula(const QString& largura, const QString& alinhamento, const QString& texto) {
@@ -65,7 +71,6 @@ QString Caixa(const data::Recordset& rs, int numero, bool fotos, const Aspecto& 
 <P>
 <table border='1' align='center' width=670>
     <tr>
-        <td align='center'>
 %1
         <table border='0' align='center' width=660>
 %2        </table>
@@ -75,7 +80,7 @@ QString Caixa(const data::Recordset& rs, int numero, bool fotos, const Aspecto& 
     </tr>
 </table>
 )")
-      .arg(aspecto.titulo(u"        Produto - "_s + NumeroDoItem(numero)), Linha(titulos) + Linha(dados),
+      .arg(aspecto.titulo(u"Produto - "_s + NumeroDoItem(numero)), Linha(titulos) + Linha(dados),
            Linha(Celula(u"100%"_s, u"center"_s, aspecto.rotulo(valores))));
 }
 

@@ -212,6 +212,8 @@ TEST_F(BlockText, OrdersByLookAndModel) {
         EXPECT_FALSE(written().contains(u"Codigo"_s) || written().contains(u"Condições Gerais"_s));
       } else {
         expectInOrder(start + (model.isEmpty() ? boxes : table));
+        EXPECT_EQ(written().contains(u"font-weight:bold' align='center'>\n        Produto - 001\n"_s),
+                  model.isEmpty() && look == u"1");
       }
       EXPECT_EQ(written().contains(u"span.titulo2{"_s), look == u"2");
       EXPECT_EQ(written().contains(u"<td width='70%'"_s), model.isEmpty());
