@@ -25,8 +25,6 @@ struct DocumentValues {
 
   data::Recordset RsImpressao;  ///< the quote's row that the print screen keeps open
   forms::GridModel FlexTemp;    ///< sort buffer of the catalogue's composition rows
-
-  QString ArqImagem, ArqImagem2;  ///< last image found, image to be shown
 };
 
 [[nodiscard]] DocumentValues& documento();

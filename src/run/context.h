@@ -23,6 +23,7 @@ struct RunContext {
   QString ArqPaths;
   QString PathImagens, PathImagens2, ExtImagens, ExtImagens2, ArqSemImagem;
   QString PathDocs, PathWeb, PathLink;
+  QString ImagemTentada;  ///< path that the search for a code's picture tried last
 
   QString CorFundo, CorFrente, CorFundo2, CorFrente2;  ///< colour numbers as text
 

@@ -9,10 +9,10 @@ namespace {
 
 /// The first picture of a code that is there: the plain one, then its second and third form.
 QString firstImage(const QString& codigo) {
-  const RunContext& run = contexto();
+  RunContext& run = contexto();
   for (const char16_t* form : {u"", u"W2", u"S3"}) {
-    QString path = run.PathImagens + Apara(codigo) + QString::fromUtf16(form) + run.ExtImagens;
-    if (files::exists(path)) return path;
+    run.ImagemTentada = run.PathImagens + Apara(codigo) + QString::fromUtf16(form) + run.ExtImagens;
+    if (files::exists(run.ImagemTentada)) return run.ImagemTentada;
   }
   return {};
 }
