@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QPushButton>
 #include <QTest>
 
 #include "platform/files/paths.h"
@@ -19,10 +18,8 @@ class StandIn : public forms::Form {
  public:
   StandIn(const QString& name, const QStringList& controls) : Form(name) {
     for (const QString& control : controls) {
-      QWidget* made = control.startsWith(QStringLiteral("lbl")) ? static_cast<QWidget*>(new QLabel(this))
-                      : control.startsWith(QStringLiteral("cmd"))
-                          ? static_cast<QWidget*>(new QPushButton(this))
-                          : new QLineEdit(this);
+      QWidget* made =
+          control.startsWith(u"lbl") ? static_cast<QWidget*>(new QLabel(this)) : new QLineEdit(this);
       made->setObjectName(control);
     }
   }
@@ -65,8 +62,30 @@ class SearchTest : public support::Company {
     forms::form<T>().showModal();
     support::settle();
   }
-  static StandIn& standIn(const QString& name, const QStringList& controls) {
-    return static_cast<StandIn&>(forms::registry::add(std::make_unique<StandIn>(name, controls)));
+  /// Double clicks on a row of all that a search finds, for callers that stand in for those of other
+  /// programs; "callers" are separated by commas, behind a blank the kind of browsing. Gives what they hold
+  /// then.
+  template <class T>
+  QStringList chosenBy(const QString& callers, const QStringList& controls, int row) {
+    QStringList written;
+    for (const QString& caller : callers.split(QChar(u','))) {
+      const QString name = caller.section(QChar(u' '), 0, 0);
+      contexto().TelaChamadora = name;
+      pesquisa::lembrancas().TipoBrowseProduto = caller.section(QChar(u' '), 1);
+      const auto& form =
+          static_cast<StandIn&>(forms::registry::add(std::make_unique<StandIn>(name, controls)));
+      open<T>([&](T& screen) {
+        support::click(screen.cmdPesquisa);
+        support::doubleClick(screen.Flex, 0);
+        ASSERT_EQ(forms::registry::find(screen.objectName()), &screen) << "the title row chooses nothing";
+        support::doubleClick(screen.Flex, row);
+      });
+      EXPECT_EQ(forms::registry::find(QString::fromUtf16(T::Name)), nullptr);
+      written << form.written();
+      forms::registry::clear();
+    }
+    written.removeDuplicates();
+    return written;
   }
   /// The texts of a column, top to bottom.
   static QString column(forms::FlexGrid* grid, int column) {
@@ -75,18 +94,10 @@ class SearchTest : public support::Company {
     return all.join(u' ');
   }
   static QString row(forms::FlexGrid* grid, int row) {
-    QStringList all;
-    for (int column = 0; column < grid->grid().cols(); ++column) all << grid->grid().text(row, column);
-    return all.join(u'|');
+    QString all = grid->grid().text(row, 0);
+    for (int column = 1; column < grid->grid().cols(); ++column) all += u'|' + grid->grid().text(row, column);
+    return all;
   }
 
   support::Script script;
 };
-
-/// A row of a table of callers: what stands in the caller after a double click.
-struct CallerCase {
-  QString caller;
-  QStringList controls;
-  QString written;
-};
-inline void PrintTo(const CallerCase& one, std::ostream* out) { *out << one.caller.toStdString(); }
