@@ -18,19 +18,9 @@ class frmSample : public forms::Form {
 
  public:
   static constexpr char16_t Name[] = u"frmSample";
-
   frmSample();
+  using forms::Form::onKeyPress;
 
-  template <class T>
-  T* add(T* control, const QString& name) {
-    control->setObjectName(name);
-    layout_->addWidget(control);
-    for (const auto& [event, text] : kEvents) {
-      const QString entry = name + text;
-      on(control, event, [this, entry] { note(entry); });
-    }
-    return control;
-  }
   void note(const QString& entry) {
     log << entry;
     if (const auto act = acts.value(entry)) act();
@@ -38,36 +28,32 @@ class frmSample : public forms::Form {
   /// What has been logged since the last call.
   QString taken() { return std::exchange(log, {}).join(QLatin1Char(' ')); }
 
-  using forms::Form::enterMovesOn;
-  using forms::Form::onKeyPress;
-  using forms::Form::removeCloseEntry;
-  using forms::Form::selectOnFocus;
-
   QStringList log;
   QHash<QString, std::function<void()>> acts;  ///< what a handler does, by its entry in the log
 
  private:
-  struct Logged {
-    forms::Event event;
-    QString text;
-  };
-  static inline const QList<Logged> kEvents{{forms::Event::GotFocus, QStringLiteral("+")},
-                                            {forms::Event::LostFocus, QStringLiteral("-")},
-                                            {forms::Event::Click, QStringLiteral("!")}};
-  QVBoxLayout* layout_;
+  template <class T>
+  T* add(T* control, const char* name) {
+    control->setObjectName(QLatin1String(name));
+    layout_->addWidget(control);
+    using enum forms::Event;
+    for (const auto& [event, sign] : {std::pair(GotFocus, '+'), {LostFocus, '-'}, {Click, '!'}})
+      on(control, event, [this, entry = control->objectName() + QLatin1Char(sign)] { note(entry); });
+    return control;
+  }
+  QVBoxLayout* layout_ = new QVBoxLayout(this);
 
  public:
-  QLineEdit *txtA, *txtB;
-  forms::Combo* cboC;
-  QPlainTextEdit* txtLines;
-  forms::FlexGrid* Flex;
-  QPushButton *cmdOne, *cmdTwo;
-  QFrame* frameOver;
-  QLineEdit* txtOver;
-  QPushButton* cmdClose;
-
- protected:
-  void Form_Load() override { note(QStringLiteral("load")); }
+  QLineEdit* txtA = add(new QLineEdit, "txtA");
+  QLineEdit* txtB = add(new QLineEdit, "txtB");
+  forms::Combo* cboC = add(new forms::Combo, "cboC");
+  QPlainTextEdit* txtLines = add(new QPlainTextEdit, "txtLines");
+  forms::FlexGrid* Flex = add(new forms::FlexGrid, "Flex");
+  QPushButton* cmdOne = add(new QPushButton(QStringLiteral("&One")), "cmdOne");
+  QPushButton* cmdTwo = add(new QPushButton(QStringLiteral("&Two")), "cmdTwo");
+  QFrame* frameOver = new QFrame(this);
+  QLineEdit* txtOver = new QLineEdit(frameOver);
+  QPushButton* cmdClose = new QPushButton(frameOver);
 };
 
 /// A modal screen with a button.
@@ -76,11 +62,11 @@ class frmOther : public forms::Form {
 
  public:
   static constexpr char16_t Name[] = u"frmOther";
-  frmOther();
+  frmOther() : Form(QString::fromUtf16(Name)) {}
   using forms::Form::on;
   using forms::Form::removeCloseEntry;
 
-  QPushButton* cmdGo;
+  QPushButton* cmdGo = new QPushButton(this);
   static inline int loads = 0;
 
  protected:
@@ -89,7 +75,7 @@ class frmOther : public forms::Form {
 
 class FormTest : public ::testing::Test {
  protected:
-  FormTest() : sample(forms::form<frmSample>()) {
+  FormTest() {
     sample.showForm();
     support::settle();
     sample.log.clear();
@@ -98,5 +84,5 @@ class FormTest : public ::testing::Test {
     forms::registry::clear();
     support::settle();
   }
-  frmSample& sample;
+  frmSample& sample = forms::form<frmSample>();
 };
