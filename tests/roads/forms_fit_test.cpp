@@ -1,10 +1,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QScrollArea>
 #include <QTabWidget>
+#include <set>
 
 #include "assembly/frmComposicaoProduto.h"
 #include "assembly/frmConfirmaItem.h"
@@ -32,10 +31,7 @@ namespace {
 // The engine has to know before the application is made.
 const bool prepared = (web::prepare(), true);
 
-struct Screen {
-  const char* name;
-  forms::Form& (*get)();
-};
+using Screen = std::pair<const char*, forms::Form& (*)()>;
 
 template <class T>
 forms::Form& get() {
@@ -59,22 +55,13 @@ constexpr Screen kScreens[] = {
 };
 
 /// Names of controls with what is wrong about them.
-class Faults {
+class Faults : public std::set<QString> {
  public:
   void add(const QWidget& control, const QString& what) {
-    const QString name = control.objectName().isEmpty()
-                             ? QString::fromLatin1(control.metaObject()->className())
-                             : control.objectName();
-    found_.insert(name + u": "_s + what);
+    const QString name = control.objectName();
+    insert((name.isEmpty() ? QString::fromLatin1(control.metaObject()->className()) : name) + u": "_s + what);
   }
-  [[nodiscard]] std::string text() const {
-    QStringList lines(found_.begin(), found_.end());
-    lines.sort();
-    return lines.join(u'\n').toStdString();
-  }
-
- private:
-  QSet<QString> found_;
+  [[nodiscard]] std::string text() const { return QStringList(begin(), end()).join(u'\n').toStdString(); }
 };
 
 bool isPart(const QWidget& control) {
@@ -87,35 +74,35 @@ int widthOf(const QWidget& control, const QString& text) {
 }
 
 void checkCaption(const QWidget& control, Faults& faults) {
+  if (const auto* grid = qobject_cast<const forms::FlexGrid*>(&control)) {
+    for (int column = 0; column < grid->grid().cols(); ++column) {
+      const QString title = grid->grid().text(0, column);
+      if (!grid->isColumnHidden(column) && grid->columnWidth(column) < widthOf(control, title))
+        faults.add(control, u"title \"%1\" clipped"_s.arg(title));
+    }
+    return;
+  }
+  const int line = control.fontMetrics().height();
   QSize needed;
   if (const auto* label = qobject_cast<const QLabel*>(&control)) {
     if (label->text().isEmpty()) return;
     needed = label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
-                               : QSize(widthOf(control, label->text()), control.fontMetrics().height());
+                               : QSize(widthOf(control, label->text()), line);
   } else if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {
     if (button->text().isEmpty()) return;
-    needed = QSize(widthOf(control, button->text()), control.fontMetrics().height());
-    if (button->isCheckable() && button->autoExclusive()) needed.rwidth() = button->sizeHint().width();
+    const bool option = button->isCheckable() && button->autoExclusive();
+    needed = QSize(option ? button->sizeHint().width() : widthOf(control, button->text()), line);
   } else if (const auto* group = qobject_cast<const QGroupBox*>(&control)) {
     needed = QSize(widthOf(control, group->title()), 0);
-  } else if (const auto* grid = qobject_cast<const forms::FlexGrid*>(&control)) {
-    for (int column = 0; column < grid->grid().cols(); ++column) {
-      const QString title = grid->grid().text(0, column);
-      if (!grid->isColumnHidden(column) && grid->columnWidth(column) < widthOf(control, title)) {
-        faults.add(control, u"title \"%1\" clipped"_s.arg(title));
-      }
-    }
-    return;
-  } else if (qobject_cast<const QLineEdit*>(&control) != nullptr || control.inherits("QComboBox")) {
-    needed = QSize(0, control.fontMetrics().height());
+  } else if (control.inherits("QLineEdit") || control.inherits("QComboBox")) {
+    needed = QSize(0, line);
   }
-  if (needed.width() > control.width() || needed.height() > control.height()) {
+  if (needed.width() > control.width() || needed.height() > control.height())
     faults.add(control, u"\"%1\" clipped, %2x%3 of %4x%5"_s.arg(forms::controlText(&control))
                             .arg(control.width())
                             .arg(control.height())
                             .arg(needed.width())
                             .arg(needed.height()));
-  }
 }
 
 /// Captions, overlaps and edges of all that is in sight within a control.
@@ -198,20 +185,17 @@ class FormsFit : public support::Company, public ::testing::WithParamInterface<s
 
 TEST_P(FormsFit, NothingClippedOverlappingOrOutside) {
   const support::Script script;
-  forms::Form& form = std::get<Screen>(GetParam()).get();
+  forms::Form& form = std::get<Screen>(GetParam()).second();
   form.showForm();
   Faults faults;
   walk(form, faults);
-  form.grab().save(QStringLiteral(ZARIM_BINARY_DIR "/fit_%1_%2.png")
-                       .arg(form.objectName())
-                       .arg(std::get<int>(GetParam())));
   EXPECT_EQ(faults.text(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Screens, FormsFit,
                          ::testing::Combine(::testing::ValuesIn(kScreens), ::testing::Values(1, 2)),
                          [](const auto& screen) {
-                           return std::string(std::get<Screen>(screen.param).name) +
+                           return std::string(std::get<Screen>(screen.param).first) +
                                   (std::get<int>(screen.param) == 1 ? "Plain" : "DoubleText");
                          });
 

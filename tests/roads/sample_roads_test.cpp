@@ -91,8 +91,8 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
   environment.insert(u"ZARIM_MAIL_FOLDER"_s, mail);
   environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
   const QString tools = QStringLiteral(ZARIM_BINARY_DIR "/tools/");
-  run(tools + u"zarim_install"_s,
-      {u"--to"_s, drive, u"--day"_s, u"16/03/2026"_s, u"--mail-server"_s, catcher.server()}, environment);
+  QStringList company{u"--to"_s, drive, u"--day"_s, u"16/03/2026"_s, u"--mail-server"_s, catcher.server()};
+  run(tools + u"zarim_install"_s, company, environment);
   const auto& [database, road] = GetParam();
   std::optional<support::TdsServer> server;
   if (database == Database::Server) {
@@ -102,9 +102,7 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
     ASSERT_TRUE(configuration.open(QIODevice::WriteOnly));
     configuration.write(server->configurationLine().append(u"\r\n"_s).repeated(3).toUtf8());
     configuration.close();
-    run(tools + u"zarim_install"_s,
-        {u"--to"_s, drive, u"--day"_s, u"16/03/2026"_s, u"--mail-server"_s, catcher.server(), u"--server"_s},
-        environment);
+    run(tools + u"zarim_install"_s, company << u"--server"_s, environment);
   }
   run(tools + u"zarim_road"_s,
       {u"--pictures"_s, pictures,
