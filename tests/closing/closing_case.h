@@ -33,15 +33,15 @@ class Closing : public support::Company {
     forms::guarded([this] { screen().showModal(); });
   }
 
-  /// Data rows of the instalments, "1 30 33,33 04/04/2024" each.
+  /// Data rows of the instalments, "30 33,33 04/04/2024" each; they are numbered from 1.
   QStringList instalments() {
     using namespace grids::instalment;
     QStringList rows;
     const forms::GridModel& grid = screen().Flex2->grid();
-    for (int row = 1; row < grid.rows(); ++row)
-      rows << QStringList{grid.text(row, Parcela), grid.text(row, Dias), grid.text(row, Valor),
-                          grid.text(row, Vencimento)}
-                  .join(QChar(u' '));
+    for (int row = 1; row < grid.rows(); ++row) {
+      EXPECT_EQ(grid.text(row, Parcela), QString::number(row));
+      rows << grid.text(row, Dias) + u' ' + grid.text(row, Valor) + u' ' + grid.text(row, Vencimento);
+    }
     return rows;
   }
 
