@@ -1,9 +1,9 @@
 #include "messaging/WorkFlow.h"
 
-#include <QFile>
 #include <QJsonArray>
 
 #include "mailing_case.h"
+#include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -31,24 +31,15 @@ class Notices : public Mailing {
 
 }  // namespace
 
-TEST_F(Notices, SubscribersOfAnEvent) {
-  EXPECT_EQ(UsuariosEventoWorkFlow(u"AVISOORCAFECHADO"_s), u"3^7^9^8^"_s);
-  EXPECT_EQ(UsuariosEventoWorkFlow(u"PROJETACOMPRA"_s), u"0^"_s);
-  EXPECT_EQ(UsuariosEventoWorkFlow(u"NADA"_s), u"0^"_s);
-}
-
 TEST_F(Notices, GoToTheSubscribersFromTheCompanysAddress) {
   // The server takes the password in small letters only, as the program sends it.
   const SmtpServer server({u"--login"_s, u"vendas@aurora.example:senha-empresa"_s});
   mailTo(server);
   sql(u"update empr set emai_empr = 'Vendas@Aurora.example', emai_empr_senh = 'Senha-EMPRESA'"_s);
-  QTemporaryDir folder;
-  QFile detail(folder.filePath(u"deta_orca_000123.html"_s));
-  ASSERT_TRUE(detail.open(QIODevice::WriteOnly));
-  detail.write("<html>detalhe</html>");
-  detail.close();
+  const QString detail = contexto().PathDocs + u"deta_orca_000123.html"_s;
+  files::write(detail, "<html>detalhe</html>");
 
-  notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, detail.fileName());
+  notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, detail);
   notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, false);
   ASSERT_EQ(server.messages().size(), 2);
   const QJsonObject full = server.messages()[0];
@@ -68,24 +59,19 @@ TEST_F(Notices, GoToTheSubscribersFromTheCompanysAddress) {
   EXPECT_EQ(server.messages()[1][u"parts"_s].toArray().size(), 1);
 }
 
-TEST_F(Notices, NothingGoesWithoutSubscribersKindOrSender) {
+TEST_F(Notices, NothingGoesWithoutSubscribersKindSenderOrFile) {
   const SmtpServer server;
   mailTo(server);
-  notice(u"PROJETACOMPRA"_s);
-  notice(u"NADA"_s);
+  for (const QString& event : {u"PROJETACOMPRA"_s, u"NADA"_s}) {
+    EXPECT_EQ(UsuariosEventoWorkFlow(event), u"0^"_s);
+    notice(event);
+  }
   notice(u"AVISOORCAFECHADO"_s, u"SMS"_s);
+  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, u"/tmp/gone.html"_s), values::RuntimeError);
   sql(u"update empr set emai_serv = '', emai_empr = null, emai_empr_senh = ''"_s);
   notice(u"AVISOORCAFECHADO"_s);
   EXPECT_TRUE(server.messages().isEmpty());
   // With any of them the message is tried, and what is missing is said.
   sql(u"update empr set emai_empr_senh = 'x'"_s);
   EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s), values::RuntimeError);
-}
-
-TEST_F(Notices, MissingDetailFileStopsTheNotice) {
-  const SmtpServer server;
-  mailTo(server);
-  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, u"/tmp/gone/deta_orca_000123.html"_s),
-               values::RuntimeError);
-  EXPECT_TRUE(server.messages().isEmpty());
 }
