@@ -37,8 +37,6 @@ def read_message(content):
     defects += [defect for name in message.keys() for defect in message[name].defects]
     return {
         "headers": {name.lower(): str(value) for name, value in message.items()},
-        "to": [address.addr_spec for address in message["to"].addresses] if message["to"] else [],
-        "date": message["date"].datetime.isoformat(),
         "parts": [read_part(part) for part in parts],
         "defects": [repr(defect) for defect in defects],
         "longest_line": max(len(line) for line in content.split(b"\r\n")),
