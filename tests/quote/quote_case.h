@@ -19,11 +19,14 @@ class QuoteCase : public support::Company {
   /// A new quote with every field and one assembled line with two materials, a prototype and an honoree.
   void fillNew();
 
-  void addItem(const QStringList& cells);
+  /// Texts of controls, "name=text|name=text".
+  static void expectShown(const forms::Form& form, const QString& fields);
+  /// Cells separated by ";", as those below.
+  void addItem(QString cells);
   void addMaterial(const QString& id, const QString& type, const QString& link);
-  [[nodiscard]] static QStringList cells(const forms::GridModel& grid, int row);
+  [[nodiscard]] static QString cells(const forms::GridModel& grid, int row);
   /// One column of all data rows.
-  [[nodiscard]] static QStringList column(const forms::GridModel& grid, int column);
+  [[nodiscard]] static QString column(const forms::GridModel& grid, int column);
   /// Statements since the last call, without the reads; those of identities stay.
   QStringList writes();
 
