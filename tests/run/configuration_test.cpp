@@ -1,11 +1,8 @@
 #include "run/configuration.h"
 
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <QDir>
-#include <QFile>
-#include <QRandomGenerator>
 #include <csignal>
 #include <optional>
 
@@ -66,115 +63,96 @@ TEST_F(Configuration, ReadsEverythingFromTheInstallRoot) {
   EXPECT_EQ(contexto().PathLink, u"http://www.exemplo.com.br/fotos/");
 }
 
-// What the chosen line of server.ini leads to.
+// What the chosen line of server.ini leads to. Where the reading breaks off, the folders stay empty.
 TEST_F(Configuration, LinesOfServerIni) {
+  enum Outcome { Opens, StaysClosed, BreaksOff };
   const QString other = u"(embutido)^/nada/nada.db^^^MS-SQL^^False^"_s;
+  const QString firebird = u"a^b^c^d^FIREBIRD^server=(embutido);database=%1^False^"_s.arg(databasePath());
   const struct {
-    QString file, ambiente, box;
-    bool open;
-    QString kind, images;
+    QString file, ambiente;
+    Outcome outcome;
+    QString kind;
   } cases[] = {
-      {line() + u"\r\n"_s + other + u"\r\n"_s, u"PRD"_s, {}, true, u"MS-SQL"_s, u"c:\\zarim\\imagens\\"_s},
-      {line(), u""_s, {}, true, u"MS-SQL"_s, u"c:\\zarim\\imagens\\"_s},
-      {other + u"\n"_s + line() + u"\n\n"_s, u"HIST"_s, {}, true, u"MS-SQL"_s, u"c:\\zarim\\imagens\\"_s},
-      {other + u"\n\n  "_s + line() + u"  \n"_s, u"DEV"_s, {}, true, u"MS-SQL"_s, u"c:\\zarim\\imagens\\"_s},
-      {line(u"^^^MSSQL^^True^"_s), u"PRD"_s, {}, true, u"MSSQL"_s, u"c:\\zarim\\imagens\\"_s},
-      {line(u"^^^^^0^"_s), u"PRD"_s, {}, true, u"MS-SQL"_s, u"c:\\zarim\\imagens\\"_s},
-      {u"a^b^c^d^FIREBIRD^server=(embutido);database="_s + databasePath() + u"^False^"_s,
-       u"PRD"_s,
-       {},
-       true,
-       u"FIREBIRD"_s,
-       u"c:\\zarim\\imagens\\"_s},
-      // a kind that is none opens nothing and goes on
-      {line(u"^^^firebird^^False^"_s), u"PRD"_s, {}, false, u"firebird"_s, u"c:\\zarim\\imagens\\"_s},
-      // no switch in field 7: silence, no folders
-      {line(u"^sa^x^MS-SQL^"_s), u"PRD"_s, {}, false, u"MS-SQL"_s, {}},
-      {line(u"^sa^x^MS-SQL^x^"_s), u"PRD"_s, {}, false, u"MS-SQL"_s, {}},
-      {line(u"^sa^x^MS-SQL^x^talvez^"_s), u"PRD"_s, {}, false, u"MS-SQL"_s, {}},
-      {u"so-um-campo"_s, u"PRD"_s, {}, false, u"."_s, {}},
-      {u"\n"_s + line(), u"PRD"_s, kNoLine, false, {}, {}},
-      {u"   \n"_s + line(), u"PRD"_s, kNoLine, false, {}, {}},
-      {line(), u"HIST"_s, kNoLine, false, {}, {}},
-      {line(), u"."_s, kNoLine, false, {}, {}},
-      {line() + u"\n"_s + line() + u"\n"_s + line(), u"prd"_s, kNoLine, false, {}, {}},
-      {u""_s, u"PRD"_s, kNoLine, false, {}, {}},
-      {other, u"PRD"_s, kNoServer, false, u"MS-SQL"_s, {}},
+      {line() + u"\r\n"_s + other + u"\r\n"_s, u"PRD"_s, Opens, u"MS-SQL"_s},
+      {line(), u""_s, Opens, u"MS-SQL"_s},
+      {other + u"\n"_s + line() + u"\n\n"_s, u"HIST"_s, Opens, u"MS-SQL"_s},
+      {other + u"\n\n  "_s + line() + u"  \n"_s, u"DEV"_s, Opens, u"MS-SQL"_s},
+      {line(u"^^^MSSQL^^True^"_s), u"PRD"_s, Opens, u"MSSQL"_s},
+      {line(u"^^^^^0^"_s), u"PRD"_s, Opens, u"MS-SQL"_s},
+      {firebird, u"PRD"_s, Opens, u"FIREBIRD"_s},
+      {line(u"^^^firebird^^False^"_s), u"PRD"_s, StaysClosed, u"firebird"_s},
+      {line(u"^sa^x^MS-SQL^x^"_s), u"PRD"_s, BreaksOff, u"MS-SQL"_s},
+      {line(u"^sa^x^MS-SQL^x^talvez^"_s), u"PRD"_s, BreaksOff, u"MS-SQL"_s},
+      {u"so-um-campo"_s, u"PRD"_s, BreaksOff, u"."_s},
   };
   for (const auto& one : cases) {
     SCOPED_TRACE((one.ambiente + u" | "_s + one.file).toStdString());
     configure(u"server.ini"_s, one.file);
-    support::Script script;
-    if (!one.box.isEmpty()) script.box(one.box).expectEnd(1);
-    EXPECT_EQ(connects(one.ambiente), one.box.isEmpty());
-    EXPECT_EQ(contexto().Conexao.isOpen(), one.open);
+    const support::Script script;
+    EXPECT_TRUE(connects(one.ambiente));
+    EXPECT_EQ(contexto().Conexao.isOpen(), one.outcome == Opens);
     EXPECT_EQ(contexto().TipoBanco, one.kind);
-    EXPECT_EQ(contexto().PathImagens, one.images);
+    EXPECT_EQ(contexto().PathImagens.isEmpty(), one.outcome == BreaksOff);
   }
 }
 
-TEST_F(Configuration, BoxesOfFailures) {
-  {
+// What ends the program, with its box.
+TEST_F(Configuration, Failures) {
+  const QString nobody = u"(embutido)^/nada.db^^^^^0^"_s;
+  const QString linesTitle = u"Falha de Conexão com o Servidor"_s;
+  const struct {
+    QString file, ambiente, box;
+    forms::Icon icon;
+    std::optional<QString> title;
+  } cases[] = {{u"\n"_s + line(), u"PRD"_s, kNoLine, forms::Icon::None, linesTitle},
+               {u"   \n"_s + line(), u"PRD"_s, kNoLine, forms::Icon::None, linesTitle},
+               {line(), u"HIST"_s, kNoLine, forms::Icon::None, linesTitle},
+               {line() + u"\nb\nc"_s, u"prd"_s, kNoLine, forms::Icon::None, linesTitle},
+               {u""_s, u"PRD"_s, kNoLine, forms::Icon::None, linesTitle},
+               {nobody, u"PRD"_s, kNoServer, forms::Icon::Critical, std::nullopt},
+               {{}, u"PRD"_s, kNoAplic, forms::Icon::Critical, u"Zarim 1.2"_s}};
+  for (const auto& one : cases) {
+    SCOPED_TRACE((one.ambiente + u" | "_s + one.file).toStdString());
+    configure(u"server.ini"_s, one.file);
+    if (one.box == kNoAplic) remove(u"server_aplic.ini"_s);
     support::Script script;
-    configure(u"server.ini"_s, u"(embutido)^/nada.db^^^^^0^"_s);
-    script.box(kNoServer).expectEnd(1);
-    connects();
-    EXPECT_EQ(script.lastBox().icon, forms::Icon::Critical);
-    EXPECT_FALSE(script.lastBox().title.has_value());
+    script.box(one.box).expectEnd(1);
+    EXPECT_FALSE(connects(one.ambiente));
+    EXPECT_EQ(script.lastBox().icon, one.icon);
+    EXPECT_EQ(script.lastBox().title, one.title);
   }
-  {
-    support::Script script;
-    configure(u"server.ini"_s, u""_s);
-    script.box(kNoLine).expectEnd(1);
-    connects();
-    EXPECT_EQ(script.lastBox().icon, forms::Icon::None);
-    EXPECT_EQ(script.lastBox().title, u"Falha de Conexão com o Servidor"_s);
-  }
-  support::Script script;
-  remove(u"server_aplic.ini"_s);
-  script.box(kNoAplic).expectEnd(1);
-  EXPECT_FALSE(connects());
-  EXPECT_EQ(script.lastBox().icon, forms::Icon::Critical);
-  EXPECT_EQ(script.lastBox().title, u"Zarim 1.2"_s);
 }
 
-// Where the files are looked for, by what server_aplic.ini says: root "c:\outra\" has its own files, others
-// fall back on the fixed folder.
+// Where the files are looked for, by what server_aplic.ini says: root "c:\outra\" has its own server.ini,
+// others fall back on the fixed folder.
 TEST_F(Configuration, InstallRoots) {
   QDir(drive()).mkpath(u"outra/config"_s);
   files::write(u"c:\\outra\\config\\server.ini"_s, (line(u"^outra^x^^^0^"_s)).toUtf8());
-  const struct {
-    QByteArray aplic;
-    QString user, paths;
-  } cases[] = {
-      {"c:\\^outra\\^", u"outra"_s, u"c:\\zarim\\config\\paths.ini"_s},
-      {"  c:\\ ^ outra\\ ^ \r\nresto", u"outra"_s, u"c:\\zarim\\config\\paths.ini"_s},
+  const std::pair<QByteArray, QString> cases[] = {
+      {"c:\\^outra\\^", u"outra"_s},
+      {"  c:\\ ^ outra\\ ^ \r\nresto", u"outra"_s},
       {"\xEF\xBB\xBF"
        "c:\\^outra\\^\r\n",
-       u"outra"_s, u"c:\\zarim\\config\\paths.ini"_s},
-      {"c:\\^nada\\^", u"sa"_s, u"c:\\zarim\\config\\paths.ini"_s},
-      {"c:\\outra\\", u"sa"_s, u"c:\\zarim\\config\\paths.ini"_s},  // field 2 is "."
-      {"", u"sa"_s, u"c:\\zarim\\config\\paths.ini"_s},
-      {"\n", u"sa"_s, u"c:\\zarim\\config\\paths.ini"_s},
-      {QByteArray("c:\\^\0utra\\^", 11), u"sa"_s, u"c:\\zarim\\config\\paths.ini"_s},  // a bad file name
+       u"outra"_s},
+      {"c:\\^nada\\^", u"sa"_s},
+      {"c:\\outra\\", u"sa"_s},  // field 2 is "."
+      {"", u"sa"_s},
+      {QByteArray("c:\\^\0utra\\^", 11), u"sa"_s},  // a bad file name
   };
-  for (const auto& one : cases) {
-    SCOPED_TRACE(one.aplic.toStdString());
-    write(u"server_aplic.ini"_s, one.aplic);
+  for (const auto& [aplic, user] : cases) {
+    SCOPED_TRACE(aplic.toStdString());
+    write(u"server_aplic.ini"_s, aplic);
     EXPECT_TRUE(connects());
-    EXPECT_TRUE(contexto().Conexao.isOpen());
-    EXPECT_EQ(contexto().UsuarioBanco, one.user);
-    EXPECT_EQ(contexto().ArqPaths, one.paths);
+    EXPECT_EQ(contexto().UsuarioBanco, user);
+    EXPECT_EQ(contexto().ArqPaths, u"c:\\zarim\\config\\paths.ini");
   }
 }
 
 TEST_F(Configuration, FilesMissingShortOrInAnotherEncoding) {
   const struct {
-    std::optional<QByteArray> paths;
+    QByteArray paths;
     QString images, docs;
-  } cases[] = {{std::nullopt, u""_s, u""_s},
-               {"", u""_s, u""_s},
-               {"a", u"."_s, u"."_s},
+  } cases[] = {{"", u""_s, u""_s},
                {"a^b^c:\\fotos\\", u"c:\\fotos\\"_s, u"."_s},
                {"\xEF\xBB\xBF"
                 "a^b^c:\\promo\xC3\xA7\xC3\xB5"
@@ -184,41 +162,36 @@ TEST_F(Configuration, FilesMissingShortOrInAnotherEncoding) {
                 "es\\ ^c^d^e^f^g^h^ c:\\docs\\ \n",
                 u"c:\\promoções\\"_s, u"c:\\docs\\"_s}};
   for (const auto& one : cases) {
-    if (one.paths)
-      write(u"paths.ini"_s, *one.paths);
-    else
-      remove(u"paths.ini"_s);
+    write(u"paths.ini"_s, one.paths);
     EXPECT_TRUE(connects());
-    EXPECT_TRUE(contexto().Conexao.isOpen());
     EXPECT_EQ(contexto().PathImagens, one.images);
     EXPECT_EQ(contexto().PathDocs, one.docs);
   }
-  remove(u"server.ini"_s);
-  EXPECT_TRUE(connects()) << "a file that can't be opened is passed over in silence";
-  EXPECT_FALSE(contexto().Conexao.isOpen());
+  for (const auto& [name, open] : {std::pair{u"paths.ini"_s, true}, {u"server.ini"_s, false}}) {
+    remove(name);
+    EXPECT_TRUE(connects()) << "a file that can't be opened is passed over in silence";
+    EXPECT_EQ(contexto().Conexao.isOpen(), open);
+    EXPECT_EQ(contexto().PathImagens, u"");
+  }
 }
 
 // Three lines and a final line end are read; a fourth line never returns.
 TEST_F(Configuration, AFourthLineNeverReturns) {
-  const auto returns = [&](const QString& file) {
-    configure(u"server.ini"_s, file);
-    const pid_t child = fork();
-    if (child == 0) {
-      std::signal(SIGALRM, SIG_DFL);
-      const itimerval timer{{0, 0}, {0, 700'000}};
-      setitimer(ITIMER_REAL, &timer, nullptr);
-      contexto().Ambiente = u"PRD"_s;
-      ConectaServidor();
-      _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) || WTERMSIG(status) == SIGALRM);
-    return WIFEXITED(status);
-  };
+  configure(u"server.ini"_s, line() + u"\nb\nc\n"_s);
+  EXPECT_TRUE(connects());
+  configure(u"server.ini"_s, line() + u"\nb\nc\n\n"_s);
   reiniciaContexto();
-  EXPECT_TRUE(returns(line() + u"\nb\nc\n"_s));
-  EXPECT_FALSE(returns(line() + u"\nb\nc\n\n"_s));
+  const pid_t child = fork();
+  if (child == 0) {
+    std::signal(SIGALRM, SIG_DFL);
+    alarm(1);
+    contexto().Ambiente = u"PRD"_s;
+    ConectaServidor();
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM);
 }
 
 TEST(Fields, PegaCampo) {
@@ -246,25 +219,6 @@ TEST(Fields, PegaCampo) {
   EXPECT_EQ(PegaCampoDelimitado(u"a;b^;c"_s, 2, u';'), u"b^");
 }
 
-// Fields joined are the fields found again, whatever they hold.
-TEST(Fields, AnyFieldsComeBack) {
-  QRandomGenerator random(99);
-  const QString alphabet = u"a ^\t\r\n.|'\"\0é\U0001F600"_s;
-  for (int i = 0; i < 20'000; ++i) {
-    QStringList fields;
-    for (int n = 1 + random.bounded(8); n > 0; --n) {
-      QString field;
-      for (int length = random.bounded(6); length > 0; --length)
-        field += alphabet[random.bounded(alphabet.size())];
-      fields << field.replace(u'^', u'x');
-    }
-    fields.first().prepend(u'x');  // blanks at the very start are trimmed
-    const QString text = fields.join(u'^') + u'^';
-    for (int n = 1; n <= fields.size(); ++n) ASSERT_EQ(PegaCampo(text, n), fields[n - 1]);
-    ASSERT_EQ(PegaCampo(text, static_cast<int>(fields.size()) + 1), u".");
-  }
-}
-
 TEST_F(Configuration, MarkerAndScreen) {
   EXPECT_EQ(TipoInstalacao(), u"CLIENTE");
   write(u"trevano.TXT"_s, "");
@@ -281,24 +235,6 @@ TEST_F(Configuration, ClosingEndsOnlyAnOpenConnection) {
   }
   support::Script script;
   FechaConexao(u"SAIR"_s);
-}
-
-// Any bytes in the three files: a box and an end, silence, or a connection, never a crash.
-TEST_F(Configuration, AnyBytes) {
-  const QByteArray alphabet("^^^^^(embutido) ;=\\:c\r\t.0\0\xE7\xC3\xA7", 32);
-  QRandomGenerator random(3);
-  forms::setBoxAnswerer([](const forms::Box&) { return forms::Answer::Ok; });
-  forms::setEnd([](int) {});
-  for (int i = 0; i < 400; ++i) {
-    for (const auto& name : {u"server_aplic.ini"_s, u"server.ini"_s, u"paths.ini"_s}) {
-      QByteArray bytes;
-      for (int length = random.bounded(60); length > 0; --length) bytes += alphabet[random.bounded(32)];
-      write(name, bytes.replace('\r', bytes.count('\r') < 3 ? "\r" : " "));
-    }
-    connects();
-  }
-  forms::setBoxAnswerer({});
-  forms::setEnd({});
 }
 
 }  // namespace
