@@ -26,8 +26,9 @@ void frmPropCmrcTL::ligaListas() {
     on(lista.combo, Event::LostFocus, [lista] {
       if (lista.combo->isLocked() || lista.combo->text().isEmpty()) return;
       if (!lista.id(lista.combo->text()).isEmpty()) return;
+      Aviso(QString::fromUtf16(lista.recusa));
       lista.combo->setText({});
-      Aviso(QString::fromUtf16(lista.recusa), lista.combo);
+      focus(lista.combo);
     });
 
   const std::pair<forms::Combo*, void (*)(Form&)> enchidas[] = {{cboTipoEven, &CarregaTiposEvento},
