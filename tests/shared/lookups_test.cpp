@@ -116,10 +116,7 @@ INSTANTIATE_TEST_SUITE_P(Members, OneKey, ::testing::ValuesIn(kMembers),
                          [](const auto& member) { return std::string(member.param.name); });
 
 TEST_F(Lookups, CompanyRow) {
-  const struct {
-    QString (*call)();
-    QString found;
-  } cases[] = {
+  const std::pair<QString (*)(), QString> cases[] = {
       {ServidorEmail, u"smtp.aurora.example"_s},
       {NomeConhecidoEmpresa, u"Aurora"_s},
       {EmailEmpresa, u"vendas@aurora.example"_s},
@@ -129,10 +126,9 @@ TEST_F(Lookups, CompanyRow) {
       {DadosEmpresaTexto,
        u"Presentes Aurora Ltda^11.222.333/0001-81^110.042.490.114^Rua das Flores, 10^Campinas^SP^13010-000^"
        "(19) 3200-1000^(19) 3200-1001^vendas@aurora.example^www.aurora.example^"_s}};
-  for (const auto& one : cases) EXPECT_EQ(one.call(), one.found);
+  for (const auto& [call, found] : cases) EXPECT_EQ(call(), found);
   sql(u"UPDATE empr SET data_desa = '20240101'"_s);
-  EXPECT_EQ(EmailEmpresa(), u"") << "a company that was deactivated is no company";
-  EXPECT_EQ(DadosEmpresaTexto(), u"");
+  EXPECT_EQ(EmailEmpresa() + DadosEmpresaTexto(), u"") << "a company that was deactivated is no company";
 }
 
 TEST_F(Lookups, ContactsBelongToTheirCustomer) {
@@ -182,15 +178,12 @@ TEST_F(Lookups, UserNameGuardsItsQuery) {
 }
 
 TEST_F(Lookups, PicturesInTheirThreeForms) {
-  const auto put = [](const QString& name) { files::write(u"c:\\zarim\\imagens\\"_s + name, "x"); };
   EXPECT_EQ(LocalizaImagemProduto(u"CX-100"_s), u"c:\\zarim\\imagens\\sem_imagem.jpg");
   EXPECT_FALSE(LocalizaImagemPrototipo(u"CX-100"_s));
-  put(u"cx-100s3.jpg"_s);
-  EXPECT_EQ(LocalizaImagemProduto(u" CX-100 "_s), u"c:\\zarim\\imagens\\CX-100S3.jpg");
-  put(u"CX-100W2.JPG"_s);
-  EXPECT_EQ(LocalizaImagemProduto(u"CX-100"_s), u"c:\\zarim\\imagens\\CX-100W2.jpg");
-  put(u"CX-100.jpg"_s);
-  EXPECT_EQ(LocalizaImagemProduto(u"CX-100"_s), u"c:\\zarim\\imagens\\CX-100.jpg");
+  for (const auto& name : {u"CX-100S3.jpg"_s, u"CX-100W2.jpg"_s, u"CX-100.jpg"_s}) {
+    files::write(u"c:\\zarim\\imagens\\"_s + name.toLower(), "x");
+    EXPECT_EQ(LocalizaImagemProduto(u" CX-100 "_s), u"c:\\zarim\\imagens\\"_s + name);
+  }
   EXPECT_TRUE(LocalizaImagemPrototipo(u"CX-100"_s));
 }
 

@@ -42,11 +42,9 @@ TEST(Text, Keys) {
 }
 
 TEST(Text, NumbersAndMoney) {
-  const struct {
-    QString text;
-    double value;
-  } cases[] = {{u"12,5"_s, 12.5}, {u"1.234,50"_s, 1.234}, {u"abc"_s, 0}, {u""_s, 0}, {u" 3%"_s, 3}};
-  for (const auto& one : cases) EXPECT_EQ(LeNumero(one.text), one.value) << one.text.toStdString();
+  const std::pair<QString, double> cases[] = {
+      {u"12,5"_s, 12.5}, {u"1.234,50"_s, 1.234}, {u"abc"_s, 0}, {u""_s, 0}, {u" 3%"_s, 3}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(LeNumero(text), value) << text.toStdString();
   EXPECT_EQ(Moeda(1.005), u"1,01");
   EXPECT_EQ(Moeda(u"12.5"_s), u"125,00") << "the regional conversion takes the point as grouping";
   EXPECT_EQ(Moeda(u""_s), u"");
@@ -59,19 +57,17 @@ TEST(Text, NumbersAndMoney) {
 
 TEST(Text, DatesAreCompleted) {
   values::setClock([] { return values::toDate(u"20/02/2024 08:30"); });
-  const struct {
-    QString typed, completed;
-  } cases[] = {{u"__/__/____"_s, u"__/__/____"_s},
-               {u"__/__/____ __:__"_s, u"__/__/____ __:__"_s},
-               {u"15/__/____"_s, u"06/03/2024"_s},
-               {u"15/03/____"_s, u"06/03/2024"_s},
-               {u"1_/__/____"_s, u"21/02/2024"_s},
-               {u"__/03/____"_s, u"20/02/2024"_s},
-               {u"15/__/____ __:__"_s, u"06/03/2024 08:30"_s},
-               {u"31/02/2024"_s, u"31/02/2024"_s},
-               {u"15/03/20__"_s, u"15/03/20__"_s},
-               {u""_s, u""_s}};
-  for (const auto& one : cases) EXPECT_EQ(ValidaDataMascara(one.typed), one.completed);
+  const std::pair<QString, QString> cases[] = {{u"__/__/____"_s, u"__/__/____"_s},
+                                               {u"__/__/____ __:__"_s, u"__/__/____ __:__"_s},
+                                               {u"15/__/____"_s, u"06/03/2024"_s},
+                                               {u"15/03/____"_s, u"06/03/2024"_s},
+                                               {u"1_/__/____"_s, u"21/02/2024"_s},
+                                               {u"__/03/____"_s, u"20/02/2024"_s},
+                                               {u"15/__/____ __:__"_s, u"06/03/2024 08:30"_s},
+                                               {u"31/02/2024"_s, u"31/02/2024"_s},
+                                               {u"15/03/20__"_s, u"15/03/20__"_s},
+                                               {u""_s, u""_s}};
+  for (const auto& [typed, completed] : cases) EXPECT_EQ(ValidaDataMascara(typed), completed);
   values::setClock({});
 }
 

@@ -56,34 +56,32 @@ TEST_F(Files, AFileMadeAfterAFailedLookIsFound) {
 }
 
 TEST_F(Files, LinesOfEveryKind) {
-  const struct {
-    QByteArray bytes;
-    QStringList lines;
-  } cases[] = {{"", {}},
-               {"\n", {u""_s}},
-               {"a\r\nb\r\n", {u"a"_s, u"b"_s}},
-               {"a\rb", {u"a"_s, u"b"_s}},
-               {"a\n\nb\n\n", {u"a"_s, u""_s, u"b"_s, u""_s}},
-               {"\xEF\xBB\xBFpre\xC3\xA7o\n", {u"preço"_s}},
-               {"pre\xE7o \x80\n", {u"preço €"_s}}};
-  for (const auto& one : cases) {
-    files::write(u"c:\\linhas.txt"_s, one.bytes);
-    EXPECT_EQ(files::readLines(u"c:\\linhas.txt"_s), one.lines) << one.bytes.constData();
+  const std::pair<QByteArray, QStringList> cases[] = {{"", {}},
+                                                      {"\n", {u""_s}},
+                                                      {"a\r\nb\r\n", {u"a"_s, u"b"_s}},
+                                                      {"a\rb", {u"a"_s, u"b"_s}},
+                                                      {"a\n\nb\n\n", {u"a"_s, u""_s, u"b"_s, u""_s}},
+                                                      {"\xEF\xBB\xBFpre\xC3\xA7o\n", {u"preço"_s}},
+                                                      {"pre\xE7o \x80\n", {u"preço €"_s}}};
+  for (const auto& [bytes, lines] : cases) {
+    files::write(u"c:\\linhas.txt"_s, bytes);
+    EXPECT_EQ(files::readLines(u"c:\\linhas.txt"_s), lines) << bytes.constData();
   }
 }
 
 TEST_F(Files, FaultsHaveTheirNumbers) {
-  EXPECT_EQ(errorOf([] { static_cast<void>(files::readAll(u"c:\\nada.txt"_s)); }), values::kFileNotFound);
-  EXPECT_EQ(errorOf([] { static_cast<void>(files::readAll(u"c:\\sem\\nada.txt"_s)); }),
-            values::kPathNotFound);
-  EXPECT_EQ(errorOf([] { files::append(u"c:\\sem\\nada.txt"_s, "x"); }), values::kPathNotFound);
-  EXPECT_EQ(errorOf([] { files::write(u"c:\\sem\\nada.txt"_s, "x"); }), values::kPathNotFound);
-  EXPECT_EQ(errorOf([] { files::remove(u"c:\\nada.txt"_s); }), values::kFileNotFound);
   QDir(folder_.path()).mkdir(u"pasta"_s);
-  EXPECT_EQ(errorOf([] { static_cast<void>(files::readAll(u"c:\\pasta"_s)); }), values::kPathFileAccess);
-  EXPECT_EQ(errorOf([] { files::write(u"c:\\pasta"_s, "x"); }), values::kPathFileAccess);
-  EXPECT_EQ(errorOf([] { files::append(u"/dev/full"_s, "x"); }), values::kDiskFull);
-  files::removeIfThere(u"c:\\nada.txt"_s);
+  const std::pair<std::function<void()>, int> faults[] = {
+      {[] { (void)files::readAll(u"c:\\nada.txt"_s); }, values::kFileNotFound},
+      {[] { (void)files::readAll(u"c:\\sem\\nada.txt"_s); }, values::kPathNotFound},
+      {[] { files::append(u"c:\\sem\\nada.txt"_s, "x"); }, values::kPathNotFound},
+      {[] { files::write(u"c:\\sem\\nada.txt"_s, "x"); }, values::kPathNotFound},
+      {[] { files::remove(u"c:\\nada.txt"_s); }, values::kFileNotFound},
+      {[] { (void)files::readAll(u"c:\\pasta"_s); }, values::kPathFileAccess},
+      {[] { files::write(u"c:\\pasta"_s, "x"); }, values::kPathFileAccess},
+      {[] { files::append(u"/dev/full"_s, "x"); }, values::kDiskFull},
+      {[] { files::removeIfThere(u"c:\\nada.txt"_s); }, 0}};
+  for (const auto& [call, number] : faults) EXPECT_EQ(errorOf(call), number);
 }
 
 TEST_F(Files, AppendingAndReplacing) {

