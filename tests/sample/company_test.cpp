@@ -1,7 +1,6 @@
 #include "sample/company.h"
 
 #include <gtest/gtest.h>
-#include <QColor>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -60,195 +59,103 @@ TEST_F(SampleCompany, HasWhatAPersonAtWorkNeeds) {
     int most = 1000;
   };
   static constexpr Need needs[] = {
-      {u"clie where data_desa is null", 12, 12},
-      {u"(select distinct idpess from pess_cont) c, clie where clie.idpess = c.idpess and data_desa is null",
-       12, 12},
-      {u"vend where data_desa is null", 5, 5},
-      {u"trpt where data_desa is null", 2},
+      {u"clie where data_desa is null and idpess in (select idpess from pess_cont)", 12, 12},
       {u"(select distinct qtde_deci from unid)", 4, 4},
       {u"prod where prod_mate_prim = 'P' and data_desa is null", 60, 60},
-      {u"prod where data_desa is not null", 1},
+      {u"(select 1 from prod where prod_mate_prim = 'M' and data_desa is null group by tipo_mate_prima "
+       "having count(*) = 20)",
+       6, 6},
       {u"(select distinct idmoed from camb where data_desa is null and idmoed > 1)", 2, 2},
       {u"(select idmoed from camb group by idmoed having count(*) = count(data_desa))", 1, 1},
       {u"prot", 40, 40},
-      {u"(select distinct idcole from prot)", 6, 6},
-      {u"prot where idprod > 0", 3},
-      {u"prot where idprod = 0", 1},
       {u"prot where data_desa is not null", 2},
       {u"prot where data_inut is not null and data_desa is null", 2},
-      {u"(select distinct idprot from prot_kit0)", 5},
-      {u"prot_kit0 where idprod = 0 and desc_nprod is not null", 1},
-      {u"(select distinct idprod from prod_kit0)", 3},
-      {u"cond_pgto where data_desa is not null", 1, 1},
-      {u"cor_sist", 2},
+      {u"(select distinct qtde_parc from cond_pgto where data_desa is null and qtde_parc in (1, 2, 3, 6))",
+       4},
       {u"work_even, work_even_usen, usen where work_even.idwork_even = work_even_usen.idwork_even and "
-       u"usen.idusen = work_even_usen.idusen and work_even_usen.data_desa is null and emai_user is not null "
-       u"and "
-       u"codi_work_even in ('PROJETACOMPRA', 'AVISOORCAFECHADO', 'AVISOORCAFECHADOFULL')",
+       "usen.idusen = work_even_usen.idusen and work_even_usen.data_desa is null and emai_user is not null",
        5},
-      {u"pedi_veds, pedi_veds_deta where pedi_veds.idpedi_veds = pedi_veds_deta.idpedi_veds", 2},
-      {u"cota_comp, cota_comp_deta where cota_comp.idcota_comp = cota_comp_deta.idcota_comp", 2},
-      {u"pedi_comp, pedi_comp_deta where pedi_comp.idpedi_comp = pedi_comp_deta.idpedi_comp", 2},
       // Quotes: open, partly approved, closed, closed with an order, deactivated, showroom.
-      {u"prop_cmrc", 12, 20},
-      {u"prop_cmrc q where data_fech is null and data_desa is null and not exists (select 1 from "
-       u"prop_cmrc_deta d "
-       u"where d.idprop_cmrc = q.idprop_cmrc and data_aprov is not null)",
+      {u"prop_cmrc q where data_fech is null and data_desa is null and 0 = (select count(data_aprov) from "
+       "prop_cmrc_deta d where d.idprop_cmrc = q.idprop_cmrc)",
        3},
-      {u"prop_cmrc q where data_fech is null and data_desa is null and exists (select 1 from prop_cmrc_deta "
-       u"d "
-       u"where d.idprop_cmrc = q.idprop_cmrc and data_aprov is not null) and exists (select 1 from "
-       u"prop_cmrc_deta d "
-       u"where d.idprop_cmrc = q.idprop_cmrc and data_aprov is null)",
+      {u"prop_cmrc q where data_fech is null and data_desa is null and exists (select count(*) from "
+       "prop_cmrc_deta d where d.idprop_cmrc = q.idprop_cmrc having count(data_aprov) between 1 and "
+       "count(*) - 1)",
        3},
       {u"prop_cmrc where data_fech is not null and idprop_cmrc not in (select idprop_cmrc from pedi_veds)",
        1},
       {u"prop_cmrc where data_fech is not null and idprop_cmrc in (select idprop_cmrc from pedi_veds)", 2},
-      {u"prop_cmrc where data_desa is not null", 2},
-      {u"prop_cmrc where show_excl = 'S'", 1},
-      {u"prop_cmrc_homg", 5},
-      {u"prop_cmrc_deta where prod_prot = 'PROT'", 3},
-      {u"(select distinct idprop_cmrc_deta from prop_cmrc_deta_monta)", 20}};
+      {u"(select distinct idprop_cmrc_deta from prop_cmrc_deta_monta)", 20},
+      // Promotions count from the day of the installation.
+      {u"prod where data_limi_prom > '20260316'", 1},
+      {u"prod where data_limi_prom = '20260316'", 1},
+      {u"prod where data_limi_prom < '20260316'", 1},
+      {u"prop_cmrc where data_prop_cmrc > '20260316'", 0, 0}};
   for (const Need& need : needs) {
     const int found = count(need.from);
     EXPECT_TRUE(found >= need.least && found <= need.most)
         << QString::fromUtf16(need.from).toStdString() << ": " << found;
   }
-  for (const int instalments : {1, 2, 3, 6})
-    EXPECT_NE(ask(u"select idcond_pgto from cond_pgto where data_desa is null and qtde_parc = %1"_s.arg(
-                  instalments)),
-              QString());
-}
-
-TEST_F(SampleCompany, HasTwentyMaterialsOfEachClassThatTheProgramSearchesFor) {
-  for (const char16_t* name :
-       {u"CONTEÚDO COMESTÍVEL", u"CONTEÚDO NÃO COMESTÍVEL", u"FECHAMENTO", u"CARD", u"ADEREÇO", u"OUTROS"})
-    EXPECT_EQ(
-        ask(u"select count(*) from prod where prod_mate_prim = 'M' and data_desa is null and tipo_mate_prima = '%1'"_s
-                .arg(QString::fromUtf16(name))),
-        u"20"_s);
 }
 
 TEST_F(SampleCompany, ItsNumbersAgreeWithEachOther) {
   static constexpr const char16_t* faults[] = {
       // A line is quantity times net price, and net is gross less discount.
       u"prop_cmrc_deta where abs(valo_tota - qtde * valo_liqu) > 0.005 or abs(valo_liqu - valo_unit + "
-      u"valo_dect) > 0.005",
+      "valo_dect) > 0.005",
       u"prop_cmrc_deta_monta where abs(valo_tota - qtde * valo_unit) > 0.00501",
       // An assembled line is worth its materials, has one product, and it is that product.
-      u"prop_cmrc_deta d where idprop_cmrc_deta in (select idprop_cmrc_deta from prop_cmrc_deta_monta) and "
-      u"abs(valo_unit - (select sum(m.valo_tota) from prop_cmrc_deta_monta m "
-      u"where m.idprop_cmrc_deta = d.idprop_cmrc_deta)) > 0.005",
-      u"prop_cmrc_deta d where idprop_cmrc_deta in (select idprop_cmrc_deta from prop_cmrc_deta_monta) and "
-      u"1 <> (select count(*) from prop_cmrc_deta_monta m where m.idprop_cmrc_deta = d.idprop_cmrc_deta and "
-      u"m.tipo_mate_prima = 'PRODUTO' and m.idprod = d.idprodprot and m.idprop_cmrc = d.idprop_cmrc)",
+      u"prop_cmrc_deta d where exists (select count(*) from prop_cmrc_deta_monta m where m.idprop_cmrc_deta = "
+      "d.idprop_cmrc_deta having abs(sum(m.valo_tota) - d.valo_unit) > 0.005 or 1 <> "
+      "sum(m.tipo_mate_prima = 'PRODUTO' and m.idprod = d.idprodprot and m.idprop_cmrc = d.idprop_cmrc))",
       u"prop_cmrc_deta_monta m, prod where prod.idprod = m.idprod and m.tipo_mate_prima <> 'PRODUTO' and "
-      u"(prod.tipo_mate_prima <> m.tipo_mate_prima or prod.prod_mate_prim <> 'M')",
-      u"(select idprop_cmrc_deta from prop_cmrc_deta_monta group by idprop_cmrc_deta, idprod having count(*) "
-      u"> 1)",
+      "(prod.tipo_mate_prima <> m.tipo_mate_prima or prod.prod_mate_prim <> 'M')",
       // Instalments add up to the approved total less the discount; a confirmed condition has them all.
       u"prop_cmrc q where idcond_pgto is not null and abs((select sum(p.valo_parc) from prop_cmrc_parc p "
-      u"where "
-      u"p.idprop_cmrc = q.idprop_cmrc) - (select sum(d.valo_tota) from prop_cmrc_deta d where d.idprop_cmrc "
-      u"= "
-      u"q.idprop_cmrc and data_aprov is not null) + coalesce(valo_dect, 0)) > 0.005",
+      "where p.idprop_cmrc = q.idprop_cmrc) - (select sum(d.valo_tota) from prop_cmrc_deta d where "
+      "d.idprop_cmrc = q.idprop_cmrc and data_aprov is not null) + coalesce(valo_dect, 0)) > 0.005",
       u"prop_cmrc q, cond_pgto c where q.idcond_pgto = c.idcond_pgto and c.qtde_parc <> (select count(*) "
-      u"from "
-      u"prop_cmrc_parc p where p.idprop_cmrc = q.idprop_cmrc)",
+      "from prop_cmrc_parc p where p.idprop_cmrc = q.idprop_cmrc)",
       u"cond_pgto c where qtde_parc <> (select count(*) from cond_pgto_deta d where d.idcond_pgto = "
-      u"c.idcond_pgto)",
+      "c.idcond_pgto)",
       // An approved prototype carries the mark of the quote that approved it.
-      u"prop_cmrc_deta d, prot where d.prod_prot = 'PROT' and prot.idprot = d.idprodprot and d.data_aprov is "
-      u"not null "
-      u"and (prot.data_aprv is null or prot.prop_cmrc_aprv <> d.idprop_cmrc)",
+      u"prop_cmrc_deta d, prot where d.prod_prot = 'PROT' and prot.idprot = d.idprodprot and d.data_aprov "
+      "is not null and (prot.data_aprv is null or prot.prop_cmrc_aprv <> d.idprop_cmrc)",
       // An order holds the approved lines of its quote.
       u"pedi_veds o where (select sum(valo_tota) from pedi_veds_deta d where d.idpedi_veds = o.idpedi_veds) "
-      u"<> "
-      u"(select sum(valo_tota) from prop_cmrc_deta q where q.idprop_cmrc = o.idprop_cmrc and data_aprov is "
-      u"not null)"};
+      "<> (select sum(valo_tota) from prop_cmrc_deta q where q.idprop_cmrc = o.idprop_cmrc and data_aprov "
+      "is not null)"};
   for (const char16_t* fault : faults) EXPECT_EQ(count(fault), 0) << QString::fromUtf16(fault).toStdString();
-}
-
-TEST_F(SampleCompany, ItsKeysLeadSomewhere) {
-  struct Key {
-    const char16_t* table;
-    const char16_t* column;
-    const char16_t* target;
-    const char16_t* targetColumn;
-  };
-  static constexpr Key keys[] = {
-      {u"prop_cmrc", u"idvend", u"vend", u"idvend"},
-      {u"prop_cmrc", u"idclie", u"clie", u"idclie"},
-      {u"prop_cmrc", u"idclie_cont", u"clie_cont", u"idclie_cont"},
-      {u"prop_cmrc", u"idtipo_even", u"tipo_even", u"idtipo_even"},
-      {u"prop_cmrc", u"idresv_prop_cmrc", u"usen", u"idusen"},
-      {u"prop_cmrc", u"idtrpt", u"trpt", u"idtrpt"},
-      {u"prop_cmrc_deta", u"idprop_cmrc", u"prop_cmrc", u"idprop_cmrc"},
-      {u"prop_cmrc_deta_monta", u"idprop_cmrc_deta", u"prop_cmrc_deta", u"idprop_cmrc_deta"},
-      {u"prop_cmrc_homg", u"idprop_cmrc", u"prop_cmrc", u"idprop_cmrc"},
-      {u"pedi_veds", u"idprop_cmrc", u"prop_cmrc", u"idprop_cmrc"},
-      {u"prod", u"idunid", u"unid", u"idunid"},
-      {u"prod", u"idcole", u"cole", u"idcole"},
-      {u"prod", u"idclas_fisc", u"clas_fisc", u"idclas_fisc"},
-      {u"prot", u"idunid", u"unid", u"idunid"},
-      {u"prot", u"idclie", u"clie", u"idclie"},
-      {u"prot", u"idprod", u"prod", u"idprod"},
-      {u"prod_kit0", u"idprod_kit0", u"prod", u"idprod"},
-      {u"prot_kit0", u"idprod", u"prod", u"idprod"},
-      {u"clie", u"idpess", u"pess", u"idpess"},
-      {u"vend", u"idpess", u"pess", u"idpess"},
-      {u"trpt", u"idpess", u"pess", u"idpess"},
-      {u"forn", u"idpess", u"pess", u"idpess"},
-      {u"pess_cont", u"idpess", u"pess", u"idpess"}};
-  for (const Key& key : keys) {
-    const QString column = QString::fromUtf16(key.column);
+  const QString keys =
+      u"prop_cmrc.idvend=vend.idvend prop_cmrc.idclie=clie.idclie prop_cmrc.idresv_prop_cmrc=usen.idusen "
+      "prop_cmrc_deta.idprop_cmrc=prop_cmrc.idprop_cmrc pedi_veds.idprop_cmrc=prop_cmrc.idprop_cmrc "
+      "prop_cmrc_deta_monta.idprop_cmrc_deta=prop_cmrc_deta.idprop_cmrc_deta prod.idunid=unid.idunid "
+      "prot.idunid=unid.idunid prot.idprod=prod.idprod prod_kit0.idprod_kit0=prod.idprod "
+      "prot_kit0.idprod=prod.idprod clie.idpess=pess.idpess vend.idpess=pess.idpess"_s;
+  for (const QString& key : keys.split(u' ')) {
+    const QStringList parts = QString(key).replace(u'=', u'.').split(u'.');
     EXPECT_EQ(ask(u"select count(*) from %1 where %2 > 0 and %2 not in (select %4 from %3)"_s.arg(
-                  QString::fromUtf16(key.table), column, QString::fromUtf16(key.target),
-                  QString::fromUtf16(key.targetColumn))),
+                  parts[0], parts[1], parts[2], parts[3])),
               u"0"_s)
-        << QString::fromUtf16(key.table).toStdString() << '.' << column.toStdString();
+        << key.toStdString();
   }
-  EXPECT_EQ(count(u"prop_cmrc_deta where prod_prot = 'PROD' and idprodprot not in (select idprod from prod)"),
-            0);
-  EXPECT_EQ(count(u"prop_cmrc_deta where prod_prot = 'PROT' and idprodprot not in (select idprot from prot)"),
-            0);
 }
 
-TEST_F(SampleCompany, DatesCountFromTheDayOfTheInstallation) {
-  EXPECT_GT(ask(u"select count(*) from prod where data_limi_prom > '20260316'"_s).toInt(), 0);
-  EXPECT_GT(ask(u"select count(*) from prod where data_limi_prom = '20260316'"_s).toInt(), 0);
-  EXPECT_GT(ask(u"select count(*) from prod where data_limi_prom < '20260316'"_s).toInt(), 0);
-  EXPECT_GT(ask(u"select count(*) from prod where data_limi_prom is null and perc_dect > 0"_s).toInt(), 0);
-  EXPECT_EQ(ask(u"select data_prop_cmrc from prop_cmrc order by data_prop_cmrc desc"_s), u"16/03/2026"_s);
-}
-
-TEST_F(SampleCompany, TextsAreFoundWhateverTheirCase) {
-  EXPECT_EQ(ask(u"SELECT IDPESS FROM PESS WHERE NOME_PESS = 'ESPAÇO JARDIM DAS FIGUEIRAS EVENTOS LTDA'"_s),
-            u"14"_s);
-  EXPECT_EQ(ask(u"SELECT IDCOLE FROM COLE WHERE DESC_COLE = 'CASAR CLÁSSICO'"_s), u"1"_s);
-}
-
-double luminance(const QColor& colour) {
-  const auto linear = [](double part) {
+double luminance(int number) {  // blue-green-red
+  const auto linear = [number](int shift) {
+    const double part = (number >> shift & 0xff) / 255.0;
     return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
   };
-  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+  return 0.2126 * linear(0) + 0.7152 * linear(8) + 0.0722 * linear(16);
 }
 
 TEST_F(SampleCompany, ItsThemesAreReadable) {
-  const auto colour = [](const QString& number) {
-    const int value = number.toInt();  // blue-green-red
-    return QColor(value & 0xff, value >> 8 & 0xff, value >> 16);
-  };
-  EXPECT_EQ(
-      ask(u"select count(*) from cor_sist, empr_cnfg where nome_para = 'COR_PADRAO' and valo_para = desc_cor_sist"_s),
-      u"1"_s);
-  for (data::Recordset theme = contexto().Conexao.query(u"select * from cor_sist"_s); !theme.eof();
-       theme.moveNext())
-    for (const char16_t* pair : {u"0001", u"0002"}) {
-      const QString number = QString::fromUtf16(pair);
-      const double back = luminance(colour(theme.text(u"codi_back_"_s + number)));
-      const double fore = luminance(colour(theme.text(u"codi_fore_"_s + number)));
+  EXPECT_EQ(count(u"cor_sist, empr_cnfg where nome_para = 'COR_PADRAO' and valo_para = desc_cor_sist"), 1);
+  for (auto theme = contexto().Conexao.query(u"select * from cor_sist"_s); !theme.eof(); theme.moveNext())
+    for (const auto& pair : {u"0001"_s, u"0002"_s}) {
+      const double back = luminance(theme.text(u"codi_back_"_s + pair).toInt());
+      const double fore = luminance(theme.text(u"codi_fore_"_s + pair).toInt());
       EXPECT_GE((back + 0.05) / (fore + 0.05), 7.0) << theme.text(u"desc_cor_sist").toStdString();
     }
 }
@@ -256,56 +163,31 @@ TEST_F(SampleCompany, ItsThemesAreReadable) {
 TEST_F(SampleCompany, ItsConfigurationNamesWhatIsThere) {
   const RunContext& context = contexto();
   EXPECT_TRUE(context.Conexao.isOpen());
-  EXPECT_EQ(context.NomeBanco, QString::fromUtf16(sample::kDatabase));
-  EXPECT_FALSE(context.TiraAcento);
   EXPECT_TRUE(files::exists(context.ArqSemImagem));
   for (const QString& folder :
-       {context.PathImagens, context.PathImagens2, context.PathDocs, context.PathWeb, context.PathLink}) {
-    EXPECT_TRUE(folder.endsWith(u'\\')) << folder.toStdString();
-    EXPECT_TRUE(QDir(files::resolve(folder)).exists()) << folder.toStdString();
-  }
-  for (const QString& environment : {u"HIST"_s, u"DEV"_s}) {
-    reiniciaContexto();
-    contexto().Ambiente = environment;
-    ConectaServidor();
-    EXPECT_EQ(count(u"prot"), 40) << environment.toStdString();
-  }
-  reiniciaContexto();
-  contexto().Ambiente = u"PRD"_s;
-  ConectaServidor();
+       {context.PathImagens, context.PathImagens2, context.PathDocs, context.PathWeb, context.PathLink})
+    EXPECT_TRUE(folder.endsWith(u'\\') && QDir(files::resolve(folder)).exists()) << folder.toStdString();
 }
 
 TEST_F(SampleCompany, ItsPicturesAreThoseOfItsArticles) {
   const sample::Rows rows = sample::pictures();
-  int plain = 0;
-  int otherName = 0;
-  int furtherViews = 0;
   for (std::size_t i = 0; i < rows.rows.size(); ++i) {
     const QString& code = rows.at(i, u"code");
+    SCOPED_TRACE(code.toStdString());
     EXPECT_NE(
-        ask(u"select codi_prod from prod where codi_prod = '%1' union select 'x' from prot where idprot = '%2'"_s
-                .arg(code, QString::number(code.toInt()))),
-        QString())
-        << code.toStdString();
-    const QString& variant = rows.at(i, u"variant");
-    ++(variant.isEmpty() ? plain : otherName);
-    furtherViews += static_cast<int>(rows.at(i, u"views").size());
-    EXPECT_EQ(QFile::exists(path(u"imagens/%1.jpg"_s.arg(code))), variant.isEmpty());
-    for (const QString& name : {u"imagens/%1%2.jpg"_s.arg(code, variant), u"imagens2/%1_g.jpg"_s.arg(code),
-                                u"web/%1.jpg"_s.arg(code)})
-      EXPECT_FALSE(QImage(path(name)).isNull()) << name.toStdString();
-    for (const QChar view : rows.at(i, u"views"))
-      EXPECT_FALSE(QImage(path(u"imagens/%1_%2.jpg"_s.arg(code).arg(view))).isNull()) << code.toStdString();
+        ask(u"select codi_prod from prod where codi_prod = '%1' union select 'x' from prot where idprot "
+            "= '%2'"_s.arg(code, QString::number(code.toInt()))),
+        QString());
+    QStringList names{u"imagens/%1%2.jpg"_s.arg(code, rows.at(i, u"variant")),
+                      u"imagens2/%1_g.jpg"_s.arg(code), u"web/%1.jpg"_s.arg(code)};
+    for (const QChar view : rows.at(i, u"views")) names << u"imagens/%1_%2.jpg"_s.arg(code).arg(view);
+    for (const QString& name : names) EXPECT_FALSE(QImage(path(name)).isNull()) << name.toStdString();
   }
-  EXPECT_GT(plain, 50);
-  EXPECT_GT(otherName, 3);
-  EXPECT_GT(furtherViews, 30);
-  EXPECT_GT(count(u"prod where prod_mate_prim = 'P'") + count(u"prot"), static_cast<int>(rows.rows.size()))
-      << "some have none";
+  EXPECT_GT(rows.rows.size(), 50U);
   EXPECT_EQ(QImage(path(u"imagens/logomartatavora283x127.jpg"_s)).size(), QSize(283, 127));
-  for (const char16_t* name :
-       {u"imagens/logo_cliente.jpg", u"web/logo_cliente.jpg", u"web/imagem_branco.jpg"})
-    EXPECT_FALSE(QImage(path(QString::fromUtf16(name))).isNull());
+  for (const auto& name :
+       {u"imagens/logo_cliente.jpg"_s, u"web/logo_cliente.jpg"_s, u"web/imagem_branco.jpg"_s})
+    EXPECT_FALSE(QImage(path(name)).isNull());
 }
 
 TEST(Installer, StartsAfreshOnlyWhenAskedTo) {
