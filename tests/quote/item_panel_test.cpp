@@ -23,46 +23,30 @@ class Panel : public QuoteCase {
     screen->txtCodProduto->setText(code);
     support::click(screen->cmdPesquisar_ProdProt);
   }
-  void append(const QString& quantity) {
-    screen->txtQuantidade->setText(quantity);
-    support::click(screen->cmdIncluir_ProdProt);
-  }
 };
 
-struct Price {
-  const char16_t* change;  ///< of product 101, whose price is 200
-  const char16_t* gross;
-  const char16_t* discount;
-  const char16_t* net;
-};
-class Prices : public Panel, public ::testing::WithParamInterface<Price> {};
-
-TEST_P(Prices, FollowTheRateAndThePromotion) {
-  sql(u"UPDATE prod SET valo_veds = '200', idmoed = 1 WHERE idprod = 101"_s);
+TEST_F(Panel, PricesFollowTheRateAndThePromotion) {
   sql(u"INSERT INTO camb (idmoed, data_camb, valo_camb, data_desa) VALUES (3, '20240310', '9', '20240311')"_s);
-  if (*GetParam().change != u'\0')
-    sql(u"UPDATE prod SET %1 WHERE idprod = 101"_s.arg(QStringView(GetParam().change)));
   open();
-  look(screen->opPROD, u"cx-100"_s);
-  EXPECT_EQ(screen->lblVrBrutoProt->text(), QString::fromUtf16(GetParam().gross));
-  EXPECT_EQ(screen->txtDesconto->text(), QString::fromUtf16(GetParam().discount));
-  EXPECT_EQ(screen->lblVrLiqProt->text(), QString::fromUtf16(GetParam().net));
-  EXPECT_EQ(screen->lblUnidadeMedida->text(), u"UN"_s);
-  EXPECT_EQ(screen->focusWidget(), screen->txtQuantidade);
-}
-INSTANTIATE_TEST_SUITE_P(
-    Cases, Prices,
-    ::testing::Values(Price{u"", u"200,00", u"0,00", u"200,00"},
-                      Price{u"perc_dect='10'", u"200,00", u"20,00", u"180,00"},
-                      Price{u"perc_dect='10', data_limi_prom='20240315'", u"200,00", u"20,00", u"180,00"},
-                      Price{u"perc_dect='10', data_limi_prom='20240314'", u"200,00", u"0,00", u"200,00"},
-                      Price{u"data_limi_prom='20240314'", u"200,00", u"0,00", u"200,00"},
-                      Price{u"idmoed=2", u"1040,00", u"0,00", u"1040,00"},
-                      Price{u"idmoed=3", u"200,00", u"0,00", u"200,00"}));
-
-TEST_F(Panel, APromotionWithoutAPercentageIsARuntimeError) {
+  // Changes of a product of 200,00: gross, discount, net.
+  const std::pair<QString, QString> cases[] = {
+      {u"perc_dect=null"_s, u"200,00 0,00 200,00"_s},
+      {u"perc_dect='10'"_s, u"200,00 20,00 180,00"_s},
+      {u"perc_dect='10', data_limi_prom='20240315'"_s, u"200,00 20,00 180,00"_s},
+      {u"perc_dect='10', data_limi_prom='20240314'"_s, u"200,00 0,00 200,00"_s},
+      {u"perc_dect=null, data_limi_prom='20240314'"_s, u"200,00 0,00 200,00"_s},
+      {u"data_limi_prom=null, idmoed=2"_s, u"1040,00 0,00 1040,00"_s},
+      {u"idmoed=3"_s, u"200,00 0,00 200,00"_s}};
+  for (const auto& [change, prices] : cases) {
+    sql(u"UPDATE prod SET valo_veds = '200', %1 WHERE idprod = 101"_s.arg(change));
+    look(screen->opPROD, u"cx-100"_s);
+    EXPECT_EQ(screen->lblVrBrutoProt->text() + u' ' + screen->txtDesconto->text() + u' ' +
+                  screen->lblVrLiqProt->text(),
+              prices)
+        << change.toStdString();
+    EXPECT_EQ(screen->focusWidget(), screen->txtQuantidade);
+  }
   sql(u"UPDATE prod SET data_limi_prom='20240320' WHERE idprod = 101"_s);
-  open();
   script.box(u"Erro em tempo de execução '94':\n\nUso inválido de Null"_s).expectEnd(1);
   look(screen->opPROD, u"CX-100"_s);
 }
@@ -75,7 +59,8 @@ TEST_F(Panel, APrototypeKeepsTheDiscountAndTheUnitOfTheLastLookup) {
   look(screen->opPROT, u"201"_s);
   EXPECT_EQ(screen->txtDesconto->text(), u"5,00"_s);
   EXPECT_EQ(screen->lblVrLiqProt->text(), u"30,00"_s);
-  append(u"2,5"_s);
+  screen->txtQuantidade->setText(u"2,5"_s);
+  support::click(screen->cmdIncluir_ProdProt);
   EXPECT_EQ(cells(screen->Flex->grid(), 1), u"201;PROT;201;Caixa lembrança;35,00;5,00;30,00;3;90,00;;UN;");
   EXPECT_EQ(screen->txtCodProduto->text() + screen->txtQuantidade->text(), u"0"_s);
   EXPECT_EQ(screen->lblTotaGeral->text(), u"0,00"_s);
