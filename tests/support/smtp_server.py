@@ -32,16 +32,14 @@ def read_part(part):
 
 def read_message(content):
     message = email.message_from_bytes(content, policy=email.policy.default)
-    parts = [part for part in message.walk() if not part.is_multipart()]
     defects = [defect for part in message.walk() for defect in part.defects]
     defects += [defect for name in message.keys() for defect in message[name].defects]
+    defects += [line for line in content.split(b"\r\n") if len(line) > 998 or b"\r" in line or b"\n" in line]
+    defects += [] if content.split(b"\r\n\r\n")[0].isascii() else ["a head beyond ASCII"]
     return {
         "headers": {name.lower(): str(value) for name, value in message.items()},
-        "parts": [read_part(part) for part in parts],
+        "parts": [read_part(part) for part in message.walk() if not part.is_multipart()],
         "defects": [repr(defect) for defect in defects],
-        "longest_line": max(len(line) for line in content.split(b"\r\n")),
-        "ascii_head": content.split(b"\r\n\r\n")[0].isascii(),
-        "bare_line_ends": sum(content.replace(b"\r\n", b"").count(end) for end in (b"\n", b"\r")),
     }
 
 
@@ -52,16 +50,12 @@ class Handler:
         self.count = 0
 
     async def handle_MAIL(self, server, session, envelope, address, options):
-        if address == self.refuse:
-            return "550 5.1.0 sender unknown here"
         envelope.mail_from = address
-        return "250 OK"
+        return "550 5.1.0 sender unknown here" if address == self.refuse else "250 OK"
 
     async def handle_RCPT(self, server, session, envelope, address, options):
-        if address == self.refuse:
-            return "550 5.1.1 no such mailbox"
         envelope.rcpt_tos.append(address)
-        return "250 OK"
+        return "550 5.1.1 no such mailbox" if address == self.refuse else "250 OK"
 
     async def handle_DATA(self, server, session, envelope):
         if self.refuse == "message":
@@ -105,15 +99,11 @@ async def serve(arguments):
         tls.load_cert_chain(f"{arguments.folder}/certificate.pem", f"{arguments.folder}/key.pem")
     if arguments.tls == "offered":
         options |= {"tls_context": tls, "require_starttls": arguments.login is not None}
-
     handler = Handler(arguments)
     Server.fault = arguments.fault
-    server = await asyncio.get_running_loop().create_server(
-        lambda: asyncio.Protocol() if arguments.fault == "mute" else Server(handler, **options),
-        host="127.0.0.1",
-        port=arguments.port,
-        ssl=tls if arguments.tls == "at once" else None,
-    )
+    protocol = asyncio.Protocol if arguments.fault == "mute" else lambda: Server(handler, **options)
+    at_once = tls if arguments.tls == "at once" else None
+    server = await asyncio.get_running_loop().create_server(protocol, "127.0.0.1", arguments.port, ssl=at_once)
     print(server.sockets[0].getsockname()[1], flush=True)
     await asyncio.Event().wait()
 
