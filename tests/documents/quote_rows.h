@@ -72,10 +72,11 @@ class Quotes : public Company {
   }
 };
 
-/// Where the texts don't follow each other: the first that is missing behind those before it, empty if none.
-inline QString missingInOrder(const QString& text, const QStringList& told) {
+/// Where texts, "a|b", don't follow each other: the first that is missing behind those before it, empty if
+/// none.
+inline QString missingInOrder(const QString& text, const QString& told) {
   qsizetype from = 0;
-  for (const QString& one : told) {
+  for (const QString& one : told.split(u'|', Qt::SkipEmptyParts)) {
     const qsizetype at = text.indexOf(one, from);
     if (at < 0) return one;
     from = at + one.size();

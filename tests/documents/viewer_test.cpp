@@ -1,22 +1,21 @@
-// The print screen and the viewer, with real panes.
+// The viewer, with real panes.
 #include <sys/mount.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QPrinterInfo>
+#include <QRadioButton>
 
-#include "documents/frmImprimePropCmrcTL.h"
 #include "documents/frmPedHTML.h"
 #include "messaging/frmEmailOS.h"
-#include "platform/values/runtime_error.h"
 #include "platform/web/find_bar.h"
 #include "quote_rows.h"
+#include "support/errors.h"
 #include "support/script.h"
 
 using namespace Qt::StringLiterals;
-using forms::Answer;
+using support::errorOf;
 
 namespace {
 
@@ -28,72 +27,25 @@ class Viewer : public support::Quotes {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // pages go before their profile
   }
 
-  void show(qint32 id, const std::function<void(frmPedHTML&)>& look) {
+  void show(qint32 id, const std::function<void(support::Script&, frmPedHTML&)>& look) {
     print(id);
-    support::Script script;
-    show(script, look);
+    showAsSet(look);
   }
-  void show(support::Script& script, const std::function<void(frmPedHTML&)>& look) {
-    script.modal([&look](forms::Form& form) {
-      look(dynamic_cast<frmPedHTML&>(form));
+  void showAsSet(const std::function<void(support::Script&, frmPedHTML&)>& look) {
+    support::Script script;
+    script.modal([&](forms::Form& form) {
+      look(script, dynamic_cast<frmPedHTML&>(form));
       form.unload();
     });
     forms::form<frmPedHTML>().showModal();
-    EXPECT_TRUE(script.done());
   }
 };
-
-TEST_F(Viewer, PrintScreenFindsTheQuoteAndSetsTheValues) {
-  auto& screen = forms::form<frmImprimePropCmrcTL>();
-  support::Script script;
-  script.modal([&script](forms::Form& form) {
-    auto& print = dynamic_cast<frmImprimePropCmrcTL&>(form);
-    script.box(u"Informe o Nr. do Documento!"_s);
-    support::click(print.cmdImprimirPedido);
-    EXPECT_EQ(print.focusWidget(), print.txtPedido);
-    script.box(u"Documento não localizado!"_s);
-    support::type(print.txtPedido, u"  "_s);
-    support::click(print.cmdImprimirPedido);
-    EXPECT_FALSE(documento().RsImpressao.isOpen());
-    support::type(print.txtPedido, u" 123 "_s);
-    print.opExterno->setChecked(true);
-    script.modal([](forms::Form& viewer) {
-      EXPECT_TRUE(documento().RsImpressao.isOpen());
-      viewer.unload();
-    });
-    support::click(print.cmdImprimirPedido);
-    EXPECT_EQ(print.txtPedido->text(), QString());
-    EXPECT_TRUE(print.isVisible());
-    support::key(print.txtPedido, Qt::Key_Escape);
-    EXPECT_FALSE(print.isVisible());
-  });
-  screen.showModal();
-  EXPECT_TRUE(script.done());
-  const DocumentValues& values = documento();
-  EXPECT_EQ(values.TipoDocumento, u"ORCA_VENDAS"_s);
-  EXPECT_EQ(values.IdDocumento, 123);
-  EXPECT_EQ(values.OrdemComposicao, u"NATURAL"_s);
-  EXPECT_TRUE(values.PublicacaoExterna && values.ExibeComposicao && values.ExibeMontagem &&
-              !values.ExibeFotos);
-  EXPECT_FALSE(values.RsImpressao.isOpen());
-}
-
-TEST_F(Viewer, PrintScreenTakesTheNumberOfTheQuoteScreenOnly) {
-  auto quoteScreen = std::make_unique<forms::Form>(u"frmPropCmrcTL"_s);
-  auto* number = new QLineEdit(u"124"_s, quoteScreen.get());
-  number->setObjectName(u"txtCodigo"_s);
-  forms::registry::add(std::move(quoteScreen));
-  EXPECT_EQ(forms::form<frmImprimePropCmrcTL>().txtPedido->text(), u"124"_s);
-  forms::form<frmImprimePropCmrcTL>().unload();
-  contexto().TelaChamadora = u"outra"_s;
-  EXPECT_EQ(forms::form<frmImprimePropCmrcTL>().txtPedido->text(), QString());
-}
 
 TEST_F(Viewer, WritesBothCopiesAnewAndShowsThem) {
   const QString first = contexto().PathDocs + u"orca_cliente_000123.html"_s;
   const QString second = contexto().PathDocs + u"orca_empresa_000123.html"_s;
   files::write(first, "an older one");
-  show(123, [&](frmPedHTML& viewer) {
+  show(123, [&](support::Script&, frmPedHTML& viewer) {
     EXPECT_EQ(viewer.ArqVia1, first);
     EXPECT_EQ(viewer.ArqVia2, second);
     EXPECT_TRUE(viewer.Option1->isChecked());
@@ -126,8 +78,7 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
     documento().TipoDocumento = one.type;
     documento().IdDocumento = one.id;
     contexto().TelaChamadora = one.caller;
-    support::Script script;
-    show(script, [&](frmPedHTML& viewer) {
+    showAsSet([&](support::Script&, frmPedHTML& viewer) {
       const auto path = [](const QString& name) {
         return name.isEmpty() ? name : contexto().PathDocs + name;
       };
@@ -138,22 +89,8 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
   }
 }
 
-TEST_F(Viewer, GeometryByResolution) {
-  // The tests' screen is 1024 wide and 768 high, which reads "768 x 1024": the small layout.
-  show(126, [](frmPedHTML& viewer) {
-    EXPECT_EQ(viewer.size(), QSize(795, 560));
-    EXPECT_EQ(viewer.SSTab1->size(), QSize(912, 457));
-    EXPECT_EQ(viewer.Frame1->size(), QSize(753, 417));
-    EXPECT_EQ(viewer.WebBrowser2->size(), QSize(737, 393));
-    EXPECT_EQ(viewer.Frame2->pos(), QPoint(9, 472));
-    for (const QWidget* part :
-         {static_cast<QWidget*>(viewer.Frame2), viewer.barraComandos, viewer.barraArquivo})
-      EXPECT_TRUE(viewer.rect().contains(part->geometry()));
-  });
-}
-
 TEST_F(Viewer, ToolsActOnTheCopyInSight) {
-  show(123, [](frmPedHTML& viewer) {
+  show(123, [](support::Script&, frmPedHTML& viewer) {
     viewer.SSTab1->setCurrentIndex(1);
     EXPECT_EQ(viewer.txtArquivo->text(), viewer.ArqVia2);
     const double before = viewer.WebBrowser1->zoom();
@@ -171,59 +108,19 @@ TEST_F(Viewer, ToolsActOnTheCopyInSight) {
   });
 }
 
-TEST_F(Viewer, PrintingAlwaysEndsWithTheMessage) {
-  if (!QPrinterInfo::defaultPrinter().isNull()) GTEST_SKIP() << "this machine has a printer";
-  print(126);
-  support::Script script;
-  show(script, [&script](frmPedHTML& viewer) {
-    viewer.Option3->setChecked(true);
-    script.box(u"Não há impressora padrão neste computador.\nInstale uma impressora e tente novamente."_s)
-        .box(u"Impressão Encerrada"_s);
-    support::click(viewer.cmdImprimir);
-    EXPECT_FALSE(script.lastBox().title.has_value());
-  });
-}
-
 TEST_F(Viewer, MailTakesTheChosenCopyAndSubject) {
-  print(124);
-  const QString warning =
-      u"Atenção!!!\nVocê optou pela publicação interna do Orçamento.\n"
-      "Esta opção NÃO possibilita a visualização de imagens fora da empresa.\nTem ceteza que deseja continuar???"_s;
-  support::Script script;
-  show(script, [&](frmPedHTML& viewer) {
-    const auto mail = [&] {
+  documento().PublicacaoExterna = true;
+  show(124, [](support::Script& script, frmPedHTML& viewer) {
+    for (QRadioButton* copy : {viewer.Option1, viewer.Option2}) {
+      copy->setChecked(true);
       script.modal([](forms::Form& form) {
-        auto& screen = dynamic_cast<frmEmailOS&>(form);
-        EXPECT_EQ(screen.txtCC->text(), u"vendas@aurora.example"_s);
-        EXPECT_EQ(screen.txtTitulo->text(), u"Pedido - 000124 - Aurora"_s);
+        EXPECT_EQ(dynamic_cast<frmEmailOS&>(form).txtTitulo->text(), u"Pedido - 000124 - Aurora"_s);
         form.unload();
       });
       support::click(viewer.cmdEnviarEmail);
-    };
-    documento().ArquivoCorpoEmail = u"antes"_s;
-    script.box(warning, Answer::No);
-    support::click(viewer.cmdEnviarEmail);
-    EXPECT_EQ(documento().ArquivoCorpoEmail, u"antes"_s);
-    script.box(warning, Answer::Yes);
-    mail();
-    EXPECT_EQ(documento().ArquivoCorpoEmail, viewer.ArqVia1);
-    viewer.Option2->setChecked(true);
-    mail();
-    EXPECT_EQ(documento().ArquivoCorpoEmail, viewer.ArqVia2);
-    viewer.Option3->setChecked(true);
-    script.box(u"Para Enviar o Orçamento por e-mail será\nnecessário definir a 1a. ou a 2a. via."_s);
-    support::click(viewer.cmdEnviarEmail);
-    EXPECT_EQ(documento().ArquivoCorpoEmail, viewer.ArqVia2);
+      EXPECT_EQ(documento().ArquivoCorpoEmail, copy == viewer.Option1 ? viewer.ArqVia1 : viewer.ArqVia2);
+    }
   });
-}
-
-int errorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const values::RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
 }
 
 TEST_F(Viewer, FaultsOfTheFolderAreTheRuntimesErrors) {

@@ -1,8 +1,8 @@
 // Whole documents, byte for byte.
 #include <QFile>
 
-#include "platform/values/runtime_error.h"
 #include "quote_rows.h"
+#include "support/errors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -90,12 +90,7 @@ TEST_F(WholeDocument, GridReadsTheValuesOfTheScreens) {
   EXPECT_TRUE(written().contains(u"texto do vendedor"_s));
   documento().RsImpressao.close();
   files::remove(document());
-  try {
-    MontaOrcaGradeHTML(123, document());
-    ADD_FAILURE() << "a closed recordset was read";
-  } catch (const values::RuntimeError& error) {
-    EXPECT_EQ(error.number(), values::kClosedObject);
-  }
+  EXPECT_EQ(support::errorOf([&] { MontaOrcaGradeHTML(123, document()); }), values::kClosedObject);
   EXPECT_FALSE(files::exists(document()));
 }
 

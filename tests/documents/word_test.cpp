@@ -1,10 +1,8 @@
 #include "documents/word.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
-#include <QStandardPaths>
 
 #include "documents/document_values.h"
 #include "platform/files/paths.h"
@@ -50,59 +48,24 @@ class WordDocument : public support::Company {
 };
 
 /// What the document tells, in its order.
-const QStringList kTold{u"Marta L. Tavora Produtos Personalizados"_s,
-                        u"Rua das Acácias, 100 - Jardim Aurora"_s,
-                        u"Cliente: Clara Festas Ltda"_s,
-                        u"Orçamento: 000077"_s,
-                        u"Data: 05/03/2024"_s,
-                        u"Fone: (19) 3333-1000"_s,
-                        u"E-mail: contato@clara.example"_s,
-                        u"Atendimento: MARIA"_s,
-                        u"E-mail: maria@aurora.example"_s,
-                        u"Evento: Casamento"_s,
-                        u"Cod.Prod."_s,
-                        u"Observações"_s,
-                        u"CX-100"_s,
-                        u"Caixa branca"_s,
-                        u"Fita João"_s,
-                        u"202"_s,
-                        u"Lata dourada"_s,
-                        u"1,50"_s,
-                        u"Total Unitário"_s,
-                        u"71,85"_s,
-                        u"Quantidade Solicitada: 10"_s,
-                        u"Total Geral - R$ 718,50"_s,
-                        u"1 - Todos os valores"_s,
-                        u"7 - Todas as peças"_s,
-                        u"Forma de Pagamento"_s,
-                        u"5% de desconto para pagamento à vista ou"_s,
-                        u"50% de sinal e 50% na entrega"_s,
-                        u"Validade da proposta: 10 dias"_s,
-                        u"Banco Alfa - Ag 0001 - C/C 00000-00"_s,
-                        u"carimbo da empresa"_s};
+const QString kTold =
+    u"Marta L. Tavora Produtos Personalizados|Rua das Acácias, 100 - Jardim Aurora|"
+    "Cliente: Clara Festas Ltda|Orçamento: 000077|Data: 05/03/2024|Fone: (19) 3333-1000|"
+    "E-mail: contato@clara.example|Atendimento: MARIA|E-mail: maria@aurora.example|Evento: Casamento|"
+    "Cod.Prod.|Observações|CX-100|Caixa branca|Fita João|202|Lata dourada|1,50|Total Unitário|71,85|"
+    "Quantidade Solicitada: 10|Total Geral - R$ 718,50|1 - Todos os valores|7 - Todas as peças|"
+    "Forma de Pagamento|5% de desconto para pagamento à vista ou|50% de sinal e 50% na entrega|"
+    "Validade da proposta: 10 dias|Banco Alfa - Ag 0001 - C/C 00000-00|carimbo da empresa"_s;
 
 TEST_F(WordDocument, PdfTellsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
   office::setDefaultPrinter(u"Laser do escritório"_s);
   files::write(pdf_, "an old one");
   DocumentoWord(u"77"_s, doc_, pdf_);
   const QString text = textOf(u"pdftotext"_s, {u"-layout"_s, files::resolve(pdf_), u"-"_s});
-  for (const QString& told : kTold)
+  for (const QString& told : kTold.split(u'|'))
     EXPECT_TRUE(text.contains(told)) << told.toStdString() << "\n" << text.toStdString();
   EXPECT_EQ(office::pdfPrinterSetting(u"output"_s), pdf_);
   EXPECT_EQ(office::defaultPrinter(), u"Laser do escritório"_s);
-}
-
-TEST_F(WordDocument, WordProcessorsOpenTheFileWithTablesPictureAndTexts) {
-  const QString office = QStandardPaths::findExecutable(u"libreoffice"_s);
-  if (office.isEmpty()) GTEST_SKIP() << "libreoffice is not installed";
-  DocumentoWord(u"77"_s, doc_, pdf_);
-  const QString folder = QFileInfo(files::resolve(doc_)).path();
-  textOf(office, {u"--headless"_s, u"--convert-to"_s, u"odt"_s, u"--outdir"_s, folder, files::resolve(doc_)});
-  const QString odt = folder + u"/orca_cliente_000077.odt"_s;
-  const QString content = textOf(u"unzip"_s, {u"-p"_s, odt, u"content.xml"_s});
-  EXPECT_EQ(content.count(u"<table:table "_s), 5);
-  EXPECT_EQ(content.count(u"<draw:image"_s), 1);
-  EXPECT_TRUE(content.contains(u"Fita João"_s));
 }
 
 TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
