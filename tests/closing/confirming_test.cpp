@@ -64,26 +64,16 @@ TEST_F(Confirming, EmptyChoicesAreWrittenAsSuch) {
     forms::setControlText(form.cboTransportadora, {});
     form.txtPercDesc->clear();
     form.txtDescontoGeral->clear();
+    form.mskDataBase->setBoxText(QString());
     forgetStatements();
+    script_.box(u"Informar data base."_s);
+    click(form.cmdConfirmar);
+    EXPECT_TRUE(form.isVisible() && statements().isEmpty());
+    form.mskDataBase->setBoxText(u"05/03/2024"_s);
     click(form.cmdConfirmar);
     EXPECT_EQ(statements().filter(u"UPDATE"_s),
               QStringList{u"UPDATE PROP_CMRC SET idTRPT='', IDCOND_PGTO = '41' , DATA_BASE='20240305' , "
                           "VALO_DECT='0' , PERC_DECT='0' , OBSE_PEDI_VEDS=null WHERE (idPROP_CMRC=123)"_s});
   });
   EXPECT_EQ(quote().lblDesconto->text(), QString());
-}
-
-TEST_F(Confirming, WantsABaseDateAndLookingWritesNothing) {
-  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
-    terms(form);
-    form.mskDataBase->setBoxText(QString());
-    forgetStatements();
-    script_.box(u"Informar data base."_s);
-    click(form.cmdConfirmar);
-    form.FlagCondPgto = u"S"_s;
-    click(form.cmdConfirmar);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_TRUE(statements().isEmpty());
-    EXPECT_EQ(form.FlagCondPgto, QString());
-  });
 }

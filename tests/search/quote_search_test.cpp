@@ -23,17 +23,12 @@ TEST_F(QuoteSearch, FindsTheQuotesOfItsBoxesAndText) {
     QString option, text, clicked, ids;
   } cases[] = {
       {u"opDesc"_s, u"  "_s, {}, u"8 9 10"_s},
-      {u"opDesc"_s, u"casa"_s, {}, u"9"_s},
       {u"opDesc"_s, u"casa"_s, u"chkVisualiza"_s, u"11"_s},
       {u"opNumePropCmrc"_s, u"9"_s, {}, u"9 10"_s},
-      {u"opCliente"_s, u"íris"_s, {}, u"9"_s},
-      {u"opData"_s, u"10/03/2024"_s, {}, u"9 10"_s},
       {u"opDataFech"_s, u"16/03/2024"_s, {}, u"10"_s},
-      {u"opData"_s, {}, u"chkSomenteFechados"_s, u"9 10"_s},
       {u"opDesc"_s, {}, u"chkSomenteFechados chkSomenteNaoFechados"_s, u"8"_s},
       {u"opDesc"_s, {}, u"chkSomenteNaoFechados chkSomenteFechados"_s, u"9 10"_s},
       {u"opPROD"_s, u"casa"_s, {}, u"8 9 10"_s},
-      {u"opPROT"_s, u"casa"_s, {}, u"8 9 10"_s},
   };
   for (const auto& [option, text, clicked, ids] : cases)
     open<frmBROWSE_PropCmrc>([&, o = option, t = text, boxes = clicked, i = ids](frmBROWSE_PropCmrc& screen) {
