@@ -52,7 +52,7 @@ TEST_F(AssemblyTest, EachTabSendsItsStatementAndKeepsWhatItFound) {
             live + u"'P' AND PROD.DATA_DESA IS NULL AND PROD.CODI_PROD LIKE '%X-1%' ORDER BY CODI_PROD"_s);
 }
 
-TEST_F(AssemblyTest, AKitIsShownByTheViewerAndLoadedByTheButton) {
+TEST_F(AssemblyTest, AKitIsShownByTheViewer) {
   for (const auto& row : {u"101, 107, 0.25, null"_s, u"101, 102, 6, null"_s, u"101, 103, 1, '20240101'"_s})
     sql(u"INSERT INTO prod_kit0 (idprod, idprod_kit0, qtde_prod, data_desa) VALUES (%1)"_s.arg(row));
   const QStringList kit{u"102|BOM-1|Bombom|UN|6"_s, u"107|SAL|Sal de banho|KG|0,250"_s};
@@ -66,11 +66,6 @@ TEST_F(AssemblyTest, AKitIsShownByTheViewerAndLoadedByTheButton) {
     });
     forms::form<frmComposicaoProduto>().showModal();
   }
-  assemble([&](frmMontarProduto& screen) {
-    take(screen, 0);
-    support::click(screen.cmdPesquisa);
-    EXPECT_EQ(rows(screen.Flex->grid()), QStringList({kit[0] + u"||||||"_s, kit[1] + u"||||||"_s}));
-  });
 }
 
 }  // namespace

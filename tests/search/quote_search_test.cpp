@@ -18,30 +18,7 @@ class QuoteSearch : public SearchTest {
   }
 };
 
-TEST_F(QuoteSearch, FindsTheQuotesOfItsBoxesAndText) {
-  const struct {
-    QString option, text, clicked, ids;
-  } cases[] = {
-      {u"opDesc"_s, u"  "_s, {}, u"8 9 10"_s},
-      {u"opDesc"_s, u"casa"_s, u"chkVisualiza"_s, u"11"_s},
-      {u"opNumePropCmrc"_s, u"9"_s, {}, u"9 10"_s},
-      {u"opDataFech"_s, u"16/03/2024"_s, {}, u"10"_s},
-      {u"opDesc"_s, {}, u"chkSomenteFechados chkSomenteNaoFechados"_s, u"8"_s},
-      {u"opDesc"_s, {}, u"chkSomenteNaoFechados chkSomenteFechados"_s, u"9 10"_s},
-      {u"opPROD"_s, u"casa"_s, {}, u"8 9 10"_s},
-  };
-  for (const auto& [option, text, clicked, ids] : cases)
-    open<frmBROWSE_PropCmrc>([&, o = option, t = text, boxes = clicked, i = ids](frmBROWSE_PropCmrc& screen) {
-      screen.findChild<QRadioButton*>(o)->click();
-      screen.txtCOD->setText(t);
-      for (const auto& box : boxes.split(u' ', Qt::SkipEmptyParts))
-        support::click(screen.findChild<QCheckBox*>(box));
-      support::click(screen.cmdPesquisa);
-      EXPECT_EQ(column(screen.Flex, 0), i);
-    });
-}
-
-TEST_F(QuoteSearch, SendsItsStatementAndShowsDatesWithoutTime) {
+TEST_F(QuoteSearch, SendsItsStatementAndListsWhatItsBoxesAndTextSay) {
   open<frmBROWSE_PropCmrc>([&](frmBROWSE_PropCmrc& screen) {
     screen.opDataFech->click();
     screen.txtCOD->setText(u"31/02/2024"_s);
@@ -60,6 +37,17 @@ TEST_F(QuoteSearch, SendsItsStatementAndShowsDatesWithoutTime) {
                     u"WHERE (PROP_CMRC.DATA_DESA IS NULL)  AND (PROP_CMRC.DATA_FECH IS NULL)  "
                     u"AND (PROP_CMRC.DATA_PROP_CMRC >= '20240301')  ORDER BY PROP_CMRC.IDPROP_CMRC"_s));
     EXPECT_EQ(row(screen.Flex, 1), u"8|01/03/2024|Batizado da Íris|Ana Lima||40|20/05/2024|"_s);
+
+    support::click(screen.chkSomenteFechados);
+    EXPECT_EQ(column(screen.Flex, 0), u"9 10"_s) << "no longer the open ones only";
+    for (const auto& [option, text, ids] : {std::tuple{screen.opDataFech, u"16/03/2024"_s, u"10"_s},
+                                            {screen.opPROD, u"casa"_s, u"9 10"_s},
+                                            {screen.opDesc, u"  "_s, u"9 10"_s}}) {
+      option->click();
+      screen.txtCOD->setText(text);
+      support::click(screen.cmdPesquisa);
+      EXPECT_EQ(column(screen.Flex, 0), ids);
+    }
   });
 }
 
