@@ -123,11 +123,6 @@ Script& Script::expectEnd(int status) {
 
 const forms::Box& Script::lastBox() const { return state_->lastBox; }
 const forms::Input& Script::lastInput() const { return state_->lastInput; }
-bool Script::ended() const { return state_->ended; }
-
-bool Script::done() const {
-  return state_->boxes.empty() && state_->inputs.empty() && state_->modals.empty();
-}
 
 void settle() {
   // Events that handlers queue are few; a second and third pass run what the first one queued.

@@ -32,9 +32,6 @@ class Script {
   /// The last box shown.
   [[nodiscard]] const forms::Box& lastBox() const;
   [[nodiscard]] const forms::Input& lastInput() const;
-  [[nodiscard]] bool ended() const;
-  /// Whether all that was queued has been used.
-  [[nodiscard]] bool done() const;
 
  private:
   struct State;

@@ -293,13 +293,7 @@ void TdsServer::setFault(std::function<Act(const QString&)> fault) {
 
 TdsServer::Act TdsServer::actOn(const QString& statement) {
   const std::scoped_lock lock(guard_);
-  statements_ << statement;
   return fault_ ? fault_(statement) : Act::Answer;
-}
-
-QStringList TdsServer::statements() {
-  const std::scoped_lock lock(guard_);
-  return statements_;
 }
 
 }  // namespace support

@@ -36,8 +36,6 @@ class TdsServer {
   /// Asked before every statement, "LOGIN", "BEGIN", "COMMIT" and "ROLLBACK" among them.
   void setFault(std::function<Act(const QString&)> fault);
   [[nodiscard]] Act actOn(const QString& statement);
-  /// Statements that came, in the order that they came.
-  [[nodiscard]] QStringList statements();
   /// Closes the listening socket and all connections, as a server that is switched off.
   void stop();
 
@@ -49,7 +47,6 @@ class TdsServer {
   quint16 port_ = 0;
   std::mutex guard_;
   std::function<Act(const QString&)> fault_;
-  QStringList statements_;
   std::vector<int> sockets_;
   std::vector<std::thread> sessions_;
   std::thread accepting_;

@@ -1,5 +1,6 @@
 #include "support/tds_tokens.h"
 
+#include <QStringConverter>
 #include <QtEndian>
 #include <array>
 #include <cmath>
@@ -26,11 +27,7 @@ enum WireType : quint8 { kIntN = 0x26, kDecimalN = 0x6A, kDateTimeN = 0x6F, kVar
 /// Latin, without regard to case, code page 1252.
 constexpr std::array<char, 5> kCollation{0x09, 0x04, '\xD0', 0x00, 0x34};
 
-/// Places 0x80 to 0x9F of the code page; those without a character stand for themselves.
-constexpr std::array<char16_t, 32> kUpperControls{
-    0x20AC, 0x81,   0x201A, 0x192,  0x201E, 0x2026, 0x2020, 0x2021, 0x2C6,  0x2030, 0x160,
-    0x2039, 0x152,  0x8D,   0x17D,  0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x2DC,  0x2122, 0x161,  0x203A, 0x153,  0x9D,   0x17E,  0x178};
+constexpr char kCodePage[] = "windows-1252";
 
 template <typename Number>
 void put(QByteArray& to, Number number) {
@@ -252,27 +249,8 @@ TransactionRequest parseTransaction(const QByteArray& message) {
   return {numberAt<quint16>(request, 0), (numberAt<quint8>(request, 3 + nameLength) & 1) != 0};
 }
 
-QByteArray toCodePage(const QString& text) {
-  QByteArray bytes;
-  bytes.reserve(text.size());
-  for (const QChar c : text) {
-    const auto place = std::ranges::find(kUpperControls, c.unicode());
-    if (place != kUpperControls.end())
-      bytes += static_cast<char>(0x80 + (place - kUpperControls.begin()));
-    else
-      bytes += c.unicode() < 0x100 ? static_cast<char>(c.unicode()) : '?';
-  }
-  return bytes;
-}
+QByteArray toCodePage(const QString& text) { return QStringEncoder(kCodePage)(text); }
 
-QString throughCodePage(const QString& text) {
-  QString kept;
-  kept.reserve(text.size());
-  for (const QChar c : text)
-    kept += c.unicode() < 0x100 || std::ranges::find(kUpperControls, c.unicode()) != kUpperControls.end()
-                ? c
-                : u'?';
-  return kept;
-}
+QString throughCodePage(const QString& text) { return QStringDecoder(kCodePage)(toCodePage(text)); }
 
 }  // namespace support::tds

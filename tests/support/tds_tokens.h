@@ -12,7 +12,6 @@ namespace support::tds {
 /// Numbers of the packet types in use.
 enum class Packet : quint8 {
   Batch = 0x01,
-  RemoteCall = 0x03,
   Response = 0x04,
   Attention = 0x06,
   Transaction = 0x0E,
