@@ -15,18 +15,14 @@ namespace {
 
 const QStringList kStoredQuote{
     u"INSERT INTO prop_cmrc (idvend, idclie, nome_clie, fone_clie, prop_cmrc_desc, show_excl, "
-    u"data_prop_cmrc, "
-    "idresv_prop_cmrc, nume_pess) VALUES (5, 5, 'Clara Festas Ltda', '1', 'Lembrança', 'E', '20240301', 7, '10')"_s,
+    "idresv_prop_cmrc) VALUES (5, 5, 'Clara Festas Ltda', '1', 'Lembrança', 'E', 7)"_s,
     u"INSERT INTO prop_cmrc_homg (idprop_cmrc, nome_homg) VALUES (1, 'Ana')"_s};
-
-const QString kStoredItem =
-    u"INSERT INTO prop_cmrc_deta (idprop_cmrc, idmoed, idprodprot, prod_prot, qtde, valo_unit, valo_dect, "
-    "valo_liqu, valo_tota) VALUES (1, 0, 101, 'PROD', 2, 14.5, 0, 14.5, 29)"_s;
-
-const QString kStoredMaterial =
-    u"INSERT INTO prop_cmrc_deta_monta (idprop_cmrc, idprop_cmrc_deta, idprod, qtde, unid_medi, "
-    u"qtde_unid_medi, "
-    "valo_unit, valo_tota, tipo_mate_prima, ordem_mate_prima) VALUES (1, %1, %2, 1, 'UN', 1, 2, 2, '%3', %4)"_s;
+const QStringList kStoredItem{
+    u"INSERT INTO prop_cmrc_deta (idprop_cmrc, idprodprot, prod_prot, qtde, valo_unit, valo_dect, valo_liqu, "
+    "valo_tota) VALUES (1, 101, 'PROD', 2, 14.5, 0, 14.5, 29)"_s,
+    u"INSERT INTO prop_cmrc_deta_monta (idprop_cmrc, idprop_cmrc_deta, idprod, qtde, qtde_unid_medi, "
+    "valo_unit, valo_tota, tipo_mate_prima) VALUES (1, @@, 101, 1, 1, 2, 2, 'PRODUTO'), (1, @@, 105, 1, 1, "
+    "2, 2, 'CARD')"_s};
 
 void copyOver(const QString& from, const QString& to) {
   for (const auto& ending : {u""_s, u"-wal"_s, u"-shm"_s}) QFile::remove(to + ending);
@@ -40,11 +36,8 @@ QuoteCase::QuoteCase() {
   data::Connection connection;
   connection.open(u"server=(embutido);database="_s + databasePath(), 5);
   for (const QString& statement : kStoredQuote) connection.execute(statement);
-  for (const int item : {1, 2}) {
-    connection.execute(kStoredItem);
-    connection.execute(kStoredMaterial.arg(item).arg(101).arg(u"PRODUTO"_s).arg(1));
-    connection.execute(kStoredMaterial.arg(item).arg(105).arg(u"CARD"_s).arg(5));
-  }
+  for (const auto& item : {u"1"_s, u"2"_s})
+    for (QString statement : kStoredItem) connection.execute(statement.replace(u"@@"_s, item));
   connection.close();
   contexto().Conexao.close();
   copyOver(databasePath(), first_);

@@ -2,12 +2,11 @@
 #include "quote_case.h"
 
 using namespace Qt::StringLiterals;
-using grids::material::Ordem;
 using grids::material::VinculoComFlex;
 
 namespace {
 
-/// Five lines in a quote that is being made; each has one material, whose class order is the number given.
+/// Five lines in a quote that is being made; each has one material.
 class Items : public QuoteCase {
  protected:
   void five() {
@@ -18,7 +17,6 @@ class Items : public QuoteCase {
       addItem(u"10%1;PROD;C%1;D;1,00;0,00;12,50;2;%10,10;%2;UN;obs %1"_s.replace(u"%1"_s, n)
                   .arg(i % 2 == 0 ? u"14/03/2024 10:00"_s : QString()));
       addMaterial(u"10"_s + n, u"PRODUTO"_s, n);
-      screen->FlexMonta.setText(i, Ordem, n);
     }
   }
   QString codes() const { return column(screen->Flex->grid(), grids::item::Codigo); }
@@ -37,18 +35,6 @@ TEST_F(Items, TotalsCountApprovedLinesOnlyInTheNet) {
   screen->CalculaTotais();
   EXPECT_EQ(screen->lblTotaGeral->text() + screen->lblDesconto->text() + screen->lblTotalLiquido->text(),
             u"0,0000,00"_s);
-}
-
-TEST_F(Items, RemovalRenumbersTheClassOrderAndLeavesTheLinks) {
-  five();
-  script.input(u"e"_s).box(u"O produto C3 foi Excluído com sucesso!"_s);
-  support::doubleClick(screen->Flex, 3, grids::item::Descricao);
-  EXPECT_EQ(script.lastInput().prompt, u"Deseja [E]xclui ou [A]lterar? [E] ou [A]"_s);
-  EXPECT_EQ(script.lastInput().initial, u"A"_s);
-  EXPECT_EQ(codes(), u"C1;C2;C4;C5");
-  EXPECT_EQ(column(screen->FlexMonta, Ordem), u"1;2;;3;4");
-  EXPECT_EQ(column(screen->FlexMonta, VinculoComFlex), u"1;2;3;4;5");
-  EXPECT_EQ(screen->lblTotaGeral->text(), u"120,40"_s);
 }
 
 TEST_F(Items, AChangedItemLeavesBeforeTheAssemblyOpensAndComesBackLast) {
