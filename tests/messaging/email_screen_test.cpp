@@ -62,14 +62,14 @@ TEST_F(EmailScreen, BodyIsTheDocumentUnlessThereIsAnother) {
                "<meta charset=iso-8859-1>\r\n<body>Or\xE7"
                "amento\r\n n\xBA 123\r\n");
   documento().ArquivoCorpoEmail = path;
+  const QString file = u" | text/html: orca_000123.html"_s;
   const struct {
-    QString ready, typed, listed, attached, type, body;
-    int parts;
+    QString ready, typed, listed, attached, body;
   } cases[] = {
-      {{}, u"  "_s, {}, {}, u"text/html"_s, u"<meta charset=iso-8859-1><body>Orçamento nº 123"_s, 1},
-      {{}, u"Segue o orçamento.\n  "_s, {}, {}, u"text/plain"_s, u"Segue o orçamento.\n"_s, 1},
-      {u"<p>Pronto</p>"_s, u"não"_s, {}, {}, u"text/html"_s, u"<p>Pronto</p>"_s, 1},
-      {{}, u"A"_s, u"2^%1^%1^"_s.arg(path), u" %1 "_s.arg(path), u"text/plain"_s, u"A"_s, 4},
+      {{}, u"  "_s, {}, {}, u"text/html: <meta charset=iso-8859-1><body>Orçamento nº 123"_s},
+      {{}, u"Segue o orçamento.\n  "_s, {}, {}, u"text/plain: Segue o orçamento.\n"_s},
+      {u"<p>Pronto</p>"_s, u"não"_s, {}, {}, u"text/html: <p>Pronto</p>"_s},
+      {{}, u"A"_s, u"2^%1^%1^"_s.arg(path), u" %1 "_s.arg(path), u"text/plain: A"_s + file + file + file},
   };
   for (const auto& one : cases) {
     documento().MensagemHTMLEmail = one.ready;
@@ -84,10 +84,7 @@ TEST_F(EmailScreen, BodyIsTheDocumentUnlessThereIsAnother) {
     EXPECT_EQ(forms::registry::find(u"frmEmailOS"_s), nullptr);
     EXPECT_EQ(documento().MensagemHTMLEmail, QString());
     const QJsonObject mail = server.messages().last();
-    ASSERT_EQ(mail[u"parts"_s].toArray().size(), one.parts);
-    EXPECT_EQ(mail[u"parts"_s][0][u"type"_s].toString(), one.type);
-    EXPECT_EQ(mail[u"parts"_s][0][u"text"_s].toString(), one.body);
-    EXPECT_EQ(mail[u"headers"_s][u"subject"_s].toString(), u"Orçamento - 000123 - Aurora"_s);
+    EXPECT_EQ(mail[u"summary"_s].toString(), u"Orçamento - 000123 - Aurora | "_s + one.body);
     EXPECT_EQ(mail[u"recipients"_s].toArray(),
               (QJsonArray{u"a@clara.example"_s, u"b@clara.example"_s, u"vendas@aurora.example"_s}));
   }

@@ -23,7 +23,8 @@ class SmtpServer {
   [[nodiscard]] QString address() const;
   /// The certificate of its TLS, which is its own authority.
   [[nodiscard]] QString certificate() const;
-  /// What came, in order, as Python's mail library reads it; keys in smtp_server.py.
+  /// What came, in order, as Python's mail library reads it; keys in smtp_server.py. The
+  /// summary is "subject | type: text | type: file name", with as many parts as there are.
   [[nodiscard]] QList<QJsonObject> messages() const;
 
  private:

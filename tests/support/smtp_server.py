@@ -36,9 +36,12 @@ def read_message(content):
     defects += [defect for name in message.keys() for defect in message[name].defects]
     defects += [line for line in content.split(b"\r\n") if len(line) > 998 or b"\r" in line or b"\n" in line]
     defects += [] if content.split(b"\r\n\r\n")[0].isascii() else ["a head beyond ASCII"]
+    parts = [read_part(part) for part in message.walk() if not part.is_multipart()]
+    contents = [f"{part['type']}: {part['filename'] or part['text']}" for part in parts]
     return {
+        "summary": " | ".join([str(message["subject"]), *contents]),
         "headers": {name.lower(): str(value) for name, value in message.items()},
-        "parts": [read_part(part) for part in message.walk() if not part.is_multipart()],
+        "parts": parts,
         "defects": [repr(defect) for defect in defects],
     }
 
