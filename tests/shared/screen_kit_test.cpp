@@ -52,32 +52,35 @@ class ScreenKit : public support::Company {
 };
 
 TEST_F(ScreenKit, ThemeGoesByKindOfControl) {
+  contexto().CorFundo = u"1"_s;
+  AplicaTemaPadrao(form);
+  EXPECT_EQ(forms::toColor(forms::backColor(&form)), forms::toColor(0x8000000F))
+      << "the system's, without a row";
+  EXPECT_EQ(forms::toColor(forms::foreColor(&form.label)), forms::toColor(0x80000012));
   sql(u"INSERT INTO cor_sist VALUES ('Areia', '14741230', '128', '1', '2')"_s);
   sql(u"INSERT INTO empr_cnfg VALUES ('COR_PADRAO', ' areia ')"_s);
-  const auto textOfBox = forms::foreColor(&form.box);
   AplicaTemaPadrao(form);
-  EXPECT_EQ(contexto().CorFundo2, u"1");
-  EXPECT_EQ(contexto().CorFrente2, u"2");
+  EXPECT_EQ(contexto().CorFundo2 + contexto().CorFrente2, u"12");
   EXPECT_EQ(forms::backColor(&form), 14741230);
-  for (QWidget* both : std::initializer_list<QWidget*>{&form.frame, &form.label}) {
-    EXPECT_EQ(forms::backColor(both), 14741230);
-    EXPECT_EQ(forms::foreColor(both), 128);
+  const struct {
+    const QWidget* control;
+    bool ground, text;
+  } kinds[] = {{&form.frame, true, true},
+               {&form.label, true, true},
+               {&form.button, true, false},
+               {&form.box, true, false},
+               {&form.block, true, false},
+               {&form.option, true, false},
+               {&form.check, true, false},
+               {&form.grid, false, false},
+               {&form.combo, false, false},
+               {&form.masked, false, false},
+               {form.combo.lineEdit(), false, false}};
+  for (const auto& [control, ground, text] : kinds) {
+    SCOPED_TRACE(control->metaObject()->className());
+    EXPECT_EQ(forms::backColor(control) == 14741230, ground);
+    EXPECT_EQ(forms::foreColor(control) == 128, text);
   }
-  for (QWidget* ground :
-       std::initializer_list<QWidget*>{&form.button, &form.box, &form.block, &form.option, &form.check})
-    EXPECT_EQ(forms::backColor(ground), 14741230) << ground->metaObject()->className();
-  EXPECT_EQ(forms::foreColor(&form.box), textOfBox);
-  for (QWidget* other :
-       std::initializer_list<QWidget*>{&form.masked, &form.combo, &form.grid, form.combo.lineEdit()})
-    EXPECT_NE(forms::backColor(other), 14741230) << other->metaObject()->className();
-}
-
-TEST_F(ScreenKit, AThemeWithoutARowLeavesTheSystemsColours) {
-  contexto().CorFundo = u"1"_s;
-  LeCoresSistema(u"nenhum"_s);
-  AplicaCoresForm(form);
-  EXPECT_EQ(forms::toColor(forms::backColor(&form)), forms::toColor(0x8000000F));
-  EXPECT_EQ(forms::toColor(forms::foreColor(&form.label)), forms::toColor(0x80000012));
 }
 
 // Every filler: its combo, what it lists, what it leaves out.
