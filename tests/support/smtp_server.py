@@ -106,7 +106,8 @@ async def serve(arguments):
     Server.fault = arguments.fault
     protocol = asyncio.Protocol if arguments.fault == "mute" else lambda: Server(handler, **options)
     at_once = tls if arguments.tls == "at once" else None
-    server = await asyncio.get_running_loop().create_server(protocol, "127.0.0.1", arguments.port, ssl=at_once)
+    loop = asyncio.get_running_loop()
+    server = await loop.create_server(protocol, "127.0.0.1", arguments.port, ssl=at_once)
     print(server.sockets[0].getsockname()[1], flush=True)
     await asyncio.Event().wait()
 
