@@ -1,8 +1,10 @@
 #include "documents/word.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QProcess>
+#include <QStandardPaths>
 
 #include "documents/document_values.h"
 #include "platform/files/paths.h"
@@ -66,6 +68,18 @@ TEST_F(WordDocument, PdfTellsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
     EXPECT_TRUE(text.contains(told)) << told.toStdString() << "\n" << text.toStdString();
   EXPECT_EQ(office::pdfPrinterSetting(u"output"_s), pdf_);
   EXPECT_EQ(office::defaultPrinter(), u"Laser do escritório"_s);
+}
+
+TEST_F(WordDocument, WordProcessorsOpenTheFileWithTablesPictureAndTexts) {
+  const QString office = QStandardPaths::findExecutable(u"libreoffice"_s);
+  if (office.isEmpty()) GTEST_SKIP() << "libreoffice is not installed";
+  DocumentoWord(u"77"_s, doc_, pdf_);
+  const QString folder = QFileInfo(files::resolve(doc_)).path();
+  textOf(office, {u"--headless"_s, u"--convert-to"_s, u"fodt"_s, u"--outdir"_s, folder, files::resolve(doc_)});
+  const QString content = QString::fromUtf8(files::readAll(folder + u"/orca_cliente_000077.fodt"_s));
+  EXPECT_EQ(content.count(u"<table:table "_s), 5);
+  EXPECT_EQ(content.count(u"<draw:image"_s), 1);
+  EXPECT_TRUE(content.contains(u"Fita João"_s));
 }
 
 TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
