@@ -17,15 +17,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kNoAplic =
-    u"Há Problemas de Configuração do Aplicativo ZARIM!\n\nContate o Administrador do Sistema e informe este "
-    u"fato, "
-    "identificado\no motivo [Falta do Arquivo Server_Aplic]!"_s;
+    u"Há Problemas de Configuração do Aplicativo ZARIM!\n\nContate o Administrador do Sistema e informe "
+    "este fato, identificado\no motivo [Falta do Arquivo Server_Aplic]!"_s;
 const QString kNoLine =
     u"Conteúdo do Arquivo NÃO Encontrado!\nContate o seu Desenvolvedor para posicionar a falha de Conexão!"_s;
 const QString kNoServer =
     u"O Servidor de dados não está respondendo.\n\nVerifique se o servidor NT/SQL/LINUX ((embutido)) está "
-    u"ligado.\n"
-    "O Ambiente selecionado () pode não estar configurado!"_s;
+    "ligado.\nO Ambiente selecionado () pode não estar configurado!"_s;
 
 class Configuration : public support::Company {
  protected:

@@ -106,8 +106,8 @@ TEST_F(SampleCompany, ItsNumbersAgreeWithEachOther) {
       "valo_dect) > 0.005",
       u"prop_cmrc_deta_monta where abs(valo_tota - qtde * valo_unit) > 0.00501",
       // An assembled line is worth its materials, has one product, and it is that product.
-      u"prop_cmrc_deta d where exists (select count(*) from prop_cmrc_deta_monta m where m.idprop_cmrc_deta = "
-      "d.idprop_cmrc_deta having abs(sum(m.valo_tota) - d.valo_unit) > 0.005 or 1 <> "
+      u"prop_cmrc_deta d where exists (select count(*) from prop_cmrc_deta_monta m where "
+      "m.idprop_cmrc_deta = d.idprop_cmrc_deta having abs(sum(m.valo_tota) - d.valo_unit) > 0.005 or 1 <> "
       "sum(m.tipo_mate_prima = 'PRODUTO' and m.idprod = d.idprodprot and m.idprop_cmrc = d.idprop_cmrc))",
       u"prop_cmrc_deta_monta m, prod where prod.idprod = m.idprod and m.tipo_mate_prima <> 'PRODUTO' and "
       "(prod.tipo_mate_prima <> m.tipo_mate_prima or prod.prod_mate_prim <> 'M')",
