@@ -10,6 +10,9 @@ if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
   mkdir -p -m 700 "$XDG_RUNTIME_DIR"
 fi
 
+# Some ODBC drivers read texts by the locale.
+[ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
+
 fail() {
   printf '%s\n' "$*" >&2
   exit 1

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <thread>
 
 #include "platform/values/runtime_error.h"
 #include "quote_case.h"
@@ -85,7 +86,65 @@ TEST_P(Saving, CutFromTheServerAtAnyStatementLeavesTheOldQuote) {
   }
 }
 
+TEST_P(Saving, WaitsForAnotherProgramThatSaves) {
+  auto& screen = start();
+  prepare(screen);
+  data::Connection other;
+  other.open(u"server=(embutido);database="_s + databasePath(), 5);
+  other.begin();
+  other.execute(u"UPDATE prop_cmrc SET fone_clie='outro' WHERE idprop_cmrc=1"_s);
+  std::thread finishing;
+  contexto().Conexao.setListener([&](const QString& sql) {
+    if (sql == u"BEGIN"_s) finishing = std::thread([&] { other.commit(); });
+  });
+  support::click(screen.cmdSALVAR);
+  finishing.join();
+  contexto().Conexao.setListener({});
+  EXPECT_FALSE(ended.has_value()) << boxes.join(u' ').toStdString();
+  // The last save wins on the quote that both have written.
+  EXPECT_EQ(ask(u"SELECT fone_clie FROM prop_cmrc WHERE idprop_cmrc=1"_s),
+            GetParam() == 0 ? u"outro"_s : u"1"_s);
+  EXPECT_EQ(ask(u"SELECT count(*) FROM prop_cmrc"_s), GetParam() == 0 ? u"2"_s : u"1"_s);
+}
+
 INSTANTIATE_TEST_SUITE_P(Paths, Saving, ::testing::Values(0, 1),
                          [](const auto& one) { return one.param == 0 ? "Insert" : "Update"; });
+
+using Loading = faults::QuoteCase;
+
+TEST_F(Loading, CutFromTheServerAtAnyStatementEndsTheProgram) {
+  TdsServer server;
+  auto* screen = &startOn(server);
+  qsizetype all = 0;
+  server.setFault([&all](const QString&) {
+    ++all;
+    return TdsServer::Act::Answer;
+  });
+  alterQuote(*screen);
+  ASSERT_GT(all, 20);
+  RecordProperty("cuts", static_cast<int>((all + 2) / 3));
+  for (qsizetype victim = 0; victim < all; victim += 3) {
+    TdsServer failing;
+    screen = &startOn(failing);
+    qsizetype passed = 0;
+    failing.setFault(
+        [&](const QString&) { return passed++ >= victim ? TdsServer::Act::Cut : TdsServer::Act::Answer; });
+    screen->txtCodigo->setText(u"1"_s);
+    support::click(screen->cmdPesquisar_PropCmrc);
+    EXPECT_EQ(ended, 1) << "statement " << victim;
+    contexto().Conexao.close();
+  }
+}
+
+TEST_F(Loading, ReadsOnWhileAnotherProgramSaves) {
+  auto& screen = start();
+  data::Connection other;
+  other.open(u"server=(embutido);database="_s + databasePath(), 5);
+  other.begin();
+  other.execute(u"DELETE FROM prop_cmrc_deta WHERE (idprop_cmrc=1)"_s);
+  alterQuote(screen);
+  EXPECT_FALSE(ended.has_value());
+  EXPECT_EQ(screen.Flex->grid().rows(), 3);
+}
 
 }  // namespace

@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <QRandomGenerator>
+#include <cmath>
+
+#include "platform/values/dates.h"
+#include "platform/values/numbers.h"
+#include "platform/values/runtime_error.h"
+#include "road_file.h"
+#include "run/configuration.h"
+#include "shared/text.h"
+#include "support/printing.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kTries = 40'000;  // of each reader; some two seconds in all
+
+/// Texts made of pieces that mean something to a reader, and of any characters. The same ones on every run.
+class Texts {
+ public:
+  explicit Texts(QStringList pieces) : pieces_(std::move(pieces)) {}
+
+  QString next() {
+    QString text;
+    for (int count = random_.bounded(8); count > 0; --count) {
+      if (random_.bounded(8) == 0)
+        text += QChar(static_cast<char16_t>(random_.bounded(0x10000)));
+      else
+        text += pieces_[random_.bounded(static_cast<int>(pieces_.size()))];
+    }
+    return text;
+  }
+
+ private:
+  QStringList pieces_;
+  QRandomGenerator random_{20240315};
+};
+
+TEST(Readers, NumbersAreReadOrRefused) {
+  Texts texts({u"0"_s, u"1"_s, u"9"_s, u"12"_s, u","_s, u"."_s, u"-"_s, u"+"_s, u" "_s, u"e"_s, u"E5"_s,
+               u"%"_s, u"999999999"_s, u"inf"_s, u"nan"_s, u"0x1"_s});
+  for (int i = 0; i < kTries; ++i) {
+    const QString text = texts.next();
+    SCOPED_TRACE(text.toStdString());
+    ASSERT_TRUE(std::isfinite(LeNumero(text)));
+    if (values::isNumeric(text)) {
+      const double number = values::toNumber(text);
+      ASSERT_TRUE(std::isfinite(number));
+      // What is shown is read back as what is shown, by both readers.
+      if (std::fabs(number) < 1e12) {
+        const QString money = Moeda(number);
+        ASSERT_EQ(Moeda(values::toNumber(money)), money);
+        ASSERT_EQ(LeNumero(money), values::toNumber(money));
+      }
+    } else {
+      ASSERT_THROW((void)values::toNumber(text), values::RuntimeError);
+    }
+  }
+}
+
+TEST(Readers, DatesAreReadOrRefused) {
+  Texts texts({u"0"_s, u"1"_s, u"31"_s, u"12"_s, u"02"_s, u"2024"_s, u"/"_s, u"15/03/2024"_s, u" "_s, u":"_s,
+               u"10:30"_s, u"____"_s, u"__/__/____"_s, u"__:__"_s, u"__"_s});
+  values::setClock([] { return values::toDate(u"15/03/2024 10:30"); });
+  for (int i = 0; i < kTries; ++i) {
+    const QString text = texts.next();
+    SCOPED_TRACE(text.toStdString());
+    const QString completed = ValidaDataMascara(text);
+    ASSERT_EQ(completed.isNull() && !text.isEmpty(), false);
+    if (!values::isDate(text)) {
+      ASSERT_THROW((void)values::toDate(text), values::RuntimeError);
+      continue;
+    }
+    ASSERT_TRUE(text == completed);
+    ASSERT_EQ(values::formatDate(text, text.size() > 10 ? u"dd/mm/yyyy hh:mm" : u"dd/mm/yyyy"), text);
+  }
+  values::setClock({});
+}
+
+TEST(Readers, FieldsAreFoundWhateverStandsAroundThem) {
+  Texts texts({u"^"_s, u"^^"_s, u" "_s, u"a"_s, u"|"_s, u"."_s, u"\t"_s, u"\r"_s, u"\n"_s});
+  for (int i = 0; i < kTries; ++i) {
+    QString text = texts.next();
+    const QString trimmed = Apara(text);
+    const auto fields = trimmed.isEmpty() ? 0 : trimmed.count(u'^') + (trimmed.endsWith(u'^') ? 0 : 1);
+    for (int n = -1; n <= fields + 1; ++n) {
+      const QString field = PegaCampo(text, n);
+      ASSERT_FALSE(field.contains(u'^'));
+      ASSERT_TRUE(fields == 0 || n <= fields || field == u"."_s);
+      ASSERT_TRUE(n >= 1 || field.isEmpty());
+    }
+  }
+}
+
+TEST(Readers, RoadsAreReadOrTheLineIsNamed) {
+  Texts texts({u"type "_s, u"expect "_s, u"sql "_s, u"\""_s, u"\\"_s, u"\n"_s, u"txtDesc "_s, u"1 "_s,
+               u"cell "_s, u"Flex "_s, u"start "_s, u"answer "_s, u"# "_s, u"not "_s, u"\r\n"_s});
+  for (int i = 0; i < kTries; ++i) {
+    const QString text = texts.next();
+    SCOPED_TRACE(text.toStdString());
+    int line = 0;
+    try {
+      const road::Road road = road::readRoad(u"x.road"_s, text, line);
+      for (const road::Step& step : road.steps) ASSERT_FALSE(step.verb.isEmpty());
+    } catch (const road::Failure&) {
+      ASSERT_GE(line, 1);
+      ASSERT_LE(line, text.count(u'\n') + 1);
+    }
+  }
+}
+
+}  // namespace
