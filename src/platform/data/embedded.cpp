@@ -57,23 +57,22 @@ void Compiled::describe() {
   }
 }
 
-QVariant read(sqlite3_stmt* statement, int column, Reading reading) {
-  switch (sqlite3_column_type(statement, column)) {
+void read(sqlite3_value* value, Reading reading, ResultValues& values) {
+  switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
-      return {};
+      return values.addNull();
     case SQLITE_INTEGER:
-      return QVariant::fromValue<qlonglong>(sqlite3_column_int64(statement, column));
+      return values.addInteger(sqlite3_value_int64(value));
     case SQLITE_FLOAT:
-      return sqlite3_column_double(statement, column);
+      return values.addNumber(sqlite3_value_double(value));
     default:
       break;
   }
-  const void* bytes = sqlite3_column_text(statement, column);
+  const void* bytes = sqlite3_value_text(value);
   const std::string_view text(static_cast<const char*>(bytes),
-                              static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
-  if (reading == Reading::Date)
-    if (const QDateTime date = storedDate(text); date.isValid()) return date;
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+                              static_cast<std::size_t>(sqlite3_value_bytes(value)));
+  if (reading == Reading::Date) return values.addWrittenDate(text);
+  values.addText(text);
 }
 
 class EmbeddedEngine final : public Engine {
@@ -151,17 +150,24 @@ Recordset EmbeddedEngine::readAll(Compiled& compiled) {
     compiled.describe();
   }
   const auto width = static_cast<int>(compiled.columns.size());
-  QList<QVariant> values;
+  ResultValues values;
+  // A column's value may be read itself, for the library was opened without locks of its own.
   for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement))
     for (int column = 0; column < width; ++column)
-      values.append(read(statement, column, compiled.readings[static_cast<std::size_t>(column)]));
+      read(sqlite3_column_value(statement, column), compiled.readings[static_cast<std::size_t>(column)],
+           values);
   if (outcome != SQLITE_DONE) fail();
   return width == 0 ? Recordset() : Recordset(compiled.columns, std::move(values));
 }
 
 Recordset EmbeddedEngine::lastIdentity(const QString& column) {
   const qlonglong id = sqlite3_last_insert_rowid(database_.get());
-  return {QStringList{column}, QList<QVariant>{id == 0 ? QVariant() : QVariant(id)}};
+  ResultValues values;
+  if (id == 0)
+    values.addNull();
+  else
+    values.addInteger(id);
+  return {QStringList{column}, std::move(values)};
 }
 
 /// The library reads up to a NUL: what stood behind it would be lost without a word.

@@ -15,35 +15,48 @@ namespace {
 constexpr int kUnknownField = 3265;
 constexpr int kNoCurrentRow = 3021;
 
-bool isDate(const QVariant& value) { return value.typeId() == QMetaType::QDateTime; }
+using Kind = ResultValues::Kind;
 
-bool isNumber(const QVariant& value) {
-  return value.typeId() == QMetaType::Double || value.typeId() == QMetaType::LongLong;
+double numberOf(const ResultValues& result, qsizetype at) {
+  switch (result.kind(at)) {
+    case Kind::Null:
+      values::raise(values::kInvalidNull);
+    case Kind::Date:
+      values::raise(values::kTypeMismatch);
+    case Kind::Integer:
+      return static_cast<double>(result.integer(at));
+    case Kind::Number:
+      return result.number(at);
+    case Kind::Text:
+      break;
+  }
+  return values::toNumber(result.text(at));
 }
 
-double numberOf(const QVariant& value) {
-  if (!value.isValid()) values::raise(values::kInvalidNull);
-  if (isDate(value)) values::raise(values::kTypeMismatch);
-  return isNumber(value) ? value.toDouble() : values::toNumber(value.toString());
-}
-
-QDateTime dateOf(const QVariant& value) {
-  if (!value.isValid()) return {};
-  if (isDate(value)) return value.toDateTime();
-  if (isNumber(value)) values::raise(values::kTypeMismatch);
-  return values::toDate(value.toString());
+QDateTime dateOf(const ResultValues& result, qsizetype at) {
+  switch (result.kind(at)) {
+    case Kind::Null:
+      return {};
+    case Kind::Date:
+      return result.date(at);
+    case Kind::Integer:
+    case Kind::Number:
+      values::raise(values::kTypeMismatch);
+    case Kind::Text:
+      break;
+  }
+  return values::toDate(result.text(at));
 }
 
 }  // namespace
 
 Recordset::Recordset(QStringList columns, std::vector<std::vector<QVariant>> rows)
     : open_(true), columns_(std::move(columns)), rows_(rows.size()) {
-  values_.reserve(columns_.size() * static_cast<qsizetype>(rows_));
-  for (auto& row : rows)
-    for (auto& value : row) values_.append(std::move(value));
+  for (const auto& row : rows)
+    for (const auto& value : row) values_.add(value);
 }
 
-Recordset::Recordset(QStringList columns, QList<QVariant> values)
+Recordset::Recordset(QStringList columns, ResultValues values)
     : open_(true), columns_(std::move(columns)), values_(std::move(values)) {
   if (!columns_.isEmpty()) rows_ = static_cast<std::size_t>(values_.size() / columns_.size());
 }
@@ -75,7 +88,7 @@ const QStringList& Recordset::columns() const {
   return columns_;
 }
 
-const QVariant& Recordset::value(QStringView field) const {
+qsizetype Recordset::place(QStringView field) const {
   if (eof()) throw values::RuntimeError(kNoCurrentRow, u"Não há registro atual."_s);
   const auto width = static_cast<std::size_t>(columns_.size());
   // From the second row on the search goes on from the last field found, if that finds the same one.
@@ -84,7 +97,7 @@ const QVariant& Recordset::value(QStringView field) const {
     const std::size_t column = (start + tried) % width;
     if (field.compare(columns_[static_cast<qsizetype>(column)], Qt::CaseInsensitive) == 0) {
       lastColumn_ = column;
-      return values_[static_cast<qsizetype>(row_ * width + column)];
+      return static_cast<qsizetype>(row_ * width + column);
     }
   }
   throw values::RuntimeError(kUnknownField, u"O campo \"%1\" não está no resultado."_s.arg(field));
@@ -100,29 +113,35 @@ bool Recordset::namesDiffer() const {
 }
 
 QString Recordset::text(QStringView field) const {
-  const QVariant& found = value(field);
-  if (!found.isValid()) return {};
-  if (found.typeId() == QMetaType::QString) return *static_cast<const QString*>(found.constData());
-  if (found.typeId() == QMetaType::LongLong) return QString::number(found.toLongLong());
-  if (isNumber(found)) return values::toText(found.toDouble());
-  if (isDate(found)) return values::toText(found.toDateTime());
-  return found.toString();
+  const qsizetype at = place(field);
+  switch (values_.kind(at)) {
+    case Kind::Null:
+      return {};
+    case Kind::Integer:
+      return QString::number(values_.integer(at));
+    case Kind::Number:
+      return values::toText(values_.number(at));
+    case Kind::Date:
+      return values::toText(values_.date(at));
+    case Kind::Text:
+      break;
+  }
+  return values_.text(at);
 }
 
-bool Recordset::isNull(QStringView field) const { return !value(field).isValid(); }
+bool Recordset::isNull(QStringView field) const { return values_.kind(place(field)) == Kind::Null; }
 
-double Recordset::number(QStringView field) const { return numberOf(value(field)); }
+double Recordset::number(QStringView field) const { return numberOf(values_, place(field)); }
 
-QDateTime Recordset::date(QStringView field) const { return dateOf(value(field)); }
+QDateTime Recordset::date(QStringView field) const { return dateOf(values_, place(field)); }
 
 QString Recordset::format(QStringView field, QStringView mask) const {
-  const QVariant& found = value(field);
-  return found.isValid() ? values::format(numberOf(found), mask) : QString();
+  const qsizetype at = place(field);
+  return values_.kind(at) == Kind::Null ? QString() : values::format(numberOf(values_, at), mask);
 }
 
 QString Recordset::formatDate(QStringView field, QStringView form) const {
-  const QVariant& found = value(field);
-  return found.isValid() ? values::formatDate(dateOf(found), form) : QString();
+  return values::formatDate(date(field), form);
 }
 
 }  // namespace data

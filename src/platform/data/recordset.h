@@ -6,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+#include "platform/data/result_values.h"
+
 namespace data {
 
 /// A result read whole when it was opened, then walked forward. Fields are found by name whatever the case.
@@ -18,7 +20,7 @@ class Recordset {
   /// marks a date, double or qlonglong a number, QString a text, an invalid QVariant null.
   Recordset(QStringList columns, std::vector<std::vector<QVariant>> rows);
   /// The same with the values of all rows one behind the other.
-  Recordset(QStringList columns, QList<QVariant> values);
+  Recordset(QStringList columns, ResultValues values);
 
   [[nodiscard]] bool isOpen() const { return open_; }
   void close();
@@ -47,13 +49,14 @@ class Recordset {
   [[nodiscard]] QString formatDate(QStringView field, QStringView form) const;
 
  private:
-  [[nodiscard]] const QVariant& value(QStringView field) const;
+  /// Where the field of the current row stands among the values.
+  [[nodiscard]] qsizetype place(QStringView field) const;
   /// Whether no two columns have the same name: of two, the first counts.
   [[nodiscard]] bool namesDiffer() const;
 
   bool open_ = false;
   QStringList columns_;
-  QList<QVariant> values_;  // row after row
+  ResultValues values_;  // row after row
   std::size_t rows_ = 0;
   std::size_t row_ = 0;
   mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order

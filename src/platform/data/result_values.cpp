@@ -1,0 +1,69 @@
+#include "platform/data/result_values.h"
+
+#include "platform/data/embedded_text.h"
+#include "platform/values/dates.h"
+
+namespace data {
+
+void ResultValues::add(const QVariant& value) {
+  switch (value.typeId()) {
+    case QMetaType::UnknownType:
+      return addNull();
+    case QMetaType::LongLong:
+      return addInteger(value.toLongLong());
+    case QMetaType::Double:
+      return addNumber(value.toDouble());
+    case QMetaType::QDateTime: {
+      const QDateTime date = value.toDateTime();
+      if (!date.isValid()) return addNull();
+      const qint64 held = values::wallClock(date.date(), date.time()).toMSecsSinceEpoch();
+      cells_.append(Cell{.integer = held, .form = Form::Date});
+      return;
+    }
+    default: {
+      // As it is: half a character, which a server may have cut off, has no UTF-8.
+      const QString text = value.toString();
+      return addBytes({reinterpret_cast<const char*>(text.constData()),
+                       static_cast<std::size_t>(text.size()) * sizeof(QChar)},
+                      Form::Utf16);
+    }
+  }
+}
+
+ResultValues::Kind ResultValues::kind(qsizetype at) const {
+  const Cell& cell = cells_[at];
+  switch (cell.form) {
+    case Form::Null:
+      return Kind::Null;
+    case Form::Integer:
+      return Kind::Integer;
+    case Form::Number:
+      return Kind::Number;
+    case Form::Date:
+      return Kind::Date;
+    case Form::WrittenDate:
+      return storedDate(bytes(cell)).isValid() ? Kind::Date : Kind::Text;
+    case Form::Utf8:
+    case Form::Utf16:
+      break;
+  }
+  return Kind::Text;
+}
+
+QDateTime ResultValues::date(qsizetype at) const {
+  const Cell& cell = cells_[at];
+  if (cell.form == Form::WrittenDate) return storedDate(bytes(cell));
+  return QDateTime::fromMSecsSinceEpoch(cell.integer, Qt::UTC);
+}
+
+QString ResultValues::text(qsizetype at) const {
+  const Cell& cell = cells_[at];
+  const std::string_view held = bytes(cell);
+  const auto length = static_cast<qsizetype>(held.size());
+  if (cell.form != Form::Utf16) return QString::fromUtf8(held.data(), length);
+  QString text(length / static_cast<qsizetype>(sizeof(QChar)), Qt::Uninitialized);
+  held.copy(reinterpret_cast<char*>(text.data()), held.size());
+  return text;
+}
+
+}  // namespace data
