@@ -14,9 +14,18 @@ struct Field {
   const char* control;
   const char* column;
 };
-constexpr Field kFields[] = {{"txtDesc", "prop_cmrc_desc"}, {"cboCliente", "nome_clie"},
-                             {"txtNumePess", "nume_pess"},  {"txtObserva", "obse_prop_cmrc"},
-                             {"txtNomeHomg", nullptr},      {"Flex", nullptr}};
+constexpr Field kFields[] = {{"txtDesc", "prop_cmrc_desc"},
+                             {"cboCliente", "nome_clie"},
+                             {"txtFoneExtra", "fone_clie"},
+                             {"txtEmailExtra", "emai_clie"},
+                             {"cboClienteContato", "nome_clie_cont"},
+                             {"txtFoneExtraContato", "fone_clie_cont"},
+                             {"txtEmailExtraContato", "emai_clie_cont"},
+                             {"txtNumePess", "nume_pess"},
+                             {"txtObserva", "obse_prop_cmrc"},
+                             {"txtCondPagto", "txt_cond_pgto"},
+                             {"txtNomeHomg", nullptr},
+                             {"Flex", nullptr}};
 
 const QStringList& texts() {
   static const QStringList all{QString(10'000, u'ç'),
