@@ -3,10 +3,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 #include <QDir>
+#include <QRandomGenerator>
 #include <csignal>
 #include <optional>
 
 #include "platform/files/paths.h"
+#include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "run/context.h"
 #include "support/company.h"
@@ -233,6 +235,25 @@ TEST_F(Configuration, ClosingEndsOnlyAnOpenConnection) {
   }
   support::Script script;
   FechaConexao(u"SAIR"_s);
+}
+
+// Any bytes in the three files: a box and an end, silence, or a connection, never a crash. Fewer line ends
+// than make a fourth line, which never returns.
+TEST_F(Configuration, AnyBytes) {
+  const QByteArray alphabet("^^^^^(embutido) ;=\\:c\r\t.0\0\xE7\xC3\xA7", 32);
+  QRandomGenerator random(3);
+  forms::setBoxAnswerer([](const forms::Box&) { return forms::Answer::Ok; });
+  forms::setEnd([](int) {});
+  for (int i = 0; i < 400; ++i) {
+    for (const auto& name : {u"server_aplic.ini"_s, u"server.ini"_s, u"paths.ini"_s}) {
+      QByteArray bytes;
+      for (int length = random.bounded(60); length > 0; --length) bytes += alphabet[random.bounded(32)];
+      write(name, bytes.replace('\r', bytes.count('\r') < 3 ? "\r" : " "));
+    }
+    connects();
+  }
+  forms::setBoxAnswerer({});
+  forms::setEnd({});
 }
 
 }  // namespace
