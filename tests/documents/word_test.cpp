@@ -75,7 +75,8 @@ TEST_F(WordDocument, WordProcessorsOpenTheFileWithTablesPictureAndTexts) {
   if (office.isEmpty()) GTEST_SKIP() << "libreoffice is not installed";
   DocumentoWord(u"77"_s, doc_, pdf_);
   const QString folder = QFileInfo(files::resolve(doc_)).path();
-  textOf(office, {u"--headless"_s, u"--convert-to"_s, u"fodt"_s, u"--outdir"_s, folder, files::resolve(doc_)});
+  textOf(office,
+         {u"--headless"_s, u"--convert-to"_s, u"fodt"_s, u"--outdir"_s, folder, files::resolve(doc_)});
   const QString content = QString::fromUtf8(files::readAll(folder + u"/orca_cliente_000077.fodt"_s));
   EXPECT_EQ(content.count(u"<table:table "_s), 5);
   EXPECT_EQ(content.count(u"<draw:image"_s), 1);
