@@ -240,14 +240,15 @@ TEST_F(Configuration, ClosingEndsOnlyAnOpenConnection) {
 // Any bytes in the three files: a box and an end, silence, or a connection, never a crash. Fewer line ends
 // than make a fourth line, which never returns.
 TEST_F(Configuration, AnyBytes) {
-  const QByteArray alphabet("^^^^^(embutido) ;=\\:c\r\t.0\0\xE7\xC3\xA7", 32);
+  constexpr char kLetters[] = "^^^^^(embutido) ;=\\:c\r\t.0\0\xE7\xC3\xA7";
   QRandomGenerator random(3);
   forms::setBoxAnswerer([](const forms::Box&) { return forms::Answer::Ok; });
   forms::setEnd([](int) {});
   for (int i = 0; i < 400; ++i) {
     for (const auto& name : {u"server_aplic.ini"_s, u"server.ini"_s, u"paths.ini"_s}) {
       QByteArray bytes;
-      for (int length = random.bounded(60); length > 0; --length) bytes += alphabet[random.bounded(32)];
+      for (int length = random.bounded(60); length > 0; --length)
+        bytes += kLetters[random.bounded(int{sizeof kLetters})];
       write(name, bytes.replace('\r', bytes.count('\r') < 3 ? "\r" : " "));
     }
     connects();
