@@ -24,7 +24,10 @@ Form::Form(const QString& name) : d_(std::make_unique<Private>(*this, name)) {
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { d_->noteFocus(now); });
 }
 
-Form::~Form() { registry::noteHidden(this); }
+Form::~Form() {
+  disconnect(qApp, nullptr, this, nullptr);  // what is left of it loses the focus when it hides
+  registry::noteHidden(this);
+}
 
 void Form::ensureLoaded() {
   if (loaded_) return;
