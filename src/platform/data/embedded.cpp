@@ -68,7 +68,8 @@ void read(sqlite3_value* value, Reading reading, ResultValues& values) {
     default:
       break;
   }
-  const void* bytes = sqlite3_value_text(value);
+  // The bytes as they are stored, which is UTF-8: asked for as a text they would be copied to end in a NUL.
+  const void* bytes = sqlite3_value_blob(value);
   const std::string_view text(static_cast<const char*>(bytes),
                               static_cast<std::size_t>(sqlite3_value_bytes(value)));
   if (reading == Reading::Date) return values.addWrittenDate(text);
