@@ -17,7 +17,7 @@ void ResultValues::add(const QVariant& value) {
       const QDateTime date = value.toDateTime();
       if (!date.isValid()) return addNull();
       const qint64 held = values::wallClock(date.date(), date.time()).toMSecsSinceEpoch();
-      cells_.append(Cell{.integer = held, .form = Form::Date});
+      cells_.push_back(Cell{.integer = held, .form = Form::Date});
       return;
     }
     default: {
@@ -31,7 +31,7 @@ void ResultValues::add(const QVariant& value) {
 }
 
 ResultValues::Kind ResultValues::kind(qsizetype at) const {
-  const Cell& cell = cells_[at];
+  const Cell& cell = cells_[static_cast<std::size_t>(at)];
   switch (cell.form) {
     case Form::Null:
       return Kind::Null;
@@ -51,13 +51,13 @@ ResultValues::Kind ResultValues::kind(qsizetype at) const {
 }
 
 QDateTime ResultValues::date(qsizetype at) const {
-  const Cell& cell = cells_[at];
+  const Cell& cell = cells_[static_cast<std::size_t>(at)];
   if (cell.form == Form::WrittenDate) return storedDate(bytes(cell));
   return QDateTime::fromMSecsSinceEpoch(cell.integer, Qt::UTC);
 }
 
 QString ResultValues::text(qsizetype at) const {
-  const Cell& cell = cells_[at];
+  const Cell& cell = cells_[static_cast<std::size_t>(at)];
   const std::string_view held = bytes(cell);
   const auto length = static_cast<qsizetype>(held.size());
   if (cell.form != Form::Utf16) return QString::fromUtf8(held.data(), length);

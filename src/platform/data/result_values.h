@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QByteArray>
 #include <QDateTime>
-#include <QList>
 #include <QString>
 #include <QVariant>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace data {
 
@@ -15,20 +15,20 @@ class ResultValues {
  public:
   enum class Kind : quint8 { Null, Integer, Number, Date, Text };
 
-  void addNull() { cells_.append(Cell{}); }
-  void addInteger(qint64 value) { cells_.append(Cell{.integer = value, .form = Form::Integer}); }
-  void addNumber(double value) { cells_.append(Cell{.number = value, .form = Form::Number}); }
+  void addNull() { cells_.push_back(Cell{}); }
+  void addInteger(qint64 value) { cells_.push_back(Cell{.integer = value, .form = Form::Integer}); }
+  void addNumber(double value) { cells_.push_back(Cell{.number = value, .form = Form::Number}); }
   void addText(std::string_view utf8) { addBytes(utf8, Form::Utf8); }
   /// A date as the embedded file writes it ("yyyymmdd hh:mm"); what is none stays a text.
   void addWrittenDate(std::string_view text) { addBytes(text, Form::WrittenDate); }
   /// QDateTime, double, qlonglong, QString, or an invalid QVariant, which is null.
   void add(const QVariant& value);
 
-  [[nodiscard]] qsizetype size() const { return cells_.size(); }
+  [[nodiscard]] qsizetype size() const { return static_cast<qsizetype>(cells_.size()); }
   [[nodiscard]] Kind kind(qsizetype at) const;
   // Each for its own kind only.
-  [[nodiscard]] qint64 integer(qsizetype at) const { return cells_[at].integer; }
-  [[nodiscard]] double number(qsizetype at) const { return cells_[at].number; }
+  [[nodiscard]] qint64 integer(qsizetype at) const { return cell(at).integer; }
+  [[nodiscard]] double number(qsizetype at) const { return cell(at).number; }
   [[nodiscard]] QDateTime date(qsizetype at) const;
   [[nodiscard]] QString text(qsizetype at) const;
 
@@ -45,17 +45,20 @@ class ResultValues {
     Form form = Form::Null;
   };
   void addBytes(std::string_view bytes, Form form);
+  [[nodiscard]] const Cell& cell(qsizetype at) const { return cells_[static_cast<std::size_t>(at)]; }
   [[nodiscard]] std::string_view bytes(const Cell& cell) const {
-    return {bytes_.constData() + cell.place, static_cast<std::size_t>(cell.length)};
+    return {bytes_.data() + cell.place, static_cast<std::size_t>(cell.length)};
   }
 
-  QList<Cell> cells_;
-  QByteArray bytes_;
+  std::vector<Cell> cells_;
+  std::string bytes_;
 };
 
 inline void ResultValues::addBytes(std::string_view bytes, Form form) {
-  cells_.append(Cell{.place = bytes_.size(), .length = static_cast<int>(bytes.size()), .form = form});
-  bytes_.append(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  cells_.push_back(Cell{.place = static_cast<qsizetype>(bytes_.size()),
+                        .length = static_cast<int>(bytes.size()),
+                        .form = form});
+  bytes_.append(bytes);
 }
 
 }  // namespace data
