@@ -13,6 +13,23 @@ const QString kItemId = u"SELECT @@IDENTITY AS 'MAXPROPCMRCDETA'"_s;
 
 class Saving : public QuoteCase {
  protected:
+  /// A new quote with every field and one assembled line with two materials, a prototype and an honoree.
+  void fillNew() {
+    support::click(screen->cmdINCLUIR);
+    const QString fields =
+        u"cboVendedor=BIA|cboCliente=Clara Festas Ltda|cboClienteContato=Dora|cboLocalVenda=Loja Centro|"
+        "cboTipoMktg=Indicação|cboTipoEven=Casamento|cboTipoServ=Lembrança|cboRespAtendimento=MARIA|"
+        "mskDataEven=20/04/2024|mskDtValidade=31/03/2024|mskDtEntrega=15/04/2024|txtDesc= Bodas de prata |"
+        "txtFoneExtra=(19) 3333,1|txtEmailExtra=c@x|txtFoneExtraContato=9999|txtEmailExtraContato=d@x|"
+        "txtNumePess=80|txtObserva=Fita azul\nLaço|txtCondPagto=À vista"_s;
+    for (const QString& field : fields.split(u'|'))
+      forms::writeControl(u"frmPropCmrcTL"_s, field.section(u'=', 0, 0), field.section(u'=', 1));
+    addItem(u"101;PROD;CX-100;Caixa branca;19,25;0,00;19,25;3;57,75;;UN; Azul "_s);
+    addItem(u"202;PROT;202;Lata dourada;22,90;0,00;22,90;2,50;57,25;14/03/2024 16:20"_s);
+    addMaterial(u"101"_s, u"PRODUTO"_s, u"1"_s);
+    addMaterial(u"106"_s, u"ADEREÇO"_s, u"1"_s);
+    screen->FlexHomg->grid().addItem(u"\tana lúcia\t"_s);
+  }
   void expectWrites(const QStringList& expected) {
     const QStringList ran = writes();
     ASSERT_EQ(ran.size(), expected.size()) << ran.join(u'\n').toStdString();
@@ -56,7 +73,7 @@ TEST_F(Saving, ANewQuoteGoesOutInUpperCaseInOneTransaction) {
   EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u" "_s);
   support::click(screen->cmdPesquisar_PropCmrc);
   EXPECT_EQ(screen->txtDesc->text(), u"BODAS DE PRATA"_s);
-  EXPECT_EQ(column(screen->FlexMonta, grids::material::VinculoComFlex), u"1;1");
+  EXPECT_EQ(column(screen->FlexMonta, grids::material::VinculoComFlex), u"1|1");
 }
 
 TEST_F(Saving, AnAlteredQuoteRewritesItsRowsAndKeepsTheCaseOfRemarks) {
