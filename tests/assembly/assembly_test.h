@@ -4,23 +4,13 @@
 
 #include "assembly/frmConfirmaItem.h"
 #include "assembly/frmMontarProduto.h"
-#include "platform/forms/process.h"
-#include "quote/frmPropCmrcTL.h"
-#include "run/context.h"
-#include "support/company.h"
-#include "support/script.h"
+#include "screens/screen_case.h"
 
 /// The assembly screen over the quote screen.
-class AssemblyTest : public support::Company {
+class AssemblyTest : public ScreenCase {
  protected:
-  AssemblyTest() {
-    support::fillBasics(databasePath());
-    contexto().LinhaComando = QStringLiteral("7^0^PRD^");
-    quote().showForm();
-  }
-  ~AssemblyTest() override { forms::registry::clear(); }
+  AssemblyTest() { quote().showForm(); }
 
-  static frmPropCmrcTL& quote() { return forms::form<frmPropCmrcTL>(); }
   static frmMontarProduto& screen() { return forms::form<frmMontarProduto>(); }
 
   /// Shows the assembly screen, lets a user act on it; a screen still open is put away.
@@ -33,31 +23,28 @@ class AssemblyTest : public support::Company {
     forms::guarded([] { screen().showModal(); });
     support::settle();
   }
-  /// What a user does in the dialog that the next chosen article opens.
-  void inDialog(const std::function<void(frmConfirmaItem&)>& act) {
-    script.modal([act](forms::Form& opened) { act(dynamic_cast<frmConfirmaItem&>(opened)); });
+  /// The same, with two lines: 2 boxes at 12,50 and 3 chocolates at 10,40.
+  void withLines(const std::function<void(frmMontarProduto&)>& act) {
+    assemble([&](frmMontarProduto& screen) {
+      take(screen, 0, QStringLiteral("2"));
+      take(screen, 1, QStringLiteral("3"));
+      act(screen);
+    });
   }
   static forms::FlexGrid* results(frmMontarProduto& screen) {
     return screen.SSTab1->currentWidget()->findChild<forms::FlexGrid*>();
   }
-  /// Finds the articles of a tab (0 to 6) and takes the first.
-  void take(frmMontarProduto& screen, int tab, const QString& quantity = QStringLiteral("1")) {
+  /// Finds the articles of a tab (0 to 6) and takes the first; what a user does in its dialog besides.
+  void take(frmMontarProduto& screen, int tab, const QString& quantity,
+            const std::function<void(frmConfirmaItem&)>& act = {}) {
     screen.SSTab1->setCurrentIndex(tab);
     support::click(screen.cmdPesquisar);
-    inDialog([&quantity](frmConfirmaItem& dialog) {
+    script.modal([&](forms::Form& opened) {
+      auto& dialog = dynamic_cast<frmConfirmaItem&>(opened);
       support::type(dialog.txtQuantidade, quantity);
+      if (act) act(dialog);
       support::click(dialog.cmdConfirmar);
     });
     support::doubleClick(results(screen), 1);
   }
-  static QStringList rows(const forms::GridModel& grid) {
-    QStringList all;
-    for (int row = 1; row < grid.rows(); ++row) {
-      all << grid.text(row, 0);
-      for (int column = 1; column < grid.cols(); ++column) all.last() += u'|' + grid.text(row, column);
-    }
-    return all;
-  }
-
-  support::Script script;
 };
