@@ -10,7 +10,6 @@ namespace {
 class CatalogueSearch : public SearchTest {
  protected:
   CatalogueSearch() {
-    support::fillBasics(databasePath());
     sql(u"INSERT INTO cole (idcole, desc_cole) VALUES (16, 'Verão')"_s);
     sql(u"INSERT INTO prod (idprod, codi_prod, desc_prod, prod_mate_prim, idcole, data_desa) "
         u"VALUES (108, 'VELA-V', 'Vela velha', 'M', 16, '20240110')"_s);
@@ -33,18 +32,18 @@ class CatalogueSearch : public SearchTest {
       if (ids.isEmpty()) script.box(u"Nenhum Registro Localizado com esses parâmetros..."_s);
       support::click(screen.cmdPesquisa);
       EXPECT_EQ(statements().filter(u"SELECT * FROM PRO"_s).value(0), u"SELECT * FROM PRO"_s + statement);
-      EXPECT_EQ(column(screen.Flex, 0), ids);
+      EXPECT_EQ(column(screen.Flex->grid(), 0), ids);
     });
   }
 };
 
 TEST_F(CatalogueSearch, StatementsOfTheProductSearch) {
-  const QString all = u"102 101 105 104 106 107 103"_s;
+  const QString all = u"102|101|105|104|106|107|103"_s;
   const auto expect = [this](auto... values) { expectFound<frmBROWSE_PRODUTO>(values...); };
   expect(u"opExata"_s, u" "_s, u"D WHERE  PROD.DATA_DESA IS NULL  ORDER BY DESC_PROD"_s, all);
   expect(QString(), u"de"_s,
          u"D WHERE  PROD.DATA_DESA IS NULL  AND PROD.DESC_PROD LIKE '%DE%'  ORDER BY DESC_PROD"_s,
-         u"104 107"_s);
+         u"104|107"_s);
   expect(u"Option2 opInicialCom opBrowseProduto"_s, u"c"_s,
          u"D WHERE  PROD.DATA_DESA IS NULL  AND PROD.CODI_PROD LIKE 'C%' AND PROD_MATE_PRIM = 'P'  "
          u"ORDER BY CODI_PROD"_s,
@@ -54,7 +53,7 @@ TEST_F(CatalogueSearch, StatementsOfTheProductSearch) {
          u"AND IDCOLE = 16  ORDER BY DESC_PROD"_s,
          u"108"_s, u"Verão"_s);
   expect(u"Option1"_s, u"não conta"_s, u"D WHERE DATA_DESA IS NULL ORDER BY IDPROD"_s,
-         u"101 102 103 104 105 106 107"_s);
+         u"101|102|103|104|105|106|107"_s);
   expect(u"Option1 chkVisualiza opBrowseProduto"_s, QString(),
          u"D WHERE (NOT DATA_DESA IS NULL) AND PROD_MATE_PRIM = 'P' AND IDCOLE = 15 ORDER BY IDPROD"_s,
          QString(), u"Primavera"_s);
@@ -64,17 +63,17 @@ TEST_F(CatalogueSearch, StatementsOfThePrototypeSearch) {
   const auto expect = [this](auto... values) { expectFound<frmBROWSE_Prototipo>(values...); };
   expect(QString(), u"caixa"_s,
          u"T WHERE  PROT.DATA_DESA IS NULL  AND PROT.DESC_PROT LIKE '%CAIXA%'  ORDER BY DESC_PROT"_s,
-         u"203 201"_s);
+         u"203|201"_s);
   expect(u"opCampoInteiro chkSomenteSemProd"_s, QString(),
          u"T WHERE  PROT.DATA_DESA IS NULL  AND (IDPROD = 0 OR IDPROD IS NULL)  ORDER BY DESC_PROT"_s,
-         u"204 201 202"_s);
+         u"204|201|202"_s);
   expect(u"opCampoInteiro"_s, u"caixa"_s,
          u"T WHERE  PROT.DATA_DESA IS NULL  AND PROT.DESC_PROT = 'CAIXA'  ORDER BY DESC_PROT"_s, QString());
   expect(u"Option1 chkVisualiza"_s, u"não conta"_s, u"T WHERE (NOT DATA_DESA IS NULL) ORDER BY IDPROT"_s,
          u"205"_s);
   expect(u"Option1 chkSomenteSemProd"_s, QString(),
          u"T WHERE DATA_DESA IS NULL  AND (IDPROD = 0 OR IDPROD IS NULL) ORDER BY IDPROT"_s,
-         u"201 202 204"_s);
+         u"201|202|204"_s);
 }
 
 TEST_F(CatalogueSearch, EachComesBackAsItWasAfterAClickOnARow) {
@@ -84,7 +83,7 @@ TEST_F(CatalogueSearch, EachComesBackAsItWasAfterAClickOnARow) {
     support::type(screen.txtCOD, u"vela"_s);
     screen.cboCole->setText(u"Verão"_s);
     support::click(screen.cmdPesquisa);
-    EXPECT_EQ(row(screen.Flex, 1), u"108|VELA-V|Vela velha||10/01/2024"_s);
+    EXPECT_EQ(row(screen.Flex->grid(), 1), u"108|VELA-V|Vela velha||10/01/2024"_s);
   };
   open<frmBROWSE_PRODUTO>(search);
   open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
@@ -95,15 +94,15 @@ TEST_F(CatalogueSearch, EachComesBackAsItWasAfterAClickOnARow) {
   open<frmBROWSE_Prototipo>([&](frmBROWSE_Prototipo& screen) {
     EXPECT_EQ(screen.txtCOD->text(), QString()) << "the other search remembers its own";
     support::click(screen.cmdPesquisa);
-    EXPECT_EQ(row(screen.Flex, 1), u"204|Baú||"_s) << "product 0 is none";
-    EXPECT_EQ(row(screen.Flex, 2), u"203|Caixa branca|CX-100|"_s);
+    EXPECT_EQ(row(screen.Flex->grid(), 1), u"204|Baú||"_s) << "product 0 is none";
+    EXPECT_EQ(row(screen.Flex->grid(), 2), u"203|Caixa branca|CX-100|"_s);
   });
   open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
     EXPECT_TRUE(screen.Option2->isChecked() && screen.opBrowseMateriaPrima->isChecked());
     EXPECT_FALSE(screen.chkVisualiza->isChecked());
     EXPECT_EQ(screen.txtCOD->text(), u"VELA"_s);
     EXPECT_EQ(screen.cboCole->text(), u"Verão"_s);
-    EXPECT_EQ(column(screen.Flex, 0), u"108"_s);
+    EXPECT_EQ(column(screen.Flex->grid(), 0), u"108"_s);
   });
 }
 
@@ -123,28 +122,21 @@ TEST_F(CatalogueSearch, TheChosenPlaceOfTheListComesBack) {
 }
 
 TEST_F(CatalogueSearch, CallersTakeWhatTheirRowsOfTheTableSay) {
-  const QStringList controls{u"txtRowId"_s, u"txtCodigo"_s, u"txtCodProduto"_s, u"txtidProdProt"_s,
-                             u"lblCodProt"_s};
+  const QStringList boxes{u"txtRowId"_s, u"txtCodigo"_s, u"txtCodProduto"_s, u"txtidProdProt"_s};
   sql(u"UPDATE prod SET codi_prod = ' CX-100 ' WHERE idprod = 101"_s);
-  for (const auto& [callers, written] :
-       {std::pair{u"frmProduto,frmMateriaPrima"_s, u"txtRowId=101 txtCodigo=CX-100"_s},
-        {u"frmProduto KIT,frmMateriaPrima KIT,frmPedido KIT,frmMoveEstoque,frmTransfEstoque,frmCompras,"
-         u"frmCotaCompra,frmPesqProdPed,frmCheckNulo,frmCaixa"_s,
-         u"txtCodProduto=CX-100"_s},
-        {u"frmPropCmrc,frmPontoVenda"_s, u"txtCodProduto=CX-100 txtidProdProt=101"_s},
-        {u"frmEtiqProduto,frmNFEntrada"_s, u"txtCodigo=CX-100"_s},
-        {u"frmPropCmrcTL"_s, QString()}})
-    EXPECT_EQ(chosenBy<frmBROWSE_PRODUTO>(callers, controls, 2), QStringList(written));
-  for (const auto& [callers, written] : {std::pair{u"frmPrototipo"_s, u"txtRowId=201 txtCodigo=201"_s},
-                                         {u"frmPropCmrc,frmPontoVenda"_s, u"txtCodProduto=201"_s},
-                                         {u"frmProduto"_s, u"lblCodProt=201"_s},
-                                         {u"frmEtiqProduto"_s, u"txtCodigo=201"_s},
-                                         {u"frmPropCmrcTL"_s, QString()}})
-    EXPECT_EQ(chosenBy<frmBROWSE_Prototipo>(callers, controls, 3), QStringList(written));
+  const auto product = [&](const QString& caller) { return chosenBy<frmBROWSE_PRODUTO>(caller, boxes, 2); };
+  EXPECT_EQ(product(u"frmPontoVenda"_s), u"txtCodProduto=CX-100 txtidProdProt=101"_s);
+  EXPECT_EQ(product(u"frmPropCmrcTL"_s), QString());
+  // The catalogue's own screens look for the product itself, or for a component of its kit.
+  EXPECT_EQ(product(u"frmProduto"_s), u"txtRowId=101 txtCodigo=CX-100"_s);
+  pesquisa::lembrancas().TipoBrowseProduto = u"KIT"_s;
+  EXPECT_EQ(product(u"frmProduto"_s), u"txtCodProduto=CX-100"_s);
+  EXPECT_EQ(chosenBy<frmBROWSE_Prototipo>(u"frmPropCmrc"_s, boxes, 3), u"txtCodProduto=201"_s);
+  EXPECT_EQ(chosenBy<frmBROWSE_Prototipo>(u"frmPrototipo"_s, boxes, 3), u"txtRowId=201 txtCodigo=201"_s);
   script.box(
       u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\n"
       u"Escolha a Opção Inserção de Produto e Não de Protótipo\nCódigo do Produto:\n CX-100 "_s);
-  EXPECT_EQ(chosenBy<frmBROWSE_Prototipo>(u"frmPropCmrc"_s, controls, 2), QStringList(QString()));
+  EXPECT_EQ(chosenBy<frmBROWSE_Prototipo>(u"frmPropCmrc"_s, boxes, 2), QString());
 }
 
 }  // namespace

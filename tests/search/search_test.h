@@ -1,40 +1,15 @@
 #pragma once
 
 #include <QBuffer>
-#include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
 
 #include "platform/files/paths.h"
-#include "run/context.h"
+#include "screens/screen_case.h"
 #include "search/remembered_search.h"
-#include "support/company.h"
-#include "support/script.h"
 
-/// A form of any name with any controls, for callers that are not in this program.
-class StandIn : public forms::Form {
- public:
-  StandIn(const QString& name, const QStringList& controls) : Form(name) {
-    for (const QString& control : controls) {
-      QWidget* made =
-          control.startsWith(u"lbl") ? static_cast<QWidget*>(new QLabel(this)) : new QLineEdit(this);
-      made->setObjectName(control);
-    }
-  }
-  /// What its controls hold: "txtCodigo=12 txtRowId=12", in the order of their making, empty ones left out.
-  [[nodiscard]] QString written() const {
-    QStringList all;
-    for (const QWidget* control : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-      const QString text = forms::controlText(control);
-      if (!text.isEmpty()) all << control->objectName() + u'=' + text;
-    }
-    return all.join(u' ');
-  }
-};
-
-class SearchTest : public support::Company {
+class SearchTest : public ScreenCase {
  protected:
   SearchTest() {
     pesquisa::reiniciaLembrancas();
@@ -62,42 +37,24 @@ class SearchTest : public support::Company {
     forms::form<T>().showModal();
     support::settle();
   }
-  /// Double clicks on a row of all that a search finds, for callers that stand in for those of other
-  /// programs; "callers" are separated by commas, behind a blank the kind of browsing. Gives what they hold
-  /// then.
+  /// What a caller from another program with these boxes holds when a row of all that a search finds was
+  /// chosen for it: "txtCodigo=12 txtRowId=12", in the order of the boxes, empty ones left out.
   template <class T>
-  QStringList chosenBy(const QString& callers, const QStringList& controls, int row) {
-    QStringList written;
-    for (const QString& caller : callers.split(QChar(u','))) {
-      const QString name = caller.section(QChar(u' '), 0, 0);
-      contexto().TelaChamadora = name;
-      pesquisa::lembrancas().TipoBrowseProduto = caller.section(QChar(u' '), 1);
-      const auto& form =
-          static_cast<StandIn&>(forms::registry::add(std::make_unique<StandIn>(name, controls)));
-      open<T>([&](T& screen) {
-        support::click(screen.cmdPesquisa);
-        support::doubleClick(screen.Flex, 0);
-        ASSERT_EQ(forms::registry::find(screen.objectName()), &screen) << "the title row chooses nothing";
-        support::doubleClick(screen.Flex, row);
-      });
-      EXPECT_EQ(forms::registry::find(QString::fromUtf16(T::Name)), nullptr);
-      written << form.written();
-      forms::registry::clear();
-    }
-    written.removeDuplicates();
-    return written;
+  QString chosenBy(const QString& caller, const QStringList& boxes, int row) {
+    contexto().TelaChamadora = caller;
+    auto& form = forms::registry::add(std::make_unique<forms::Form>(caller));
+    for (const QString& name : boxes) (new QLineEdit(&form))->setObjectName(name);
+    open<T>([&](T& screen) {
+      support::click(screen.cmdPesquisa);
+      support::doubleClick(screen.Flex, 0);
+      ASSERT_EQ(forms::registry::find(screen.objectName()), &screen) << "the title row chooses nothing";
+      support::doubleClick(screen.Flex, row);
+    });
+    EXPECT_EQ(forms::registry::find(QString::fromUtf16(T::Name)), nullptr);
+    QStringList held;
+    for (const auto* box : form.findChildren<QLineEdit*>())
+      if (!box->text().isEmpty()) held << box->objectName() + u'=' + box->text();
+    forms::registry::clear();
+    return held.join(u' ');
   }
-  /// The texts of a column, top to bottom.
-  static QString column(forms::FlexGrid* grid, int column) {
-    QStringList all;
-    for (int row = 1; row < grid->grid().rows(); ++row) all << grid->grid().text(row, column);
-    return all.join(u' ');
-  }
-  static QString row(forms::FlexGrid* grid, int row) {
-    QString all = grid->grid().text(row, 0);
-    for (int column = 1; column < grid->grid().cols(); ++column) all += u'|' + grid->grid().text(row, column);
-    return all;
-  }
-
-  support::Script script;
 };
