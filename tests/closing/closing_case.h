@@ -1,40 +1,30 @@
 #pragma once
 
 #include "closing/frmConfirmaPropCmrcTL.h"
-#include "platform/forms/process.h"
-#include "platform/values/numbers.h"
-#include "quote/frmPropCmrcTL.h"
 #include "quote/grids.h"
-#include "run/context.h"
-#include "support/company.h"
-#include "support/script.h"
+#include "screens/screen_case.h"
 
 /// The quote screen with an approved total, and the confirmation screen on top of it.
-class Closing : public support::Company {
+class Closing : public ScreenCase {
  protected:
-  Closing() {
-    support::fillBasics(databasePath());
-    clock(QStringLiteral("05/03/2024 10:30"));
-    contexto().LinhaComando = QStringLiteral("7^0^PRD^");
-  }
+  Closing() { clock(QStringLiteral("05/03/2024 10:30")); }
 
-  frmPropCmrcTL& quote() { return forms::form<frmPropCmrcTL>(); }
-  frmConfirmaPropCmrcTL& screen() { return forms::form<frmConfirmaPropCmrcTL>(); }
+  static frmConfirmaPropCmrcTL& screen() { return forms::form<frmConfirmaPropCmrcTL>(); }
 
   /// Shows the screen for a quote with this approved total, lets a user act on it, and leaves it.
   void closingOf(const QString& approved, const std::function<void(frmConfirmaPropCmrcTL&)>& act) {
     quote().showForm();
     quote().lblTotaAprov->setText(approved);
     screen().RecalculaLiquido();
-    script_.modal([&](forms::Form& form) {
+    script.modal([&](forms::Form& form) {
       act(screen());
       form.hideForm();
     });
-    forms::guarded([this] { screen().showModal(); });
+    forms::guarded([] { screen().showModal(); });
   }
 
   /// Data rows of the instalments, "30 33,33 04/04/2024" each; they are numbered from 1.
-  QStringList instalments() {
+  static QStringList instalments() {
     using namespace grids::instalment;
     QStringList rows;
     const forms::GridModel& grid = screen().Flex2->grid();
@@ -46,12 +36,8 @@ class Closing : public support::Company {
   }
 
   /// Chooses a condition by its id as a user does.
-  void choose(const QString& condition) {
+  static void choose(const QString& condition) {
     support::type(screen().txtIdCondPg, condition);
     support::click(screen().cmdPesquisa_CondPg);
   }
-
-  void forgetStatements() { static_cast<void>(statements()); }
-
-  support::Script script_;
 };

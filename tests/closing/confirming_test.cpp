@@ -30,7 +30,7 @@ TEST_F(Confirming, WritesTermsAndInstalmentsInThreeTransactions) {
     terms(form);
     type(form.txtObservacaoPedido, u" Entregar à tarde\nno portão "_s);
     support::settle();
-    forgetStatements();
+    (void)statements();
     click(form.cmdConfirmar);
     EXPECT_FALSE(form.isVisible());
     const QString insert =
@@ -65,8 +65,8 @@ TEST_F(Confirming, EmptyChoicesAreWrittenAsSuch) {
     form.txtPercDesc->clear();
     form.txtDescontoGeral->clear();
     form.mskDataBase->setBoxText(QString());
-    forgetStatements();
-    script_.box(u"Informar data base."_s);
+    (void)statements();
+    script.box(u"Informar data base."_s);
     click(form.cmdConfirmar);
     EXPECT_TRUE(form.isVisible() && statements().isEmpty());
     form.mskDataBase->setBoxText(u"05/03/2024"_s);
