@@ -8,9 +8,9 @@ namespace {
 
 const bool kPrepared = (web::prepare(), true);  // the engine wants it before the application object
 
-class BlockText : public support::Quotes {
+class BlockText : public Quotes {
  protected:
-  QString shown() {
+  static QString shown() {
     web::WebPane pane;
     pane.resize(900, 600);
     pane.show();
@@ -18,24 +18,16 @@ class BlockText : public support::Quotes {
     EXPECT_TRUE(pane.waitForLoad());
     return pane.pageText();
   }
-  /// Quote 123 anew.
-  void build() {
-    files::removeIfThere(document());
-    MontaOrcaHTML(123, document());
-  }
-  void expectInOrder(const QString& told) {
-    const QString text = shown();
-    EXPECT_EQ(support::missingInOrder(text, told), QString()) << text.toStdString();
-  }
+  static void expectShown(const QString& told) { expectInOrder(told, shown()); }
 };
 
 TEST_F(BlockText, ListModelWithNcmAndDiscounts) {
   print(123);
   sql(u"UPDATE prop_cmrc SET idcond_pgto = 41 WHERE idprop_cmrc = 123"_s);
   sql(u"INSERT INTO pedi_veds (idpedi_veds, nume_pedi, valo_dect) VALUES (8, 123, 7.25)"_s);
-  build();
+  build(MontaOrcaHTML, 123);
   // Discounts: 100 times 0.5 of the rows, 7.25 of the order with the quote's number.
-  expectInOrder(
+  expectShown(
       u"Orçamento de Venda - 000123 - 05/03/2024|Dados do Cliente|Nome: Clara Festas Ltda|"
       "Fone: (19) 3333-1000|e-mail: Contato@Clara.example|"
       "Contato: Dora - (19) 99999-0001 - dora@clara.example|Endereço: Av. Brasil, 200|"
@@ -59,22 +51,22 @@ TEST_F(BlockText, CatalogueModelSortsItsComposition) {
       "Observações:|Protótipo 002|Lata dourada - Código 202|"_s;
   const QString after = u"Quantidade: 2,50|Total: R$ 57,25|Observações: Sem fita|Condições Gerais"_s;
   const QString natural = u"FLOR|Flor seca|3|NPROD|Areia colorida|0,250|KG|BOM-1|Bombom|12|UN|"_s;
-  build();
-  expectInOrder(before + natural + after);
+  build(MontaOrcaHTML, 123);
+  expectShown(before + natural + after);
   documento().OrdemComposicao = u"DESCRICAO"_s;
-  build();
-  expectInOrder(before + u"Areia colorida|Bombom|Flor seca|"_s + after);
+  build(MontaOrcaHTML, 123);
+  expectShown(before + u"Areia colorida|Bombom|Flor seca|"_s + after);
   documento().ExibeComposicao = false;
-  build();
+  build(MontaOrcaHTML, 123);
   EXPECT_FALSE(written().contains(u"Areia"_s));
 }
 
 TEST_F(BlockText, ShipmentModelShowsItsItemsThreeTimes) {
   parameter(u"MODELO_PROP_CMRC"_s, u"3"_s);
   print(123);
-  build();
+  build(MontaOrcaHTML, 123);
   const QString items = u"Prev.Entrega|CX-100|Data|Qtde|01/05|60|-|Lata dourada|Total Geral: 1307,25|"_s;
-  expectInOrder(
+  expectShown(
       u"Endereço: Av. Brasil, 200 - Bairro: Centro|CNPJ/CPF: 22.333.444/0001-05 - I.E./RG: 220.100|"
       "Tipo Evento: Casamento|Tipo Serviço: Lembrança|"_s +
       items.repeated(3));
@@ -88,15 +80,15 @@ TEST_F(BlockText, DetailTableHidesPricesWithoutAssembly) {
   parameter(u"MODELO_PROP_CMRC"_s, u"2"_s);
   print(123);
   documento().ExibeComposicao = false;
-  build();
-  expectInOrder(
+  build(MontaOrcaHTML, 123);
+  expectShown(
       u"Cod.Prod.|Produto|Observação|Qtde|Valor Unit.|Valor Total|CX-100|Fita João → azul|12,50|1250,00|"
       "202|Lata dourada|2,50|Total|1307,25|Quantidade Solicitada: 80|Total Geral - R$ 2832,00|"
       "Forma de Pagamento:|Aprovação do Pedido"_s);
   documento().ExibeMontagem = false;
   sql(u"UPDATE prop_cmrc SET nume_pess = null WHERE idprop_cmrc = 123"_s);
-  build();
-  expectInOrder(u"Cod.Prod.|CX-100|Lata dourada|Total Unitário|35,40"_s);
+  build(MontaOrcaHTML, 123);
+  expectShown(u"Cod.Prod.|CX-100|Lata dourada|Total Unitário|35,40"_s);
   for (const QString& hidden : {u"1250,00"_s, u"22,90"_s, u"Quantidade Solicitada"_s})
     EXPECT_FALSE(written().contains(hidden)) << hidden.toStdString();
 }
@@ -106,14 +98,12 @@ TEST_F(BlockText, ClosingDetailHasPaymentAndNoLetterhead) {
     parameter(u"MODELO_PROP_CMRC"_s, model);
     print(124);
     documento().RsImpressao.close();  // nobody is printing when a quote is closed
-    MontaDetalheOrcaHTML(124, document());
+    build(MontaDetalheOrcaHTML, 124);
     const QString text = shown();
     EXPECT_TRUE(text.contains(u"Clara Festas Ltda"_s)) << model.toStdString();
     EXPECT_TRUE(written().contains(u"size='1'>41</font>"_s)) << model.toStdString();
     EXPECT_FALSE(text.contains(u"Acácias"_s) || text.contains(u"Presentes Aurora Ltda\nCNPJ:"_s));
     EXPECT_EQ(text.contains(u"Condições Gerais"_s), model.isEmpty() || model == u"1") << model.toStdString();
-    files::remove(document());
-    sql(u"DELETE FROM empr_cnfg"_s);
   }
 }
 
@@ -121,26 +111,23 @@ TEST_F(BlockText, PhotosFollowPublicationAndFiles) {
   files::write(u"c:\\zarim\\imagens\\CX-100W2.jpg"_s, "x");
   print(123);
   documento().ExibeFotos = true;
-  build();
-  EXPECT_EQ(
-      support::missingInOrder(
-          written(),
-          u"width='25%'|Foto|width='20%'|Descrição|"
-          "            <td width='25%' align='center'><IMG SRC='c:\\zarim\\imagens\\CX-100W2.jpg'></td>|"
-          "<IMG SRC='c:\\zarim\\imagens\\sem_imagem.jpg'></td>"_s),
-      QString());
+  build(MontaOrcaHTML, 123);
+  expectInOrder(
+      u"width='25%'|Foto|width='20%'|Descrição|"
+      "            <td width='25%' align='center'><IMG SRC='c:\\zarim\\imagens\\CX-100W2.jpg'></td>|"
+      "<IMG SRC='c:\\zarim\\imagens\\sem_imagem.jpg'></td>"_s);
   documento().PublicacaoExterna = true;
-  build();
+  build(MontaOrcaHTML, 123);
   const QString link =
       u"<a TARGET='_blank' href='http://www.exemplo.com.br/fotos/CX-100.jpg'>"
       "<img border='0' src='http://www.exemplo.com.br/imagens/CX-100.jpg'></a></td>"_s;
   EXPECT_TRUE(written().contains(link));
   // The catalogue looks for the file first.
   parameter(u"MODELO_PROP_CMRC"_s, u"1"_s);
-  build();
+  build(MontaOrcaHTML, 123);
   const QString blank =
       u"|<td align='center'><img border='0' src='http://www.exemplo.com.br/imagens/imagem_branco.jpg'></td>"_s;
-  EXPECT_EQ(support::missingInOrder(written(), link + blank), QString());
+  expectInOrder(link + blank);
   EXPECT_EQ(written().count(u"imagem_branco.jpg"_s), 7);
 }
 
@@ -169,21 +156,18 @@ TEST_F(BlockText, OrdersByLookAndModel) {
     parameter(u"MODELO_PEDI_VEDS"_s, look);
     for (const QString& model : {u""_s, u"2"_s, u"3"_s}) {
       parameter(u"MODELO_PEDIDO_VEDS"_s, model);
-      MontaPedidoHTML(300, document());
+      build(MontaPedidoHTML, 300);
       if (model == u"3") {
-        expectInOrder(start);
+        expectShown(start);
         EXPECT_FALSE(written().contains(u"Codigo"_s) || written().contains(u"Condições Gerais"_s));
       } else {
-        expectInOrder(start + u'|' + (model.isEmpty() ? boxes : table));
+        expectShown(start + u'|' + (model.isEmpty() ? boxes : table));
         EXPECT_EQ(written().contains(u"font-weight:bold' align='center'>\n        Produto - 001\n"_s),
                   model.isEmpty() && look == u"1");
       }
       EXPECT_EQ(written().contains(u"span.titulo2{"_s), look == u"2");
       EXPECT_EQ(written().contains(u"<td width='70%'"_s), model.isEmpty());
-      files::remove(document());
-      sql(u"DELETE FROM empr_cnfg WHERE nome_para = 'MODELO_PEDIDO_VEDS'"_s);
     }
-    sql(u"DELETE FROM empr_cnfg"_s);
   }
 }
 

@@ -20,7 +20,7 @@ struct Case {
 };
 void PrintTo(const Case& one, std::ostream* out) { *out << one.file; }
 
-class WholeDocument : public support::Quotes, public ::testing::WithParamInterface<Case> {
+class WholeDocument : public Quotes, public ::testing::WithParamInterface<Case> {
  protected:
   static QString expected(const char* name) {
     QFile file(QStringLiteral(ZARIM_SOURCE_DIR "/tests/documents/expected/") + QString::fromLatin1(name));
@@ -73,11 +73,9 @@ TEST_F(WholeDocument, WithoutACompanyItsBlocksAreLeftOut) {
   sql(u"UPDATE empr SET data_desa = '20240101'"_s);
   for (const QString& model : {u""_s, u"1"_s}) {
     parameter(u"MODELO_PROP_CMRC"_s, model);
-    files::removeIfThere(document());
-    MontaOrcaHTML(999, document());
+    build(MontaOrcaHTML, 999);
     EXPECT_FALSE(written().contains(u"CNPJ"_s));
     EXPECT_TRUE(written().contains(u"Condições Gerais"_s));
-    sql(u"DELETE FROM empr_cnfg"_s);
   }
 }
 

@@ -6,36 +6,21 @@
 #include <QProcess>
 #include <QStandardPaths>
 
-#include "documents/document_values.h"
-#include "platform/files/paths.h"
 #include "platform/office/printers.h"
 #include "platform/office/word_processor.h"
 #include "platform/values/runtime_error.h"
-#include "run/context.h"
-#include "support/company.h"
+#include "quote_rows.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class WordDocument : public support::Company {
+class WordDocument : public Quotes {
  protected:
   WordDocument() {
-    support::fillBasics(databasePath());
-    connect();
-    sql(u"INSERT INTO prop_cmrc (idprop_cmrc, idclie, idtipo_even, idresv_prop_cmrc, nume_pess, "
-        u"data_prop_cmrc, "
-        u"fone_clie, emai_clie) VALUES (77, 5, 13, 7, '10', '20240305', '(19) 3333-1000', 'Contato@Clara.example')"_s);
-    sql(u"INSERT INTO prop_cmrc_deta (idprop_cmrc, idprodprot, prod_prot, qtde, valo_tota, "
-        u"obse_prop_cmrc_deta) "
-        u"VALUES (77, 101, 'PROD', 3, 37.5, 'Fita João')"_s);
-    sql(u"INSERT INTO prop_cmrc_deta (idprop_cmrc, idprodprot, prod_prot, qtde, valo_tota) "
-        u"VALUES (77, 202, 'PROT', '1.5', '34.35')"_s);
     QImage logo(283, 127, QImage::Format_RGB32);
     logo.fill(Qt::darkRed);
     logo.save(files::resolve(contexto().PathImagens) + u"/logomartatavora283x127.jpg"_s);
-    doc_ = contexto().PathDocs + u"orca_cliente_000077.doc"_s;
-    pdf_ = contexto().PathDocs + u"orca_cliente_000077.pdf"_s;
   }
   ~WordDocument() override { office::WordProcessor::setInstalledVersion(0); }
 
@@ -45,39 +30,44 @@ class WordDocument : public support::Company {
     EXPECT_TRUE(tool.waitForFinished(60000)) << program.toStdString();
     return QString::fromUtf8(tool.readAllStandardOutput()).simplified();
   }
+  QString textOfPdf() const { return textOf(u"pdftotext"_s, {u"-layout"_s, files::resolve(pdf_), u"-"_s}); }
 
-  QString doc_, pdf_;
+  const QString doc_ = contexto().PathDocs + u"orca_cliente_000123.doc"_s;
+  const QString pdf_ = contexto().PathDocs + u"orca_cliente_000123.pdf"_s;
 };
 
-/// What the document tells, in its order.
+/// What the document tells, in any order.
 const QString kTold =
     u"Marta L. Tavora Produtos Personalizados|Rua das Acácias, 100 - Jardim Aurora|"
-    "Cliente: Clara Festas Ltda|Orçamento: 000077|Data: 05/03/2024|Fone: (19) 3333-1000|"
+    "Cliente: Clara Festas Ltda|Orçamento: 000123|Data: 05/03/2024|Fone: (19) 3333-1000|"
     "E-mail: contato@clara.example|Atendimento: MARIA|E-mail: maria@aurora.example|Evento: Casamento|"
-    "Cod.Prod.|Observações|CX-100|Caixa branca|Fita João|202|Lata dourada|1,50|Total Unitário|71,85|"
-    "Quantidade Solicitada: 10|Total Geral - R$ 718,50|1 - Todos os valores|7 - Todas as peças|"
+    "Cod.Prod.|Observações|CX-100|Caixa branca|Fita João|202|Lata dourada|2,50|Total Unitário|1307,25|"
+    "Quantidade Solicitada: 80|Total Geral - R$ 104580,00|1 - Todos os valores|7 - Todas as peças|"
     "Forma de Pagamento|5% de desconto para pagamento à vista ou|50% de sinal e 50% na entrega|"
     "Validade da proposta: 10 dias|Banco Alfa - Ag 0001 - C/C 00000-00|carimbo da empresa"_s;
 
 TEST_F(WordDocument, PdfTellsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
   office::setDefaultPrinter(u"Laser do escritório"_s);
   files::write(pdf_, "an old one");
-  DocumentoWord(u"77"_s, doc_, pdf_);
-  const QString text = textOf(u"pdftotext"_s, {u"-layout"_s, files::resolve(pdf_), u"-"_s});
+  DocumentoWord(u"123"_s, doc_, pdf_);
+  const QString text = textOfPdf();
   for (const QString& told : kTold.split(u'|'))
     EXPECT_TRUE(text.contains(told)) << told.toStdString() << "\n" << text.toStdString();
   EXPECT_EQ(office::pdfPrinterSetting(u"output"_s), pdf_);
   EXPECT_EQ(office::defaultPrinter(), u"Laser do escritório"_s);
+  // A quote without lines has a heading and a total row.
+  DocumentoWord(u"126"_s, doc_, pdf_);
+  EXPECT_TRUE(textOfPdf().contains(u"Cod.Prod. Produto Observações Qtde Total Unitário 0,00"_s));
 }
 
 TEST_F(WordDocument, WordProcessorsOpenTheFileWithTablesPictureAndTexts) {
   const QString office = QStandardPaths::findExecutable(u"libreoffice"_s);
   if (office.isEmpty()) GTEST_SKIP() << "libreoffice is not installed";
-  DocumentoWord(u"77"_s, doc_, pdf_);
+  DocumentoWord(u"123"_s, doc_, pdf_);
   const QString folder = QFileInfo(files::resolve(doc_)).path();
   textOf(office,
          {u"--headless"_s, u"--convert-to"_s, u"fodt"_s, u"--outdir"_s, folder, files::resolve(doc_)});
-  const QString content = QString::fromUtf8(files::readAll(folder + u"/orca_cliente_000077.fodt"_s));
+  const QString content = QString::fromUtf8(files::readAll(folder + u"/orca_cliente_000123.fodt"_s));
   EXPECT_EQ(content.count(u"<table:table "_s), 5);
   EXPECT_EQ(content.count(u"<draw:image"_s), 1);
   EXPECT_TRUE(content.contains(u"Fita João"_s));
@@ -86,7 +76,7 @@ TEST_F(WordDocument, WordProcessorsOpenTheFileWithTablesPictureAndTexts) {
 TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
   for (const double version : {11.0, 12.0, 15.0}) {
     office::WordProcessor::setInstalledVersion(version);
-    DocumentoWord(u"77"_s, doc_, pdf_);
+    DocumentoWord(u"123"_s, doc_, pdf_);
     const QByteArray rtf = files::readAll(doc_);
     EXPECT_EQ(rtf.contains("\\margt40\\margb30"), version < 12) << version;
     EXPECT_EQ(rtf.contains("\\cellx3892"), version < 12) << version;
@@ -97,28 +87,18 @@ TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
 
 TEST_F(WordDocument, WithoutTheLetterheadsPictureItFailsAndWritesNothing) {
   files::remove(contexto().PathImagens + u"logomartatavora283x127.jpg"_s);
-  EXPECT_THROW(DocumentoWord(u"77"_s, doc_, pdf_), values::RuntimeError);
+  EXPECT_THROW(DocumentoWord(u"123"_s, doc_, pdf_), values::RuntimeError);
   EXPECT_FALSE(files::exists(doc_));
   EXPECT_FALSE(files::exists(pdf_));
 }
 
-TEST_F(WordDocument, AQuoteWithoutLinesHasAHeadingAndATotalRow) {
-  sql(u"DELETE FROM prop_cmrc_deta"_s);
-  DocumentoWord(u"77"_s, doc_, pdf_);
-  const QString text = textOf(u"pdftotext"_s, {u"-layout"_s, files::resolve(pdf_), u"-"_s});
-  EXPECT_TRUE(text.contains(u"Cod.Prod. Produto Observações Qtde Total Unitário 0,00"_s))
-      << text.toStdString();
-}
-
 TEST_F(WordDocument, TheLayoutTrialIsSavedAtItsFixedPath) {
-  QDir().mkpath(files::resolve(u"c:\\zarim\\imagens"_s));
   QImage(60, 40, QImage::Format_RGB32).save(files::resolve(u"c:\\zarim\\imagens"_s) + u"/logo_cliente.jpg"_s);
-  documento().IdDocumento = 77;
+  documento().IdDocumento = 123;
   DocumentoWordAmostra();
   const QByteArray rtf = files::readAll(u"c:\\zarim\\teste_orca9.doc"_s);
-  EXPECT_TRUE(rtf.contains("000077 - 05/03/2024")) << rtf.constData();
-  EXPECT_TRUE(rtf.contains("Presentes Aurora Ltda"));
-  EXPECT_TRUE(rtf.contains("PRESENTES PERSONALIZADOS"));
+  for (const auto* told : {"000123 - 05/03/2024", "Presentes Aurora Ltda", "PRESENTES PERSONALIZADOS"})
+    EXPECT_TRUE(rtf.contains(told)) << rtf.constData();
 }
 
 }  // namespace
