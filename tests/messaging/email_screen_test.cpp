@@ -1,8 +1,5 @@
-#include <QJsonArray>
-
 #include "mailing_case.h"
 #include "messaging/frmEmailOS.h"
-#include "platform/files/paths.h"
 
 using namespace Qt::StringLiterals;
 using support::click;
@@ -19,7 +16,7 @@ class EmailScreen : public Mailing {
   void shown(const std::function<void(frmEmailOS&)>& act) {
     screen().txtTitulo->setText(u"Orçamento - 000123 - Aurora"_s);
     screen().txtCC->setText(u"vendas@aurora.example"_s);
-    script_.modal([&](forms::Form& form) {
+    script.modal([&](forms::Form& form) {
       act(screen());
       if (forms::registry::find(u"frmEmailOS"_s) != nullptr) form.close();
     });
@@ -78,7 +75,7 @@ TEST_F(EmailScreen, BodyIsTheDocumentUnlessThereIsAnother) {
       type(form.txtPara, u"a@clara.example;b@clara.example"_s);
       type(form.txtMsg, one.typed);
       form.txtAnexo->setText(one.attached);
-      script_.box(u"Mensagem Enviada!"_s);
+      script.box(u"Mensagem Enviada!"_s);
       click(form.cmdEnviarEmail);
     });
     EXPECT_EQ(forms::registry::find(u"frmEmailOS"_s), nullptr);

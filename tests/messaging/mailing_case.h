@@ -1,24 +1,19 @@
 #pragma once
 
+#include <QJsonArray>
+
 #include "documents/document_values.h"
-#include "platform/mail/mail_message.h"
-#include "run/context.h"
-#include "support/company.h"
-#include "support/script.h"
+#include "platform/files/paths.h"
+#include "screens/screen_case.h"
 #include "support/smtp_server.h"
 
 /// A company whose mail goes to a real server on loopback.
-class Mailing : public support::Company {
+class Mailing : public ScreenCase {
  protected:
-  Mailing() {
-    support::fillBasics(databasePath());
-    reiniciaDocumento();
-  }
+  Mailing() { reiniciaDocumento(); }
 
   /// Lets the company's mail go to this server.
   void mailTo(const support::SmtpServer& server) {
     sql(QStringLiteral("update empr set emai_serv = '") + server.address().toUpper() + QStringLiteral("'"));
   }
-
-  support::Script script_;
 };

@@ -1,9 +1,6 @@
 #include "messaging/WorkFlow.h"
 
-#include <QJsonArray>
-
 #include "mailing_case.h"
-#include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
