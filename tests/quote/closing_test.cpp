@@ -1,3 +1,4 @@
+#include "closing/frmConfirmaPropCmrcTL.h"
 #include "platform/files/paths.h"
 #include "quote_case.h"
 
@@ -19,7 +20,14 @@ TEST_F(QuoteCase, AFailingNoticeKeepsTheQuoteClosedAndTheOthersAreTried) {
     boxes << box.text;
     return forms::Answer::Yes;
   });
-  script.modal([](forms::Form& form) { form.hideForm(); }).expectEnd(1);
+  script
+      .modal([](forms::Form& form) {
+        auto& terms = static_cast<frmConfirmaPropCmrcTL&>(form);
+        EXPECT_EQ(terms.lblVrBrutoTOT->text() + u' ' + terms.txtDescontoGeral->text(), u"57,75 1,50"_s);
+        EXPECT_EQ(terms.txtPercDesc->text() + u' ' + terms.lblVrLiqTOT->text(), u"2,00 56,25"_s);
+        form.hideForm();
+      })
+      .expectEnd(1);
   support::click(screen->cmdFechar);
   ASSERT_EQ(boxes.size(), 2);
   EXPECT_TRUE(boxes[1].startsWith(u"Erro em tempo de execução"_s));
