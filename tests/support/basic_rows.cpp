@@ -1,6 +1,5 @@
 #include <initializer_list>
 
-#include "platform/data/connection.h"
 #include "support/company.h"
 
 using namespace Qt::StringLiterals;
@@ -82,8 +81,7 @@ const std::initializer_list<Rows> kBasics{
 }  // namespace
 
 void fillBasics(const QString& databasePath) {
-  data::Connection connection;
-  connection.open(u"server=(embutido);database="_s + databasePath, 30);
+  data::Connection connection = connectionTo(databasePath);
   connection.begin();
   for (const Rows& rows : kBasics)
     for (const char16_t* values : rows.values)

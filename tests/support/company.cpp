@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QGuiApplication>
 
-#include "platform/data/connection.h"
 #include "platform/data/engine.h"
 #include "platform/files/paths.h"
 #include "platform/forms/form.h"
@@ -19,16 +18,13 @@ namespace support {
 
 namespace {
 
-QString connectionString(const QString& path) { return u"server=(embutido);database="_s + path; }
-
 /// An empty database with the whole schema, made once in a test program and copied for each test.
 QString emptyDatabase() {
   static const QTemporaryDir folder;
   const QString path = folder.filePath(u"vazio.db"_s);
   if (!QFile::exists(path)) {
     data::createEmbedded(path);
-    data::Connection connection;
-    connection.open(connectionString(path), 30);
+    data::Connection connection = connectionTo(path);
     connection.begin();
     for (const QString& statement : schema::createStatements(schema::Dialect::Embedded))
       connection.execute(statement);
@@ -38,6 +34,12 @@ QString emptyDatabase() {
 }
 
 }  // namespace
+
+data::Connection connectionTo(const QString& databasePath) {
+  data::Connection connection;
+  connection.open(u"server=(embutido);database="_s + databasePath, 30);
+  return connection;
+}
 
 Company::Company() {
   qputenv("ZARIM_DRIVE_C", drive().toUtf8());
@@ -68,15 +70,10 @@ void Company::connect() {
   contexto().Conexao.setListener([this](const QString& statement) { statements_ << statement; });
 }
 
-void Company::sql(const QString& statement) {
-  data::Connection connection;
-  connection.open(connectionString(databasePath()), 30);
-  connection.execute(statement);
-}
+void Company::sql(const QString& statement) { connectionTo(databasePath()).execute(statement); }
 
 QString Company::ask(const QString& statement) {
-  data::Connection connection;
-  connection.open(connectionString(databasePath()), 30);
+  data::Connection connection = connectionTo(databasePath());
   const auto rs = connection.query(statement);
   return rs.eof() ? QString() : rs.text(rs.columns().first());
 }

@@ -4,7 +4,12 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include "platform/data/connection.h"
+
 namespace support {
+
+/// Another program's connection to an embedded file.
+[[nodiscard]] data::Connection connectionTo(const QString& databasePath);
 
 /// A little company in a temporary folder: configuration files under ZARIM_DRIVE_C, an embedded database with
 /// the whole schema and no row but those a test names, folders for pictures and documents. A test class

@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
-#include <deque>
 
 #include "platform/forms/process.h"
 
@@ -21,71 +20,13 @@ QString lines(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'
 
 }  // namespace
 
-struct Script::State {
-  struct Expected {
-    QString text;
-    forms::Answer answer;
-  };
-  std::deque<Expected> boxes;
-  std::deque<std::optional<QString>> inputs;
-  std::deque<std::function<void(forms::Form&)>> modals;
-  std::optional<int> end;
-  bool ended = false;
-  forms::Box lastBox;
-  forms::Input lastInput;
-
-  forms::Answer answer(const forms::Box& box) {
-    lastBox = box;
-    if (boxes.empty()) {
-      ADD_FAILURE() << "unexpected box: " << lines(box.text).toStdString();
-      return box.buttons == forms::Buttons::Ok ? forms::Answer::Ok : forms::Answer::No;
-    }
-    const Expected expected = boxes.front();
-    boxes.pop_front();
-    EXPECT_EQ(lines(box.text), lines(expected.text));
-    return expected.answer;
-  }
-
-  QString type(const forms::Input& input) {
-    lastInput = input;
-    if (inputs.empty()) {
-      ADD_FAILURE() << "unexpected input box: " << lines(input.prompt).toStdString();
-      return {};
-    }
-    const std::optional<QString> typed = inputs.front();
-    inputs.pop_front();
-    return typed.value_or(QString());
-  }
-
-  void act(forms::Form& form) {
-    settle();
-    if (modals.empty()) {
-      ADD_FAILURE() << "unexpected modal form: " << form.objectName().toStdString();
-    } else {
-      const auto next = modals.front();
-      modals.pop_front();
-      const QString name = form.objectName();
-      const QPointer<forms::Form> still(&form);
-      next(form);
-      if (ended || still.isNull() || !still->isVisible()) return;
-      ADD_FAILURE() << name.toStdString() << " was left open";
-    }
-    form.hideForm();
-  }
-};
-
-Script::Script() : state_(std::make_unique<State>()) {
-  State* state = state_.get();
-  forms::setBoxAnswerer([state](const forms::Box& box) { return state->answer(box); });
-  forms::setInputAnswerer([state](const forms::Input& input) { return state->type(input); });
-  forms::setModalObserver([state](forms::Form& form) { state->act(form); });
-  forms::setEnd([state](int status) {
-    state->ended = true;
-    if (!state->end) {
-      ADD_FAILURE() << "the process ended with status " << status;
-    } else {
-      EXPECT_EQ(status, *state->end);
-    }
+Script::Script() {
+  forms::setBoxAnswerer([this](const forms::Box& box) { return answer(box); });
+  forms::setInputAnswerer([this](const forms::Input& input) { return type(input); });
+  forms::setModalObserver([this](forms::Form& form) { act(form); });
+  forms::setEnd([this](int status) {
+    ended_ = true;
+    EXPECT_EQ(end_, status) << "the process ended";
   });
 }
 
@@ -94,35 +35,70 @@ Script::~Script() {
   forms::setInputAnswerer({});
   forms::setModalObserver({});
   forms::setEnd({});
-  EXPECT_TRUE(state_->boxes.empty()) << "no box took the answer to: "
-                                     << state_->boxes.front().text.toStdString();
-  EXPECT_TRUE(state_->inputs.empty()) << "an answer to an input box was left over";
-  EXPECT_TRUE(state_->modals.empty()) << "a modal form that was expected did not open";
-  EXPECT_EQ(state_->end.has_value(), state_->ended) << "the process was expected to end";
+  EXPECT_TRUE(boxes_.empty()) << "no box took the answer to: " << boxes_.front().first.toStdString();
+  EXPECT_TRUE(inputs_.empty()) << "an answer to an input box was left over";
+  EXPECT_TRUE(modals_.empty()) << "a modal form that was expected did not open";
+  EXPECT_EQ(end_.has_value(), ended_) << "the process was expected to end";
+}
+
+forms::Answer Script::answer(const forms::Box& box) {
+  lastBox_ = box;
+  if (boxes_.empty()) {
+    ADD_FAILURE() << "unexpected box: " << lines(box.text).toStdString();
+    return box.buttons == forms::Buttons::Ok ? forms::Answer::Ok : forms::Answer::No;
+  }
+  const auto [text, answer] = boxes_.front();
+  boxes_.pop_front();
+  EXPECT_EQ(lines(box.text), lines(text));
+  return answer;
+}
+
+QString Script::type(const forms::Input& input) {
+  lastInput_ = input;
+  if (inputs_.empty()) {
+    ADD_FAILURE() << "unexpected input box: " << lines(input.prompt).toStdString();
+    return {};
+  }
+  const std::optional<QString> typed = inputs_.front();
+  inputs_.pop_front();
+  return typed.value_or(QString());
+}
+
+void Script::act(forms::Form& form) {
+  settle();
+  if (modals_.empty()) {
+    ADD_FAILURE() << "unexpected modal form: " << form.objectName().toStdString();
+  } else {
+    const auto next = modals_.front();
+    modals_.pop_front();
+    const QString name = form.objectName();
+    const QPointer<forms::Form> still(&form);
+    next(form);
+    if (ended_ || still.isNull() || !still->isVisible()) return;
+    ADD_FAILURE() << name.toStdString() << " was left open";
+  }
+  form.hideForm();
 }
 
 Script& Script::box(const QString& text, forms::Answer answer) {
-  state_->boxes.push_back({text, answer});
+  boxes_.emplace_back(text, answer);
   return *this;
 }
 
 Script& Script::input(const std::optional<QString>& typed) {
-  state_->inputs.push_back(typed);
+  inputs_.push_back(typed);
   return *this;
 }
 
 Script& Script::modal(std::function<void(forms::Form&)> act) {
-  state_->modals.push_back(std::move(act));
+  modals_.push_back(std::move(act));
   return *this;
 }
 
 Script& Script::expectEnd(int status) {
-  state_->end = status;
+  end_ = status;
   return *this;
 }
-
-const forms::Box& Script::lastBox() const { return state_->lastBox; }
-const forms::Input& Script::lastInput() const { return state_->lastInput; }
 
 void settle() {
   // Events that handlers queue are few; a second and third pass run what the first one queued.

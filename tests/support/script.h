@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <deque>
 #include <functional>
 #include <optional>
 
@@ -18,6 +19,8 @@ class Script {
  public:
   Script();
   ~Script();
+  Script(const Script&) = delete;
+  Script& operator=(const Script&) = delete;
 
   /// Queues the answer for the next box; its text must be the given one (lines joined by "\n" whatever the
   /// box uses).
@@ -30,12 +33,21 @@ class Script {
   Script& expectEnd(int status);
 
   /// The last box shown.
-  [[nodiscard]] const forms::Box& lastBox() const;
-  [[nodiscard]] const forms::Input& lastInput() const;
+  [[nodiscard]] const forms::Box& lastBox() const { return lastBox_; }
+  [[nodiscard]] const forms::Input& lastInput() const { return lastInput_; }
 
  private:
-  struct State;
-  std::unique_ptr<State> state_;
+  forms::Answer answer(const forms::Box& box);
+  QString type(const forms::Input& input);
+  void act(forms::Form& form);
+
+  std::deque<std::pair<QString, forms::Answer>> boxes_;
+  std::deque<std::optional<QString>> inputs_;
+  std::deque<std::function<void(forms::Form&)>> modals_;
+  std::optional<int> end_;
+  bool ended_ = false;
+  forms::Box lastBox_;
+  forms::Input lastInput_;
 };
 
 void click(QWidget* control);
