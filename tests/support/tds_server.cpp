@@ -122,8 +122,7 @@ void Session::answer(const Message& message) {
       response.done(0, false, true);
       return send(response.bytes());
     default:
-      response.error(2812, 16, u"Could not find stored procedure."_s);
-      response.done(0, true);
+      response.refuse(2812, u"Could not find stored procedure."_s);
       return send(response.bytes());
   }
 }
@@ -133,11 +132,9 @@ void Session::logIn(const QByteArray& message) {
   const tds::Login login = tds::parseLogin(message);
   tds::Response response;
   if (login.user != TdsServer::User || login.password != TdsServer::Password) {
-    response.error(18456, 14, u"Login failed for user '%1'."_s.arg(login.user));
-    response.done(0, true);
+    response.refuse(18456, u"Login failed for user '%1'."_s.arg(login.user));
   } else if (login.database != TdsServer::Database) {
-    response.error(911, 16, u"Database '%1' does not exist."_s.arg(login.database));
-    response.done(0, true);
+    response.refuse(911, u"Database '%1' does not exist."_s.arg(login.database));
   } else {
     engine_ = data::openEmbedded(server_.databasePath());
     response.loginAcknowledged(login.database);
@@ -153,7 +150,7 @@ void Session::runBatch(QString sql) {
     execute(tds::throughCodePage(sql), response);
   } catch (const values::RuntimeError& error) {
     if (transaction_ != 0) engine_->execute(u"ROLLBACK"_s);
-    response.error(245, 16, error.text());
+    response.error(245, error.text());
     if (transaction_ != 0)
       response.transactionChanged(tds::Environment::Rollback, std::exchange(transaction_, 0));
     response.done(0, true);
@@ -218,8 +215,7 @@ void Session::runTransaction(const tds::TransactionRequest& request) {
     faultOn(u"BEGIN"_s);
     begin(response);
   } else if (transaction_ == 0) {
-    response.error(3902, 16, u"The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."_s);
-    response.done(0, true);
+    response.refuse(3902, u"The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."_s);
     return send(response.bytes());
   } else {
     faultOn(commits ? u"COMMIT"_s : u"ROLLBACK"_s);

@@ -200,11 +200,12 @@ void Response::row(const std::vector<Column>& columns, const data::Recordset& re
   for (const Column& column : columns) value(column, result);
 }
 
-void Response::error(qint32 number, quint8 severity, const QString& text) {
+void Response::error(qint32 number, const QString& text) {
+  constexpr quint8 kSeverity = 16;
   QByteArray body;
   put(body, number);
   put<quint8>(body, 1);
-  put(body, severity);
+  put(body, kSeverity);
   putText<quint16>(body, text.left(1000));
   putText<quint8>(body, u"TESTE"_s);
   putText<quint8>(body, {});
@@ -212,6 +213,11 @@ void Response::error(qint32 number, quint8 severity, const QString& text) {
   put<quint8>(bytes_, kError);
   put<quint16>(bytes_, static_cast<quint16>(body.size()));
   bytes_ += body;
+}
+
+void Response::refuse(qint32 number, const QString& text) {
+  error(number, text);
+  done(0, true);
 }
 
 void Response::done(qint64 rows, bool failed, bool attention) {

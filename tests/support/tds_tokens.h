@@ -44,7 +44,9 @@ class Response {
   void transactionChanged(Environment kind, quint64 transaction);
   void columns(const std::vector<Column>& columns);
   void row(const std::vector<Column>& columns, const data::Recordset& result);
-  void error(qint32 number, quint8 severity, const QString& text);
+  void error(qint32 number, const QString& text);
+  /// An error and the end of the response.
+  void refuse(qint32 number, const QString& text);
   void done(qint64 rows = 0, bool failed = false, bool attention = false);
   [[nodiscard]] const QByteArray& bytes() const { return bytes_; }
 
