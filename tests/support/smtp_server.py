@@ -19,15 +19,8 @@ import ssl
 from aiosmtpd.smtp import SMTP, AuthResult
 
 
-def read_part(part):
-    content = part.get_content()
-    return {
-        "type": part.get_content_type(),
-        "charset": part.get_content_charset(""),
-        "filename": part.get_filename(""),
-        "text": content.replace("\r\n", "\n") if isinstance(content, str) else "",
-        "base64": base64.b64encode(part.get_payload(decode=True)).decode(),
-    }
+def told(part):
+    return part.get_content_type() + ": " + (part.get_filename() or part.get_content().replace("\r\n", "\n"))
 
 
 def read_message(content):
@@ -36,12 +29,12 @@ def read_message(content):
     defects += [defect for name in message.keys() for defect in message[name].defects]
     defects += [line for line in content.split(b"\r\n") if len(line) > 998 or b"\r" in line or b"\n" in line]
     defects += [] if content.split(b"\r\n\r\n")[0].isascii() else ["a head beyond ASCII"]
-    parts = [read_part(part) for part in message.walk() if not part.is_multipart()]
-    contents = [f"{part['type']}: {part['filename'] or part['text']}" for part in parts]
+    parts = [part for part in message.walk() if not part.is_multipart()]
     return {
-        "summary": " | ".join([str(message["subject"]), *contents]),
+        "summary": " | ".join([str(message["subject"]), *map(told, parts)]),
         "headers": {name.lower(): str(value) for name, value in message.items()},
-        "parts": parts,
+        "charsets": [part.get_content_charset("") for part in parts],
+        "contents": [base64.b64encode(part.get_payload(decode=True)).decode() for part in parts],
         "defects": [repr(defect) for defect in defects],
     }
 
