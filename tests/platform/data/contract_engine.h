@@ -1,30 +1,33 @@
 #pragma once
 
-#include <QTemporaryDir>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "schema/tables.h"
+#include "support/tds_server.h"
 
 // The engines that the contract suite runs against.
 namespace contract {
 
+/// "Embedded", "FreeTds" (the server's protocol, against the test server), "RealServer" where
+/// ZARIM_TEST_SERVER holds the connection string of an empty database, and "SqliteOdbc", the SQLite library
+/// behind the driver manager, which stands for any other driver that a whole connection string names.
+[[nodiscard]] std::vector<std::string> engines();
+
 /// How an engine is reached and how its tables are made.
 class Engine {
  public:
-  virtual ~Engine() = default;
-  [[nodiscard]] virtual QString connectionString() = 0;
-  [[nodiscard]] virtual QStringList createTable(const schema::Table& table) {
-    return schema::createStatements(table, schema::Dialect::SqlServer);
-  }
-};
+  explicit Engine(const std::string& name);
+  [[nodiscard]] QString connectionString() const { return connectionString_; }
+  [[nodiscard]] QStringList createTable(const schema::Table& table) const;
 
-/// "Embedded", "FreeTds" (the server's protocol, against the test server), "RealServer" where
-/// ZARIM_TEST_SERVER holds the connection string of an empty database, and "SqliteOdbc", which stands for any
-/// other driver that a whole connection string names.
-[[nodiscard]] std::vector<std::string> engines();
-[[nodiscard]] std::unique_ptr<Engine> make(const std::string& engine);
+ private:
+  std::string name_;
+  QTemporaryDir folder_;
+  std::unique_ptr<support::TdsServer> server_;
+  QString connectionString_;
+};
 
 /// Whether an engine compares texts, reads dates and refuses values as the server does.
 [[nodiscard]] inline bool isLikeTheServer(const std::string& engine) { return engine != "SqliteOdbc"; }

@@ -138,7 +138,7 @@ class OnEngine : public ::testing::Test {
  protected:
   void start(const std::string& engine, bool asTheServer = false) {
     if (asTheServer && !contract::isLikeTheServer(engine)) GTEST_SKIP() << "this engine differs here";
-    engine_ = contract::make(engine);
+    engine_ = std::make_unique<contract::Engine>(engine);
     connection = connected();
     for (const auto name : {u"prop_cmrc", u"prop_cmrc_deta"})
       for (const QString& statement : engine_->createTable(*schema::find(name)))
