@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -18,8 +17,14 @@ class frmSample : public forms::Form {
 
  public:
   static constexpr char16_t Name[] = u"frmSample";
-  frmSample();
-  using forms::Form::onKeyPress;
+  frmSample() : Form(QString::fromUtf16(Name)) {
+    static constexpr forms::GridColumn kColumns[] = {
+        {u"ID", 0}, {u"Nome", 2000}, {u"Valor", 1000, forms::kRight}};
+    Flex->grid().layOut(kColumns);
+    on(Flex, forms::Event::DoubleClick, [this] { note(QStringLiteral("Flex!!")); });
+    enterMovesOn({txtA, txtB, cboC, cmdTwo});
+    selectOnFocus({txtA, cboC});
+  }
 
   void note(const QString& entry) {
     log << entry;
@@ -51,9 +56,6 @@ class frmSample : public forms::Form {
   forms::FlexGrid* Flex = add(new forms::FlexGrid, "Flex");
   QPushButton* cmdOne = add(new QPushButton(QStringLiteral("&One")), "cmdOne");
   QPushButton* cmdTwo = add(new QPushButton(QStringLiteral("&Two")), "cmdTwo");
-  QFrame* frameOver = new QFrame(this);
-  QLineEdit* txtOver = new QLineEdit(frameOver);
-  QPushButton* cmdClose = new QPushButton(frameOver);
 };
 
 /// A modal screen with a button.
