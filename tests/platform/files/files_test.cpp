@@ -1,15 +1,14 @@
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <functional>
 
 #include "platform/files/paths.h"
-#include "platform/values/runtime_error.h"
+#include "support/errors.h"
 
 using namespace Qt::StringLiterals;
+using support::errorOf;
 
 namespace {
 
@@ -19,15 +18,6 @@ class Files : public ::testing::Test {
   ~Files() override { qunsetenv("ZARIM_DRIVE_C"); }
 
   QString on(const QString& path) const { return folder_.filePath(path); }
-  static int errorOf(const std::function<void()>& call) {
-    try {
-      call();
-      return 0;
-    } catch (const values::RuntimeError& error) {
-      return error.number();
-    }
-  }
-
   QTemporaryDir folder_;
 };
 
@@ -82,18 +72,6 @@ TEST_F(Files, FaultsHaveTheirNumbers) {
       {[] { files::append(u"/dev/full"_s, "x"); }, values::kDiskFull},
       {[] { files::removeIfThere(u"c:\\nada.txt"_s); }, 0}};
   for (const auto& [call, number] : faults) EXPECT_EQ(errorOf(call), number);
-}
-
-TEST_F(Files, AppendingAndReplacing) {
-  files::append(u"c:\\a.txt"_s, "um");
-  files::append(u"c:\\a.txt"_s, "dois");
-  EXPECT_EQ(files::readAll(u"c:\\a.txt"_s), "umdois");
-  files::write(u"c:\\a.txt"_s, "novo");
-  EXPECT_EQ(files::readAll(u"c:\\A.TXT"_s), "novo");
-}
-
-TEST_F(Files, HtmlKeepsWhatItsEncodingLacks) {
-  EXPECT_EQ(files::toHtmlLatin1(u"ação € \U0001F381"_s), "a\xE7\xE3o &#8364; &#127873;");
 }
 
 }  // namespace

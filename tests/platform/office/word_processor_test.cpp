@@ -62,15 +62,6 @@ TEST_F(WordProcessorTest, WritesTablesTextsAndPicturesAsRichText) {
   EXPECT_TRUE(rtf.contains("\\cellx3892")) << "200 points less the outer padding";
 }
 
-TEST_F(WordProcessorTest, RefusesWhatIsNoPictureAndWhatHasNoDocument) {
-  WordProcessor word;
-  EXPECT_THROW(word.typeText(u"x"_s), values::RuntimeError);
-  word.addDocument();
-  EXPECT_THROW(word.addPicture(path(u"nada.jpg"_s)), values::RuntimeError);
-  files::write(path(u"texto.jpg"_s), "not a picture");
-  EXPECT_THROW(word.addPicture(path(u"texto.jpg"_s)), values::RuntimeError);
-}
-
 TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
   WordProcessor word;
   word.addDocument(u"Orçamento de Venda - 000007"_s);
@@ -98,9 +89,12 @@ TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
   EXPECT_TRUE(facts.contains(u"A4"_s)) << facts.toStdString();
 }
 
-TEST_F(WordProcessorTest, PrinterFaultsAreTold) {
+TEST_F(WordProcessorTest, FaultsAreTold) {
   WordProcessor word;
+  EXPECT_THROW(word.typeText(u"x"_s), values::RuntimeError) << "there is no document";
   word.addDocument();
+  files::write(path(u"texto.jpg"_s), "not a picture");
+  EXPECT_THROW(word.addPicture(path(u"texto.jpg"_s)), values::RuntimeError);
   word.typeText(u"x"_s);
   word.setActivePrinter(u"Impressora que não há"_s);
   EXPECT_THROW(word.printOut(), values::RuntimeError);

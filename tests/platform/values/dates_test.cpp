@@ -22,11 +22,8 @@ TEST(Dates, OnlyTheFixedFormsAreDates) {
 
 TEST(Dates, FormsOfADate) {
   const QDateTime date = values::toDate(u"05/03/2024 14:07");
-  const std::pair<const char16_t*, QString> cases[] = {
-      {u"dd/mm/yyyy", u"05/03/2024"_s}, {u"dd/mm/yyyy hh:mm", u"05/03/2024 14:07"_s},
-      {u"yyyymmdd", u"20240305"_s},     {u"yyyymmdd hh:mm", u"20240305 14:07"_s},
-      {u"yyyy/mm/dd", u"2024/03/05"_s}, {u"dd/mm", u"05/03"_s}};
-  for (const auto& [form, text] : cases) EXPECT_EQ(values::formatDate(date, form), text);
+  EXPECT_EQ(values::formatDate(date, u"dd/mm"), u"05/03");
+  EXPECT_EQ(values::formatDate(date, u"yyyymmdd hh:mm"), u"20240305 14:07");
   EXPECT_EQ(values::formatDate(u"__/__/____"_s, u"yyyymmdd"), u"__/__/____");
   EXPECT_EQ(values::formatDate(QDateTime(), u"yyyymmdd"), u"");
   EXPECT_EQ(values::toText(date), u"05/03/2024 14:07:00");
