@@ -13,17 +13,6 @@ namespace faults {
 
 namespace {
 
-const QStringList kStoredQuote{
-    u"INSERT INTO prop_cmrc (idvend, idclie, nome_clie, fone_clie, prop_cmrc_desc, show_excl, "
-    "idresv_prop_cmrc) VALUES (5, 5, 'Clara Festas Ltda', '1', 'Lembrança', 'E', 7)"_s,
-    u"INSERT INTO prop_cmrc_homg (idprop_cmrc, nome_homg) VALUES (1, 'Ana')"_s};
-const QStringList kStoredItem{
-    u"INSERT INTO prop_cmrc_deta (idprop_cmrc, idprodprot, prod_prot, qtde, valo_unit, valo_dect, valo_liqu, "
-    "valo_tota) VALUES (1, 101, 'PROD', 2, 14.5, 0, 14.5, 29)"_s,
-    u"INSERT INTO prop_cmrc_deta_monta (idprop_cmrc, idprop_cmrc_deta, idprod, qtde, qtde_unid_medi, "
-    "valo_unit, valo_tota, tipo_mate_prima) VALUES (1, @@, 101, 1, 1, 2, 2, 'PRODUTO'), (1, @@, 105, 1, 1, "
-    "2, 2, 'CARD')"_s};
-
 void copyOver(const QString& from, const QString& to) {
   for (const auto& ending : {u""_s, u"-wal"_s, u"-shm"_s}) QFile::remove(to + ending);
   if (!QFile::copy(from, to)) qFatal("the database could not be put back");
@@ -33,12 +22,6 @@ void copyOver(const QString& from, const QString& to) {
 
 QuoteCase::QuoteCase() {
   support::fillBasics(databasePath());
-  data::Connection connection;
-  connection.open(u"server=(embutido);database="_s + databasePath(), 5);
-  for (const QString& statement : kStoredQuote) connection.execute(statement);
-  for (const auto& item : {u"1"_s, u"2"_s})
-    for (QString statement : kStoredItem) connection.execute(statement.replace(u"@@"_s, item));
-  connection.close();
   contexto().Conexao.close();
   copyOver(databasePath(), first_);
   forms::setBoxAnswerer([this](const forms::Box& box) {
@@ -47,6 +30,11 @@ QuoteCase::QuoteCase() {
   });
   forms::setEnd([this](int status) { ended = status; });
   clock(u"15/03/2024 10:30"_s);
+  auto& screen = start();
+  enterQuote(screen);
+  support::click(screen.cmdSALVAR);
+  contexto().Conexao.close();
+  copyOver(databasePath(), first_);
 }
 
 QuoteCase::~QuoteCase() {
@@ -112,8 +100,7 @@ void QuoteCase::alterQuote(frmPropCmrcTL& screen) {
 }
 
 QStringList QuoteCase::rowsOf(const QString& databasePath) {
-  data::Connection connection;
-  connection.open(u"server=(embutido);database="_s + databasePath, 5);
+  data::Connection connection = support::connectionTo(databasePath);
   QStringList rows;
   for (const auto& table :
        {u"prop_cmrc"_s, u"prop_cmrc_deta"_s, u"prop_cmrc_deta_monta"_s, u"prop_cmrc_homg"_s})

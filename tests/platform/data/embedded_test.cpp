@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <future>
 #include <map>
 #include <optional>
 
@@ -58,31 +57,6 @@ TEST_F(EmbeddedFile, IsSafeAgainstPowerCutsAndWaitsForOthers) {
   EXPECT_EQ(ask(connection, u"PRAGMA busy_timeout"_s), u"30000"_s);
 }
 
-TEST_F(EmbeddedFile, ReadersSeeTheOldStateWhileOneWritesAndTheSecondWriterWaits) {
-  auto first = open();
-  first.begin();
-  first.execute(u"INSERT INTO t (nome) VALUES ('um')"_s);
-  auto reader = open();
-  EXPECT_EQ(ask(reader, u"SELECT count(*) FROM t"_s), u"0"_s);
-  std::promise<void> about;
-  auto second = std::async(std::launch::async, [&] {
-    auto connection = open();
-    connection.setListener([&](const QString& sql) {
-      if (sql == u"BEGIN"_s) about.set_value();
-    });
-    connection.begin();
-    const QString seen = ask(connection, u"SELECT count(*) FROM t"_s);
-    connection.execute(u"INSERT INTO t (nome) VALUES ('dois')"_s);
-    connection.commit();
-    return seen;
-  });
-  about.get_future().wait();
-  first.execute(u"INSERT INTO t (nome) VALUES ('um e meio')"_s);
-  first.commit();
-  EXPECT_EQ(second.get(), u"2"_s);
-  EXPECT_EQ(ask(reader, u"SELECT count(*) FROM t"_s), u"3"_s);
-}
-
 TEST_F(EmbeddedFile, TellsWhatIsWrongWithAFile) {
   open().execute(u"INSERT INTO t (nome) VALUES ('%1')"_s.arg(QString(100'000, u'x')));
   QFile file(path);
@@ -126,15 +100,6 @@ TEST_F(EmbeddedFile, KeepsCompiledStatementsRightWhenATableChanges) {
   EXPECT_EQ(connection.query(sql).columns(), (QStringList{u"id"_s, u"nome"_s}));
   open().execute(u"ALTER TABLE t ADD COLUMN fone TEXT DEFAULT '55'"_s);
   EXPECT_EQ(connection.query(sql).text(u"fone"), u"55"_s);
-}
-
-TEST_F(EmbeddedFile, RefusesANulInsteadOfLosingWhatStandsBehindIt) {
-  auto connection = open();
-  QString sql = u"INSERT INTO t (nome) VALUES ('ab')"_s;
-  sql.insert(sql.indexOf(u'b'), QChar::Null);
-  EXPECT_THROW(connection.execute(sql), values::RuntimeError);
-  auto after = open();
-  EXPECT_EQ(ask(after, u"SELECT count(*) FROM t"_s), u"0"_s);
 }
 
 TEST(StatementTemplates, TakeOutValuesAndNothingElse) {
