@@ -7,7 +7,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QVBoxLayout>
 
 #include "platform/forms/combo.h"
 #include "run/context.h"
@@ -17,38 +16,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A form with one control of each kind.
-class KitForm : public forms::Form {
- public:
-  KitForm() : Form(u"frmKit"_s) {
-    auto* layout = new QVBoxLayout(this);
-    for (QWidget* control : std::initializer_list<QWidget*>{&frame, &label, &button, &box, &block, &option,
-                                                            &check, &masked, &combo, &grid})
-      layout->addWidget(control);
-  }
-  QGroupBox frame;
-  QLabel label;
-  QPushButton button;
-  QLineEdit box;
-  QPlainTextEdit block;
-  QRadioButton option;
-  QCheckBox check;
-  forms::MaskedBox masked;
-  forms::Combo combo;
-  forms::FlexGrid grid;
-};
-
 class ScreenKit : public support::Company {
  protected:
   ScreenKit() { support::fillBasics(databasePath()); }
 
-  QString entries() const {
-    QStringList list;
-    for (int i = 0; i < form.combo.count(); ++i) list << form.combo.itemText(i);
-    return list.join(u';');
-  }
-
-  KitForm form;
+  forms::Form form{u"frmKit"_s};
 };
 
 TEST_F(ScreenKit, ThemeGoesByKindOfControl) {
@@ -56,26 +28,26 @@ TEST_F(ScreenKit, ThemeGoesByKindOfControl) {
   AplicaTemaPadrao(form);
   EXPECT_EQ(forms::toColor(forms::backColor(&form)), forms::toColor(0x8000000F))
       << "the system's, without a row";
-  EXPECT_EQ(forms::toColor(forms::foreColor(&form.label)), forms::toColor(0x80000012));
   sql(u"INSERT INTO cor_sist VALUES ('Areia', '14741230', '128', '1', '2')"_s);
   sql(u"INSERT INTO empr_cnfg VALUES ('COR_PADRAO', ' areia ')"_s);
-  AplicaTemaPadrao(form);
-  EXPECT_EQ(contexto().CorFundo2 + contexto().CorFrente2, u"12");
-  EXPECT_EQ(forms::backColor(&form), 14741230);
+  auto* combo = new forms::Combo(&form);
   const struct {
     const QWidget* control;
     bool ground, text;
-  } kinds[] = {{&form.frame, true, true},
-               {&form.label, true, true},
-               {&form.button, true, false},
-               {&form.box, true, false},
-               {&form.block, true, false},
-               {&form.option, true, false},
-               {&form.check, true, false},
-               {&form.grid, false, false},
-               {&form.combo, false, false},
-               {&form.masked, false, false},
-               {form.combo.lineEdit(), false, false}};
+  } kinds[] = {{new QGroupBox(&form), true, true},
+               {new QLabel(&form), true, true},
+               {new QPushButton(&form), true, false},
+               {new QLineEdit(&form), true, false},
+               {new QPlainTextEdit(&form), true, false},
+               {new QRadioButton(&form), true, false},
+               {new QCheckBox(&form), true, false},
+               {new forms::FlexGrid(&form), false, false},
+               {new forms::MaskedBox(&form), false, false},
+               {combo, false, false},
+               {combo->lineEdit(), false, false}};
+  AplicaTemaPadrao(form);
+  EXPECT_EQ(contexto().CorFundo2 + contexto().CorFrente2, u"12");
+  EXPECT_EQ(forms::backColor(&form), 14741230);
   for (const auto& [control, ground, text] : kinds) {
     SCOPED_TRACE(control->metaObject()->className());
     EXPECT_EQ(forms::backColor(control) == 14741230, ground);
@@ -115,12 +87,15 @@ TEST_F(ScreenKit, Lists) {
       {u"cboClienteContato"_s, [&] { CarregaContatos(form, clara, u""_s); }, u"Aline;Dora"_s},
       {u"cboClienteContato"_s, [&] { CarregaContatos(form, clara, u"or"_s); }, u"Dora"_s},
   };
+  forms::Combo combo(&form);
   for (const auto& one : cases) {
-    form.combo.setObjectName(one.combo);
-    form.combo.setText(u"digitado"_s);
+    combo.setObjectName(one.combo);
+    combo.setText(u"digitado"_s);
     one.fill();
-    EXPECT_EQ(entries(), one.list) << one.combo.toStdString();
-    EXPECT_EQ(form.combo.text(), u"digitado") << "filling the list keeps what was typed";
+    QStringList entries;
+    for (int i = 0; i < combo.count(); ++i) entries << combo.itemText(i);
+    EXPECT_EQ(entries.join(u';'), one.list) << one.combo.toStdString();
+    EXPECT_EQ(combo.text(), u"digitado") << "filling the list keeps what was typed";
   }
 }
 
