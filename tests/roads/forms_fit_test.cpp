@@ -31,28 +31,17 @@ namespace {
 // The engine has to know before the application is made.
 const bool prepared = (web::prepare(), true);
 
-using Screen = std::pair<const char*, forms::Form& (*)()>;
+using Screen = std::pair<std::string, forms::Form& (*)()>;
 
-template <class T>
-forms::Form& get() {
-  return forms::form<T>();
+template <class... T>
+std::vector<Screen> screens() {
+  return {{QString::fromUtf16(T::Name).toStdString(), []() -> forms::Form& { return forms::form<T>(); }}...};
 }
 
-constexpr Screen kScreens[] = {
-    {"Quote", get<frmPropCmrcTL>},
-    {"Assembly", get<frmMontarProduto>},
-    {"Item", get<frmConfirmaItem>},
-    {"Composition", get<frmComposicaoProduto>},
-    {"Closing", get<frmConfirmaPropCmrcTL>},
-    {"Print", get<frmImprimePropCmrcTL>},
-    {"Viewer", get<frmPedHTML>},
-    {"Mail", get<frmEmailOS>},
-    {"Conditions", get<frmBROWSE_CONDPG>},
-    {"Products", get<frmBROWSE_PRODUTO>},
-    {"Quotes", get<frmBROWSE_PropCmrc>},
-    {"Prototypes", get<frmBROWSE_Prototipo>},
-    {"Image", get<frmImagem>},
-};
+const std::vector<Screen> kScreens =
+    screens<frmPropCmrcTL, frmMontarProduto, frmConfirmaItem, frmComposicaoProduto, frmConfirmaPropCmrcTL,
+            frmImprimePropCmrcTL, frmPedHTML, frmEmailOS, frmBROWSE_CONDPG, frmBROWSE_PRODUTO,
+            frmBROWSE_PropCmrc, frmBROWSE_Prototipo, frmImagem>();
 
 /// Names of controls with what is wrong about them.
 class Faults : public std::set<QString> {
@@ -105,44 +94,37 @@ void checkCaption(const QWidget& control, Faults& faults) {
                             .arg(needed.height()));
 }
 
-/// Captions, overlaps and edges of all that is in sight within a control.
-void check(const QWidget& parent, Faults& faults) {
-  QList<const QWidget*> children;
-  for (const QObject* child : parent.children()) {
-    const auto* control = qobject_cast<const QWidget*>(child);
-    if (control != nullptr && control->isVisible() && !control->isWindow() && !isPart(*control))
-      children << control;
-  }
-  for (const QWidget* control : std::as_const(children)) {
-    const bool over = control->property("overFrame").toBool();
-    checkCaption(*control, faults);
-    // The viewer's own measures make its tabs wider than the window.
-    const bool wider = control->objectName() == u"SSTab1"_s && parent.objectName() == u"frmPedHTML"_s;
-    if (!wider && !parent.rect().contains(control->geometry()))
-      faults.add(*control, u"reaches %1,%2 in %3x%4"_s.arg(control->geometry().right() + 1)
-                               .arg(control->geometry().bottom() + 1)
-                               .arg(parent.width())
-                               .arg(parent.height()));
-    for (const QWidget* other : std::as_const(children)) {
-      const bool frames = over || other->property("overFrame").toBool();
-      if (other > control && !frames && other->geometry().intersects(control->geometry())) {
-        faults.add(*control, u"overlaps "_s + other->objectName());
-      }
-    }
-  }
+/// Whether a control is looked at: one in sight that its parent does not manage by itself.
+bool isLookedAt(const QWidget& control) {
+  const QWidget& parent = *control.parentWidget();
+  const bool managed = isPart(parent) || parent.inherits("QComboBox") || parent.inherits("QLineEdit") ||
+                       parent.inherits("QTabBar") || parent.inherits("QAbstractScrollArea") ||
+                       parent.inherits("web::WebPane");
+  return control.isVisible() && !control.isWindow() && !isPart(control) && !managed;
 }
 
+/// Captions, overlaps and edges of all that is in sight.
 void checkAll(forms::Form& form, Faults& faults) {
   support::settle();
   const QRect screen(QPoint(0, 0), forms::screenSize());
   if (!screen.contains(form.geometry())) faults.add(form, u"larger than the screen"_s);
-  check(form, faults);
   for (const QWidget* control : form.findChildren<QWidget*>()) {
-    const bool closed = control->inherits("QComboBox") || control->inherits("QAbstractItemView") ||
-                        control->inherits("QLineEdit") || control->inherits("web::WebPane");
-    if (control->isVisible() && !closed && !isPart(*control) && !control->inherits("QTabBar") &&
-        !control->inherits("QAbstractScrollArea"))
-      check(*control, faults);
+    if (!isLookedAt(*control)) continue;
+    checkCaption(*control, faults);
+    const QWidget& parent = *control->parentWidget();
+    const QRect place = control->geometry();
+    // The viewer's own measures make its tabs wider than the window.
+    const bool wider = control->objectName() == u"SSTab1"_s && parent.objectName() == u"frmPedHTML"_s;
+    if (!wider && !parent.rect().contains(place))
+      faults.add(*control, u"reaches %1,%2 in %3x%4"_s.arg(place.right() + 1)
+                               .arg(place.bottom() + 1)
+                               .arg(parent.width())
+                               .arg(parent.height()));
+    for (const QWidget* other : parent.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      const bool frames = control->property("overFrame").toBool() || other->property("overFrame").toBool();
+      if (other > control && isLookedAt(*other) && !frames && other->geometry().intersects(place))
+        faults.add(*control, u"overlaps "_s + other->objectName());
+    }
   }
 }
 
@@ -195,7 +177,7 @@ TEST_P(FormsFit, NothingClippedOverlappingOrOutside) {
 INSTANTIATE_TEST_SUITE_P(Screens, FormsFit,
                          ::testing::Combine(::testing::ValuesIn(kScreens), ::testing::Values(1, 2)),
                          [](const auto& screen) {
-                           return std::string(std::get<Screen>(screen.param).first) +
+                           return std::get<Screen>(screen.param).first +
                                   (std::get<int>(screen.param) == 1 ? "Plain" : "DoubleText");
                          });
 

@@ -70,7 +70,8 @@ async def serve(arguments):
     stop = asyncio.Event()
     for end in (signal.SIGTERM, signal.SIGINT):
         loop.add_signal_handler(end, stop.set)
-    print(f"Mail for 127.0.0.1:{arguments.port} goes to {folder.path}", flush=True)
+    port = server.sockets[0].getsockname()[1]
+    print(f"Mail for 127.0.0.1:{port} goes to {folder.path}", flush=True)
     await stop.wait()
     server.close()
 
@@ -78,7 +79,7 @@ async def serve(arguments):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--folder", required=True, help="where the messages go")
-    parser.add_argument("--port", type=int, default=2525)
+    parser.add_argument("--port", type=int, default=2525, help="0 takes a free one")
     parser.add_argument("--user", help="the one login that is taken")
     parser.add_argument("--password", default="")
     arguments = parser.parse_args()
