@@ -12,8 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Never destroyed: a connection goes with the process, and at its end the database library is gone already.
 std::unique_ptr<RunContext>& instance() {
-  static auto context = std::make_unique<RunContext>();
+  static auto& context = *new std::unique_ptr<RunContext>(std::make_unique<RunContext>());
   return context;
 }
 

@@ -116,6 +116,13 @@ INSTANTIATE_TEST_SUITE_P(Paths, Saving, ::testing::Values(0, 1),
 
 using Loading = faults::QuoteCase;
 
+TEST_F(Loading, LeavesTheServerWithTheProcess) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // a process of its own, with its own temporary folders
+  TdsServer server;
+  alterQuote(startOn(server));
+  EXPECT_EXIT((forms::registry::clear(), std::exit(0)), ::testing::ExitedWithCode(0), "");
+}
+
 TEST_F(Loading, CutFromTheServerAtAnyStatementEndsTheProgram) {
   TdsServer server;
   auto* screen = &startOn(server);

@@ -38,6 +38,7 @@ bool Connection::isOpen() const { return engine_ != nullptr; }
 
 void Connection::close() {
   engine_.reset();
+  inTransaction_ = false;
   failure_.reset();
 }
 
@@ -50,7 +51,7 @@ auto Connection::guarded(const QString& statement, Run run) {
     return run();
   } catch (const values::RuntimeError& error) {
     // The server may have rolled the transaction back: what came now would commit by itself.
-    failure_ = error;
+    if (inTransaction_ || error.number() == values::kConnectionFailed) failure_ = error;
     throw;
   }
 }
@@ -65,10 +66,12 @@ Recordset Connection::query(const QString& sql) {
 
 void Connection::begin() {
   guarded(u"BEGIN"_s, [&] { engine_->begin(); });
+  inTransaction_ = true;
 }
 
 void Connection::commit() {
   guarded(u"COMMIT"_s, [&] { engine_->commit(); });
+  inTransaction_ = false;
 }
 
 void Connection::setListener(std::function<void(const QString&)> listener) {

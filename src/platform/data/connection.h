@@ -15,8 +15,9 @@ class Engine;
 /// The one database connection. The string decides the engine: "server=(embutido)" is the embedded file named
 /// by "database=", anything else goes to the ODBC driver manager. A statement that fails raises
 /// values::RuntimeError -2147217900 with the database's own words; a connection that can't be made or is lost
-/// raises -2147467259; any use of a closed one raises 3704. After the first error of a statement
-/// nothing more is sent on the connection: every later call raises the same error again.
+/// raises -2147467259; any use of a closed one raises 3704. After an
+/// error in a transaction, or when the connection is lost, nothing more is sent: every later call raises the
+/// same error again.
 class Connection {
  public:
   Connection();
@@ -43,11 +44,12 @@ class Connection {
   void setListener(std::function<void(const QString&)> listener);
 
  private:
-  /// Tells the listener of a statement and runs it; keeps the first error.
+  /// Tells the listener of a statement and runs it; keeps an error that ends the use of the connection.
   template <typename Run>
   auto guarded(const QString& statement, Run run);
 
   std::unique_ptr<Engine> engine_;
+  bool inTransaction_ = false;
   std::optional<values::RuntimeError> failure_;
   std::function<void(const QString&)> listener_;
 };

@@ -217,6 +217,13 @@ TEST_P(Contract, KeepsWhatIsCommittedAndNothingElse) {
   EXPECT_EQ(rows(u"SELECT NOME_CLIE FROM PROP_CMRC"_s), QStringList{u"um"_s});
 }
 
+TEST_P(Contract, GoesOnAfterAnErrorOutsideATransaction) {
+  EXPECT_EQ(errorOf([&] { (void)connection.query(u"SELECT NADA FROM PROP_CMRC"_s); }),
+            values::kStatementFailed);
+  insert(u"NOME_CLIE"_s, u"depois"_s);
+  EXPECT_EQ(rows(u"SELECT NOME_CLIE FROM PROP_CMRC"_s), QStringList{u"depois"_s});
+}
+
 TEST_P(Contract, RunsOtherStatementsWhileAResultIsWalked) {
   for (const auto& id : {u"1"_s, u"2"_s, u"3"_s}) insert(u"IDCLIE"_s, id);
   connection.begin();
