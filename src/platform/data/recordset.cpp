@@ -12,9 +12,6 @@ namespace data {
 
 namespace {
 
-constexpr int kUnknownField = 3265;
-constexpr int kNoCurrentRow = 3021;
-
 using Kind = ResultValues::Kind;
 
 double numberOf(const ResultValues& result, qsizetype at) {
@@ -69,7 +66,7 @@ bool Recordset::eof() const {
 }
 
 void Recordset::moveNext() {
-  if (eof()) throw values::RuntimeError(kNoCurrentRow, u"Não há registro atual."_s);
+  if (eof()) values::raise(values::kNoCurrentRecord);
   ++row_;
 }
 
@@ -89,7 +86,7 @@ const QStringList& Recordset::columns() const {
 }
 
 qsizetype Recordset::place(QStringView field) const {
-  if (eof()) throw values::RuntimeError(kNoCurrentRow, u"Não há registro atual."_s);
+  if (eof()) values::raise(values::kNoCurrentRecord);
   const auto width = static_cast<std::size_t>(columns_.size());
   // From the second row on the search goes on from the last field found, if that finds the same one.
   const std::size_t start = row_ > 0 && namesDiffer() ? lastColumn_ : 0;
@@ -100,7 +97,7 @@ qsizetype Recordset::place(QStringView field) const {
       return static_cast<qsizetype>(row_ * width + column);
     }
   }
-  throw values::RuntimeError(kUnknownField, u"O campo \"%1\" não está no resultado."_s.arg(field));
+  values::raise(values::kUnknownField, field.toString());
 }
 
 bool Recordset::namesDiffer() const {
