@@ -24,7 +24,7 @@ void frmPedHTML::cmdImprimir_Click() {
     Aviso(resultado == web::Printed::NoPrinter
               ? u"Não há impressora padrão neste computador.\rInstale uma impressora e tente novamente."_s
               : u"A impressora padrão não aceitou o documento.\rVerifique a impressora e tente novamente."_s);
-    break;
+    if (resultado == web::Printed::NoPrinter) break;
   }
   forms::msgBox({.text = u"Impressão Encerrada"_s, .icon = forms::Icon::Information});
 }

@@ -20,6 +20,7 @@ void frmPedHTML::cmdPDF_Click() {
     DocumentoWord(QString::number(id), doc, pdf);
   }
   WebBrowser1->navigate(pdf);
+  SSTab1->setCurrentIndex(0);
   mostraCaminho(pdf);
 }
 

@@ -11,7 +11,8 @@ namespace web {
 
 bool isDrivePath(const QUrl& url) {
   const QString scheme = url.scheme();
-  return scheme.size() == 1 && scheme[0] >= QLatin1Char(kFirstDrive) && scheme[0] <= QLatin1Char(kLastDrive);
+  return scheme.size() == 1 && scheme[0] >= QLatin1Char(kFirstDrive) &&
+         scheme[0] <= QLatin1Char(kLastDrive) && !drivePath(url).contains(QChar(u'\0'));
 }
 
 QString drivePath(const QUrl& url) {
@@ -24,6 +25,7 @@ DriveFiles::DriveFiles(QWebEngineProfile* profile) : QWebEngineUrlSchemeHandler(
 }
 
 void DriveFiles::requestStarted(QWebEngineUrlRequestJob* job) {
+  if (!isDrivePath(job->requestUrl())) return job->fail(QWebEngineUrlRequestJob::UrlInvalid);
   const QString path = files::resolve(drivePath(job->requestUrl()));
   auto* file = new QFile(path, job);
   if (!file->open(QIODevice::ReadOnly)) {

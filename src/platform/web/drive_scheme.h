@@ -11,7 +11,7 @@ namespace web {
 inline constexpr char kFirstDrive = 'c';
 inline constexpr char kLastDrive = 'z';
 
-/// Whether an address is a path with a drive letter.
+/// Whether an address is a path with a drive letter; one with a NUL names no file and is none.
 [[nodiscard]] bool isDrivePath(const QUrl& url);
 /// The path that such an address stands for, as the page wrote it.
 [[nodiscard]] QString drivePath(const QUrl& url);

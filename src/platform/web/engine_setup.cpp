@@ -1,3 +1,4 @@
+#include <QByteArrayList>
 #include <QCoreApplication>
 #include <QLoggingCategory>
 #include <QWebEngineUrlScheme>
@@ -16,7 +17,7 @@ namespace {
 void addEngineFlags() {
   QByteArray flags = qgetenv("QTWEBENGINE_CHROMIUM_FLAGS");
   const auto add = [&flags](const QByteArray& flag) {
-    if (!flags.contains(flag)) flags += (flags.isEmpty() ? "" : " ") + flag;
+    if (!flags.split(' ').contains(flag)) flags += (flags.isEmpty() ? "" : " ") + flag;
   };
   add("--disable-gpu");
   add("--lang=pt-BR");

@@ -66,16 +66,19 @@ void FindBar::leave() {
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress) {
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Escape) {
-      leave();
-      return true;
-    }
     if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
       search(key->modifiers().testFlag(Qt::ShiftModifier));
       return true;
     }
   }
   return QFrame::eventFilter(watched, event);
+}
+
+void FindBar::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape)
+    leave();
+  else
+    QFrame::keyPressEvent(event);
 }
 
 }  // namespace web

@@ -24,6 +24,7 @@ class FindBar : public QFrame {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void search(bool backward);

@@ -1,4 +1,3 @@
-#include <QEventLoop>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
@@ -7,6 +6,7 @@
 #include <QWebEngineView>
 
 #include "platform/files/paths.h"
+#include "platform/web/waiting.h"
 #include "platform/web/web_pane.h"
 
 namespace web {
@@ -27,7 +27,7 @@ bool printPicture(QWebEngineView& view, const QPrinterInfo& info) {
     loop.quit();
   });
   view.print(&printer);
-  loop.exec();
+  waitIn(loop);
   return printed;
 }
 

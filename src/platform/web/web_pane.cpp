@@ -1,6 +1,5 @@
 #include "platform/web/web_pane.h"
 
-#include <QEventLoop>
 #include <QPointer>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -12,6 +11,7 @@
 #include "platform/files/paths.h"
 #include "platform/web/find_bar.h"
 #include "platform/web/page.h"
+#include "platform/web/waiting.h"
 
 namespace web {
 
@@ -23,7 +23,6 @@ constexpr double kLargest = 4.0;
 constexpr double kStep = 0.1;
 constexpr int kSettling = 100;  // milliseconds
 constexpr int kScrollBar = 15;  // pixels that the engine's own takes
-constexpr int kAnswerTimeout = 30'000;
 // What stands for Verdana and Tahoma, and for any other font that the machine lacks.
 constexpr char16_t kPlainFont[] = u"DejaVu Sans";
 }  // namespace
@@ -106,8 +105,7 @@ bool WebPane::waitForLoad(int milliseconds) {
   if (!d_->loading) return d_->ok;
   QEventLoop loop;
   connect(this, &WebPane::loaded, &loop, &QEventLoop::quit);
-  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-  loop.exec();
+  waitIn(loop, milliseconds);
   return !d_->loading && d_->ok;
 }
 
@@ -119,8 +117,7 @@ QString WebPane::pageText() {
     *text = shown;
     if (waiting) waiting->quit();
   });
-  QTimer::singleShot(kAnswerTimeout, &loop, &QEventLoop::quit);
-  loop.exec();
+  waitIn(loop);
   return *text;
 }
 
@@ -176,8 +173,7 @@ bool WebPane::find(const QString& text, bool backward) {
         if (waiting) waiting->quit();
       });
   if (text.isEmpty()) return false;  // the engine doesn't answer when a mark is taken away
-  QTimer::singleShot(kAnswerTimeout, &loop, &QEventLoop::quit);
-  loop.exec();
+  waitIn(loop);
   return *found;
 }
 
@@ -193,8 +189,7 @@ bool WebPane::printToFile(const QString& pdfPath) {
   d_->view->page()->printToPdf(files::resolve(pdfPath),
                                QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
                                            QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter));
-  QTimer::singleShot(kAnswerTimeout, &loop, &QEventLoop::quit);
-  loop.exec();
+  waitIn(loop);
   disconnect(done);
   return written;
 }
