@@ -64,7 +64,7 @@ void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, cons
                         const QString& mensagem, const QString& anexo) {
   const QString servidor = ServidorEmail().toLower();
   const QString remetente = EmailEmpresa().toLower();
-  const QString usuario = EmailEmpresa().toLower();
+  const QString& usuario = remetente;
   // Notices log in with the password in small letters, whatever its case in the company's data.
   const QString senha = SenhaEmailEmpresa().toLower();
   if (servidor.isEmpty() && remetente.isEmpty() && usuario.isEmpty() && senha.isEmpty()) return;

@@ -22,7 +22,7 @@ class AttachmentList {
   };
 
   /// Takes a file by its path, as the program knows paths; its content is read now. Raises 53 when it is
-  /// not there, 70 or 75 when it can't be read.
+  /// not there, 76 when its folder isn't, 52 on a path with a NUL, 70 or 75 when it can't be read.
   void Add(const QString& path);
   [[nodiscard]] const std::vector<File>& files() const { return files_; }
 

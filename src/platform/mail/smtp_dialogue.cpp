@@ -41,6 +41,12 @@ constexpr std::array<Fault, 10> kFaults{{
     {CURLE_GOT_NOTHING, u"a conexão com o servidor de e-mail caiu"},
 }};
 
+/// A part of a login can begin with the letters of a command, but is one word.
+bool isCommand(const QByteArray& line, const QByteArray& command) {
+  const QByteArray rest = line.mid(command.size());
+  return line.startsWith(command) && (rest.isEmpty() || !QChar::isLetterOrNumber(uchar(rest[0])));
+}
+
 /// What stands between "<" and ">" of a command.
 QString addressIn(const QByteArray& command) {
   const qsizetype open = command.indexOf('<');
@@ -71,7 +77,7 @@ void Dialogue::said(const QByteArray& command) {
   answer_.clear();
   // A line that is no command goes on with the one before it: the parts of a login.
   for (const Step& step : kSteps) {
-    if (command.startsWith(step.command)) {
+    if (isCommand(command, step.command)) {
       step_ = QString::fromUtf16(step.failure);
       if (step_.contains(u"%1")) step_ = step_.arg(addressIn(command));
     }

@@ -56,6 +56,7 @@ Handle makeHandle() {
 /// The server as an address; TLS from the start on its own port.
 Url serverUrl(const QString& server) {
   Url url(curl_url());
+  if (!url) throw std::bad_alloc();
   const QByteArray text = "smtp://" + server.toUtf8();
   if (curl_url_set(url.get(), CURLUPART_URL, text.constData(), 0) != CURLUE_OK)
     fail(u"o endereço do servidor de e-mail não é válido"_s, {u"Servidor: "_s + server});
