@@ -1,7 +1,6 @@
 #include "closing/frmConfirmaPropCmrcTL.h"
 
 #include <QEvent>
-#include <QTextCursor>
 
 #include "platform/values/numbers.h"
 #include "quote/grids.h"
@@ -23,11 +22,12 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) 
   on(cmdConfirmaCondPg, Event::Click, &Tela::cmdConfirmaCondPg_Click);
   on(cmdDesfazer, Event::Click, &Tela::cmdDesfazer_Click);
   on(cmdConfirmar, Event::Click, &Tela::cmdConfirmar_Click);
-  connect(txtObservacaoPedido, &QPlainTextEdit::textChanged, this, &Tela::limitaObservacao);
+  forms::limitText(txtObservacaoPedido, 250);
 
   onKeyPress(txtDescontoGeral, FiltraTeclaDecimal);
   onKeyPress(txtPercDesc, FiltraTeclaDecimal);
-  selectOnFocus({txtDescontoGeral, txtPercDesc, txtIdCondPg, mskDataBase, txtValorSinal});
+  selectOnFocus({txtDescontoGeral, txtPercDesc, cboTransportadora, txtObservacaoPedido, txtIdCondPg,
+                 mskDataBase, txtValorSinal});
   enterMovesOn({txtDescontoGeral, txtPercDesc, cboTransportadora, txtObservacaoPedido, txtIdCondPg,
                 cmdPesquisa_CondPg, mskDataBase, txtValorSinal, cmdConfirmaCondPg, cmdDesfazer,
                 cmdConfirmar});
@@ -74,15 +74,4 @@ void frmConfirmaPropCmrcTL::cboTransportadora_DropDown() {
 
 void frmConfirmaPropCmrcTL::mskDataBase_LostFocus() {
   mskDataBase->setBoxText(ValidaDataMascara(mskDataBase->boxText()));
-}
-
-void frmConfirmaPropCmrcTL::limitaObservacao() {
-  constexpr qsizetype limite = 250;
-  const auto excesso = static_cast<int>(forms::controlText(txtObservacaoPedido).size() - limite);
-  if (excesso <= 0) return;
-  QTextCursor cursor = txtObservacaoPedido->textCursor();
-  // What was typed or pasted last goes; a text that came whole loses its end.
-  if (cursor.position() < excesso) cursor.movePosition(QTextCursor::End);
-  cursor.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, excesso);
-  cursor.removeSelectedText();
 }

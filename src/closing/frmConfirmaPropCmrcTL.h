@@ -46,7 +46,6 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   void montaParcelas(double liquido);
   void acertaResto(double liquido);
   bool descontoPassaDoBruto();
-  void limitaObservacao();
   void ajustaMedidas();
   bool podeConfirmar();
   void passaDescontoParaOrcamento();

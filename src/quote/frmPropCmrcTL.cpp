@@ -1,5 +1,4 @@
 #include "quote/frmPropCmrcTL.h"
-#include "platform/forms/process.h"
 
 #include <QFontDatabase>
 #include <QHeaderView>
@@ -10,8 +9,8 @@
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/icons.h"
+#include "platform/forms/process.h"
 #include "run/context.h"
-#include "shared/lookups.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
@@ -34,19 +33,6 @@ constexpr int kLinhasItens = 6;
 constexpr int kEsquerdaPainel = 2160;
 constexpr int kEsquerdaHomenageados = 5280;
 constexpr int kTopoHomenageados = 1680;
-
-/// A box of several lines keeps to a length too.
-void limitaTexto(QPlainTextEdit* caixa, int maximo) {
-  QObject::connect(caixa, &QPlainTextEdit::textChanged, caixa, [caixa, maximo] {
-    const QString texto = caixa->toPlainText();
-    if (texto.size() <= maximo) return;
-    const int lugar = qMin(caixa->textCursor().position(), maximo);
-    caixa->setPlainText(texto.left(maximo));
-    auto cursor = caixa->textCursor();
-    cursor.setPosition(lugar);
-    caixa->setTextCursor(cursor);
-  });
-}
 
 }  // namespace
 
@@ -170,7 +156,7 @@ void frmPropCmrcTL::LimitaCampos() {
   const std::pair<QLineEdit*, int> limites[] = {
       {txtCodigo, 10}, {txtFoneExtra, 50}, {txtDesc, 100}, {txtCodProduto, 15}, {txtObseDetaItem, 50}};
   for (const auto& [caixa, maximo] : limites) caixa->setMaxLength(maximo);
-  limitaTexto(txtObserva, 200);
+  forms::limitText(txtObserva, 200);
 }
 
 void frmPropCmrcTL::MontaGridItens() { Flex->grid().layOut(grids::item::kLayout); }
@@ -235,12 +221,8 @@ void frmPropCmrcTL::ligaAtalhos() {
       {QKeySequence::Find, cmdPesquisar_PropCmrc},
       {QKeySequence::Print, cmdImprimir}};
   for (const auto& [tecla, botao] : atalhos)
-    connect(new QShortcut(tecla, this), &QShortcut::activated, this, [this, botao = botao] {
-      const int caixas = forms::boxesShown();
-      botao->setFocus(Qt::ShortcutFocusReason);
-      flushFocusEvents();
-      if (caixas == forms::boxesShown()) botao->click();
-    });
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this,
+            [this, botao = botao] { clickByKey(botao); });
 }
 
 /// Esc closes the frame that is open; it never ends the program.

@@ -14,6 +14,7 @@
 #include <QToolButton>
 #include <array>
 
+#include "platform/values/numbers.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
@@ -89,7 +90,7 @@ void LeCoresSistema(const QString& nome) {
 }
 
 void AplicaCoresForm(forms::Form& form) {
-  const auto number = [](const QString& text) { return static_cast<forms::ColorNumber>(LeNumero(text)); };
+  const auto number = [](const QString& text) { return values::toInt64(LeNumero(text)); };
   const auto back = number(contexto().CorFundo);
   const auto fore = number(contexto().CorFrente);
   forms::setBackColor(&form, back);

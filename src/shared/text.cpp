@@ -1,14 +1,11 @@
 #include "shared/text.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QDesktopServices>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTextEdit>
 #include <QUrl>
 #include <algorithm>
 
+#include "platform/forms/controls.h"
 #include "platform/forms/masked_box.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
@@ -39,16 +36,10 @@ char16_t FiltraTeclaNumerica(char16_t tecla) {
 
 char16_t FiltraTeclaDecimal(char16_t tecla) { return FiltraTeclaNumerica(tecla == u'.' ? u',' : tecla); }
 
-void SelecionaTextoAtivo() {
-  QWidget* ativo = QApplication::focusWidget();
-  if (auto* combo = qobject_cast<QComboBox*>(ativo)) ativo = combo->lineEdit();
-  if (auto* linha = qobject_cast<QLineEdit*>(ativo)) linha->selectAll();
-  if (auto* bloco = qobject_cast<QPlainTextEdit*>(ativo)) bloco->selectAll();
-  if (auto* bloco = qobject_cast<QTextEdit*>(ativo)) bloco->selectAll();
-}
+void SelecionaTextoAtivo() { forms::selectText(QApplication::focusWidget()); }
 
 QString MascaraDecimais(const QString& casas) {
-  const int decimais = std::clamp(static_cast<int>(LeNumero(casas)), 0, 4);
+  const int decimais = static_cast<int>(std::clamp(LeNumero(casas), 0.0, 4.0));
   return decimais == 0 ? u"###0"_s : u"###0."_s + QString(decimais, u'0');
 }
 

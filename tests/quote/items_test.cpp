@@ -38,6 +38,15 @@ TEST_F(Items, AreApprovedByTheThirdFieldOfTheirEntryAndTheTitlesStay) {
   EXPECT_EQ(screen->Flex->grid().text(0, grids::item::DtAprov), u"Dt.Aprov."_s);
 }
 
+TEST_F(Items, AnHonoreeTakenOutByKeyComesBackIntoItsBox) {
+  support::click(screen->cmdMultiHomenagem);
+  support::type(screen->txtNomeHomg, u"ana"_s);
+  support::click(screen->cmdIncluirHomg);
+  for (const auto key : {Qt::Key_Down, Qt::Key_Return}) support::key(screen->FlexHomg, key);
+  EXPECT_EQ(screen->txtNomeHomg->text(), u"ANA"_s);
+  EXPECT_EQ(screen->FlexHomg->grid().rows(), 1);
+}
+
 TEST_F(Items, APromotionWithALastDayAndNoDiscountEndsTheProgram) {
   sql(u"UPDATE prod SET perc_dect = null, data_limi_prom = '20240320' WHERE idprod = 101"_s);
   script.box(u"Erro em tempo de execução '94':\n\nUso inválido de Null"_s).expectEnd(1);

@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTextCursor>
 #include <QTextEdit>
 #include <array>
 
@@ -30,6 +31,9 @@ constexpr char kBackProperty[] = "backColor";
 constexpr char kForeProperty[] = "foreColor";
 
 QString lines(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
+
+/// A line break is stored as two characters.
+qsizetype storedLength(QStringView text) { return text.size() + text.count(u'\n'); }
 
 /// Fields that are typed in, as against captions and buttons.
 bool isField(const QWidget* control) {
@@ -122,6 +126,32 @@ bool isLocked(const QWidget* control) {
   if (const auto* plain = qobject_cast<const QPlainTextEdit*>(control)) return plain->isReadOnly();
   if (const auto* rich = qobject_cast<const QTextEdit*>(control)) return rich->isReadOnly();
   return !control->isEnabled();
+}
+
+void selectText(QWidget* control) {
+  if (auto* combo = qobject_cast<QComboBox*>(control)) control = combo->lineEdit();
+  if (auto* line = qobject_cast<QLineEdit*>(control)) line->selectAll();
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) plain->selectAll();
+  if (auto* rich = qobject_cast<QTextEdit*>(control)) rich->selectAll();
+}
+
+void limitText(QPlainTextEdit* box, int longest) {
+  QObject::connect(box, &QPlainTextEdit::textChanged, box, [box, longest] {
+    const QString text = box->toPlainText();
+    const qsizetype excess = storedLength(text) - longest;
+    if (excess <= 0) return;
+    QTextCursor cursor = box->textCursor();
+    const QStringView before = QStringView(text).first(cursor.position());
+    const auto end = storedLength(before) < excess ? text.size() : before.size();
+    qsizetype start = end;
+    for (qsizetype left = excess; left > 0;) left -= text[--start] == u'\n' ? 2 : 1;
+    if (start > 0 && text[start].isLowSurrogate()) --start;
+    cursor.joinPreviousEditBlock();
+    cursor.setPosition(static_cast<int>(start));
+    cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    cursor.endEditBlock();
+  });
 }
 
 QColor toColor(ColorNumber number) {

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QWidget>
 
+class QPlainTextEdit;
+
 // What all kinds of controls have in common: text, lock, colours; and the measures of the screen.
 namespace forms {
 
@@ -15,6 +17,13 @@ void setControlText(QObject* control, const QString& text);
 /// combos and masked boxes; other controls are enabled or disabled.
 void setLocked(QWidget* control, bool locked);
 [[nodiscard]] bool isLocked(const QWidget* control);
+
+/// Selects the whole text of a field; other controls stay as they are.
+void selectText(QWidget* control);
+
+/// Keeps a box of several lines to a length, a line break counted as the two characters that it is stored as.
+/// What was typed or pasted last is refused; a text that comes whole loses its end.
+void limitText(QPlainTextEdit* box, int longest);
 
 /// Colour numbers are blue-green-red (255 is pure red); negative ones and those from 0x80000000 on are system
 /// colours (0x8000000F button face, 0x80000012 button text, 0x80000005 window ground, 0x80000000 as inactive

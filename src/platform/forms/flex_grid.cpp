@@ -159,15 +159,24 @@ void FlexGrid::keyPressEvent(QKeyEvent* event) {
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (grid_.row() > 0) Q_EMIT rowDoubleClicked();
+      if (event->isAutoRepeat() || grid_.row() < 1) return;
+      chooseVisibleColumn();
+      Q_EMIT rowDoubleClicked();
       return;
     default:
       event->ignore();
       return;
   }
   if (last < 1) return;
+  chooseVisibleColumn();
   grid_.setRow(std::clamp(target, 1, last));
   scrollTo(grid_.index(grid_.row() - 1, currentIndex().column()));
+}
+
+void FlexGrid::chooseVisibleColumn() {
+  int column = grid_.col();
+  while (column < grid_.cols() - 1 && isColumnHidden(column)) ++column;
+  grid_.setCol(column);
 }
 
 void FlexGrid::copyCurrentRow() const {

@@ -42,6 +42,8 @@ class FlexGrid : public QTableView {
   void showCurrent(int row, int column);
   void showTopRow(int row);
   void copyCurrentRow() const;
+  /// As a click does: nobody can choose a cell of a hidden column.
+  void chooseVisibleColumn();
   void titlePressed(int column);
 
   /// Moves the current row to where the click is; false on empty ground.

@@ -80,6 +80,9 @@ class Form : public QDialog {
   /// Enter moves on as Tab does, and is swallowed. In multi-line boxes Ctrl+Enter breaks the line. On a
   /// button that isn't named here Enter clicks.
   void enterMovesOn(std::initializer_list<QWidget*> controls);
+  /// What an access key does: the focus goes to the button, then it is clicked, unless a handler on the way
+  /// brought up a box or a modal form. For shortcuts.
+  void clickByKey(QAbstractButton* button);
   /// GotFocus selects all the text.
   void selectOnFocus(std::initializer_list<QWidget*> controls);
 

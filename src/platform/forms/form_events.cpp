@@ -55,6 +55,14 @@ void Form::selectOnFocus(std::initializer_list<QWidget*> controls) {
   for (QWidget* control : controls) d_->selects.insert(control);
 }
 
+namespace {
+
+bool isLeft(const QEvent* event) {
+  return static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton;
+}
+
+}  // namespace
+
 bool Form::eventFilter(QObject* watched, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr) return false;
@@ -64,14 +72,15 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
       return d_->mousePressed(widget, static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
       // Buttons and grids have signals of their own; this is for labels and the pictures they show.
-      if (qobject_cast<QLabel*>(widget) != nullptr) d_->run(widget, Event::Click);
+      if (qobject_cast<QLabel*>(widget) != nullptr && isLeft(event)) d_->run(widget, Event::Click);
       return false;
     case QEvent::KeyPress:
       return d_->keyPressed(widget, static_cast<QKeyEvent*>(event));
     case QEvent::Shortcut: {
       auto* button = qobject_cast<QAbstractButton*>(widget);
       const bool clear = !static_cast<QShortcutEvent*>(event)->isAmbiguous();
-      return button != nullptr && clear && d_->accessKey(button);
+      if (button != nullptr && clear) clickByKey(button);
+      return button != nullptr && clear;
     }
     default:
       return false;
@@ -98,7 +107,8 @@ bool Form::Private::mousePressed(QWidget* watched, QMouseEvent* event) {
   form.flushFocusEvents();
   if (interruptions() != before || !form.isVisible() || !watched->isEnabled()) return true;
 
-  if (event->type() == QEvent::MouseButtonDblClick && handlers.value(watched).contains(Event::DoubleClick)) {
+  if (event->type() == QEvent::MouseButtonDblClick && isLeft(event) &&
+      handlers.value(watched).contains(Event::DoubleClick)) {
     run(watched, Event::DoubleClick);
     return true;
   }
@@ -149,15 +159,14 @@ bool Form::Private::characterTyped(QWidget* watched, QKeyEvent* event) {
   return true;
 }
 
-bool Form::Private::accessKey(QAbstractButton* button) {
+void Form::clickByKey(QAbstractButton* button) {
   const int before = interruptions();
   if (button->focusPolicy() != Qt::NoFocus) {
     button->setFocus(Qt::ShortcutFocusReason);
-    noteFocus(button);
+    d_->noteFocus(button);
   }
-  form.flushFocusEvents();
-  if (interruptions() == before && form.isVisible()) button->click();
-  return true;
+  flushFocusEvents();
+  if (interruptions() == before && isVisible()) button->click();
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {

@@ -1,9 +1,8 @@
 #include <QApplication>
-#include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <algorithm>
 
+#include "platform/forms/controls.h"
 #include "platform/forms/form_private.h"
 #include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
@@ -60,12 +59,7 @@ bool Form::Private::hasJustGotFocus(QWidget* control) const {
 }
 
 void Form::Private::gotFocus(QWidget* control) {
-  if (!selects.contains(control)) return;
-  if (auto* line = qobject_cast<QLineEdit*>(control)) line->selectAll();
-  if (auto* combo = qobject_cast<QComboBox*>(control); combo != nullptr && combo->lineEdit() != nullptr) {
-    combo->lineEdit()->selectAll();
-  }
-  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) plain->selectAll();
+  if (selects.contains(control)) selectText(control);
 }
 
 void Form::flushFocusEvents() {

@@ -49,7 +49,6 @@ class Form::Private {
   bool keyPressed(QWidget* watched, QKeyEvent* event);
   bool enterPressed(QWidget* control, QKeyEvent* event);
   bool characterTyped(QWidget* watched, QKeyEvent* event);
-  bool accessKey(QAbstractButton* button);
 
   [[nodiscard]] OverFrame* overFrame(const QWidget* frame);
   [[nodiscard]] OverFrame* openFrame();

@@ -233,8 +233,6 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 RowBuilder& RowBuilder::operator<<(const QString& field) {
-  constexpr qsizetype kUsualRow = 160;
-  if (text_.isEmpty()) text_.reserve(kUsualRow);
   const qsizetype start = text_.size();
   text_ += field;
   std::replace(text_.begin() + start, text_.end(), QChar(u'\t'), QChar(u' '));

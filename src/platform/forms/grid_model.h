@@ -110,7 +110,7 @@ class RowBuilder {
   [[nodiscard]] const QString& text() const { return text_; }
 
  private:
-  static constexpr qsizetype kUsualLength = 120;
+  static constexpr qsizetype kUsualLength = 160;
 
   QString text_;
 };

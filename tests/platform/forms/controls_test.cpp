@@ -40,6 +40,26 @@ TEST_F(Controls, AComboKeepsItsTextWhileItsListIsFilled) {
   EXPECT_EQ(combo.text(), u"Bia"_s);
 }
 
+TEST_F(Controls, ALimitedBoxRefusesWhatIsTypedOrPastedLast) {
+  QPlainTextEdit& box = *sample.txtLines;
+  forms::limitText(&box, 8);
+  forms::setControlText(&box, u"abcdefghij"_s);
+  EXPECT_EQ(forms::controlText(&box), u"abcdefgh"_s);
+  for (const int place : {0, 3}) {
+    QTextCursor cursor = box.textCursor();
+    cursor.setPosition(place);
+    box.setTextCursor(cursor);
+    box.insertPlainText(u"XY"_s);
+    EXPECT_EQ(forms::controlText(&box), u"abcdefgh"_s);
+  }
+  forms::setControlText(&box, u"abcd"_s);
+  box.moveCursor(QTextCursor::End);
+  box.insertPlainText(u"\n\n💝\n"_s);
+  EXPECT_EQ(forms::controlText(&box), u"abcd\r\n\r\n"_s);
+  box.undo();
+  EXPECT_EQ(forms::controlText(&box), u"abcd"_s);
+}
+
 TEST_F(Controls, ColorsAreBlueGreenRedOrTheSystemsAndTextStaysReadable) {
   EXPECT_EQ(forms::toColor(33023), QColor(255, 128, 0));
   EXPECT_EQ(forms::toColor(0x80000005), QColor(Qt::white));
