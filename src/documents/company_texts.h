@@ -10,7 +10,7 @@ inline constexpr char16_t kMarca[] = u"Marta Tavora Prestige";
 inline constexpr char16_t kEndereco[] = u"Rua das Acácias, 100 - Jardim Aurora";
 inline constexpr char16_t kCidade[] = u"São Paulo - CEP 01000-000";
 inline constexpr char16_t kFoneFax[] = u"Fone/Fax: (11) 3000-0000";
-/// Site and e-mail of the letterheads.
+/// Site and e-mail of the letterheads, where the installation names none.
 inline constexpr char16_t kSite[] = u"www.martatavora.example";
 inline constexpr char16_t kEmail[] = u"contato@martatavora.example";
 inline constexpr char16_t kLogoFixo[] = u"logomartatavora283x127.jpg";

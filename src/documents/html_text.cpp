@@ -46,11 +46,9 @@ QString quadroEstilos(const Quadro& quadro, const QString& classeTitulo, const Q
 <table border='0' align='center' width=670>
 )")
                       .arg(QString::fromUtf16(quadro.comentario), classeTitulo, quadro.titulo);
-  for (QString linha : quadro.linhas) {
-    linha.replace(u'\n', kFim + u"      "_s);
+  for (const QString& linha : quadro.linhas)
     texto += u"<tr><td align='left'><span class='"_s + classeLinha + u"'>"_s + linha +
              u"</span></td></tr>"_s + kFim;
-  }
   return texto + u"</table>"_s + kFim;
 }
 

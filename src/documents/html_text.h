@@ -25,7 +25,7 @@ struct Quadro {
 };
 /// With inline styles.
 [[nodiscard]] QString quadro(const Quadro& quadro);
-/// With the classes of the style sheet; a line feed inside a line breaks it in the file.
+/// With the classes of the style sheet.
 [[nodiscard]] QString quadroEstilos(const Quadro& quadro, const QString& classeTitulo,
                                     const QString& classeLinha);
 

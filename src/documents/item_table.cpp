@@ -1,6 +1,7 @@
 #include "documents/item_table.h"
 
 #include <array>
+#include <vector>
 
 #include "documents/document_values.h"
 #include "documents/html_text.h"

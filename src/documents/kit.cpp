@@ -1,6 +1,7 @@
 #include "documents/kit.h"
 
 #include "documents/company_texts.h"
+#include "documents/contacts.h"
 #include "documents/document_values.h"
 #include "documents/html_text.h"
 #include "documents/texts_clauses.h"
@@ -32,13 +33,14 @@ QStringList Textos(const std::array<const char16_t*, N>& clausulas) {
   return textos;
 }
 
-/// A text broken over lines at blanks.
+/// A text broken at blanks over lines of the file, indented from the second on.
 QString Quebra(QString texto) {
   constexpr qsizetype kLargura = 100;
+  const QString quebra = kFim + u"      "_s;
   for (qsizetype inicio = 0; texto.size() - inicio > kLargura;) {
     const qsizetype branco = texto.lastIndexOf(u' ', inicio + kLargura);
-    texto[branco] = u'\n';
-    inicio = branco + 1;
+    texto.replace(branco, 1, quebra);
+    inicio = branco + quebra.size();
   }
   return texto;
 }
@@ -92,13 +94,14 @@ QString AbreDocumentoSimplesHTML(const QString&) { return fixo(textos::kHeadSimp
 QString CabecalhoEmpresaHTML() {
   const data::Recordset rs = Empresa();
   if (rs.eof()) return {};
+  const company::Contatos contatos = company::contatos();
   // The fax number is the house's own, whatever the company's row says.
   return fixo(textos::kCabecalhoEmpresa)
       .arg(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente)), rs.text(u"nome_empr"),
            u"CNPJ:"_s + rs.text(u"cnpj_empr") + u" - I.E.:"_s + rs.text(u"IE00_EMPR"), EnderecoDaEmpresa(rs),
            u"Tel.: "_s + Apara(rs.text(u"tele_0001_empr")) + u" - "_s + Apara(rs.text(u"tele_0002_empr")) +
                u" - Fax: 55 11 3000-0001"_s,
-           QString::fromUtf16(company::kEmail), QString::fromUtf16(company::kSite));
+           contatos.email, contatos.site);
 }
 
 QString CabecalhoLogoHTML() {
@@ -109,7 +112,7 @@ QString CabecalhoFixoHTML() {
   return fixo(textos::kCabecalhoFixo)
       .arg(ImagemDaCasa(QString::fromUtf16(company::kLogoFixo)), QString::fromUtf16(company::kNome),
            QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
-           QString::fromUtf16(company::kSite), QString::fromUtf16(company::kFoneFax));
+           company::contatos().site, QString::fromUtf16(company::kFoneFax));
 }
 
 QString NomeRelatorioHTML(const QString& texto, const QString& alinhamento) {

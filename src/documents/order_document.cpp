@@ -1,6 +1,7 @@
 // Which blocks make up an order's document. Two parameters of the company decide: one the look, the other the
 // items, conditions and signature.
 #include <array>
+#include <vector>
 
 #include "documents/documents.h"
 #include "documents/html_text.h"

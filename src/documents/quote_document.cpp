@@ -1,6 +1,8 @@
 // Which blocks make up a quote's document, in each model, and in what order they are written.
+#include <algorithm>
 #include <array>
 #include <span>
+#include <vector>
 
 #include "documents/document_values.h"
 #include "documents/documents.h"
@@ -101,12 +103,17 @@ void Escreve(std::span<const Bloco> blocos, const Dados& dados) {
   arquivo.pronto();
 }
 
-/// The same by the model of the company; in an unknown model every block is empty.
+/// The same by the model of the company. An unknown model has the blocks that all have, the others are empty.
 void EscreveModelo(std::span<const Passo> passos, const QString& modelo, const Dados& dados) {
   const qsizetype coluna = QStringList{u""_s, u"1"_s, u"2"_s, u"3"_s}.indexOf(modelo);
   std::vector<Bloco> blocos;
-  for (const Passo& passo : passos)
-    blocos.push_back(coluna < 0 ? kVazio : passo[static_cast<std::size_t>(coluna)]);
+  for (const Passo& passo : passos) {
+    const bool igual = std::ranges::all_of(passo, [&](Bloco bloco) { return bloco == passo.front(); });
+    if (coluna >= 0 || igual)
+      blocos.push_back(passo[static_cast<std::size_t>(std::max<qsizetype>(coluna, 0))]);
+    else
+      blocos.push_back(kVazio);
+  }
   Escreve(blocos, dados);
 }
 

@@ -1,4 +1,5 @@
 #include "documents/company_texts.h"
+#include "documents/contacts.h"
 #include "documents/item_fields.h"
 #include "documents/quote_blocks.h"
 #include "documents/word.h"
@@ -46,7 +47,7 @@ void letterhead(WordProcessor& word) {
   word.setFont(u"Arial"_s, 9);
   for (const QString& line :
        {QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
-        u"Site: "_s + QString::fromUtf16(company::kSite), QString::fromUtf16(company::kFoneFax)}) {
+        u"Site: "_s + company::contatos().site, QString::fromUtf16(company::kFoneFax)}) {
     word.typeParagraph();
     word.typeText(line);
   }

@@ -20,21 +20,6 @@ namespace {
 constexpr const char16_t* kConfigFolder = u"c:\\zarim\\config\\";
 constexpr int kConnectionTimeout = 400;  // seconds: a distant or waking server may take that long
 
-/// A configuration file below the install root, or the one in the fixed folder where the root is empty, holds
-/// no such file, or is no name for a folder.
-QString configFile(const QString& name) {
-  const QString fallback = QString::fromUtf16(kConfigFolder) + name;
-  const QString root = contexto().DriveSistema + contexto().PastaSistema;
-  if (root.isEmpty()) return fallback;
-  const QString path = root + u"config\\"_s + name;
-  try {
-    return files::exists(path) ? path : fallback;
-  } catch (const values::RuntimeError& error) {
-    if (error.number() != values::kBadFileName) throw;
-    return fallback;
-  }
-}
-
 /// The line that counts of a file with one, trimmed.
 QString onlyLine(const QString& path) { return Apara(files::readLines(path).value(0)); }
 
@@ -106,7 +91,7 @@ void openConnection() {
 
 void connectByFiles() {
   LeServerAplic();
-  const QString line = chosenLine(environmentLines(configFile(u"server.ini"_s)));
+  const QString line = chosenLine(environmentLines(ArquivoConfiguracao(u"server.ini"_s)));
   if (line.isEmpty()) refuseMissingLine();
   takeServerFields(line);
   openConnection();
@@ -114,6 +99,20 @@ void connectByFiles() {
 }
 
 }  // namespace
+
+QString ArquivoConfiguracao(const QString& nome) {
+  const QString fixo = QString::fromUtf16(kConfigFolder) + nome;
+  const QString raiz = contexto().DriveSistema + contexto().PastaSistema;
+  if (raiz.isEmpty()) return fixo;
+  const QString caminho = raiz + u"config\\"_s + nome;
+  try {
+    return files::exists(caminho) ? caminho : fixo;
+  } catch (const values::RuntimeError& erro) {
+    // The root is no name for a folder.
+    if (erro.number() != values::kBadFileName) throw;
+    return fixo;
+  }
+}
 
 void ConectaServidor() {
   try {
@@ -145,7 +144,7 @@ void LeServerAplic() {
 
 void LePaths() {
   RunContext& run = contexto();
-  run.ArqPaths = configFile(u"paths.ini"_s);
+  run.ArqPaths = ArquivoConfiguracao(u"paths.ini"_s);
   const QString line = onlyLine(run.ArqPaths);
   const std::array<QString*, 12> fields{
       nullptr,           nullptr, &run.PathImagens, &run.PathImagens2, &run.ExtImagens, &run.ExtImagens2,

@@ -57,8 +57,10 @@ TEST_F(BlockText, CatalogueModelSortsItsComposition) {
   build(MontaOrcaHTML, 123);
   expectShown(before + u"Areia colorida|Bombom|Flor seca|"_s + after);
   documento().ExibeComposicao = false;
+  sql(u"UPDATE prop_cmrc SET obse_prop_cmrc = 'cedo' || char(13, 10) || 'ou tarde' WHERE idprop_cmrc = 123"_s);
   build(MontaOrcaHTML, 123);
   EXPECT_FALSE(written().contains(u"Areia"_s));
+  EXPECT_TRUE(written().contains(u"cedo\nou tarde</span>"_s));
 }
 
 TEST_F(BlockText, ShipmentModelShowsItsItemsThreeTimes) {
@@ -105,6 +107,11 @@ TEST_F(BlockText, ClosingDetailHasPaymentAndNoLetterhead) {
     EXPECT_FALSE(text.contains(u"Acácias"_s) || text.contains(u"Presentes Aurora Ltda\nCNPJ:"_s));
     EXPECT_EQ(text.contains(u"Condições Gerais"_s), model.isEmpty() || model == u"1") << model.toStdString();
   }
+  // An unknown model keeps what all models have: head, payment, close.
+  parameter(u"MODELO_PROP_CMRC"_s, u"4"_s);
+  build(MontaDetalheOrcaHTML, 124);
+  expectInOrder(u"<head>|size='1'>41</font>|</html>"_s);
+  EXPECT_FALSE(written().contains(u"Clara Festas"_s));
 }
 
 TEST_F(BlockText, PhotosFollowPublicationAndFiles) {
