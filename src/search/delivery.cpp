@@ -8,8 +8,8 @@ void entrega(std::span<const Entrega> tabela, const QString& chamadora, const fo
   for (const auto& linha : tabela) {
     if (chamadora != QStringView(linha.chamadora)) continue;
     const QString celula = grade.text(grade.row(), linha.coluna);
-    forms::writeControl(chamadora, QString::fromUtf16(linha.controle),
-                        linha.leitura ? linha.leitura(celula) : celula);
+    forms::writeControl(linha.tela ? QString::fromUtf16(linha.tela) : chamadora,
+                        QString::fromUtf16(linha.controle), linha.leitura ? linha.leitura(celula) : celula);
   }
 }
 

@@ -32,18 +32,12 @@ constexpr Busca kPorDescricao{u" ORDER BY desc_cond_pgto", u" WHERE desc_cond_pg
                               u" ORDER BY razaosocial"};
 constexpr Busca kPorParcelas{u" ORDER BY qtde_parc", u" WHERE qtde_parc = ", u"", u" ORDER BY nomefantasia"};
 
-/// What a double click writes, by the screen that asked.
-struct Destino {
-  const char16_t* chamadora;
-  const char16_t* tela;
-  const char16_t* controle;
+constexpr pesquisa::Entrega kEntregas[] = {
+    {u"frmPropCmrcTL", u"txtIdCondPg", Id, nullptr, u"frmConfirmaPropCmrcTL"},
+    {u"frmCondPagto", u"txtRowId", Id},
+    {u"frmPedido", u"txtIdCondPg", Id},
+    {u"frmCompras", u"txtIdCondPg", Id},
 };
-constexpr std::array<Destino, 4> kDestinos{{
-    {u"frmPropCmrcTL", u"frmConfirmaPropCmrcTL", u"txtIdCondPg"},
-    {u"frmCondPagto", u"frmCondPagto", u"txtRowId"},
-    {u"frmPedido", u"frmPedido", u"txtIdCondPg"},
-    {u"frmCompras", u"frmCompras", u"txtIdCondPg"},
-}};
 
 QString texto(const char16_t* fixo) { return QString::fromUtf16(fixo); }
 
@@ -51,8 +45,7 @@ QString texto(const char16_t* fixo) { return QString::fromUtf16(fixo); }
 
 frmBROWSE_CONDPG::frmBROWSE_CONDPG() : Form(QString::fromUtf16(Name)) {
   setupUi(this);
-  Flex->setLeastText(QtParc, u"Qt.Parc."_s);
-  Flex->setLeastText(DtDesativa, u"DT Desativa"_s);
+  Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
   txtMaxReg->setFixedWidth(8 * fontMetrics().averageCharWidth());
 
   using forms::Event;
@@ -108,9 +101,6 @@ void frmBROWSE_CONDPG::cmdPesquisa_Click() {
 void frmBROWSE_CONDPG::Flex_DblClick() {
   const forms::GridModel& grade = Flex->grid();
   if (grade.row() <= 0) return;
-  for (const Destino& destino : kDestinos) {
-    if (contexto().TelaChamadora == texto(destino.chamadora))
-      forms::writeControl(texto(destino.tela), texto(destino.controle), grade.text(grade.row(), Id));
-  }
+  pesquisa::entrega(kEntregas, contexto().TelaChamadora, grade);
   unload();
 }

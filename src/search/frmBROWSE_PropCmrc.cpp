@@ -1,5 +1,7 @@
 #include "search/frmBROWSE_PropCmrc.h"
 
+#include <array>
+
 #include "platform/values/dates.h"
 #include "run/context.h"
 #include "search/delivery.h"
@@ -40,10 +42,9 @@ constexpr pesquisa::Entrega kEntregas[] = {
 
 QString linhaDoOrcamento(const data::Recordset& rs) {
   forms::RowBuilder linha;
-  linha << rs.text(u"idPROP_CMRC") << rs.formatDate(u"DATA_PROP_CMRC", u"dd/mm/yyyy")
-        << rs.text(u"prop_cmrc_desc") << rs.text(u"NOME_CLIE") << rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")
-        << rs.text(u"NUME_PESS") << rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")
-        << rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy");
+  linha << rs.text(u"idPROP_CMRC") << rs.text(u"DATA_PROP_CMRC") << rs.text(u"prop_cmrc_desc")
+        << rs.text(u"NOME_CLIE") << rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy") << rs.text(u"NUME_PESS")
+        << rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy") << rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy");
   return linha.text();
 }
 
@@ -59,7 +60,8 @@ frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() : Form(QString::fromUtf16(Name)) {
   on(Flex, Event::DoubleClick, &frmBROWSE_PropCmrc::Flex_DblClick);
   enterMovesOn({txtCOD, cmdPesquisa});
   selectOnFocus({txtCOD});
-  for (const Coluna coluna : {DtOrcamento, DtFechamento, DtEvento, DtValidade})
+  Flex->setLeastText(DtOrcamento, u"00/00/0000 00:00:00"_s);
+  for (const Coluna coluna : {DtFechamento, DtEvento, DtValidade})
     Flex->setLeastText(coluna, u"00/00/0000"_s);
 }
 

@@ -32,7 +32,7 @@ TEST_F(QuoteSearch, SendsItsStatementAndListsWhatItsBoxesAndTextSay) {
                     u"PROP_CMRC.DATA_EVEN, PROP_CMRC.DATA_VALI, PROP_CMRC.DATA_FECH FROM PROP_CMRC "
                     u"WHERE (PROP_CMRC.DATA_DESA IS NULL)  AND (PROP_CMRC.DATA_FECH IS NULL)  "
                     u"AND (PROP_CMRC.DATA_PROP_CMRC >= '20240301')  ORDER BY PROP_CMRC.IDPROP_CMRC"_s));
-    EXPECT_EQ(row(grid, 1), u"8|01/03/2024|Batizado da Íris|Ana Lima||40|20/05/2024|"_s);
+    EXPECT_EQ(row(grid, 1), u"8|01/03/2024 09:30:00|Batizado da Íris|Ana Lima||40|20/05/2024|"_s);
 
     support::click(screen.chkSomenteFechados);
     EXPECT_EQ(column(grid, 0), u"9|10"_s) << "no longer the open ones only";
