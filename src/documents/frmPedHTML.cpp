@@ -141,13 +141,13 @@ void frmPedHTML::ligaFerramentas() {
   atalho(QKeySequence(Qt::CTRL | Qt::Key_Minus), &web::WebPane::zoomOut);
   atalho(QKeySequence(Qt::CTRL | Qt::Key_0), &web::WebPane::fitWidth);
   const auto liga = [this](QToolButton* botao, auto acao) {
-    connect(botao, &QToolButton::clicked, this, [this, acao] { (painelAtual().*acao)(); });
+    on(botao, Event::Click, [this, acao] { (painelAtual().*acao)(); });
   };
   liga(cmdLocalizar, &web::WebPane::openFind);
   liga(cmdZoomMenos, &web::WebPane::zoomOut);
   liga(cmdZoomMais, &web::WebPane::zoomIn);
   liga(cmdZoomLargura, &web::WebPane::fitWidth);
-  connect(cmdAbrirPasta, &QToolButton::clicked, this, [this] {
+  on(cmdAbrirPasta, Event::Click, [this] {
     const QFileInfo arquivo(files::resolve(txtArquivo->text()));
     QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo.absolutePath()));
   });

@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 /// Tells those who subscribe to a closing, and writes the detail file that goes with the full notice. A step
 /// that fails doesn't keep the others from being tried; then the first error is raised.
 void frmPropCmrcTL::avisaFechamento() {
+  const forms::WaitPointer espera;
   const QString numero = values::format(txtRowId->text(), u"000000");
   const QString assunto = u"Orçamento Nr.:"_s + numero + u" Aprovado!"_s;
   QString& arquivo = documento().ArquivoDetalheOrca;

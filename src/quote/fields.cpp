@@ -1,5 +1,4 @@
 #include "quote/frmPropCmrcTL.h"
-#include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"

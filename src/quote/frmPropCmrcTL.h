@@ -19,30 +19,10 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// Materials of all items, tied to them by their row number in Flex; never shown.
   forms::GridModel FlexMonta{QStringLiteral("FlexMonta"), this};
 
-  void LimitaCampos();
-
-  // Modes (modes.cpp, situation.cpp)
-  /// Buttons as they are while nothing is edited.
-  void BotoesNeutros();
-  /// Locked: only the number can be typed.
-  void TravaCampos();
-  void DestravaCampos();
-  /// Shows by colour and word whether the quote is being looked at, edited, closed or deactivated.
-  void MostraSituacao();
-
-  // Empty grids with their titles (frmPropCmrcTL.cpp)
-  void MontaGridItens();
-  void MontaGridMontagem();
-  void MontaGridHomenageados();
-
   /// Empties the fields and lays out the grids, that of the instalments too; txtCodigo stays (clearing.cpp).
   void LimpaTela();
-
-  /// Fills the screen with the quote whose number is in txtCodigo (loading.cpp).
-  void CarregaOrcamento();
-  /// Adds the materials of one item to FlexMonta, tied to row linhaFlex.
-  void CarregaMontagem(const QString& idOrcamento, const QString& idDetalhe, const QString& linhaFlex);
-
+  /// The item grid empty, with its titles.
+  void MontaGridItens();
   /// Adds the items up into the total labels (item_grid.cpp).
   void CalculaTotais();
 
@@ -55,6 +35,24 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void changeEvent(QEvent* event) override;
 
  private:
+  // Modes (modes.cpp, situation.cpp)
+  /// Buttons as they are while nothing is edited.
+  void BotoesNeutros();
+  /// Locked: only the number can be typed.
+  void TravaCampos();
+  void DestravaCampos();
+  /// Shows by colour and word whether the quote is being looked at, edited, closed or deactivated.
+  void MostraSituacao();
+
+  void MontaGridMontagem();
+  void MontaGridHomenageados();
+
+  /// Fills the screen with the quote whose number is in txtCodigo (loading.cpp).
+  void CarregaOrcamento();
+  /// Adds the materials of one item to FlexMonta, tied to row linhaFlex.
+  void CarregaMontagem(const QString& idOrcamento, const QString& idDetalhe, const QString& linhaFlex);
+
+  void LimitaCampos();
   void ligaTeclado();
   void ligaAtalhos();
   void ligaCampos();

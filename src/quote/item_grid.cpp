@@ -1,6 +1,5 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
-#include "run/context.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
 

@@ -1,7 +1,6 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
-#include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
@@ -107,5 +106,5 @@ void frmPropCmrcTL::txtDesconto_LostFocus() {
     Aviso(u"O Desconto não poderá ser superior ao valor do Produto!"_s, windowTitle());
     return focus(txtDesconto);
   }
-  lblVrLiqProt->setText(Moeda(LeNumero(lblVrBrutoProt->text()) - LeNumero(txtDesconto->text())));
+  mostraPrecoLiquido();
 }

@@ -2,7 +2,7 @@
 #include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmBROWSE_Prototipo.h"
 
-/// The chosen id and code come back into the panel; the user presses "Pesquisar" once more.
+/// The searches hand nothing to this screen: the user types the code seen there.
 void frmPropCmrcTL::abrePesquisaItem() {
   if (opPROD->isChecked()) return forms::form<frmBROWSE_PRODUTO>().showModal();
   auto& tela = forms::form<frmBROWSE_Prototipo>();

@@ -1,6 +1,5 @@
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
-#include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
@@ -11,6 +10,7 @@ using forms::RowBuilder;
 // A stored quote on the screen: header, items with their materials, honorees.
 
 void frmPropCmrcTL::CarregaOrcamento() {
+  const forms::WaitPointer espera;
   data::Recordset rs =
       AbreConsulta(u"SELECT * FROM PROP_CMRC WHERE PROP_CMRC.IDPROP_CMRC = '"_s + txtCodigo->text() + u"'"_s);
   if (rs.eof()) return Falha(u"Há Problemas Neste Registro!"_s);

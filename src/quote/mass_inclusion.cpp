@@ -1,6 +1,5 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
-#include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
@@ -59,6 +58,7 @@ void frmPropCmrcTL::incluiPrototipos(const QString& sql) {
     txtNumePess->setText(u"1"_s);
   }
   const double quantidade = LeNumero(txtNumePess->text());
+  const forms::WaitPointer espera;
   for (; !rs.eof(); rs.moveNext()) {
     const QString id = rs.text(u"IDPROT");
     const QString mascara = MascaraUnidade(rs.isNull(u"IDUNID") ? u"0"_s : rs.text(u"IDUNID"));

@@ -60,7 +60,7 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
 }
 
 void frmPropCmrcTL::cmdALTERAR_Click() {
-  if (txtRowId->text().isEmpty()) return Aviso(u"Selecione Um Registro Para Executar esta Operação!"_s);
+  if (recusaSemRegistro()) return;
   if (!lblDTDesativa->text().isEmpty()) {
     Aviso(u"O Registro Está Desativado."_s);
     return LimpaTela();

@@ -4,8 +4,6 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 
-using namespace Qt::StringLiterals;
-
 int runProgram(QApplication& application, const QString& commandLine) {
   application.setQuitOnLastWindowClosed(false);
   forms::applyStyle();

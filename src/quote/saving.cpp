@@ -1,4 +1,6 @@
 #include <cmath>
+#include <cstddef>
+#include <vector>
 
 #include "documents/document_values.h"
 #include "platform/values/dates.h"

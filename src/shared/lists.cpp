@@ -11,6 +11,7 @@ namespace {
 void fill(forms::Form& form, const QString& combo, const QString& sql, QStringView column) {
   auto* list = form.findChild<forms::Combo*>(combo);
   if (list == nullptr) return;
+  const forms::WaitPointer wait;
   list->clearList();
   for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) list->addEntry(rs.text(column));
 }
