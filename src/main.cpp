@@ -3,8 +3,6 @@
 #include "platform/web/web_pane.h"
 #include "quote/program.h"
 
-using namespace Qt::StringLiterals;
-
 int main(int argc, char** argv) {
   web::prepare();
   QApplication application(argc, argv);

@@ -46,7 +46,7 @@ void entregaItem(const ItemMontado& item) {
 bool frmMontarProduto::temProduto() const {
   const auto& grade = Flex->grid();
   for (int linha = 1; linha < grade.rows(); ++linha)
-    if (grade.text(linha, Column::Tipo) == QStringView(kMaterialClasses.front().text)) return true;
+    if (grade.text(linha, Column::Tipo) == kTipoProduto) return true;
   return false;
 }
 
@@ -80,7 +80,7 @@ void frmMontarProduto::cmdCancelar_Click() {
     const auto& grade = Flex->grid();
     const int atual = grade.row();
     const QString unitario = lblTotalUnitarioProduto->text();
-    const bool produto = grade.text(atual, Column::Tipo) == QStringView(kMaterialClasses.front().text);
+    const bool produto = grade.text(atual, Column::Tipo) == kTipoProduto;
     entregaItem({FlexSombra, Moeda(unitario), txtQuantidade->text(),
                  Moeda(values::toNumber(txtQuantidade->text()) * values::toNumber(unitario)),
                  grade.text(atual, Column::Unidade),

@@ -84,7 +84,7 @@ void frmMontarProduto::preparaGradesPesquisa() {
 void frmMontarProduto::MarcaLinha(int linha) {
   using namespace grids::material;
   auto& grade = Flex->grid();
-  const bool produto = grade.text(linha, Tipo) == QStringView(kMaterialClasses.front().text);
+  const bool produto = grade.text(linha, Tipo) == kTipoProduto;
   grade.setRow(linha);
   grade.setCol(Codigo);
   grade.setCellAlignment(linha, Codigo, (produto ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignTop);

@@ -1,4 +1,5 @@
 #include <QLayout>
+#include <algorithm>
 
 #include "assembly/frmConfirmaItem.h"
 #include "assembly/frmMontarProduto.h"
@@ -14,8 +15,6 @@ using namespace Qt::StringLiterals;
 using grids::material::Column;
 
 namespace {
-
-const QStringView kProduto(kMaterialClasses.front().text);
 
 /// Whether a data row of the assembly has that text in a column.
 bool montagemTem(Column coluna, QStringView texto) {
@@ -34,7 +33,7 @@ void frmConfirmaItem::Form_Load() {
   CentralizaForm(*this);
   txtQuantidade->setText(u"1"_s);
   txtObservacoes->setMaxLength(250);
-  forms::setLocked(txtObservacoes, lblTipo->text() == kProduto);
+  forms::setLocked(txtObservacoes, lblTipo->text() == kTipoProduto);
   AplicaTemaPadrao(*this);
   forms::setBackColor(txtQuantidade, kCorEntrada);
   forms::setBackColor(txtObservacoes, kCorEntrada);
@@ -53,7 +52,7 @@ void frmConfirmaItem::cmdConfirmar_Click() {
 }
 
 bool frmConfirmaItem::recusaArtigo() {
-  if (lblTipo->text() == kProduto && montagemTem(Column::Tipo, kProduto)) {
+  if (lblTipo->text() == kTipoProduto && montagemTem(Column::Tipo, kTipoProduto)) {
     recusa(u"Cada montagem somente poderá comportar um produto!"_s,
            u"Finalize esta montagem e solicite uma nova!"_s);
     return true;

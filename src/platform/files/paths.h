@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <optional>
 
 // Files by the paths that the program knows. A path that starts with a drive letter ("c:\zarim\config\x.ini")
 // is found under the folder that stands for that drive, named by the environment variable ZARIM_DRIVE_C (or

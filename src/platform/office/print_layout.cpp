@@ -9,8 +9,11 @@
 #include <QTextDocument>
 #include <QTextTable>
 #include <QUrl>
+#include <algorithm>
 #include <cmath>
 #include <set>
+#include <variant>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 

@@ -82,7 +82,6 @@ void WordProcessor::setBottomMargin(double points) { open().bottomMargin = point
 
 void WordProcessor::setFont(const QString& name, double size, bool bold) { font_ = {name, size, bold}; }
 void WordProcessor::setBold(bool bold) { font_.bold = bold; }
-void WordProcessor::setFontSize(double points) { font_.size = points; }
 
 void WordProcessor::setAlignment(Qt::Alignment alignment) {
   alignment_ = alignment;
@@ -167,9 +166,6 @@ void WordProcessor::closeDocument() {
   document_.reset();
 }
 
-void WordProcessor::quit() {
-  document_.reset();
-  visible_ = false;
-}
+void WordProcessor::quit() { document_.reset(); }
 
 }  // namespace office

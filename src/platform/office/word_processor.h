@@ -22,7 +22,6 @@ class WordProcessor {
 
   void setFont(const QString& name, double size, bool bold = false);
   void setBold(bool bold);
-  void setFontSize(double points);
   void setAlignment(Qt::Alignment alignment);
 
   /// Types into the current paragraph; CR LF, CR and LF start a new one.
@@ -40,13 +39,12 @@ class WordProcessor {
   /// Behind the last table and an empty paragraph, on a new one.
   void moveAfterTable();
 
-  void setVisible(bool visible) { visible_ = visible; }
-  [[nodiscard]] bool visible() const { return visible_; }
+  /// Nothing is shown while a document is made, whatever is asked for.
+  void setVisible(bool) {}
 
   /// Writes the document as RTF, which word processors open under the ending .doc.
   void saveAs(const QString& path);
 
-  [[nodiscard]] QString activePrinter() const { return activePrinter_; }
   void setActivePrinter(const QString& deviceName) { activePrinter_ = deviceName; }
   /// Prints on the active printer.
   void printOut();
@@ -68,7 +66,6 @@ class WordProcessor {
   Qt::Alignment alignment_ = Qt::AlignLeft;
   bool inTable_ = false;  // the selection is in the last block, a table
   std::size_t row_ = 0, column_ = 0;
-  bool visible_ = false;
   QString activePrinter_;
 };
 
