@@ -23,7 +23,7 @@ function(zarim_floor name)
   endforeach()
   file(GLOB sources CONFIGURE_DEPENDS ${patterns})
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
-  add_library(${name} STATIC ${sources} ${PROJECT_SOURCE_DIR}/cmake/empty.cpp)
+  add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE zarim_options)
   # The generators of a folder that has been built before don't look at new headers by themselves.
   list(FILTER sources INCLUDE REGEX "\\.(h|ui)$")
@@ -41,9 +41,6 @@ function(zarim_test name folder)
   cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
                                       ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
-  if(NOT sources)
-    return()
-  endif()
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} zarim_test_support zarim_options)
   target_compile_definitions(${name} PRIVATE ZARIM_SOURCE_DIR="${PROJECT_SOURCE_DIR}"

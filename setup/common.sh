@@ -1,4 +1,4 @@
-# Shared by run.sh, test.sh and bench.sh: installs what is missing, builds, makes the sample company.
+# Shared by the commands at the top: installs what is missing, builds.
 # Sourced with the project's folder as the current one. Quiet when there is nothing to do.
 
 state=$PWD/.run

@@ -6,7 +6,7 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
-#include "road_file.h"
+#include "road/road_file.h"
 #include "run/configuration.h"
 #include "shared/text.h"
 #include "support/printing.h"

@@ -7,7 +7,7 @@
 #include <deque>
 #include <optional>
 
-#include "road_file.h"
+#include "road/road_file.h"
 
 namespace road {
 

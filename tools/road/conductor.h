@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "road_file.h"
+#include "road/road_file.h"
 
 namespace road {
 

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "road_file.h"
+#include "road/road_file.h"
 
 // What steps do behind the program's back, with a connection of their own.
 namespace road {

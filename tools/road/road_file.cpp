@@ -1,4 +1,4 @@
-#include "road_file.h"
+#include "road/road_file.h"
 
 #include <QHash>
 

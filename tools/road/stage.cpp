@@ -10,7 +10,7 @@
 #include <QWindow>
 
 #include "platform/forms/masked_box.h"
-#include "road_file.h"
+#include "road/road_file.h"
 
 using namespace Qt::StringLiterals;
 

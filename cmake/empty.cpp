@@ -1,1 +1,0 @@
-// Lets a folder that has no source yet be a library.
