@@ -76,7 +76,7 @@ class Form : public QDialog {
     on(control, event, [this, handler] { (static_cast<T*>(this)->*handler)(); });
   }
   /// KeyPress of a box: gets each typed character and gives the one to use in its place, 0 drops it.
-  void onKeyPress(QWidget* control, std::function<char16_t(char16_t)> handler);
+  void onKeyPress(QWidget* control, const std::function<char16_t(char16_t)>& handler);
   /// Enter moves on as Tab does, and is swallowed. In multi-line boxes Ctrl+Enter breaks the line. On a
   /// button that isn't named here Enter clicks.
   void enterMovesOn(std::initializer_list<QWidget*> controls);

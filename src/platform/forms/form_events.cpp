@@ -43,8 +43,8 @@ void Form::on(QWidget* control, Event event, std::function<void()> handler) {
     connect(tabs, &QTabWidget::currentChanged, this, raise);
 }
 
-void Form::onKeyPress(QWidget* control, std::function<char16_t(char16_t)> handler) {
-  d_->keyFilters.insert(control, std::move(handler));
+void Form::onKeyPress(QWidget* control, const std::function<char16_t(char16_t)>& handler) {
+  d_->keyFilters.insert(control, handler);
 }
 
 void Form::enterMovesOn(std::initializer_list<QWidget*> controls) {

@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Runs clang-tidy on what users get, by the commands of the release build. Says only what it minds.
+#   setup/tidy.sh            all sources
+#   setup/tidy.sh FILE...    those
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. setup/common.sh
+
+[ -f build/release/compile_commands.json ] || fail "Build first: ./test.sh"
+[ "$#" -gt 0 ] || mapfile -t sources < <(git ls-files 'src/*.cpp' 'tools/*.cpp' 'sample/*.cpp')
+[ "$#" = 0 ] || sources=("$@")
+printf '%s\n' "${sources[@]}" |
+  xargs -P "$(nproc)" -n 2 clang-tidy -quiet -p build/release 2>"$state/log/tidy.log" ||
+  fail "clang-tidy minds the lines above."
