@@ -1,7 +1,6 @@
 // Which blocks make up an order's document. Two parameters of the company decide: one the look, the other the
 // items, conditions and signature.
 #include <array>
-#include <vector>
 
 #include "documents/documents.h"
 #include "documents/html_text.h"
@@ -70,13 +69,11 @@ void MontaPedidoHTML(qint32 id, const QString& caminho) {
   const QString titulo = u"Pedido de Venda - "_s + NumeroDocumento(id);
   const Dados dados{numero, titulo, titulo + u" - "_s + DiaDaData(DataPedido(numero))};
 
-  std::vector<Bloco> blocos;
-  for (const PorAspecto& passo : kInicio) blocos.push_back(passo[aspecto]);
-  for (const Bloco bloco : {kItens[modelo][aspecto], kCondicoes, kAssinatura[modelo], kFecha})
-    blocos.push_back(bloco);
-
   html::Iniciado arquivo(caminho);
-  for (const Bloco bloco : blocos)
+  const auto escreve = [&](Bloco bloco) {
     if (bloco != kNaoEscrito) html::acrescenta(caminho, bloco(dados));
+  };
+  for (const PorAspecto& passo : kInicio) escreve(passo[aspecto]);
+  for (const Bloco bloco : {kItens[modelo][aspecto], kCondicoes, kAssinatura[modelo], kFecha}) escreve(bloco);
   arquivo.pronto();
 }

@@ -101,7 +101,7 @@ void connectByFiles() {
 }  // namespace
 
 QString ArquivoConfiguracao(const QString& nome) {
-  const QString fixo = QString::fromUtf16(kConfigFolder) + nome;
+  QString fixo = QString::fromUtf16(kConfigFolder) + nome;
   const QString raiz = contexto().DriveSistema + contexto().PastaSistema;
   if (raiz.isEmpty()) return fixo;
   const QString caminho = raiz + u"config\\"_s + nome;

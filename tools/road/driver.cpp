@@ -39,8 +39,7 @@ int modalFormsShown() {
 
 void setClock(const QString& when) {
   if (when.isEmpty()) return;
-  const QDateTime date = values::toDate(when);
-  values::setClock([date] { return date; });
+  values::setClock([date = values::toDate(when)] { return date; });
 }
 
 /// Whether a picture has one colour, but for what edges it has.

@@ -142,7 +142,7 @@ int Road::nextStart(int from) const {
 
 Words conditionOf(const Step& step) {
   // The condition of a wait may stand in quotes as a whole.
-  const Words condition = step.words.size() == 1 ? cutWords(step.words.first().text) : step.words;
+  Words condition = step.words.size() == 1 ? cutWords(step.words.first().text) : step.words;
   if (condition.isEmpty()) throw Failure(u"a condition"_s, step.text);
   return condition;
 }

@@ -111,7 +111,7 @@ Recordset OdbcEngine::query(const QString& sql) {
       row.push_back(readOdbcField(query, column, types[static_cast<std::size_t>(column)]));
   }
   if (query.lastError().isValid()) fail(query.lastError());
-  return {std::move(columns), std::move(rows)};
+  return {std::move(columns), rows};
 }
 
 void OdbcEngine::begin() {

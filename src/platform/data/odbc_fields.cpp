@@ -65,7 +65,7 @@ QVariant readOdbcField(const QSqlQuery& query, int column, QMetaType declared) {
   const auto place = static_cast<SQLUSMALLINT>(column + 1);
   if (declared.id() == QMetaType::QDate || declared.id() == QMetaType::QDateTime)
     return readDate(statement, place);
-  const QVariant text = readText(statement, place);
+  QVariant text = readText(statement, place);
   if (!text.isValid()) return {};
   switch (declared.id()) {
     case QMetaType::Double:

@@ -47,7 +47,7 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
 
 }  // namespace
 
-Recordset::Recordset(QStringList columns, std::vector<std::vector<QVariant>> rows)
+Recordset::Recordset(QStringList columns, const std::vector<std::vector<QVariant>>& rows)
     : open_(true), columns_(std::move(columns)), rows_(rows.size()) {
   for (const auto& row : rows)
     for (const auto& value : row) values_.add(value);
@@ -94,7 +94,8 @@ qsizetype Recordset::place(QStringView field) const {
     const std::size_t column = (start + tried) % width;
     if (field.compare(columns_[static_cast<qsizetype>(column)], Qt::CaseInsensitive) == 0) {
       lastColumn_ = column;
-      return static_cast<qsizetype>(row_ * width + column);
+      const std::size_t value = row_ * width + column;
+      return static_cast<qsizetype>(value);
     }
   }
   values::raise(values::kUnknownField, field.toString());

@@ -18,7 +18,7 @@ class Recordset {
   Recordset() = default;
   /// columns in the order of the statement; each row has as many values as there are columns. A QDateTime
   /// marks a date, double or qlonglong a number, QString a text, an invalid QVariant null.
-  Recordset(QStringList columns, std::vector<std::vector<QVariant>> rows);
+  Recordset(QStringList columns, const std::vector<std::vector<QVariant>>& rows);
   /// The same with the values of all rows one behind the other.
   Recordset(QStringList columns, ResultValues values);
 
