@@ -13,6 +13,7 @@
 #include "run/context.h"
 #include "support/company.h"
 #include "support/script.h"
+#include "support/tds_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +52,23 @@ class Configuration : public support::Company {
     }
   }
 };
+
+TEST_F(Configuration, AConnectionThatCantBeClosedIsTold) {
+  support::TdsServer server;
+  contexto().Conexao.open(server.connectionString(), 5);
+  contexto().TipoBanco = u"MS-SQL"_s;
+  contexto().Conexao.begin();
+  server.stop();
+  support::Script script;
+  script
+      .box(
+          u"Erro ao fechar banco de dados (MS-SQL)\nTente Novamente. Caso o problema persista, "
+          u"contate o Desenvolvedor!"_s)
+      .expectEnd(1);
+  forms::guarded([] { FechaConexao(u"SAIR"_s); });
+  EXPECT_EQ(script.lastBox().title, u"Falha Conexão"_s);
+  EXPECT_FALSE(contexto().Conexao.isOpen());
+}
 
 // What the chosen line of server.ini leads to. Where the reading breaks off, the folders stay empty.
 TEST_F(Configuration, LinesOfServerIni) {

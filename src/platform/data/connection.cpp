@@ -1,5 +1,7 @@
 #include "platform/data/connection.h"
 
+#include <utility>
+
 #include "platform/data/engine.h"
 #include "platform/files/paths.h"
 
@@ -37,9 +39,10 @@ void Connection::open(const QString& connectionString, int timeout) {
 bool Connection::isOpen() const { return engine_ != nullptr; }
 
 void Connection::close() {
-  engine_.reset();
+  const auto engine = std::exchange(engine_, nullptr);
   inTransaction_ = false;
   failure_.reset();
+  if (engine) engine->close();
 }
 
 template <typename Run>

@@ -28,7 +28,7 @@ class Connection {
   /// timeout in seconds, for the login. The embedded file must be there: data::createEmbedded makes one.
   void open(const QString& connectionString, int timeout);
   [[nodiscard]] bool isOpen() const;
-  /// An open transaction is lost.
+  /// An open transaction is lost. It is closed afterwards even where the database raises an error.
   void close();
 
   /// Runs a statement that gives no rows.

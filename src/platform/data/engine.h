@@ -15,6 +15,8 @@ class Engine {
   [[nodiscard]] virtual Recordset query(const QString& sql) = 0;
   virtual void begin() = 0;
   virtual void commit() = 0;
+  /// Before it goes: ends what is open, and raises what the database says against it.
+  virtual void close() {}
 };
 
 // clang-format off

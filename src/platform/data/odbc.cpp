@@ -5,6 +5,7 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <atomic>
+#include <utility>
 
 #include "platform/data/engine.h"
 #include "platform/data/odbc_fields.h"
@@ -47,6 +48,7 @@ class OdbcEngine final : public Engine {
   Recordset query(const QString& sql) override;
   void begin() override;
   void commit() override;
+  void close() override;
 
  private:
   QSqlQuery run(const QString& sql);
@@ -122,6 +124,11 @@ void OdbcEngine::begin() {
 void OdbcEngine::commit() {
   if (!database_.commit()) fail(database_.lastError());
   inTransaction_ = false;
+}
+
+void OdbcEngine::close() {
+  if (!std::exchange(inTransaction_, false)) return;
+  if (!database_.rollback()) fail(database_.lastError());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/forms/process.h"
 #include "platform/values/numbers.h"
 
 namespace forms {
@@ -64,7 +65,8 @@ int GridModel::width(int column) const {
 
 std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
   if (row.cells.empty()) {
-    if (row.toMake >= 0) row.whole = make_(row.toMake);
+    // Painting asks too: what the making raises must not cross it.
+    if (row.toMake >= 0) guarded([&] { row.whole = make_(row.toMake); });
     row.cells.resize(columns_.size());
     std::size_t column = 0;
     for (const auto& field : QStringView(row.whole).tokenize(u'\t')) {
