@@ -41,7 +41,7 @@ void letterhead(WordProcessor& word) {
   word.setAlignment(Qt::AlignHCenter);
   word.addPicture(contexto().PathImagens + QString::fromUtf16(company::kLogoFixo));
   word.moveRight();
-  word.setAlignment(Qt::AlignHCenter);
+  word.setAlignment(Qt::AlignLeft);
   word.setFont(u"Arial"_s, 11, true);
   word.typeText(QString::fromUtf16(company::kNome));
   word.setFont(u"Arial"_s, 9);
