@@ -4,6 +4,7 @@
 
 #include "documents/document_values.h"
 #include "platform/files/paths.h"
+#include "platform/forms/boxes.h"
 #include "platform/mail/mail_message.h"
 #include "platform/values/numbers.h"
 #include "run/configuration.h"
@@ -86,7 +87,7 @@ void frmEmailOS::txtPara_LostFocus() { txtPara->setText(PontoVirgulaParaVirgula(
 
 bool frmEmailOS::podeEnviar() {
   if (txtPassword->text().isEmpty()) {
-    Aviso(QString::fromUtf16(kSemSenha), windowTitle());
+    forms::msgBox({.text = QString::fromUtf16(kSemSenha), .title = windowTitle()});
     return false;
   }
   const struct {
