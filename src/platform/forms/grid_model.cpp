@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "platform/forms/process.h"
 #include "platform/values/numbers.h"
@@ -65,8 +66,8 @@ int GridModel::width(int column) const {
 
 std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
   if (row.cells.empty()) {
-    // Painting asks too: what the making raises must not cross it.
-    if (row.toMake >= 0) guarded([&] { row.whole = make_(row.toMake); });
+    // Painting asks too: what the making raises must not cross it, nor be raised again under the error's box.
+    if (const int made = std::exchange(row.toMake, -1); made >= 0) guarded([&] { row.whole = make_(made); });
     row.cells.resize(columns_.size());
     std::size_t column = 0;
     for (const auto& field : QStringView(row.whole).tokenize(u'\t')) {
@@ -74,7 +75,6 @@ std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
       row.cells[column++].text = field.toString();
     }
     row.whole = QString();
-    row.toMake = -1;
   }
   return row.cells;
 }
