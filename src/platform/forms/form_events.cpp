@@ -160,6 +160,7 @@ bool Form::Private::characterTyped(QWidget* watched, QKeyEvent* event) {
 }
 
 void Form::clickByKey(QAbstractButton* button) {
+  if (!button->isVisible() || !button->isEnabled()) return;
   const int before = interruptions();
   if (button->focusPolicy() != Qt::NoFocus) {
     button->setFocus(Qt::ShortcutFocusReason);
