@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -68,6 +69,24 @@ void paint(QWidget* control, QPalette::ColorRole role, const QColor& color) {
 }
 
 bool isDark(const QColor& color) { return qGray(color.rgb()) < 128; }
+
+/// Refuses a typed character where the box is full: taking it away afterwards would stand in undo's way.
+class FullBox : public QObject {
+ public:
+  FullBox(QPlainTextEdit* box, int longest) : QObject(box), box_(box), longest_(longest) {}
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const QString typed = static_cast<QKeyEvent*>(event)->text();
+    return !typed.isEmpty() && typed[0].isPrint() && !box_->textCursor().hasSelection() &&
+           storedLength(box_->toPlainText()) >= longest_;
+  }
+
+ private:
+  QPlainTextEdit* box_;
+  int longest_;
+};
 
 }  // namespace
 
@@ -136,6 +155,7 @@ void selectText(QWidget* control) {
 }
 
 void limitText(QPlainTextEdit* box, int longest) {
+  box->installEventFilter(new FullBox(box, longest));
   QObject::connect(box, &QPlainTextEdit::textChanged, box, [box, longest] {
     const QString text = box->toPlainText();
     const qsizetype excess = storedLength(text) - longest;

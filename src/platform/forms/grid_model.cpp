@@ -66,8 +66,8 @@ int GridModel::width(int column) const {
 
 std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
   if (row.cells.empty()) {
-    // Painting asks too: what the making raises must not cross it, nor be raised again under the error's box.
-    if (const int made = std::exchange(row.toMake, -1); made >= 0) guarded([&] { row.whole = make_(made); });
+    // Made once: a row that can't be made stays blank under the error's box.
+    if (const int made = std::exchange(row.toMake, -1); made >= 0) row.whole = make_(made);
     row.cells.resize(columns_.size());
     std::size_t column = 0;
     for (const auto& field : QStringView(row.whole).tokenize(u'\t')) {
@@ -209,7 +209,9 @@ int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols(); }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  const Cell* known = cell(index.row() + 1, index.column());
+  const Cell* known = nullptr;
+  // Painting asks: what the making of a row raises must not cross it.
+  guarded([&] { known = cell(index.row() + 1, index.column()); });
   if (!index.isValid() || known == nullptr) return {};
   switch (role) {
     case Qt::DisplayRole:

@@ -1,3 +1,5 @@
+#include <QTest>
+
 #include "platform/forms/masked_box.h"
 #include "sample_form.h"
 
@@ -52,6 +54,11 @@ TEST_F(Controls, ALimitedBoxRefusesWhatIsTypedOrPastedLast) {
     box.insertPlainText(u"XY"_s);
     EXPECT_EQ(forms::controlText(&box), u"abcdefgh"_s);
   }
+  forms::setControlText(&box, u"abcdefg"_s);
+  QTest::keyClicks(&box, u"XY"_s);
+  EXPECT_EQ(forms::controlText(&box), u"Xabcdefg"_s);
+  box.undo();
+  EXPECT_EQ(forms::controlText(&box), u"abcdefg"_s);
   forms::setControlText(&box, u"abcd"_s);
   box.moveCursor(QTextCursor::End);
   box.insertPlainText(u"\n\n💝\n"_s);
