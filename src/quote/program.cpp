@@ -15,5 +15,6 @@ int runProgram(QApplication& application, const QString& commandLine) {
   });
   const int status = application.exec();
   forms::registry::clear();
+  contexto().Conexao = {};  // while the libraries of the database are still there
   return status;
 }

@@ -68,8 +68,8 @@ Recordset Connection::query(const QString& sql) {
 }
 
 void Connection::begin() {
+  inTransaction_ = true;  // a begin that fails counts too: what came behind it would commit by itself
   guarded(u"BEGIN"_s, [&] { engine_->begin(); });
-  inTransaction_ = true;
 }
 
 void Connection::commit() {
