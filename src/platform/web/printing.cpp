@@ -1,9 +1,11 @@
+#include <QPointer>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QWebEngineView>
+#include <memory>
 
 #include "platform/files/paths.h"
 #include "platform/web/waiting.h"
@@ -18,17 +20,21 @@ namespace {
 /// The page as a picture, for a printing system that takes no files.
 bool printPicture(QWebEngineView& view, const QPrinterInfo& info) {
   constexpr int kDotsPerInch = 300;  // more takes seconds and memory and shows no better
-  QPrinter printer(info);
-  printer.setResolution(kDotsPerInch);
+  const auto printer = std::make_shared<QPrinter>(info);
+  printer->setResolution(kDotsPerInch);
   QEventLoop loop;
-  bool printed = false;
-  QObject::connect(&view, &QWebEngineView::printFinished, &loop, [&](bool success) {
-    printed = success;
-    loop.quit();
-  });
-  view.print(&printer);
+  const auto printed = std::make_shared<bool>(false);
+  // The engine needs the printer until it has finished, even where nobody waits for it any more.
+  QObject::connect(
+      &view, &QWebEngineView::printFinished, &view,
+      [printer, printed, waiting = QPointer<QEventLoop>(&loop)](bool success) {
+        *printed = success;
+        if (waiting) waiting->quit();
+      },
+      Qt::SingleShotConnection);
+  view.print(printer.get());
   waitIn(loop);
-  return printed;
+  return *printed;
 }
 
 }  // namespace
