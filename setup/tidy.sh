@@ -11,4 +11,4 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 [ "$#" = 0 ] || sources=("$@")
 printf '%s\n' "${sources[@]}" |
   xargs -P "$(nproc)" -n 2 clang-tidy -quiet -p build/release 2>"$state/log/tidy.log" ||
-  fail "clang-tidy minds the lines above."
+  fail "clang-tidy minds the lines above; what it says besides is in $state/log/tidy.log."

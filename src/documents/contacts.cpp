@@ -3,6 +3,7 @@
 #include "documents/company_texts.h"
 #include "platform/files/paths.h"
 #include "run/configuration.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,7 +13,7 @@ Contatos contatos() {
   const QString arquivo = ArquivoConfiguracao(u"casa.ini"_s);
   const QString linha = files::exists(arquivo) ? files::readLines(arquivo).value(0) : QString();
   const auto campo = [&linha](int n, const char16_t* daCasa) {
-    const QString valor = PegaCampo(linha, n);
+    const QString valor = Apara(PegaCampo(linha, n));
     return valor.isEmpty() || valor == u"." ? QString::fromUtf16(daCasa) : valor;
   };
   return {campo(1, kSite), campo(2, kEmail)};
