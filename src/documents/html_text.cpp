@@ -1,6 +1,7 @@
 #include "documents/html_text.h"
 
 #include <QFile>
+#include <QUuid>
 
 #include "platform/files/paths.h"
 
@@ -15,6 +16,26 @@ QString estilo(int pontos, bool negrito) {
       QString::number(pontos), negrito ? u"bold"_s : u"normal"_s);
 }
 
+QString escapado(const QString& dado) {
+  QString texto = dado;
+  return texto.replace(u'&', u"&amp;"_s).replace(u'<', u"&lt;"_s).replace(u'>', u"&gt;"_s);
+}
+
+QString atributo(const QString& dado) {
+  return escapado(dado).replace(u'\'', u"&#39;"_s).replace(u'"', u"&quot;"_s);
+}
+
+namespace {
+
+QStringList linhasEscapadas(const Quadro& quadro) {
+  QStringList linhas;
+  for (const QString& linha : quadro.linhas) linhas << escapado(linha);
+  if (quadro.primeiraNegrita && !linhas.isEmpty()) linhas.first() = u"<b>"_s + linhas.first() + u"</b>"_s;
+  return linhas;
+}
+
+}  // namespace
+
 QString quadro(const Quadro& quadro) {
   const QString abreLinha = u"            <tr><td style='"_s + estilo(8, false) + u"' align='left'>"_s + kFim;
   QString texto = fixo(
@@ -27,8 +48,8 @@ QString quadro(const Quadro& quadro) {
         <table border='0' align='center' width=660>
 )")
                       .arg(QString::fromUtf16(quadro.comentario), QString::number(quadro.borda),
-                           estilo(10, true), quadro.titulo);
-  for (const QString& linha : quadro.linhas)
+                           estilo(10, true), escapado(quadro.titulo));
+  for (const QString& linha : linhasEscapadas(quadro))
     texto += abreLinha + u"            "_s + linha + u"</td></tr>"_s + kFim;
   if (quadro.linhaAberta) texto += abreLinha;
   return texto + fixo(u"        </table>\n        </td>\n    </tr>\n</table>\n");
@@ -45,23 +66,25 @@ QString quadroEstilos(const Quadro& quadro, const QString& classeTitulo, const Q
 </table>
 <table border='0' align='center' width=670>
 )")
-                      .arg(QString::fromUtf16(quadro.comentario), classeTitulo, quadro.titulo);
-  for (const QString& linha : quadro.linhas)
+                      .arg(QString::fromUtf16(quadro.comentario), classeTitulo, escapado(quadro.titulo));
+  for (const QString& linha : linhasEscapadas(quadro))
     texto += u"<tr><td align='left'><span class='"_s + classeLinha + u"'>"_s + linha +
              u"</span></td></tr>"_s + kFim;
   return texto + u"</table>"_s + kFim;
 }
 
-QString ouBranco(const QString& texto) { return texto.isEmpty() ? u"&nbsp"_s : texto; }
+QString ouBranco(const QString& dado) { return dado.isEmpty() ? u"&nbsp"_s : escapado(dado); }
 
 void acrescenta(const QString& caminho, const QString& texto) {
   files::append(caminho, files::toHtmlLatin1(texto + kFim));
 }
 
-Iniciado::Iniciado(const QString& caminho) : caminho_(caminho), pronto_(files::exists(caminho)) {}
+Iniciado::Iniciado(const QString& caminho)
+    : caminho_(caminho),
+      parte_(files::resolve(caminho + u'.' + QUuid::createUuid().toString(QUuid::Id128) + u".parte"_s)) {}
 
-Iniciado::~Iniciado() {
-  if (!pronto_) QFile::remove(files::resolve(caminho_));
-}
+Iniciado::~Iniciado() { QFile::remove(parte_); }
+
+void Iniciado::pronto() { files::replace(parte_, caminho_); }
 
 }  // namespace html

@@ -15,13 +15,19 @@ inline const QString kFim = QStringLiteral("\r\n");
 /// Inline style of the unstyled documents: "FONT-SIZE: 8pt; FONT-FAMILY: TAHOMA; …; font-weight:normal".
 [[nodiscard]] QString estilo(int pontos, bool negrito);
 
-/// A titled box of lines, under a comment.
+/// Data as text between tags: what HTML reads as its own signs stays what the user typed.
+[[nodiscard]] QString escapado(const QString& dado);
+/// The same inside the single quotes of an attribute.
+[[nodiscard]] QString atributo(const QString& dado);
+
+/// A titled box of lines, under a comment. Title and lines are plain text.
 struct Quadro {
   const char16_t* comentario;
   QString titulo;
   QStringList linhas;
   int borda = 1;
-  bool linhaAberta = false;  ///< ends on a row that is opened and left so
+  bool linhaAberta = false;      ///< ends on a row that is opened and left so
+  bool primeiraNegrita = false;  ///< the first line stands out
 };
 /// With inline styles.
 [[nodiscard]] QString quadro(const Quadro& quadro);
@@ -29,24 +35,26 @@ struct Quadro {
 [[nodiscard]] QString quadroEstilos(const Quadro& quadro, const QString& classeTitulo,
                                     const QString& classeLinha);
 
-/// "&nbsp" for an empty text.
-[[nodiscard]] QString ouBranco(const QString& texto);
+/// Data as text, "&nbsp" where it is empty.
+[[nodiscard]] QString ouBranco(const QString& dado);
 
 /// Appends a text and a line end to a document, in the encoding that its head declares.
 void acrescenta(const QString& caminho, const QString& texto);
 
-/// Removes a document that was begun and not finished, unless it was there before.
+/// A document in the making: a file of its own beside the document, which takes its name when it is whole, so
+/// that several programs can write one document. Nothing is left of one that was not finished.
 class Iniciado {
  public:
   explicit Iniciado(const QString& caminho);
   ~Iniciado();
   Iniciado(const Iniciado&) = delete;
   Iniciado& operator=(const Iniciado&) = delete;
-  void pronto() { pronto_ = true; }
+  /// Where the blocks are appended.
+  [[nodiscard]] const QString& parte() const { return parte_; }
+  void pronto();
 
  private:
-  QString caminho_;
-  bool pronto_;
+  QString caminho_, parte_;
 };
 
 }  // namespace html

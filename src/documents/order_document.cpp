@@ -71,7 +71,7 @@ void MontaPedidoHTML(qint32 id, const QString& caminho) {
 
   html::Iniciado arquivo(caminho);
   const auto escreve = [&](Bloco bloco) {
-    if (bloco != kNaoEscrito) html::acrescenta(caminho, bloco(dados));
+    if (bloco != kNaoEscrito) html::acrescenta(arquivo.parte(), bloco(dados));
   };
   for (const PorAspecto& passo : kInicio) escreve(passo[aspecto]);
   for (const Bloco bloco : {kItens[modelo][aspecto], kCondicoes, kAssinatura[modelo], kFecha}) escreve(bloco);

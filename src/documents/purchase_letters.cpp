@@ -52,7 +52,7 @@ QString Descricao(const data::Recordset& rs) {
 
 void Grava(const QString& caminho, const QString& tituloDaPagina, const QString& corpo) {
   html::Iniciado arquivo(caminho);
-  html::acrescenta(caminho,
+  html::acrescenta(arquivo.parte(),
                    AbreDocumentoHTML(tituloDaPagina) + CabecalhoFixoHTML() + corpo + FechaDocumentoHTML());
   arquivo.pronto();
 }

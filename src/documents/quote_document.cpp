@@ -92,8 +92,9 @@ constexpr std::array<Bloco, 8> kGrade{kHeadSimples, kFixo,       kSemRelatorio, 
                                       kVazio,       kItensGrade, kCondicoes,    kSemRodape};
 
 /// Writes one block after the other, and the closing.
-void Escreve(std::span<const Bloco> blocos, const Dados& dados) {
+void Escreve(std::span<const Bloco> blocos, Dados dados) {
   html::Iniciado arquivo(dados.caminho);
+  dados.caminho = arquivo.parte();
   QString texto;
   for (const Bloco bloco : blocos) {
     if (bloco != kRepete) texto = bloco(dados);

@@ -1,7 +1,11 @@
 // The viewer, with real panes.
+#include <signal.h>
 #include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QDir>
+#include <QFile>
 #include <QLineEdit>
 
 #include "documents/frmPedHTML.h"
@@ -88,6 +92,38 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
   }
 }
 
+// Another program shows the same quote all the time: what stands under the name is a whole document or none.
+TEST_F(Viewer, TwoProgramsWriteOneDocument) {
+  contexto().Conexao.close();
+  const QString path = contexto().PathDocs + u"orca_cliente_000123.html"_s;
+  const auto write = [&] {
+    print(123);
+    files::removeIfThere(path);
+    MontaOrcaGradeHTML(123, path);
+  };
+  const pid_t other = fork();
+  if (other == 0) {
+    alarm(60);
+    connect();
+    for (;;) write();
+  }
+  connect();
+  write();
+  const QByteArray whole = files::readAll(path);
+  int seen = 0;
+  for (int round = 0; round < 100; ++round) {
+    write();
+    QFile file(files::resolve(path));
+    if (!file.open(QIODevice::ReadOnly)) continue;
+    ++seen;
+    ASSERT_EQ(file.readAll(), whole) << "round " << round;
+  }
+  EXPECT_GT(seen, 10);
+  EXPECT_EQ(kill(other, 0), 0) << "the other program ended";
+  kill(other, SIGKILL);
+  waitpid(other, nullptr, 0);
+}
+
 TEST_F(Viewer, FullDiskLeavesNoHalfDocument) {
   const QString folder = drive() + u"/zarim/cheio"_s;
   QDir().mkpath(folder);
@@ -97,7 +133,7 @@ TEST_F(Viewer, FullDiskLeavesNoHalfDocument) {
   print(123);
   const QString path = u"c:\\zarim\\cheio\\x.html"_s;
   EXPECT_EQ(errorOf([&] { MontaOrcaGradeHTML(123, path); }), values::kDiskFull);
-  EXPECT_FALSE(files::exists(path));
+  EXPECT_TRUE(QDir(folder).isEmpty());
   umount(mountPoint.constData());
 }
 

@@ -3,6 +3,8 @@
 #include <QSaveFile>
 #include <QStringDecoder>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
@@ -48,7 +50,11 @@ void remove(const QString& path) {
 }
 
 void removeIfThere(const QString& path) {
-  if (exists(path)) remove(path);
+  try {
+    if (exists(path)) remove(path);
+  } catch (const values::RuntimeError&) {
+    if (exists(path)) throw;
+  }
 }
 
 QByteArray readAll(const QString& path) {
@@ -92,6 +98,16 @@ void append(const QString& path, const QByteArray& bytes) {
       file.resize(before);
     raiseFor(error, found);
   }
+}
+
+void replace(const QString& from, const QString& path) {
+  const QString found = resolve(path);
+  std::error_code fault;
+  std::filesystem::rename(QFileInfo(resolve(from)).filesystemFilePath(),
+                          QFileInfo(found).filesystemFilePath(), fault);
+  if (fault)
+    raiseFor(fault == std::errc::permission_denied ? QFileDevice::PermissionsError : QFileDevice::RenameError,
+             found);
 }
 
 void write(const QString& path, const QByteArray& bytes) {

@@ -19,8 +19,11 @@ namespace files {
 /// Removes a file; raises 53 if it is not there, 70 or 75 if it can't be removed.
 void remove(const QString& path);
 
-/// Removes it if it is there.
+/// Removes it if it is there; another program may be quicker.
 void removeIfThere(const QString& path);
+
+/// Gives a whole file the name of another, which it replaces; both in one folder. Errors as of write.
+void replace(const QString& from, const QString& path);
 
 /// Whole content. Raises 53 (no file), 76 (no folder), 70 (no right), 75 (any other fault).
 [[nodiscard]] QByteArray readAll(const QString& path);
