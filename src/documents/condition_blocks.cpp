@@ -2,6 +2,7 @@
 #include "documents/company_texts.h"
 #include "documents/document_values.h"
 #include "documents/grid_table.h"
+#include "documents/html_text.h"
 #include "documents/quote_blocks.h"
 #include "quote/default_terms.h"
 #include "shared/lookups.h"
@@ -10,9 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Linha(const QString& texto, const char16_t* alinhamento) {
+QString Linha(const QString& html, const char16_t* alinhamento) {
   return u"    <tr><td width=100% align='"_s + QString::fromUtf16(alinhamento) +
-         u"' ><font face='Verdana' size='1'>"_s + texto + u"</font></td></tr>"_s;
+         u"' ><font face='Verdana' size='1'>"_s + html + u"</font></td></tr>"_s;
 }
 
 QString Tabela(const QStringList& linhas, const char16_t* alinhamento) {
@@ -41,7 +42,7 @@ QString TextoPagamento(const data::Recordset& orcamento, const QString& id) {
 QString CondicoesOrcaHTML(const QString& id) {
   if (OrcamentoDoDocumento(id).eof()) return {};
   const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,
-                              TextoPagamento(documento().RsImpressao, id),
+                              html::escapado(TextoPagamento(documento().RsImpressao, id)),
                               u"&nbsp"_s,
                               u"Validade da proposta:"_s + QString::fromUtf16(company::kValidade),
                               u"Dados bancários:"_s + QString::fromUtf16(company::kBanco),

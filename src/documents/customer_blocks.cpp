@@ -19,7 +19,7 @@ data::Recordset OrcamentoDoDocumento(const QString& id) {
 namespace {
 
 QStringList LinhasComContato(const data::Recordset& rs, const Parte& parte) {
-  return {u"<b>Nome: "_s + parte.nome + u"</b>"_s,
+  return {u"Nome: "_s + parte.nome,
           u"Fone: "_s + rs.text(u"fone_CLIE"),
           u"e-mail: "_s + rs.text(u"emai_CLIE"),
           u"Contato: "_s + rs.text(u"NOME_CLIE_CONT") + u" - "_s + rs.text(u"fone_CLIE_CONT") + u" - "_s +

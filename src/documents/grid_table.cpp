@@ -22,19 +22,25 @@ QString linha(const std::vector<Celula>& celulas) {
   for (const Celula& celula : celulas) {
     const QString atributos = celula.atributos.isEmpty() ? QString() : celula.atributos + u' ';
     texto += u"    <td "_s + atributos + u"width="_s + celula.largura + u" align='"_s +
-             QString::fromUtf16(celula.alinhamento) + u"' >"_s + celula.texto + u"</td>"_s + kFim;
+             QString::fromUtf16(celula.alinhamento) + u"' >"_s + celula.html + u"</td>"_s + kFim;
   }
   return texto + u"</tr>"_s + kFim;
 }
 
 Celula rotulada(const QString& largura, const QString& rotulo, const QString& valor,
                 const char16_t* alinhamento) {
-  return {largura, u"<b><font face='Verdana' size='1'>"_s + rotulo + u"</b>"_s + valor + u"</font>"_s,
+  return {largura,
+          u"<b><font face='Verdana' size='1'>"_s + html::escapado(rotulo) + u"</b>"_s +
+              html::escapado(valor) + u"</font>"_s,
           alinhamento};
 }
 
 Celula dado(const QString& largura, const QString& texto, const char16_t* alinhamento) {
-  return {largura, u"<font face='Verdana' size='1'>"_s + texto + u"</font>"_s, alinhamento};
+  return {largura, u"<font face='Verdana' size='1'>"_s + html::escapado(texto) + u"</font>"_s, alinhamento};
+}
+
+Celula dadoOuBranco(const QString& largura, const QString& texto, const char16_t* alinhamento) {
+  return {largura, u"<font face='Verdana' size='1'>"_s + html::ouBranco(texto) + u"</font>"_s, alinhamento};
 }
 
 Celula titulo(const QString& largura, const QString& texto, const char16_t* alinhamento) {

@@ -50,8 +50,8 @@ QString Composicao(const QString& idprot) {
       u"<!--Detalhe do Detalhe-->\n"
       u"<table border='1' width=400 bordercolor='#e2cda0' cellspacing=0 cellpadding=2>\n");
   const auto celula = [&](int linha, int coluna, const QString& atributos) {
-    texto += u"    <td "_s + atributos + u"><span class='dados1'>"_s + grid.text(linha, coluna) +
-             u"</span></td>"_s + kFim;
+    texto += u"    <td "_s + atributos + u"><span class='dados1'>"_s +
+             html::escapado(grid.text(linha, coluna)) + u"</span></td>"_s + kFim;
   };
   for (int linha = 1; linha < grid.rows(); ++linha) {
     texto += u"<tr>"_s + kFim;
@@ -65,13 +65,10 @@ QString Composicao(const QString& idprot) {
 }
 
 QString Foto(const QString& codigo) {
-  if (!documento().PublicacaoExterna)
-    return u"<td align='center'><IMG SRC='"_s + LocalizaImagemProduto(codigo) + u"'></td>"_s;
-  const RunContext& c = contexto();
-  if (!LocalizaImagemPrototipo(codigo))
-    return u"<td align='center'><img border='0' src='"_s + c.PathWeb + u"imagem_branco.jpg'></td>"_s;
-  return u"<td align='center'><a TARGET='_blank' href='"_s + c.PathLink + codigo + c.ExtImagens2 +
-         u"'><img border='0' src='"_s + c.PathWeb + codigo + c.ExtImagens + u"'></a></td>"_s;
+  if (documento().PublicacaoExterna && !LocalizaImagemPrototipo(codigo))
+    return u"<td align='center'><img border='0' src='"_s +
+           html::atributo(contexto().PathWeb + u"imagem_branco.jpg"_s) + u"'></td>"_s;
+  return CelulaFoto(codigo);
 }
 
 QString Fotos(const QString& codigo) {
@@ -92,7 +89,7 @@ QString Valores(const data::Recordset& rs, const ItemDoDocumento& item) {
 </table>
 )")
       .arg(rs.format(u"QTDE", item.mascara), Dinheiro(rs, u"VALO_LIQU"), Dinheiro(rs, u"VALO_TOTA"),
-           observacao);
+           html::escapado(observacao));
 }
 
 QString Caixa(const data::Recordset& rs, int numero) {
@@ -110,7 +107,7 @@ QString Caixa(const data::Recordset& rs, int numero) {
 </td></tr>
 </table>
 )")
-                      .arg(NumeroDoItem(numero), item.descricao, item.codigo);
+                      .arg(NumeroDoItem(numero), html::escapado(item.descricao), html::escapado(item.codigo));
   if (documento().ExibeComposicao) texto += Composicao(rs.text(u"idprodprot"));
   texto += Valores(rs, item) + u"</td>"_s + kFim;
   if (documento().ExibeFotos) texto += Fotos(item.codigo);

@@ -31,7 +31,7 @@ QString Cabecalho(bool comPrecos) {
 QString Linha(const data::Recordset& rs, bool comPrecos) {
   const ItemDoDocumento item = PorTipo(rs);
   std::vector<grade::Celula> celulas{dado(u"20%"_s, item.codigo), dado(u"30%"_s, item.descricao),
-                                     dado(u"20%"_s, html::ouBranco(rs.text(u"OBSE_PROP_CMRC_DETA"))),
+                                     grade::dadoOuBranco(u"20%"_s, rs.text(u"OBSE_PROP_CMRC_DETA")),
                                      dado(u"10%"_s, rs.format(u"QTDE", item.mascara), kDireita)};
   if (comPrecos) {
     celulas.push_back(dado(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita));

@@ -1,6 +1,7 @@
 #include "documents/item_fields.h"
 
 #include "documents/document_values.h"
+#include "documents/html_text.h"
 #include "platform/values/numbers.h"
 #include "run/context.h"
 #include "shared/lookups.h"
@@ -45,9 +46,10 @@ QString NumeroDoItem(int item) { return values::format(item, u"000"); }
 
 QString CelulaFoto(const QString& codigo) {
   if (!documento().PublicacaoExterna)
-    return u"            <td width='25%' align='center'><IMG SRC='"_s + LocalizaImagemProduto(codigo) +
-           u"'></td>"_s;
+    return u"            <td width='25%' align='center'><IMG SRC='"_s +
+           html::atributo(LocalizaImagemProduto(codigo)) + u"'></td>"_s;
   const RunContext& c = contexto();
-  return u"            <td width='25%' align='center'><a TARGET='_blank' href='"_s + c.PathLink + codigo +
-         c.ExtImagens2 + u"'><img border='0' src='"_s + c.PathWeb + codigo + c.ExtImagens + u"'></a></td>"_s;
+  return u"            <td width='25%' align='center'><a TARGET='_blank' href='"_s +
+         html::atributo(c.PathLink + codigo + c.ExtImagens2) + u"'><img border='0' src='"_s +
+         html::atributo(c.PathWeb + codigo + c.ExtImagens) + u"'></a></td>"_s;
 }

@@ -10,17 +10,16 @@
 using namespace Qt::StringLiterals;
 using grade::Celula;
 using grade::dado;
+using grade::dadoOuBranco;
 using grade::rotulada;
 using grade::titulo;
 using html::kFim;
-using html::ouBranco;
 
 namespace {
 
 constexpr const char16_t* kDireita = u"right";
 
-Celula DoItem(const QString& largura, const QString& texto, const char16_t* alinhamento = u"left") {
-  Celula celula = dado(largura, texto, alinhamento);
+Celula DoItem(Celula celula) {
   celula.atributos = u"bgcolor='#E0E0E0'"_s;
   return celula;
 }
@@ -33,27 +32,32 @@ QString TabelaDoItem(const data::Recordset& rs) {
                        titulo(u"20%"_s, u"Observação"_s), titulo(u"5%"_s, u"Qtde"_s, kDireita),
                        titulo(u"10%"_s, u"Valor Unit."_s, kDireita),
                        titulo(u"10%"_s, u"Valor Total"_s, kDireita)}) +
-         grade::linha({DoItem(u"15%"_s, CodigoProduto(id)), DoItem(u"40%"_s, DescricaoProduto(id)),
-                       DoItem(u"20%"_s, ouBranco(rs.text(u"OBSE_PROP_CMRC_DETA"))),
-                       DoItem(u"5%"_s, rs.format(u"QTDE", MascaraDoItem(rs)), kDireita),
-                       DoItem(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita),
-                       DoItem(u"10%"_s, Dinheiro(rs, u"VALO_TOTA"), kDireita)}) +
+         grade::linha({DoItem(dado(u"15%"_s, CodigoProduto(id))),
+                       DoItem(dado(u"40%"_s, DescricaoProduto(id))),
+                       DoItem(dadoOuBranco(u"20%"_s, rs.text(u"OBSE_PROP_CMRC_DETA"))),
+                       DoItem(dado(u"5%"_s, rs.format(u"QTDE", MascaraDoItem(rs)), kDireita)),
+                       DoItem(dado(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita)),
+                       DoItem(dado(u"10%"_s, Dinheiro(rs, u"VALO_TOTA"), kDireita))}) +
          grade::fecha();
 }
 
-QString LinhaMaterial(const QString& codigo, const QString& descricao, const QString& observacao,
-                      const QString& quantidade, const QString& unidade) {
-  return grade::linha({dado(u"15%"_s, codigo, kDireita), dado(u"40%"_s, descricao),
-                       dado(u"25%"_s, observacao), dado(u"10%"_s, quantidade, kDireita),
-                       dado(u"10%"_s, unidade)});
+struct Material {
+  QString codigo, descricao, observacao, quantidade, unidade;
+};
+
+QString LinhaMaterial(const Material& m, decltype(&dado) celula) {
+  return grade::linha({celula(u"15%"_s, m.codigo, kDireita), celula(u"40%"_s, m.descricao, u"left"),
+                       dadoOuBranco(u"25%"_s, m.observacao), celula(u"10%"_s, m.quantidade, kDireita),
+                       dadoOuBranco(u"10%"_s, m.unidade)});
 }
 
 QString LinhaMaterial(const data::Recordset& rs) {
   const QString idprod = rs.text(u"idprod");
   const QString unidade = DescricaoUnidade(UnidadeProduto(idprod));
-  return LinhaMaterial(CodigoProduto(idprod), DescricaoProduto(idprod),
-                       ouBranco(rs.text(u"OBSE_PROP_CMRC_DETA_MONTA")),
-                       rs.format(u"QTDE", MascaraDecimais(CasasDecimaisUnidade(unidade))), ouBranco(unidade));
+  return LinhaMaterial(
+      {CodigoProduto(idprod), DescricaoProduto(idprod), rs.text(u"OBSE_PROP_CMRC_DETA_MONTA"),
+       rs.format(u"QTDE", MascaraDecimais(CasasDecimaisUnidade(unidade))), unidade},
+      dado);
 }
 
 QString TotaisAberto(double total, double quantidade) {
@@ -73,9 +77,8 @@ QString MontagemItemHTML(const QString& id, const QString& idDetalhe, const QStr
   data::Recordset rs =
       AbreConsulta(u"select * from prop_cmrc_deta_monta where idprop_cmrc="_s + id +
                    u" and idprop_cmrc_deta = "_s + idDetalhe + u" and tipo_mate_prima <> 'PRODUTO' "_s);
-  const QString branco = ouBranco({});
   QString texto = grade::abreDetalhes();
-  if (rs.eof()) texto += LinhaMaterial(branco, branco, branco, branco, branco);
+  if (rs.eof()) texto += LinhaMaterial({}, dadoOuBranco);
   for (; !rs.eof(); rs.moveNext()) texto += LinhaMaterial(rs);
   return texto + grade::fecha() + u"<BR>"_s + kFim;
 }

@@ -10,6 +10,8 @@
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
+using html::escapado;
+using html::estilo;
 using html::kFim;
 
 namespace {
@@ -26,10 +28,10 @@ constexpr std::array<Embarque, 3> kEmbarques{{
     {u"data_stby", u"qtde_stby"},
 }};
 
-QString Celula(const char16_t* largura, const QString& texto, const char16_t* alinhamento, bool negrito) {
+QString Celula(const char16_t* largura, const QString& html, const char16_t* alinhamento, bool negrito) {
   return u"            <td width='"_s + QString::fromUtf16(largura) + u"' align='"_s +
-         QString::fromUtf16(alinhamento) + u"' style='"_s + html::estilo(8, negrito) + u"'>"_s + texto +
-         u"</td>"_s + kFim;
+         QString::fromUtf16(alinhamento) + u"' style='"_s + estilo(8, negrito) + u"'>"_s + html + u"</td>"_s +
+         kFim;
 }
 
 QString Linha(const QString& celulas) {
@@ -63,7 +65,8 @@ QString Titulos(const std::vector<Coluna>& colunas) {
 }
 
 QString Embarques(const data::Recordset& rs, const QString& mascara) {
-  QString texto = u"<table border='0' width='100%'><tr><td>Data</td><td align='right'>Qtde</td></tr>"_s;
+  QString texto = u"<table border='0' width='100%' style='"_s + estilo(8, false) +
+                  u"'><tr><td>Data</td><td align='right'>Qtde</td></tr>"_s;
   for (const Embarque& um : kEmbarques)
     texto += u"<tr><td>"_s + (rs.isNull(um.data) ? u"-"_s : rs.formatDate(um.data, u"dd/mm")) +
              u"</td><td align='right'>"_s + rs.format(um.quantidade, mascara) + u"</td></tr>"_s;
@@ -73,9 +76,9 @@ QString Embarques(const data::Recordset& rs, const QString& mascara) {
 QString LinhaDoItem(const TabelaDeItens& tabela, const std::vector<Coluna>& colunas) {
   const data::Recordset& rs = tabela.itens;
   const ItemDoDocumento item = tabela.item(rs);
-  QStringList textos{item.codigo,
-                     item.descricao,
-                     CodigoComTributacao(ClassFiscalProduto(rs.text(tabela.campoProduto))),
+  QStringList textos{escapado(item.codigo),
+                     escapado(item.descricao),
+                     escapado(CodigoComTributacao(ClassFiscalProduto(rs.text(tabela.campoProduto)))),
                      rs.format(u"QTDE", item.mascara),
                      Dinheiro(rs, u"VALO_LIQU"),
                      Dinheiro(rs, u"VALO_TOTA")};

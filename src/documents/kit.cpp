@@ -11,6 +11,8 @@
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
+using html::atributo;
+using html::escapado;
 using html::fixo;
 using html::kFim;
 
@@ -69,9 +71,10 @@ QString BlocoDaEmpresa() {
 </table>
 <table border='0' align='center' width=400px cellspacing=0 cellpadding=2>
 )")
-          .arg(rs.text(u"nome_empr"));
+          .arg(escapado(rs.text(u"nome_empr")));
   for (const QString& linha : linhas)
-    texto += u"<tr align='center'><td><span class='cabecalho2'>"_s + linha + u"</span></td></tr>"_s + kFim;
+    texto += u"<tr align='center'><td><span class='cabecalho2'>"_s + escapado(linha) +
+             u"</span></td></tr>"_s + kFim;
   return texto + u"</table>"_s + kFim;
 }
 
@@ -82,11 +85,11 @@ QString ImagemDaCasa(const QString& arquivo) {
 }
 
 QString AbreDocumentoHTML(const QString& titulo) {
-  return fixo(textos::kInicioHead).arg(Apara(titulo)) + fixo(textos::kFimHead);
+  return fixo(textos::kInicioHead).arg(escapado(Apara(titulo))) + fixo(textos::kFimHead);
 }
 
 QString AbreDocumentoHTMLEstilos(const QString& titulo) {
-  return fixo(textos::kInicioHead).arg(Apara(titulo)) + fixo(textos::kEstilos);
+  return fixo(textos::kInicioHead).arg(escapado(Apara(titulo))) + fixo(textos::kEstilos);
 }
 
 QString AbreDocumentoSimplesHTML(const QString&) { return fixo(textos::kHeadSimples); }
@@ -97,30 +100,31 @@ QString CabecalhoEmpresaHTML() {
   const company::Contatos contatos = company::contatos();
   // The fax number is the house's own, whatever the company's row says.
   return fixo(textos::kCabecalhoEmpresa)
-      .arg(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente)), rs.text(u"nome_empr"),
-           u"CNPJ:"_s + rs.text(u"cnpj_empr") + u" - I.E.:"_s + rs.text(u"IE00_EMPR"), EnderecoDaEmpresa(rs),
-           u"Tel.: "_s + Apara(rs.text(u"tele_0001_empr")) + u" - "_s + Apara(rs.text(u"tele_0002_empr")) +
-               u" - Fax: 55 11 3000-0001"_s,
-           contatos.email, contatos.site);
+      .arg(atributo(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente))), escapado(rs.text(u"nome_empr")),
+           escapado(u"CNPJ:"_s + rs.text(u"cnpj_empr") + u" - I.E.:"_s + rs.text(u"IE00_EMPR")),
+           escapado(EnderecoDaEmpresa(rs)),
+           escapado(u"Tel.: "_s + Apara(rs.text(u"tele_0001_empr")) + u" - "_s +
+                    Apara(rs.text(u"tele_0002_empr")) + u" - Fax: 55 11 3000-0001"_s),
+           escapado(contatos.email), escapado(contatos.site));
 }
 
 QString CabecalhoLogoHTML() {
-  return fixo(textos::kCabecalhoLogo).arg(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente)));
+  return fixo(textos::kCabecalhoLogo).arg(atributo(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente))));
 }
 
 QString CabecalhoFixoHTML() {
   return fixo(textos::kCabecalhoFixo)
-      .arg(ImagemDaCasa(QString::fromUtf16(company::kLogoFixo)), QString::fromUtf16(company::kNome),
+      .arg(atributo(ImagemDaCasa(QString::fromUtf16(company::kLogoFixo))), QString::fromUtf16(company::kNome),
            QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
-           company::contatos().site, QString::fromUtf16(company::kFoneFax));
+           escapado(company::contatos().site), QString::fromUtf16(company::kFoneFax));
 }
 
 QString NomeRelatorioHTML(const QString& texto, const QString& alinhamento) {
-  return fixo(textos::kNomeRelatorio).arg(alinhamento, Apara(texto));
+  return fixo(textos::kNomeRelatorio).arg(alinhamento, escapado(Apara(texto)));
 }
 
 QString NomeRelatorioEstilosHTML(const QString& texto, const QString&) {
-  return fixo(textos::kNomeRelatorioEstilos).arg(Apara(texto));
+  return fixo(textos::kNomeRelatorioEstilos).arg(escapado(Apara(texto)));
 }
 
 QString TextoVazio2(const QString&, const QString&) { return {}; }

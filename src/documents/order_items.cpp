@@ -24,10 +24,10 @@ struct Aspecto {
 };
 
 QString EmLinha(int pontos, bool negrito, const QString& texto) {
-  return u"<span style='"_s + html::estilo(pontos, negrito) + u"'>"_s + texto + u"</span>"_s;
+  return u"<span style='"_s + html::estilo(pontos, negrito) + u"'>"_s + html::escapado(texto) + u"</span>"_s;
 }
 QString DeClasse(const QString& classe, const QString& texto) {
-  return u"<span class='"_s + classe + u"'>"_s + texto + u"</span>"_s;
+  return u"<span class='"_s + classe + u"'>"_s + html::escapado(texto) + u"</span>"_s;
 }
 
 QString TituloEmLinha(const QString& texto) {

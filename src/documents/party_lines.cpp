@@ -10,6 +10,13 @@ namespace {
 
 constexpr const char16_t* kComentario = u"Dados do Cliente";
 
+html::Quadro Cliente(const QStringList& linhas) {
+  return {.comentario = kComentario,
+          .titulo = QString::fromUtf16(kComentario),
+          .linhas = linhas,
+          .primeiraNegrita = true};
+}
+
 }  // namespace
 
 QString Parte::Localidade() const { return cidade + u" - "_s + uf + u" - "_s + cep; }
@@ -25,16 +32,13 @@ Parte LeParte(const QString& idclie) {
 }
 
 QStringList LinhasDaParte(const Parte& parte, const QString& fone, const QString& email) {
-  return {u"<b>Nome: "_s + parte.nome + u"</b>"_s, u"Fone: "_s + fone, u"e-mail: "_s + email,
+  return {u"Nome: "_s + parte.nome, u"Fone: "_s + fone, u"e-mail: "_s + email,
           u"Endereço: "_s + parte.endereco + u" - Bairro: "_s + parte.bairro + u" - "_s + parte.Localidade(),
           u"CNPJ/CPF: "_s + parte.documento + u" - I.E./RG: "_s + parte.inscricao};
 }
 
-QString QuadroCliente(const QStringList& linhas) {
-  return html::quadro({kComentario, QString::fromUtf16(kComentario), linhas});
-}
+QString QuadroCliente(const QStringList& linhas) { return html::quadro(Cliente(linhas)); }
 
 QString QuadroClienteEstilos(const QStringList& linhas) {
-  return html::quadroEstilos({kComentario, QString::fromUtf16(kComentario), linhas}, u"titulo3"_s,
-                             u"dados1b"_s);
+  return html::quadroEstilos(Cliente(linhas), u"titulo3"_s, u"dados1b"_s);
 }

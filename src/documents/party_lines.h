@@ -13,7 +13,7 @@ struct Parte {
 /// Name and address of a customer.
 [[nodiscard]] Parte LeParte(const QString& idclie);
 
-/// Name, phone, e-mail, address with district, documents.
+/// Plain text: name, phone, e-mail, address with district, documents.
 [[nodiscard]] QStringList LinhasDaParte(const Parte& parte, const QString& fone, const QString& email);
 
 [[nodiscard]] QString QuadroCliente(const QStringList& linhas);

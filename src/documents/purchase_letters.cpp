@@ -36,7 +36,8 @@ std::optional<data::Recordset> Consulta(const QString& sql) {
 QString Paragrafos(const QStringList& linhas) {
   QString texto = fixo(u"<table border='0' width='800' align='center'>\n");
   for (const QString& linha : linhas)
-    texto += u"    <tr><td><font face='Verdana' size='2'>"_s + linha + u"</font></td></tr>"_s + kFim;
+    texto += u"    <tr><td><font face='Verdana' size='2'>"_s + html::escapado(linha) +
+             u"</font></td></tr>"_s + kFim;
   return texto + fixo(u"</table>\n<br>\n");
 }
 

@@ -6,6 +6,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "documents/html_text.h"
 #include "platform/files/paths.h"
 #include "platform/forms/process.h"
 #include "platform/web/web_pane.h"
@@ -132,16 +133,17 @@ void PesquisaComFotos::abrePagina() {
 
 QString PesquisaComFotos::MontaDetalheHTML() const {
   const auto& grade = c_.Flex->grid();
-  QString html = u"<TABLE BORDER CELLPADDING='2'>"_s;
+  QString pagina = u"<TABLE BORDER CELLPADDING='2'>"_s;
   for (int linha = 1; linha < grade.rows(); ++linha) {
     const QString codigo = grade.text(linha, ficha_.colunaChave);
-    html +=
+    pagina +=
         u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"
         u"<TD width=30%><P ALIGN=Center><IMG SRC='"_s +
-        LocalizaImagemProduto(codigo) + u"'></TD><TD width=30%>"_s + Apara(codigo) +
-        u"</TD><TD width=40%>"_s + Apara(grade.text(linha, ficha_.colunaChave + 1)) + u"</TD></TR>"_s;
+        html::atributo(LocalizaImagemProduto(codigo)) + u"'></TD><TD width=30%>"_s +
+        html::escapado(Apara(codigo)) + u"</TD><TD width=40%>"_s +
+        html::escapado(Apara(grade.text(linha, ficha_.colunaChave + 1))) + u"</TD></TR>"_s;
   }
-  return html + u"</TABLE>"_s;
+  return pagina + u"</TABLE>"_s;
 }
 
 void PesquisaComFotos::Flex_DblClick() {

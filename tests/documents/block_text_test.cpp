@@ -178,4 +178,59 @@ TEST_F(BlockText, OrdersByLookAndModel) {
   }
 }
 
+// Every text of the database is shown as it was typed, none is taken for a tag or an entity.
+TEST_F(BlockText, DataAreShownAsTheyWereTyped) {
+  const QString typed = u"Qx&reg <i>'\"&#65;"_s;
+  const QString columns[] = {
+      u"empr: nome_empr cnpj_empr ie00_empr ende_coml_empr tele_0001_empr emai_empr_usox http_empr"_s,
+      u"usen: usen emai_user"_s,
+      u"tipo_even: desc_tipo_even"_s,
+      u"tipo_serv: desc_tipo_serv"_s,
+      u"pess: nome_pess ende_coml_pess bair_coml_pess cida_coml_pess cpf0_cnpj rg00_ie00 emai_pess"_s,
+      u"prod: codi_prod desc_prod"_s,
+      u"prot: desc_prot obse_prot"_s,
+      u"prot_kit0: desc_nprod"_s,
+      u"clas_fisc: codi_comt"_s,
+      u"pedi_veds: nome_compr fone_compr obse_pedi_veds"_s,
+      u"prop_cmrc: fone_clie emai_clie nome_clie_cont obse_prop_cmrc txt_cond_pgto nume_pess"_s,
+      u"prop_cmrc_deta: obse_prop_cmrc_deta"_s,
+      u"prop_cmrc_deta_monta: obse_prop_cmrc_deta_monta"_s,
+      u"cota_comp: cont_forn_b"_s,
+      u"cota_comp_deta: desc_nprod"_s,
+      u"pedi_comp_deta: desc_nprod"_s};
+  sql(u"INSERT INTO pedi_veds (idpedi_veds, nume_pedi, idclie) VALUES (9, 123, 5)"_s);
+  sql(u"INSERT INTO pedi_veds_deta (idpedi_veds, idprod, qtde) VALUES (9, 104, 1)"_s);
+  sql(u"INSERT INTO cota_comp (idcota_comp, idforn_b) VALUES (123, 5)"_s);
+  sql(u"INSERT INTO cota_comp_deta (idcota_comp, idprod, qtde) VALUES (123, 0, 1)"_s);
+  sql(u"INSERT INTO pedi_comp (idpedi_comp, idforn) VALUES (123, 5)"_s);
+  sql(u"INSERT INTO pedi_comp_deta (idpedi_comp, idprod, qtde) VALUES (123, 0, 1)"_s);
+  for (const QString& one : columns)
+    for (const QString& column : one.section(u": "_s, 1).split(u' '))
+      sql(u"UPDATE %1 SET %2 = '%3'"_s.arg(one.section(u':', 0, 0), column,
+                                           QString(typed).replace(u'\'', u"''"_s)));
+  print(123);
+  documento().ExibeFotos = true;
+  documento().LetraFornecedor = u"B"_s;
+  const auto look = [&](void (*routine)(qint32, const QString&)) {
+    build(routine, 123);
+    const QString html = written().toLower();
+    EXPECT_EQ(html.count(u"qx"_s), html.count(u"qx&amp;reg &lt;i&gt;"_s));
+    EXPECT_EQ(html.count(u"/qx"_s), html.count(u"&#39;&quot;&amp;#65;.jpg'"_s));
+    EXPECT_GE(shown().count(typed), 2);
+  };
+  for (const QString& model : {u""_s, u"1"_s, u"2"_s, u"3"_s}) {
+    SCOPED_TRACE(model.toStdString());
+    parameter(u"MODELO_PROP_CMRC"_s, model);
+    for (const bool external : {false, true}) {
+      documento().PublicacaoExterna = external;
+      look(MontaOrcaHTML);
+    }
+    look(MontaDetalheOrcaHTML);
+    parameter(u"MODELO_PEDI_VEDS"_s, model);
+    parameter(u"MODELO_PEDIDO_VEDS"_s, model);
+    look(MontaPedidoHTML);
+  }
+  for (auto* routine : {MontaOrcaGradeHTML, CotacaoCompraHTML, OrdemCompraHTML}) look(routine);
+}
+
 }  // namespace

@@ -52,6 +52,7 @@ TEST_F(Photos, FollowTheClickedRowAndTheFourButtonsAndOpenInTheirRealSize) {
 
 TEST_F(Photos, APageOfPicturesIsWrittenOnEnteringTheTabAndRemovedOnLeavingIt) {
   picture(first(u"BOM-1W2"_s), 60);
+  sql(u"UPDATE prod SET desc_prod = 'Cartão <i>&reg' WHERE idprod = 105"_s);
   const QString page = contexto().PathDocs + u"pesquisa_produtos.html"_s;
   open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
     screen.Option2->click();
@@ -64,7 +65,8 @@ TEST_F(Photos, APageOfPicturesIsWrittenOnEnteringTheTabAndRemovedOnLeavingIt) {
         u"<TD width=30%><P ALIGN=Center><IMG SRC='%1'></TD><TD width=30%>%2</TD><TD width=40%>%3</TD></TR>"_s;
     EXPECT_EQ(QString::fromLatin1(files::readAll(page)),
               u"<TABLE BORDER CELLPADDING='2'>"_s + row.arg(first(u"BOM-1W2"_s), u"BOM-1"_s, u"Bombom"_s) +
-                  row.arg(contexto().ArqSemImagem, u"CARD-A"_s, u"Cartão impresso"_s) + u"</TABLE>"_s);
+                  row.arg(contexto().ArqSemImagem, u"CARD-A"_s, u"Cartão &lt;i&gt;&amp;reg"_s) +
+                  u"</TABLE>"_s);
     screen.SSTab1->setCurrentIndex(0);
     EXPECT_FALSE(files::exists(page));
   });
