@@ -11,9 +11,9 @@ struct DocumentValues {
   QString TipoDocumento;  ///< PEDIDO_VENDAS, ORCA_VENDAS, COTA_COMPRA, ORDEM_COMPRA
   qint32 IdDocumento = 0;
   bool PublicacaoExterna = false;  ///< images addressed for the internet server
-  bool ExibeComposicao = false;
+  bool ExibeComposicao = true;
   bool ExibeFotos = false;
-  bool ExibeMontagem = false;
+  bool ExibeMontagem = true;
   QString OrdemComposicao;  ///< "NATURAL" or "DESCRICAO"
   QString LetraFornecedor;  ///< supplier "A" to "E" of a request for prices; the calling screen sets it
   QString ArquivoDetalheOrca;
