@@ -24,7 +24,7 @@ std::vector<Walk> walks() {
     const std::string road = info.completeBaseName().toStdString();
     found.emplace_back(road, false);
     QFile file(info.filePath());
-    if (file.open(QIODevice::ReadOnly) && !file.readAll().contains("'-2147217900'"))
+    if (file.open(QIODevice::ReadOnly) && !file.readAll().contains("syntax error"))
       found.emplace_back(road, true);
   }
   return found;

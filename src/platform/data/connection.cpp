@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/data/engine.h"
+#include "platform/data/one_statement.h"
 #include "platform/files/paths.h"
 
 using namespace Qt::StringLiterals;
@@ -60,11 +61,17 @@ auto Connection::guarded(const QString& statement, Run run) {
 }
 
 void Connection::execute(const QString& sql) {
-  guarded(sql, [&] { engine_->execute(sql); });
+  guarded(sql, [&] {
+    requireOneStatement(sql);
+    engine_->execute(sql);
+  });
 }
 
 Recordset Connection::query(const QString& sql) {
-  return guarded(sql, [&] { return engine_->query(sql); });
+  return guarded(sql, [&] {
+    requireOneStatement(sql);
+    return engine_->query(sql);
+  });
 }
 
 void Connection::begin() {

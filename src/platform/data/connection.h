@@ -15,8 +15,9 @@ class Engine;
 /// The one database connection. The string decides the engine: "server=(embutido)" is the embedded file named
 /// by "database=", anything else goes to the ODBC driver manager. A statement that fails raises
 /// values::RuntimeError -2147217900 with the database's own words; a connection that can't be made or is lost
-/// raises -2147467259; any use of a closed one raises 3704. After an error in a transaction, or when the
-/// connection is lost, nothing more is sent: every later call raises the same error again.
+/// raises -2147467259; any use of a closed one raises 3704. A text that would be more than one statement
+/// fails unsent. After an error in a transaction, or when the connection is lost, nothing more is sent: every
+/// later call raises the same error again.
 class Connection {
  public:
   Connection();

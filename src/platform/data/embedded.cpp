@@ -171,14 +171,7 @@ Recordset EmbeddedEngine::lastIdentity(const QString& column) {
   return {QStringList{column}, std::move(values)};
 }
 
-/// The library reads up to a NUL: what stood behind it would be lost without a word.
-void refuseNul(const QString& sql) {
-  if (sql.contains(QChar::Null))
-    throw values::RuntimeError(values::kStatementFailed, u"A instrução contém um caractere nulo."_s);
-}
-
 Recordset EmbeddedEngine::run(const QString& sql) {
-  refuseNul(sql);
   const QByteArray utf8 = toEmbeddedDialect(sql).toUtf8();
   if (const auto form = templateOf(utf8)) return readAll(keptStatement(*form));
   QByteArrayView text = utf8;

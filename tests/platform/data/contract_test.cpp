@@ -121,6 +121,14 @@ const std::vector<Case>& cases() {
 const std::vector<Case>& refusals() {
   static const std::vector<Case> all{
       {"BrokenByAQuote", {}, kInsert.arg(u"NOME_CLIE"_s, u"'D'ÁVILA'"_s), {}},
+      {"SecondStatement",
+       {},
+       kInsert.arg(u"NOME_CLIE"_s, u"'x') SELECT * FROM PROP_CMRC WHERE ('1'='1'"_s),
+       {}},
+      {"CommentBehindASecondStatement",
+       {},
+       kInsert.arg(u"NOME_CLIE"_s, u"'x'); DELETE FROM PROP_CMRC; --'"_s),
+       {}},
       {"UnknownColumn", {}, u"SELECT * FROM PROP_CMRC ORDER BY RAZAOSOCIAL"_s, {}},
       {"TextIntoWholeNumber", {}, kInsert.arg(u"IDCLIE"_s, u"'abc'"_s), {}, kServer},
       {"FractionIntoWholeNumber", {}, kInsert.arg(u"IDCLIE"_s, u"'1.5'"_s), {}, kServer},

@@ -1,0 +1,122 @@
+#include "platform/data/one_statement.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/data/sql_tokens.h"
+#include "platform/values/runtime_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace data {
+
+namespace {
+
+using Kind = SqlToken::Kind;
+
+/// Words that begin a statement on the server and can't be a bare name there; TRIGGER stands for ENABLE and
+/// DISABLE TRIGGER, whose first word can.
+constexpr auto kBeginnings = std::to_array<QStringView>(
+    {u"ADD",     u"ALTER",    u"BACKUP",   u"BEGIN",    u"BREAK",      u"CHECKPOINT", u"CLOSE",
+     u"COMMIT",  u"CONTINUE", u"CREATE",   u"DBCC",     u"DEALLOCATE", u"DECLARE",    u"DELETE",
+     u"DENY",    u"DISK",     u"DROP",     u"DUMP",     u"END",        u"EXEC",       u"EXECUTE",
+     u"FETCH",   u"GOTO",     u"GRANT",    u"IF",       u"INSERT",     u"KILL",       u"LINENO",
+     u"LOAD",    u"MERGE",    u"OPEN",     u"PRINT",    u"RAISERROR",  u"READTEXT",   u"RECONFIGURE",
+     u"RESTORE", u"RETURN",   u"REVERT",   u"REVOKE",   u"ROLLBACK",   u"SAVE",       u"SELECT",
+     u"SET",     u"SETUSER",  u"SHUTDOWN", u"TRIGGER",  u"TRUNCATE",   u"UPDATE",     u"UPDATETEXT",
+     u"USE",     u"WAITFOR",  u"WHILE",    u"WRITETEXT"});
+
+/// Words before the "(" of a subselect.
+constexpr auto kBeforeSubselect = std::to_array<QStringView>(
+    {u"ALL",    u"AND",  u"ANY",    u"APPLY", u"AS",        u"BETWEEN", u"BY",   u"CASE", u"ELSE",  u"EXCEPT",
+     u"EXISTS", u"FROM", u"HAVING", u"IN",    u"INTERSECT", u"IS",      u"JOIN", u"LIKE", u"LIMIT", u"NOT",
+     u"ON",     u"OR",   u"SELECT", u"SOME",  u"THEN",      u"UNION",   u"WHEN", u"WHERE"});
+
+/// Words before a SELECT that goes on with the same statement.
+constexpr auto kBeforeSelect =
+    std::to_array<QStringView>({u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"});
+
+template <std::size_t Size>
+bool isOneOf(const SqlToken& token, const std::array<QStringView, Size>& words) {
+  return std::ranges::any_of(
+      words, [&](QStringView word) { return word.size() == token.text.size() && token.isWord(word); });
+}
+
+class Look {
+ public:
+  explicit Look(QStringView sql) : tokens_(sql) {}
+
+  Statements read() {
+    for (SqlToken token = tokens_.next(); token.kind != Kind::End; token = tokens_.next()) {
+      if (token.kind == Kind::Unpaired && !ended_) return Statements::Unpaired;
+      if (token.kind == Kind::Strange || (ended_ && !token.isSign(u';'))) return Statements::More;
+      if (token.kind == Kind::Word) {
+        if (previous_.isWord(u"CREATE") && token.isWord(u"TRIGGER")) return Statements::One;  // with its body
+        if (!goesOn(token)) return Statements::More;
+      } else if (token.kind == Kind::Sign) {
+        note(token);
+      }
+      if (first_.kind == Kind::End) begin(token);
+      previous_ = token;
+    }
+    return Statements::One;
+  }
+
+ private:
+  void begin(const SqlToken& token) {
+    first_ = token;
+    mayTakeSelect_ = token.isWord(u"INSERT") || token.isWord(u"WITH");
+    mayTakeSet_ = token.isWord(u"UPDATE");
+  }
+
+  void note(const SqlToken& sign) {
+    if (sign.isSign(u';')) ended_ = true;
+    if (sign.isSign(u')')) --depth_;
+    if (!sign.isSign(u'(')) return;
+    ++depth_;
+    // Behind a value a "(" would begin another statement: "… = 'x' (SELECT …)".
+    opensSubselect_ = previous_.kind == Kind::End || isOneOf(previous_, kBeforeSubselect) ||
+                      (previous_.kind == Kind::Sign && !previous_.isSign(u')'));
+  }
+
+  /// Whether a word is the statement's first one or goes on with the same statement.
+  bool goesOn(const SqlToken& word) {
+    if (word.isWord(u"CASE")) ++cases_;
+    if (word.isWord(u"VALUES") && depth_ == 0) mayTakeSelect_ = false;
+    if (first_.kind == Kind::End || !isOneOf(word, kBeginnings)) return true;
+    if (word.isWord(u"SELECT"))
+      return (previous_.isSign(u'(') && opensSubselect_) || isOneOf(previous_, kBeforeSelect) ||
+             (depth_ == 0 && std::exchange(mayTakeSelect_, false));
+    if (word.isWord(u"SET")) return std::exchange(mayTakeSet_, false);
+    if (word.isWord(u"END")) return cases_-- > 0;
+    if (word.isWord(u"FETCH")) return previous_.isWord(u"ROWS");
+    if (word.isWord(u"IF")) return previous_.isWord(u"TABLE") || previous_.isWord(u"INDEX");
+    return first_.isWord(u"ALTER") && (word.isWord(u"ADD") || word.isWord(u"DROP"));
+  }
+
+  SqlTokens tokens_;
+  SqlToken first_;
+  SqlToken previous_;
+  int depth_ = 0;                // of "("
+  int cases_ = 0;                // CASE without its END
+  bool opensSubselect_ = false;  // the last "(" may
+  bool mayTakeSelect_ = false;   // in place of VALUES, or behind the tables of a WITH
+  bool mayTakeSet_ = false;
+  bool ended_ = false;  // by ";"
+};
+
+}  // namespace
+
+Statements statementsIn(QStringView sql) { return Look(sql).read(); }
+
+void requireOneStatement(const QString& sql) {
+  const auto refuse = [](const QString& why) { throw values::RuntimeError(values::kStatementFailed, why); };
+  if (sql.contains(QChar::Null)) refuse(u"A instrução contém um caractere nulo."_s);
+  if (statementsIn(sql) == Statements::More)
+    refuse(
+        u"A instrução não foi enviada: um apóstrofo termina um texto antes do fim, e o que segue seria "
+        "outra instrução."_s);
+}
+
+}  // namespace data
