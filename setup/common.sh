@@ -18,17 +18,19 @@ fail() {
   exit 1
 }
 
-# Packages of setup/packages.txt that are not installed, one a line.
+# missing_packages LIST...: packages of the lists that are not installed, one a line.
 missing_packages() {
   local installed
   installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' 2>/dev/null | sed -n 's/^installed //p' | sort -u)
-  comm -13 <(printf '%s\n' "$installed") <(grep -vE '^(#|$)' setup/packages.txt | sort -u)
+  comm -13 <(printf '%s\n' "$installed") <(grep -hvE '^(#|$)' "$@" | sort -u)
 }
 
+# install_packages [LIST...]: those of setup/packages.txt unless lists are named.
 install_packages() {
+  [ "$#" -gt 0 ] || set -- setup/packages.txt
   command -v dpkg-query >/dev/null || fail "This set-up is made for Debian 12; install the packages of setup/packages.txt by hand."
   local missing root=()
-  missing=$(missing_packages)
+  missing=$(missing_packages "$@")
   [ -z "$missing" ] && return
   [ "$(id -u)" = 0 ] || root=(sudo)
   printf 'Installing: %s\n' "$(echo $missing)"

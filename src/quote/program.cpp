@@ -1,12 +1,17 @@
 #include "quote/program.h"
 
+#include "help/help_keys.h"
 #include "platform/forms/process.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
+#include "shared/program_icon.h"
 
 int runProgram(QApplication& application, const QString& commandLine) {
   application.setQuitOnLastWindowClosed(false);
   forms::applyStyle();
+  application.setWindowIcon(programIcon());
+  HelpKeys helpKeys;
+  application.installEventFilter(&helpKeys);
   contexto().LinhaComando = commandLine;
   forms::guarded([&application] {
     auto& main = forms::form<frmPropCmrcTL>();

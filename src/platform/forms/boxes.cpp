@@ -1,10 +1,12 @@
 #include "platform/forms/boxes.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 #include <utility>
 
 #include "platform/forms/form.h"
@@ -83,6 +85,9 @@ Answer msgBox(const Box& box) {
   window.setWindowTitle(box.title.value_or(QApplication::applicationName()));
   if (box.icon == Icon::Information) window.setIcon(QMessageBox::Information);
   if (box.icon == Icon::Critical) window.setIcon(QMessageBox::Critical);
+  // What a box says is asked for by who helps: Ctrl+C takes it whole.
+  QObject::connect(new QShortcut(QKeySequence::Copy, &window), &QShortcut::activated, &window,
+                   [&window] { QApplication::clipboard()->setText(window.text()); });
   QHash<QAbstractButton*, Answer> answers;
   for (const ButtonText& button : buttonsOf(box.buttons)) {
     QPushButton* push = window.addButton(QString::fromUtf16(button.text), button.role);

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+/// What support asks first, a line each: version, build, database, environment, user. Never a password or a
+/// whole connection string.
+[[nodiscard]] QString TextoSobre();
+
+/// Shows it in a box that can be copied.
+void MostraSobre();

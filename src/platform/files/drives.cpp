@@ -1,0 +1,26 @@
+#include "platform/files/drives.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace files {
+
+QString driveFolder(QChar letter) {
+  const QByteArray variable = QByteArray("ZARIM_DRIVE_") + letter.toUpper().toLatin1();
+  const QString named = qEnvironmentVariable(variable.constData());
+#ifdef Q_OS_WIN
+  return named;
+#else
+  if (!named.isEmpty()) return named;
+  const QString name = u"drive_"_s + letter.toLower();
+  const QString machine = u"/etc/zarim/"_s + name;
+  if (QFileInfo(machine).isDir()) return machine;
+  const QString own =
+      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/zarim/"_s + name;
+  return QFileInfo(own).isDir() ? own : QString();
+#endif
+}
+
+}  // namespace files

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QIcon>
+#include <QImage>
+
+// The program's own picture: a sheet of a quote with a ribbon around it. Drawn by code, so that every size is
+// sharp.
+
+/// side in pixels.
+[[nodiscard]] QImage programImage(int side);
+
+/// The sizes that window managers ask for.
+[[nodiscard]] QIcon programIcon();
