@@ -86,10 +86,10 @@ class EmbeddedEngine final : public Engine {
   void commit() override { execute(u"COMMIT"_s); }
 
  private:
-  /// Runs all statements of a text; the result is the first one that has columns.
   Recordset run(const QString& sql);
-  /// The next statement of a text, which loses it; empty where only blanks are left.
-  Compiled compile(QByteArrayView& text);
+  /// The one statement of a text, which may be empty; raises where there is a second one.
+  Compiled compile(const QString& sql);
+  Statement prepare(QByteArrayView& text);
   /// The kept statement of a template, with its values bound.
   Compiled& keptStatement(const Template& form);
   Recordset readAll(Compiled& compiled);
@@ -98,7 +98,7 @@ class EmbeddedEngine final : public Engine {
 
   QString path_;
   Database database_;
-  std::unordered_map<QByteArray, Compiled> kept_;  // behind the database: they end first
+  std::unordered_map<QString, Compiled> kept_;  // behind the database: they end first
 };
 
 EmbeddedEngine::EmbeddedEngine(QString path) : path_(std::move(path)), database_(openLibrary(path_)) {}
@@ -107,15 +107,24 @@ void EmbeddedEngine::fail() const {
   throw values::RuntimeError(values::kStatementFailed, libraryWords(database_.get(), path_));
 }
 
-Compiled EmbeddedEngine::compile(QByteArrayView& text) {
+/// The next statement of a text, which loses it.
+Statement EmbeddedEngine::prepare(QByteArrayView& text) {
   sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
   if (sqlite3_prepare_v2(database_.get(), text.data(), static_cast<int>(text.size()), &statement, &rest) !=
       SQLITE_OK)
     fail();
   text = text.sliced(rest - text.data());
-  Compiled compiled{Statement(statement), {}, {}};
-  if (statement) compiled.describe();
+  return Statement(statement);
+}
+
+Compiled EmbeddedEngine::compile(const QString& sql) {
+  const QByteArray utf8 = sql.toUtf8();
+  QByteArrayView text = utf8;
+  Compiled compiled{prepare(text), {}, {}};
+  if (!text.isEmpty() && prepare(text))
+    throw values::RuntimeError(values::kStatementFailed, u"São duas instruções em uma."_s);
+  if (compiled.get()) compiled.describe();
   return compiled;
 }
 
@@ -124,8 +133,7 @@ Compiled& EmbeddedEngine::keptStatement(const Template& form) {
   auto found = kept_.find(form.text);
   if (found == kept_.end()) {
     if (kept_.size() >= kMostKept) kept_.clear();
-    QByteArrayView text = form.text;
-    found = kept_.emplace(form.text, compile(text)).first;
+    found = kept_.emplace(form.text, compile(form.text)).first;
   }
   int place = 0;
   for (const auto& value : form.values) {
@@ -172,17 +180,13 @@ Recordset EmbeddedEngine::lastIdentity(const QString& column) {
 }
 
 Recordset EmbeddedEngine::run(const QString& sql) {
-  const QByteArray utf8 = toEmbeddedDialect(sql).toUtf8();
-  if (const auto form = templateOf(utf8)) return readAll(keptStatement(*form));
-  QByteArrayView text = utf8;
-  Recordset result;
-  while (!text.isEmpty()) {
-    Compiled compiled = compile(text);
-    if (!compiled.get()) continue;
-    Recordset rows = readAll(compiled);
-    if (!result.isOpen()) result = std::move(rows);
-  }
-  return result;
+  const QString text = toEmbeddedDialect(sql);
+  if (const auto form = templateOf(text)) return readAll(keptStatement(*form));
+  Compiled compiled = compile(text);
+  if (!compiled.get()) return {};
+  if (sqlite3_bind_parameter_count(compiled.get()) > 0)
+    throw values::RuntimeError(values::kStatementFailed, u"A instrução tem uma variável sem valor."_s);
+  return readAll(compiled);
 }
 
 void EmbeddedEngine::execute(const QString& sql) { run(sql); }
