@@ -35,7 +35,7 @@ void frmPropCmrcTL::alteraOrcamento(const QStringList& comandos) {
 }
 
 void frmPropCmrcTL::cmdEXCLUIR_Click() {
-  if (recusaSemRegistro() ||
+  if (recusaSemRegistro() || !carregaEscolhido() ||
       recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Já está como Desativado."_s) ||
       recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
     return;
@@ -52,7 +52,7 @@ void frmPropCmrcTL::cmdEXCLUIR_Click() {
 }
 
 void frmPropCmrcTL::cmdReativar_Click() {
-  if (recusaSemRegistro() ||
+  if (recusaSemRegistro() || !carregaEscolhido() ||
       recusaEstado(lblDTDesativa->text().isEmpty(), u"O Registro Já está como Ativo."_s) ||
       recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
     return;

@@ -7,6 +7,7 @@ using namespace Qt::StringLiterals;
 void frmPropCmrcTL::LimpaTela() {
   lblDataFechamento->clear();
   for (QLineEdit* caixa : {txtRowId, txtDesc}) caixa->clear();
+  idCarregado_.clear();
   for (QLabel* valor : {lblDesconto, lblPercDesconto, lblTotalLiquido}) valor->setText(u"0"_s);
   for (QWidget* campo : std::initializer_list<QWidget*>{
            cboCliente, txtFoneExtra, txtEmailExtra, cboClienteContato, txtFoneExtraContato,

@@ -22,7 +22,7 @@ bool temItemAprovado(const forms::GridModel& itens) {
 }  // namespace
 
 void frmPropCmrcTL::cmdFechar_Click() {
-  if (recusaSemRegistro() ||
+  if (recusaSemRegistro() || !carregaEscolhido() ||
       recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s) ||
       recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
     return;
@@ -58,7 +58,8 @@ void frmPropCmrcTL::marcaFechamento() {
 }
 
 void frmPropCmrcTL::cmdReabrir_Click() {
-  if (recusaSemRegistro() || recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s))
+  if (recusaSemRegistro() || !carregaEscolhido() ||
+      recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s))
     return;
   if (lblDataFechamento->text().isEmpty())
     return Aviso(u"Impossibilidade de Executar o Comando!\rO Registro não está Fechado!"_s);
@@ -79,6 +80,7 @@ void frmPropCmrcTL::cmdReabrir_Click() {
 
 /// A closed quote shows its terms for looking only; an open one its text of terms.
 void frmPropCmrcTL::cmdCondPgto_Click() {
+  if (!carregaEscolhido()) return;
   if (!values::isDate(lblDataFechamento->text())) return openOverFrame(frameCondPgto, txtCondPagto);
   auto& tela = forms::form<frmConfirmaPropCmrcTL>();
   passaTotaisParaConfirmacao();

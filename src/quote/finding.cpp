@@ -7,9 +7,28 @@
 
 using namespace Qt::StringLiterals;
 
-/// Without a number the search screen opens, and its choice comes back through txtCodigo.
+// Finding a quote by its number. A choice in the search screen brings a number and no quote: the commands
+// that act on a quote load it first.
+
+/// Without a number the search screen opens, and its choice comes back through txtRowId and txtCodigo.
 void frmPropCmrcTL::cmdPesquisar_PropCmrc_Click() {
-  if (txtCodigo->text().isEmpty()) return forms::form<frmBROWSE_PropCmrc>().showModal();
+  if (!txtCodigo->text().isEmpty()) return carregaNumero();
+  forms::form<frmBROWSE_PropCmrc>().showModal();
+  MostraSituacao();
+}
+
+bool frmPropCmrcTL::faltaCarregar() const {
+  return !editando() && !txtRowId->text().isEmpty() && txtRowId->text() != idCarregado_;
+}
+
+bool frmPropCmrcTL::carregaEscolhido() {
+  if (!faltaCarregar()) return true;
+  txtCodigo->setText(txtRowId->text());
+  carregaNumero();
+  return !faltaCarregar();
+}
+
+void frmPropCmrcTL::carregaNumero() {
   data::Recordset rs =
       AbreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + Apara(txtCodigo->text()) + u"'"_s);
   if (rs.eof()) return Aviso(u"Orçamento não localizado!"_s, txtCodigo);

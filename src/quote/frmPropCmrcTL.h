@@ -85,6 +85,11 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
 
   // Loading (finding.cpp, loading.cpp)
   void cmdPesquisar_PropCmrc_Click();
+  void carregaNumero();
+  /// Whether txtRowId holds a choice of the search that is not the quote on the screen.
+  [[nodiscard]] bool faltaCarregar() const;
+  /// Loads such a choice as cmdPesquisar_PropCmrc does; false when it is gone.
+  [[nodiscard]] bool carregaEscolhido();
   void carregaCabecalho(const data::Recordset& rs);
   void carregaItens();
   void carregaHomenageados();
@@ -164,4 +169,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void marcaFechamento();
   void avisaFechamento();
   void cmdImprimir_Click();
+
+  QString idCarregado_;  ///< the quote on the screen, as txtRowId names it
 };

@@ -16,6 +16,7 @@ void frmPropCmrcTL::CarregaOrcamento() {
   if (rs.eof()) return Falha(u"Há Problemas Neste Registro!"_s);
   LimpaTela();
   carregaCabecalho(rs);
+  idCarregado_ = txtRowId->text();
   carregaConfirmacao(rs);
   rs.close();
   carregaItens();

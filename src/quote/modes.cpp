@@ -10,14 +10,16 @@ using namespace Qt::StringLiterals;
 // Idle, new, altering: what can be typed and pressed, and how the screen shows it.
 
 void frmPropCmrcTL::BotoesNeutros() {
-  for (QWidget* botao : {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdSAIR, cmdFechar})
+  for (QWidget* botao :
+       {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdSAIR, cmdFechar, cmdReabrir})
     botao->setEnabled(true);
   cmdSALVAR->setEnabled(false);
   MostraSituacao();
 }
 
 void frmPropCmrcTL::botoesEditando() {
-  for (QWidget* botao : {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir})
+  // A change of state under a quote that is being typed would drop it and act on the stored one.
+  for (QWidget* botao : {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdFechar, cmdReabrir})
     botao->setEnabled(false);
   for (QWidget* botao : {cmdSALVAR, cmdSAIR}) botao->setEnabled(true);
   MostraSituacao();
@@ -60,7 +62,7 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
 }
 
 void frmPropCmrcTL::cmdALTERAR_Click() {
-  if (recusaSemRegistro()) return;
+  if (recusaSemRegistro() || !carregaEscolhido()) return;
   if (!lblDTDesativa->text().isEmpty()) {
     Aviso(u"O Registro Está Desativado."_s);
     return LimpaTela();
@@ -71,9 +73,10 @@ void frmPropCmrcTL::cmdALTERAR_Click() {
   }
   contexto().ModoOrcamento = u"A"_s;
   contexto().ModoItem = u"A"_s;
-  cmdFechar->setEnabled(false);
   botoesEditando();
   DestravaCampos();
+  // Another number may have been typed meanwhile; the box is locked from here on.
+  txtCodigo->setText(txtRowId->text());
   focus(mskDtPropCmrc);
 }
 

@@ -6,6 +6,10 @@
 using namespace Qt::StringLiterals;
 
 void frmPropCmrcTL::cmdImprimir_Click() {
+  // A number that was typed instead of the chosen one goes to the print screen as it is.
+  const QString numero = txtCodigo->text();
+  const bool digitado = !Apara(numero).isEmpty() && LeNumero(numero) != LeNumero(txtRowId->text());
+  if (!digitado && !carregaEscolhido()) return;
   const QString contato = Apara(txtEmailExtraContato->text());
   QString destinatarios = Apara(txtEmailExtra->text());
   if (!destinatarios.isEmpty() && !contato.isEmpty()) destinatarios += u", "_s;

@@ -37,7 +37,7 @@ TEST_F(Modes, ANewQuoteAndAnAlteredOneUnlockTheFieldsAndTakeCommandsAway) {
   expectLocked(true);
   support::type(screen->txtCodigo, u"12"_s);
   support::click(screen->cmdINCLUIR);
-  EXPECT_EQ(enabled(), u"SALVAR SAIR Fechar"_s);
+  EXPECT_EQ(enabled(), u"SALVAR SAIR"_s);
   expectLocked(false);
   EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u"II"_s);
   EXPECT_EQ(screen->txtCodigo->text(), QString());
