@@ -13,22 +13,21 @@ using grids::material::Column;
 
 namespace {
 
-constexpr int kLinhaProduto = 1;  // the grid is kept sorted by class, the product first
-
 /// What an item of the quote takes from its assembly.
 struct ItemMontado {
-  const forms::GridModel& origem;  ///< gives id, code and description
-  QString unitario, quantidade, total, unidade, observacao;
+  const forms::GridModel& origem;  ///< its product line gives id, code, description and unit
+  QString unitario, quantidade, total, observacao;
 };
 
 /// Adds the item as the last of the quote, and its materials tied to it.
 void entregaItem(const ItemMontado& item) {
   auto& orcamento = forms::form<frmPropCmrcTL>();
+  const int produto = LinhaProduto(item.origem);
+  const auto celula = [&item, produto](Column coluna) { return item.origem.text(produto, coluna); };
   forms::RowBuilder linha;
-  linha << item.origem.text(kLinhaProduto, Column::Id) << QString::fromUtf16(grids::kProduto)
-        << item.origem.text(kLinhaProduto, Column::Codigo)
-        << item.origem.text(kLinhaProduto, Column::Descricao) << item.unitario << Moeda(0.0) << item.unitario
-        << item.quantidade << item.total << QString() << item.unidade << item.observacao;
+  linha << celula(Column::Id) << QString::fromUtf16(grids::kProduto) << celula(Column::Codigo)
+        << celula(Column::Descricao) << item.unitario << Moeda(0.0) << item.unitario << item.quantidade
+        << item.total << QString() << celula(Column::Unidade) << item.observacao;
   orcamento.Flex->grid().addItem(linha.text());
 
   const QString vinculo = QString::number(orcamento.Flex->grid().rows() - 1);
@@ -43,31 +42,31 @@ void entregaItem(const ItemMontado& item) {
 
 }  // namespace
 
-bool frmMontarProduto::temProduto() const {
-  const auto& grade = Flex->grid();
-  for (int linha = 1; linha < grade.rows(); ++linha)
-    if (grade.text(linha, Column::Tipo) == kTipoProduto) return true;
-  return false;
+int LinhaProduto(const forms::GridModel& materiais) {
+  for (int linha = 1; linha < materiais.rows(); ++linha)
+    if (materiais.text(linha, Column::Tipo) == kTipoProduto) return linha;
+  return 1;
 }
 
 QString frmMontarProduto::totalDoItem() const {
+  const auto& grade = Flex->grid();
   // The unit of the prototype of that number gives the decimals; without one the quantity counts as whole.
-  const QString mascara = MascaraUnidade(UnidadePrototipo(Flex->grid().text(kLinhaProduto, Column::Id)));
+  const QString mascara = MascaraUnidade(UnidadePrototipo(grade.text(LinhaProduto(grade), Column::Id)));
   return Moeda(LeNumero(values::format(txtQuantidade->text(), mascara)) *
                LeNumero(Moeda(lblTotalUnitarioProduto->text())));
 }
 
 void frmMontarProduto::cmdConfirmar_Click() {
-  if (!temProduto())
+  const auto& grade = Flex->grid();
+  const int produto = LinhaProduto(grade);
+  if (grade.text(produto, Column::Tipo) != kTipoProduto)
     return Aviso(u"Não é possível finalizar, pois falta item do tipo PRODUTO"_s, windowTitle());
   // Reading stops at a comma: "0,5" is none.
   if (values::leadingNumber(txtQuantidade->text()) <= 0)
     return Aviso(u"Quantidade Inválida!"_s, txtQuantidade);
 
-  const auto& grade = Flex->grid();
   entregaItem({grade, Moeda(lblTotalUnitarioProduto->text()), txtQuantidade->text(), totalDoItem(),
-               grade.text(kLinhaProduto, Column::Unidade),
-               Apara(grade.text(kLinhaProduto, Column::Observacao))});
+               Apara(grade.text(produto, Column::Observacao))});
   PreparaGradeMontagem();
   preparaGradesPesquisa();
   unload();
@@ -76,15 +75,13 @@ void frmMontarProduto::cmdConfirmar_Click() {
 void frmMontarProduto::cmdCancelar_Click() {
   if (!Pergunta(u"Tem certeza que deseja cancelar a operação? (S/N)"_s, windowTitle())) return;
   if (FlexSombra.rows() > 1) {
-    // The materials go back as they were; quantity, price, unit and observation stay as they stand now.
-    const auto& grade = Flex->grid();
-    const int atual = grade.row();
+    // The materials go back as they were; quantity, price and observation stay as they stand now.
     const QString unitario = lblTotalUnitarioProduto->text();
-    const bool produto = grade.text(atual, Column::Tipo) == kTipoProduto;
+    const int produto = LinhaProduto(FlexSombra);
+    const bool tem = FlexSombra.text(produto, Column::Tipo) == kTipoProduto;
     entregaItem({FlexSombra, Moeda(unitario), txtQuantidade->text(),
                  Moeda(values::toNumber(txtQuantidade->text()) * values::toNumber(unitario)),
-                 grade.text(atual, Column::Unidade),
-                 Apara(produto ? txtObservacoes->text() : grade.text(atual, Column::Observacao))});
+                 Apara(tem ? txtObservacoes->text() : FlexSombra.text(produto, Column::Observacao))});
   }
   PreparaGradeMontagem();
   preparaGradesPesquisa();

@@ -7,6 +7,10 @@
 #include "quote/grids.h"
 #include "ui_frmMontarProduto.h"
 
+/// The line that a composite has its identity from: that of class "PRODUTO", the first one where there is
+/// none.
+[[nodiscard]] int LinhaProduto(const forms::GridModel& materiais);
+
 /// The assembly screen: a composite product of a quote is put together from one finished product and raw
 /// materials of six classes. Flex holds the lines of the product, Flex1 to Flex7 what was found on each tab.
 class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
@@ -59,6 +63,5 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   // Leaving (finishing.cpp)
   void cmdConfirmar_Click();
   void cmdCancelar_Click();
-  [[nodiscard]] bool temProduto() const;
   [[nodiscard]] QString totalDoItem() const;
 };

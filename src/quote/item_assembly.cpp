@@ -15,13 +15,20 @@ void frmPropCmrcTL::cmdIncluirItem_Click() {
 
 /// The item leaves the grid before the assembly screen opens and comes back as its last row.
 void frmPropCmrcTL::alteraItem() {
-  const int linha = Flex->grid().row();
+  forms::GridModel& itens = Flex->grid();
+  const int linha = itens.row();
+  if (linha == 0) return;
+  forms::RowBuilder comoEra;
+  for (int coluna = 0; coluna < itens.cols(); ++coluna) comoEra << itens.text(linha, coluna);
   passaParaMontagem(linha);
   soltaMateriais(linha, grids::material::VinculoComFlex);
   tiraLinha(linha, grids::material::VinculoComFlex);
   CalculaTotais();
   contexto().ModoItem = u"A"_s;
+  const int restantes = itens.rows();
   forms::form<frmMontarProduto>().showModal();
+  // A line without materials has nothing that a cancel could put back.
+  if (itens.rows() == restantes) itens.addItem(comoEra.text());
   CalculaTotais();
 }
 
@@ -35,6 +42,7 @@ void frmPropCmrcTL::passaParaMontagem(int linha) {
     if (LeNumero(FlexMonta.text(i, material::VinculoComFlex)) == linha)
       passaMaterial(i, celula(item::Quantidade));
 
+  tela.Flex->grid().setRow(LinhaProduto(tela.Flex->grid()));
   tela.txtObservacoes->setText(celula(item::Observacao));
   tela.txtObservacoesSombra->setText(celula(item::Observacao));
   tela.txtQuantidade->setText(celula(item::Quantidade));
