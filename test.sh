@@ -7,7 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 . setup/common.sh
 
 preset=${1:-release}
-set_up
+set_up setup/packages.txt setup/test_packages.txt
 build "$preset" all
 
 results=build/$preset/results

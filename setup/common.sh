@@ -58,7 +58,8 @@ register_driver() {
   return 0
 }
 
+# set_up [LIST...]: packages as for install_packages, and the driver.
 set_up() {
-  install_packages
+  install_packages "$@"
   register_driver
 }
