@@ -81,6 +81,7 @@ class Writer {
     body_ += paragraph.alignment & Qt::AlignHCenter ? "\\qc"
              : paragraph.alignment & Qt::AlignRight ? "\\qr"
                                                     : "\\ql";
+    if (paragraph.keepWithNext) body_ += "\\keepn";
     body_ += fontWords(paragraph.font) + " ";
     for (const auto& part : paragraph.content) {
       if (const auto* run = std::get_if<Run>(&part))
@@ -92,18 +93,18 @@ class Writer {
   }
 
   void writeTable(const Table& table) {
-    QByteArray row = "\\trowd\\trgaph108\\trleft-108\\trkeep";
+    QByteArray layout = "\\trgaph108\\trleft-108\\trkeep\\trpaddt45\\trpaddft3\\trpaddb45\\trpaddfb3";
     double right = -108 / kTwips;
     for (const double width : table.widths) {
       right += width;
       if (table.grid)
         for (const char* side : {"t", "l", "b", "r"})
-          row += QByteArray("\\clbrdr") + side + "\\brdrs\\brdrw10";
-      row += "\\cellx" + number(right * kTwips);
+          layout += QByteArray("\\clbrdr") + side + "\\brdrs\\brdrw10";
+      layout += "\\cellx" + number(right * kTwips);
     }
-    for (const auto& cells : table.rows) {
-      body_ += row + "\n";
-      for (const Cell& cell : cells)
+    for (std::size_t row = 0; row < table.rows.size(); ++row) {
+      body_ += (row < table.headings ? "\\trowd\\trhdr" : "\\trowd") + layout + "\n";
+      for (const Cell& cell : table.rows[row])
         for (std::size_t i = 0; i < cell.paragraphs.size(); ++i)
           writeParagraph(cell.paragraphs[i], "\\pard\\intbl",
                          i + 1 < cell.paragraphs.size() ? "\\par\n" : "\\cell\n");

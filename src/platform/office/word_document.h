@@ -30,7 +30,8 @@ struct Picture {
 struct Paragraph {
   std::vector<std::variant<Run, Picture>> content;
   Qt::Alignment alignment = Qt::AlignLeft;
-  Font font;  ///< of an empty paragraph's line
+  Font font;                  ///< of an empty paragraph's line
+  bool keepWithNext = false;  ///< stands on the page of the paragraph behind it
 };
 
 struct Cell {
@@ -40,6 +41,7 @@ struct Cell {
 struct Table {
   bool grid = false;           ///< lines around all cells
   std::vector<double> widths;  ///< of the columns
+  std::size_t headings = 0;    ///< rows at the top that every page repeats
   std::vector<std::vector<Cell>> rows;
 };
 

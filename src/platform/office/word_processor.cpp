@@ -88,6 +88,8 @@ void WordProcessor::setAlignment(Qt::Alignment alignment) {
   paragraph().alignment = alignment;
 }
 
+void WordProcessor::keepWithNext() { paragraph().keepWithNext = true; }
+
 void WordProcessor::typeText(const QString& text) {
   QString lines = text;
   lines.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
@@ -141,6 +143,13 @@ void WordProcessor::addTable(int rows, int columns, bool grid) {
 void WordProcessor::setColumnWidth(int column, double points) {
   table().widths.at(static_cast<std::size_t>(column)) = points;
 }
+
+void WordProcessor::setColumnShares(const std::vector<double>& percents) {
+  std::vector<double>& widths = table().widths;
+  for (std::size_t i = 0; i < widths.size(); ++i) widths[i] = open().textWidth() * percents.at(i) / 100;
+}
+
+void WordProcessor::setHeadingRow() { table().headings = row_ + 1; }
 
 void WordProcessor::moveRight() {
   Table& here = table();

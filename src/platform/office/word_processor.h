@@ -22,7 +22,10 @@ class WordProcessor {
 
   void setFont(const QString& name, double size, bool bold = false);
   void setBold(bool bold);
+  /// Of the paragraph that the selection stands in, and of those typed behind it.
   void setAlignment(Qt::Alignment alignment);
+  /// Keeps the current paragraph on the page of the one behind it.
+  void keepWithNext();
 
   /// Types into the current paragraph; CR LF, CR and LF start a new one.
   void typeText(const QString& text);
@@ -34,6 +37,10 @@ class WordProcessor {
   /// A table at the selection, which goes to its first cell; columns share the text's width.
   void addTable(int rows, int columns, bool grid);
   void setColumnWidth(int column, double points);
+  /// Widths as shares of the text's width, which add up to 100.
+  void setColumnShares(const std::vector<double>& percents);
+  /// The current row is a title, which the table repeats on each page; so are those above it.
+  void setHeadingRow();
   /// To the next cell; from the last one a row is added.
   void moveRight();
   /// Behind the last table and an empty paragraph, on a new one.

@@ -84,6 +84,15 @@ TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
     ASSERT_TRUE(begin >= 0 && end > begin) << "row " << row;
     EXPECT_FALSE(QStringView(text).mid(begin, end - begin).contains(u'\f')) << "row " << row;
   }
+  (void)printed(word, u"pdftoppm"_s, {u"-r"_s, u"300"_s, u"-singlefile"_s, u"x.pdf"_s, path(u"page"_s)});
+  const QImage page(path(u"page.ppm"_s));
+  const auto line = [&](int from, int step) {  // dots of the first dark run
+    int x = from, dots = 0;
+    while (qGray(page.pixel(x, 1000)) > 128) x += step;
+    for (; qGray(page.pixel(x, 1000)) <= 128; x += step) ++dots;
+    return dots;
+  };
+  EXPECT_NEAR(line(0, 1), line(page.width() - 1, -1), 1) << "the outer lines are of one width";
   const QString facts = printed(word, u"pdfinfo"_s, {u"x.pdf"_s});
   EXPECT_TRUE(facts.contains(u"Orçamento de Venda - 000007"_s)) << facts.toStdString();
   EXPECT_TRUE(facts.contains(u"A4"_s)) << facts.toStdString();
