@@ -17,17 +17,19 @@ using office::WordProcessor;
 
 namespace {
 
+constexpr double kNameSize = 10;  // the name fills one line of the letterhead
 constexpr double kCellSize = 8, kClauseSize = 7;
 
 /// Releases before 2007 get their margins and table widths by number; from then on the defaults stand.
 bool setsMeasures(const WordProcessor& word) { return word.version() < 12; }
 
-/// Types cells one after the other, moving on between them.
-void typeCells(WordProcessor& word, const QStringList& texts, bool bold = false) {
+/// Types cells one after the other, moving on between them; the last one can be a number, on the right.
+void typeCells(WordProcessor& word, const QStringList& texts, bool bold = false,
+               Qt::Alignment lastOne = Qt::AlignLeft) {
   for (qsizetype i = 0; i < texts.size(); ++i) {
     if (i > 0) word.moveRight();
     word.setFont(u"Arial"_s, kCellSize, bold);
-    word.setAlignment(Qt::AlignLeft);
+    word.setAlignment(i + 1 < texts.size() ? Qt::AlignLeft : lastOne);
     word.typeText(texts[i]);
   }
 }
@@ -42,7 +44,7 @@ void letterhead(WordProcessor& word) {
   word.addPicture(contexto().PathImagens + QString::fromUtf16(company::kLogoFixo));
   word.moveRight();
   word.setAlignment(Qt::AlignLeft);
-  word.setFont(u"Arial"_s, 11, true);
+  word.setFont(u"Arial"_s, kNameSize, true);
   word.typeText(QString::fromUtf16(company::kNome));
   word.setFont(u"Arial"_s, 9);
   for (const QString& line :
@@ -73,25 +75,31 @@ void customerTable(WordProcessor& word, const data::Recordset& quote) {
 /// The items without their prices, and a last row with the sum, which is returned.
 double itemsTable(WordProcessor& word, const QString& id) {
   word.addTable(1, 4, true);
-  typeCells(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true);
+  word.setColumnShares({15, 43, 28, 14});
+  word.setHeadingRow();
+  typeCells(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true, Qt::AlignRight);
   double total = 0;
   for (data::Recordset items = ItensDoOrcamento(id); !items.eof(); items.moveNext()) {
     const ItemDoDocumento item = PorTipo(items);
     word.moveRight();
-    typeCells(word, {item.codigo, item.descricao, items.text(u"OBSE_PROP_CMRC_DETA"),
-                     items.format(u"QTDE", item.mascara)});
+    typeCells(word,
+              {item.codigo, item.descricao, items.text(u"OBSE_PROP_CMRC_DETA"),
+               items.format(u"QTDE", item.mascara)},
+              false, Qt::AlignRight);
     total += Valor(items, u"VALO_TOTA");
   }
   word.moveRight();
-  typeCells(word, {QString(), QString(), u"Total Unitário"_s, Moeda(total)}, true);
+  typeCells(word, {QString(), QString(), u"Total Unitário"_s, Moeda(total)}, true, Qt::AlignRight);
   word.moveAfterTable();
   return total;
 }
 
 void requestedTable(WordProcessor& word, int persons, double total) {
   word.addTable(1, 2, true);
-  typeCells(word, {u"Quantidade Solicitada: "_s + QString::number(persons),
-                   u"Total Geral - R$ "_s + Moeda(persons * total)});
+  typeCells(word,
+            {u"Quantidade Solicitada: "_s + QString::number(persons),
+             u"Total Geral - R$ "_s + Moeda(persons * total)},
+            false, Qt::AlignRight);
   word.moveAfterTable();
 }
 
@@ -99,7 +107,7 @@ void clauses(WordProcessor& word) {
   word.setFont(u"Arial"_s, kCellSize, true);
   word.setAlignment(Qt::AlignHCenter);
   word.typeText(u"Observações"_s);
-  word.setAlignment(Qt::AlignLeft);
+  word.keepWithNext();
   for (const char16_t* clause : company::kClausulas) {
     word.setFont(u"Arial"_s, kClauseSize);
     word.typeParagraph();

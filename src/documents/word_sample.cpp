@@ -49,6 +49,7 @@ void letterhead(WordProcessor& word) {
 
 void heading(WordProcessor& word, const QString& text) {
   word.typeParagraph();
+  word.setAlignment(Qt::AlignLeft);
   word.setFont(u"Arial"_s, 10, true);
   word.typeText(text);
 }
@@ -73,7 +74,6 @@ void DocumentoWordAmostra() {
   word.setFont(u"Arial"_s, 11, true);
   word.setAlignment(Qt::AlignHCenter);
   word.typeText(title);
-  word.setAlignment(Qt::AlignLeft);
   heading(word, u"Dados do Cliente"_s);
   lines(word, kCustomer);
   heading(word, u"Dados Gerais"_s);

@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
-#include <QStandardPaths>
 
 #include "platform/office/printers.h"
 #include "platform/office/word_processor.h"
@@ -28,9 +27,16 @@ class WordDocument : public Quotes {
     QProcess tool;
     tool.start(program, arguments);
     EXPECT_TRUE(tool.waitForFinished(60000)) << program.toStdString();
-    return QString::fromUtf8(tool.readAllStandardOutput()).simplified();
+    return QString::fromUtf8(tool.readAllStandardOutput());
   }
-  QString textOfPdf() const { return textOf(u"pdftotext"_s, {u"-layout"_s, files::resolve(pdf_), u"-"_s}); }
+  QString layoutOfPdf() const { return textOf(u"pdftotext"_s, {u"-layout"_s, files::resolve(pdf_), u"-"_s}); }
+  QString textOfPdf() const { return layoutOfPdf().simplified(); }
+
+  /// How the last paragraph with a text is aligned in the Word file: "\\qc".
+  static QByteArray alignmentOf(const QByteArray& rtf, const char* text) {
+    const QByteArray paragraph = rtf.sliced(rtf.lastIndexOf("\\pard", rtf.lastIndexOf(text)));
+    return paragraph.mid(paragraph.indexOf("\\q"), 3);
+  }
 
   const QString doc_ = contexto().PathDocs + u"orca_cliente_000123.doc"_s;
   const QString pdf_ = contexto().PathDocs + u"orca_cliente_000123.pdf"_s;
@@ -60,13 +66,42 @@ TEST_F(WordDocument, PdfTellsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
   EXPECT_TRUE(textOfPdf().contains(u"Cod.Prod. Produto Observações Qtde Total Unitário 0,00"_s));
 }
 
+// Whatever the number of lines: no page is empty, nothing is told twice, every page of lines has their
+// titles.
+TEST_F(WordDocument, PagesOfAnyNumberOfLines) {
+  const QString clauses =
+      u"1 - Todos os valores|2 - Após a aprovação|3 - O transporte|4 - As reclamações|"
+      "5 - Toda matéria-prima|6 - Fica vedada|7 - Todas as peças|Observações\n|"
+      "Forma de Pagamento|carimbo da empresa|Total Unitário"_s;
+  for (int lines = 0; lines <= 60; ++lines) {
+    if (lines > 0)
+      sql(u"INSERT INTO prop_cmrc_deta (idprop_cmrc_deta, idprop_cmrc, idprodprot, prod_prot, qtde, "
+          "obse_prop_cmrc_deta) VALUES (%1, 126, 101, 'PROD', 1, 'linha %1.%2')"_s.arg(1000 + lines)
+              .arg(lines % 3 > 0 ? u""_s
+                                 : u" com uma observação comprida, que pede mais de uma linha da célula"_s));
+    SCOPED_TRACE(lines);
+    DocumentoWord(u"126"_s, doc_, pdf_);
+    QStringList pages = layoutOfPdf().split(u'\f');
+    ASSERT_EQ(pages.takeLast(), QString()) << "behind the last page";
+    for (const QString& page : pages) {
+      EXPECT_FALSE(page.trimmed().isEmpty());
+      EXPECT_EQ(page.contains(u"linha 1"_s) || page.contains(u"Total Unitário"_s),
+                page.contains(u"Cod.Prod."_s));
+      EXPECT_EQ(page.contains(u"Observações\n"_s), page.contains(u"1 - Todos os valores"_s));
+    }
+    const QString text = pages.join(QString());
+    for (const QString& told : clauses.split(u'|')) EXPECT_EQ(text.count(told), 1) << told.toStdString();
+    for (int line = 1; line <= lines; ++line)
+      EXPECT_EQ(text.count(u"linha %1."_s.arg(1000 + line)), 1) << line;
+    if (HasFailure()) FAIL() << text.toStdString();
+  }
+}
+
 TEST_F(WordDocument, WordProcessorsOpenTheFileWithTablesPictureAndTexts) {
-  const QString office = QStandardPaths::findExecutable(u"libreoffice"_s);
-  if (office.isEmpty()) GTEST_SKIP() << "libreoffice is not installed";
   DocumentoWord(u"123"_s, doc_, pdf_);
   const QString folder = QFileInfo(files::resolve(doc_)).path();
-  textOf(office,
-         {u"--headless"_s, u"--convert-to"_s, u"fodt"_s, u"--outdir"_s, folder, files::resolve(doc_)});
+  textOf(u"soffice"_s, {u"-env:UserInstallation=file://"_s + drive() + u"/perfil"_s, u"--headless"_s,
+                        u"--convert-to"_s, u"fodt"_s, u"--outdir"_s, folder, files::resolve(doc_)});
   const QString content = QString::fromUtf8(files::readAll(folder + u"/orca_cliente_000123.fodt"_s));
   EXPECT_EQ(content.count(u"<table:table "_s), 5);
   EXPECT_EQ(content.count(u"<draw:image"_s), 1);
@@ -80,6 +115,9 @@ TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
     const QByteArray rtf = files::readAll(doc_);
     EXPECT_EQ(rtf.contains("\\margt40\\margb30"), version < 12) << version;
     EXPECT_EQ(rtf.contains("\\cellx3892"), version < 12) << version;
+    EXPECT_EQ(rtf.count("\\trhdr") + rtf.count("\\keepn"), 2);
+    EXPECT_EQ(alignmentOf(rtf, "Observa") + alignmentOf(rtf, "1 - Todos"), "\\qc\\ql");
+    EXPECT_EQ(alignmentOf(rtf, "Lata dourada") + alignmentOf(rtf, "1307,25"), "\\ql\\qr");
   }
   EXPECT_EQ(NomeVersaoWord(11), u"Office 2003"_s);
   EXPECT_EQ(NomeVersaoWord(15), QString());
@@ -99,6 +137,7 @@ TEST_F(WordDocument, TheLayoutTrialIsSavedAtItsFixedPath) {
   const QByteArray rtf = files::readAll(u"c:\\zarim\\teste_orca9.doc"_s);
   for (const auto* told : {"000123 - 05/03/2024", "Presentes Aurora Ltda", "PRESENTES PERSONALIZADOS"})
     EXPECT_TRUE(rtf.contains(told)) << rtf.constData();
+  EXPECT_EQ(alignmentOf(rtf, "000123 - 05/03/2024") + alignmentOf(rtf, "Dados do Cliente"), "\\qc\\ql");
 }
 
 }  // namespace
