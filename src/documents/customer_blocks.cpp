@@ -22,10 +22,10 @@ QStringList LinhasComContato(const data::Recordset& rs, const Parte& parte) {
   return {u"Nome: "_s + parte.nome,
           u"Fone: "_s + rs.text(u"fone_CLIE"),
           u"e-mail: "_s + rs.text(u"emai_CLIE"),
-          u"Contato: "_s + rs.text(u"NOME_CLIE_CONT") + u" - "_s + rs.text(u"fone_CLIE_CONT") + u" - "_s +
-              rs.text(u"emai_CLIE_CONT"),
+          u"Contato: "_s + html::juntos({rs.text(u"NOME_CLIE_CONT"), rs.text(u"fone_CLIE_CONT"),
+                                         rs.text(u"emai_CLIE_CONT")}),
           u"Endereço: "_s + parte.endereco,
-          parte.bairro + u" - "_s + parte.Localidade(),
+          html::juntos({parte.bairro, parte.Localidade()}),
           u"CNPJ/CPF: "_s + parte.documento};
 }
 

@@ -25,6 +25,11 @@ QString atributo(const QString& dado) {
   return escapado(dado).replace(u'\'', u"&#39;"_s).replace(u'"', u"&quot;"_s);
 }
 
+QString juntos(QStringList partes) {
+  partes.removeAll(QString());
+  return partes.join(u" - "_s);
+}
+
 namespace {
 
 QStringList linhasEscapadas(const Quadro& quadro) {

@@ -20,6 +20,9 @@ inline const QString kFim = QStringLiteral("\r\n");
 /// The same inside the single quotes of an attribute.
 [[nodiscard]] QString atributo(const QString& dado);
 
+/// The parts that aren't empty, with " - " between them.
+[[nodiscard]] QString juntos(QStringList partes);
+
 /// A titled box of lines, under a comment. Title and lines are plain text.
 struct Quadro {
   const char16_t* comentario;

@@ -27,10 +27,12 @@ QString LinhaDoKit(const data::Recordset& kit) {
   const QString idprod = kit.text(u"idprod");
   const QString idunid = livre ? kit.text(u"idunid_nprod") : UnidadeProduto(idprod);
   const QString unidade = DescricaoUnidade(idunid);
+  const QString quantidade =  // installations call the column by either name
+      kit.columns().contains(u"QTDE_PROD"_s, Qt::CaseInsensitive) ? u"QTDE_PROD"_s : u"qtde"_s;
   forms::RowBuilder linha;
   linha << (livre ? u"NPROD"_s : CodigoProduto(idprod))
         << (livre ? kit.text(u"DESC_NPROD") : DescricaoProduto(idprod))
-        << kit.format(u"QTDE_PROD", MascaraDecimais(CasasDecimaisUnidade(unidade))) << unidade;
+        << kit.format(quantidade, MascaraDecimais(CasasDecimaisUnidade(unidade))) << unidade;
   return linha.text();
 }
 

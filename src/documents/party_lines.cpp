@@ -19,7 +19,7 @@ html::Quadro Cliente(const QStringList& linhas) {
 
 }  // namespace
 
-QString Parte::Localidade() const { return cidade + u" - "_s + uf + u" - "_s + cep; }
+QString Parte::Localidade() const { return html::juntos({cidade, uf, cep}); }
 
 Parte LeParte(const QString& idclie) {
   const QString texto = EnderecoCliente(idclie);
@@ -32,9 +32,10 @@ Parte LeParte(const QString& idclie) {
 }
 
 QStringList LinhasDaParte(const Parte& parte, const QString& fone, const QString& email) {
-  return {u"Nome: "_s + parte.nome, u"Fone: "_s + fone, u"e-mail: "_s + email,
-          u"Endereço: "_s + parte.endereco + u" - Bairro: "_s + parte.bairro + u" - "_s + parte.Localidade(),
-          u"CNPJ/CPF: "_s + parte.documento + u" - I.E./RG: "_s + parte.inscricao};
+  return {
+      u"Nome: "_s + parte.nome, u"Fone: "_s + fone, u"e-mail: "_s + email,
+      u"Endereço: "_s + html::juntos({parte.endereco + u" - Bairro: "_s + parte.bairro, parte.Localidade()}),
+      u"CNPJ/CPF: "_s + parte.documento + u" - I.E./RG: "_s + parte.inscricao};
 }
 
 QString QuadroCliente(const QStringList& linhas) { return html::quadro(Cliente(linhas)); }

@@ -7,7 +7,7 @@
 
 struct Parte {
   QString nome, endereco, cidade, uf, cep, inscricao, documento, bairro;
-  /// "São Paulo - SP - 01000-000"
+  /// "São Paulo - SP - 01000-000", without what is empty.
   [[nodiscard]] QString Localidade() const;
 };
 /// Name and address of a customer.

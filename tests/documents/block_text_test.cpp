@@ -56,6 +56,10 @@ TEST_F(BlockText, CatalogueModelSortsItsComposition) {
   documento().OrdemComposicao = u"DESCRICAO"_s;
   build(MontaOrcaHTML, 123);
   expectShown(before + u"Areia colorida|Bombom|Flor seca|"_s + after);
+  sql(u"ALTER TABLE prot_kit0 DROP COLUMN qtde_prod"_s);
+  sql(u"UPDATE prot_kit0 SET qtde = 4"_s);
+  build(MontaOrcaHTML, 123);
+  expectShown(u"Areia colorida|4,000|KG|Bombom|4|UN"_s);
   documento().ExibeComposicao = false;
   sql(u"UPDATE prop_cmrc SET obse_prop_cmrc = 'cedo' || char(13, 10) || 'ou tarde' WHERE idprop_cmrc = 123"_s);
   build(MontaOrcaHTML, 123);
@@ -98,12 +102,14 @@ TEST_F(BlockText, DetailTableHidesPricesWithoutAssembly) {
 TEST_F(BlockText, ClosingDetailHasPaymentAndNoLetterhead) {
   for (const QString& model : {u""_s, u"1"_s, u"2"_s, u"3"_s}) {
     parameter(u"MODELO_PROP_CMRC"_s, model);
-    print(124);
-    documento().RsImpressao.close();  // nobody is printing when a quote is closed
+    reiniciaDocumento();  // nobody has printed in this run
     build(MontaDetalheOrcaHTML, 124);
     const QString text = shown();
     EXPECT_TRUE(text.contains(u"Clara Festas Ltda"_s)) << model.toStdString();
     EXPECT_TRUE(written().contains(u"size='1'>41</font>"_s)) << model.toStdString();
+    EXPECT_EQ(text.contains(u"Valor Unit."_s), model == u"2");
+    EXPECT_EQ(written().contains(u"width='100%' style='FONT-SIZE: 8pt"_s), model == u"3");
+    EXPECT_FALSE(written().contains(u" -  - "_s)) << "nothing is known of a contact";
     EXPECT_FALSE(text.contains(u"Acácias"_s) || text.contains(u"Presentes Aurora Ltda\nCNPJ:"_s));
     EXPECT_EQ(text.contains(u"Condições Gerais"_s), model.isEmpty() || model == u"1") << model.toStdString();
   }
@@ -134,7 +140,7 @@ TEST_F(BlockText, PhotosFollowPublicationAndFiles) {
   build(MontaOrcaHTML, 123);
   const QString blank =
       u"|<td align='center'><img border='0' src='http://www.exemplo.com.br/imagens/imagem_branco.jpg'></td>"_s;
-  expectInOrder(link + blank);
+  expectInOrder(u"<tr>            <td width='25%' align='center'>"_s + link + blank);
   EXPECT_EQ(written().count(u"imagem_branco.jpg"_s), 7);
 }
 
