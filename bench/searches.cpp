@@ -57,7 +57,7 @@ void lookingUp() {
   company.fill(articleRows(kCount));
   const struct {
     const char* name;
-    QString (*lookup)(const QString&);
+    Asked<QString> (*lookup)(const QString&);
   } members[] = {{"look up by id", DescricaoProduto}, {"look up by code", IdProdutoPorCodigo}};
   for (const auto& one : members) {
     QStringList keys;
@@ -69,7 +69,7 @@ void lookingUp() {
                       .prepare = [] {},
                       .handler =
                           [&] {
-                            for (const QString& key : keys) static_cast<void>(one.lookup(key));
+                            for (const QString& key : keys) static_cast<void>(one.lookup(key).get());
                           }});
   }
 }

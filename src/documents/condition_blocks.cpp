@@ -34,7 +34,7 @@ QString TextoPagamento(const data::Recordset& orcamento, const QString& id) {
   QString texto =
       orcamento.isNull(u"txt_cond_pgto") ? kCondPagtoPadrao.toString() : orcamento.text(u"txt_cond_pgto");
   // A closed quote is paid by the condition agreed on.
-  if (!DataFechamentoOrcamento(id).isEmpty()) texto = CondPgtoOrcamento(id);
+  if (!DataFechamentoOrcamento(id).get().isEmpty()) texto = CondPgtoOrcamento(id);
   return texto;
 }
 

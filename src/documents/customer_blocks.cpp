@@ -55,7 +55,7 @@ QString DadosClienteOrcaGradeHTML(const QString& id) {
   if (rs.eof()) return {};
   const QString cliente = PegaCampo(EnderecoCliente(rs.text(u"idClie")), 1);
   // The number is an order's once the document being viewed is closed.
-  const bool aberto = DataFechamentoOrcamento(QString::number(documento().IdDocumento)).isEmpty();
+  const bool aberto = DataFechamentoOrcamento(QString::number(documento().IdDocumento)).get().isEmpty();
   const QString atendente = rs.text(u"IDRESV_PROP_CMRC");
   const QString fone = rs.text(u"fone_CLIE");
   grade::Celula nome = grade::rotulada(u"60%"_s, u"Cliente: "_s, cliente);

@@ -84,7 +84,7 @@ QString MontagemItemHTML(const QString& id, const QString& idDetalhe, const QStr
 }
 
 QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QString& caminho) {
-  const bool aberto = DataFechamentoOrcamento(id).isEmpty();
+  const bool aberto = DataFechamentoOrcamento(id).get().isEmpty();
   // A closed quote shows what the customer approved.
   data::Recordset rs = ItensDoOrcamento(id, aberto ? QString() : u" and (Not data_aprov Is Null) "_s);
   if (rs.eof()) return {};

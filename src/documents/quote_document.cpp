@@ -135,7 +135,7 @@ void MontaOrcaHTML(qint32 id, const QString& caminho) {
 
 void MontaOrcaGradeHTML(qint32 id, const QString& caminho) {
   const QString chave = QString::number(id);
-  const bool aberto = DataFechamentoOrcamento(chave).isEmpty();
+  const bool aberto = DataFechamentoOrcamento(chave).get().isEmpty();
   const QString titulo =
       (aberto ? u"Orçamento de Venda - "_s : u"Pedido de Venda - "_s) + NumeroDocumento(id);
   Escreve(kGrade, {chave, caminho, titulo, ComData(titulo, chave)});

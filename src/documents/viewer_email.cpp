@@ -27,7 +27,7 @@ constexpr std::array<Assunto, 4> kAssuntos{{
 /// Prefix of the subject; a null text for an unknown type. A closed quote goes out as an order.
 QString Prefixo(const DocumentValues& valores) {
   if (valores.TipoDocumento == u"ORCA_VENDAS" &&
-      !DataFechamentoOrcamento(QString::number(valores.IdDocumento)).isEmpty())
+      !DataFechamentoOrcamento(QString::number(valores.IdDocumento)).get().isEmpty())
     return u"Pedido - "_s;
   for (const Assunto& assunto : kAssuntos)
     if (valores.TipoDocumento == QStringView(assunto.tipo)) return QString::fromUtf16(assunto.prefixo);
@@ -58,7 +58,7 @@ bool frmPedHTML::escolheCorpo() {
 void frmPedHTML::cmdEnviarEmail_Click() {
   if (!escolheCorpo()) return;
   auto& tela = forms::form<frmEmailOS>();
-  tela.txtCC->setText(EmailEmpresa().toLower());
+  tela.txtCC->setText(EmailEmpresa().get().toLower());
   const QString prefixo = Prefixo(documento());
   if (!prefixo.isNull())
     tela.txtTitulo->setText(prefixo + NumeroDocumento(documento().IdDocumento) + u" - "_s +

@@ -16,7 +16,7 @@ namespace {
 QString enderecos(const QString& usuarios, int quantos) {
   QString lista;
   for (int campo = 2; campo <= quantos + 1; ++campo)
-    lista += EmailUsuario(PegaCampo(usuarios, campo)).toLower() + u", "_s;
+    lista += EmailUsuario(PegaCampo(usuarios, campo)).get().toLower() + u", "_s;
   lista.chop(2);
   return lista;
 }
@@ -62,11 +62,11 @@ void EnviaAvisoWorkFlow(forms::Form& /*tela*/, const QString& evento, const QStr
 
 void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, const QString& assunto,
                         const QString& mensagem, const QString& anexo) {
-  const QString servidor = ServidorEmail().toLower();
-  const QString remetente = EmailEmpresa().toLower();
+  const QString servidor = ServidorEmail().get().toLower();
+  const QString remetente = EmailEmpresa().get().toLower();
   const QString& usuario = remetente;
   // Notices log in with the password in small letters, whatever its case in the company's data.
-  const QString senha = SenhaEmailEmpresa().toLower();
+  const QString senha = SenhaEmailEmpresa().get().toLower();
   if (servidor.isEmpty() && remetente.isEmpty() && usuario.isEmpty() && senha.isEmpty()) return;
 
   mail::MailMessage email;

@@ -66,15 +66,15 @@ void frmEmailOS::Form_Load() {
   AplicaCoresForm(*this);
   CentralizaForm(*this);
   setWindowTitle(QString::fromUtf16(kTitulo) + u" - Envio de E-mail"_s);
-  txtServer->setText(ServidorEmail().toLower());
-  txtMailFrom->setText(EmailOrcamento().toLower());
+  txtServer->setText(ServidorEmail().get().toLower());
+  txtMailFrom->setText(EmailOrcamento().get().toLower());
   txtUsername->setText(txtMailFrom->text());
   txtPassword->setText(SenhaEmailOrcamento());
 
   QString& destinatarios = documento().DestinatariosEmail;
   destinatarios = semVirgulaFinal(destinatarios);
   // The user always gets a copy, as one of the recipients.
-  const QString usuario = EmailUsuario(QString::number(contexto().IdUsuarioAtual)).toLower();
+  const QString usuario = EmailUsuario(QString::number(contexto().IdUsuarioAtual)).get().toLower();
   QString para = destinatarios + u", "_s + usuario;
   if (para.startsWith(u',')) para.remove(0, 2);
   txtPara->setText(para);

@@ -11,7 +11,7 @@ using forms::Event;
 void frmPropCmrcTL::ligaListas() {
   struct Lista {
     forms::Combo* combo;
-    QString (*id)(const QString&);
+    Asked<QString> (*id)(const QString&);
     const char16_t* recusa;
   };
   const Lista listas[] = {
@@ -24,7 +24,7 @@ void frmPropCmrcTL::ligaListas() {
   for (const Lista& lista : listas)
     on(lista.combo, Event::LostFocus, [lista] {
       if (lista.combo->isLocked() || lista.combo->text().isEmpty()) return;
-      if (!lista.id(lista.combo->text()).isEmpty()) return;
+      if (!lista.id(lista.combo->text()).get().isEmpty()) return;
       Aviso(QString::fromUtf16(lista.recusa));
       lista.combo->setText({});
       focus(lista.combo);

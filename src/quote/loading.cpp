@@ -28,7 +28,8 @@ void frmPropCmrcTL::carregaCabecalho(const data::Recordset& rs) {
   const auto texto = [&rs](QStringView coluna, QObject* campo) {
     if (!rs.isNull(coluna)) forms::setControlText(campo, rs.text(coluna));
   };
-  const auto nome = [&rs](QStringView coluna, forms::Combo* combo, QString (*consulta)(const QString&)) {
+  const auto nome = [&rs](QStringView coluna, forms::Combo* combo,
+                          Asked<QString> (*consulta)(const QString&)) {
     if (!rs.isNull(coluna)) combo->setText(consulta(rs.text(coluna)));
   };
   const auto dia = [&rs](QStringView coluna, QObject* campo) {

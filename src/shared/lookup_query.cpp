@@ -7,17 +7,26 @@
 
 using namespace Qt::StringLiterals;
 
-data::Recordset AbreConsulta(const QString& sql) { return contexto().Conexao.query(Maiusculas(sql)); }
+data::Recordset AbreConsulta(const QString& sql, data::Rows linhas) {
+  return contexto().Conexao.query(Maiusculas(sql), linhas);
+}
+
+data::Asked<data::Recordset> PedeConsulta(const QString& sql, data::Rows linhas) {
+  return contexto().Conexao.ask(Maiusculas(sql), linhas);
+}
 
 namespace lookup {
 
 namespace {
 
-QString ask(const Query& query, const QString& key) {
-  QString& sql = contexto().sqlFuncoes;
-  sql = query.before.toString() + key + query.after.toString();
-  const auto rs = AbreConsulta(sql);
-  return rs.eof() ? QString() : rs.text(query.column);
+data::Asked<QString> firstValue(data::Asked<data::Recordset> asked, QStringView column) {
+  const data::Recordset rs = co_await asked;
+  co_return rs.eof() ? QString() : rs.text(column);
+}
+
+data::Asked<QString> ask(const Query& query, const QString& key) {
+  return firstValue(PedeConsulta(query.before.toString() + key + query.after.toString(), data::Rows::First),
+                    query.column);
 }
 
 }  // namespace
@@ -26,11 +35,11 @@ QString quoted(const QString& key) { return u'\'' + Apara(key) + u'\''; }
 
 QString number(const QString& key) { return VirgulaParaPonto(values::toText(LeNumero(key))); }
 
-QString byText(const Query& query, const QString& key) { return ask(query, quoted(key)); }
+data::Asked<QString> byText(const Query& query, const QString& key) { return ask(query, quoted(key)); }
 
-QString byNumber(const Query& query, const QString& key) { return ask(query, number(key)); }
+data::Asked<QString> byNumber(const Query& query, const QString& key) { return ask(query, number(key)); }
 
-QString only(const Query& query) { return ask(query, {}); }
+data::Asked<QString> only(const Query& query) { return ask(query, {}); }
 
 QString asFields(const data::Recordset& rs, const QStringList& columns) {
   QString fields;

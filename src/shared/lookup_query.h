@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "platform/data/asked.h"
 #include "platform/data/recordset.h"
 
 // How every lookup asks: one statement, one column of its first row.
@@ -16,11 +17,11 @@ struct Query {
 };
 
 /// The key goes out in quotes, trimmed.
-[[nodiscard]] QString byText(const Query& query, const QString& key);
+data::Asked<QString> byText(const Query& query, const QString& key);
 /// The key goes out as a bare number.
-[[nodiscard]] QString byNumber(const Query& query, const QString& key);
+data::Asked<QString> byNumber(const Query& query, const QString& key);
 /// A statement without a key.
-[[nodiscard]] QString only(const Query& query);
+data::Asked<QString> only(const Query& query);
 
 /// Forms of a key in a statement.
 [[nodiscard]] QString quoted(const QString& key);

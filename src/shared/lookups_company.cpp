@@ -28,23 +28,23 @@ QString NomeUsuario(const QString& idusen, const QString& atual) {
   }
 }
 
-QString UsuarioAtual(const QString& idusen) {
+Asked<QString> UsuarioAtual(const QString& idusen) {
   return byNumber({u"SELECT * FROM USEN WHERE IDUSEN=", u"usen"}, idusen);
 }
 
-QString IdUsuario(const QString& usen) {
+Asked<QString> IdUsuario(const QString& usen) {
   return byText({u"select idusen from usen where usen=", u"IDUSEN"}, usen);
 }
 
-QString EmailUsuario(const QString& idusen) {
+Asked<QString> EmailUsuario(const QString& idusen) {
   return byNumber({u"select emai_user from usen where idusen=", u"emai_user"}, idusen);
 }
 
-QString ParametroEmpresa(const QString& nome) {
+Asked<QString> ParametroEmpresa(const QString& nome) {
   return only({u"select * from empr_cnfg where nome_para='"_s + AparaDireita(nome) + u"'"_s, u"valo_para"});
 }
 
-QString ServidorEmail() { return only({u"SELECT EMAI_SERV FROM EMPR", u"EMAI_SERV"}); }
+Asked<QString> ServidorEmail() { return only({u"SELECT EMAI_SERV FROM EMPR", u"EMAI_SERV"}); }
 
 namespace {
 
@@ -52,51 +52,53 @@ constexpr const char16_t* kEmpresa = u"SELECT * FROM empr where data_desa is nul
 
 }  // namespace
 
-QString NomeConhecidoEmpresa() { return only({kEmpresa, u"NOME_CONH_EMPR"}); }
+Asked<QString> NomeConhecidoEmpresa() { return only({kEmpresa, u"NOME_CONH_EMPR"}); }
 
-QString EmailEmpresa() { return only({kEmpresa, u"emai_empr"}); }
+Asked<QString> EmailEmpresa() { return only({kEmpresa, u"emai_empr"}); }
 
-QString SenhaEmailEmpresa() { return only({kEmpresa, u"EMAI_EMPR_SENH"}); }
+Asked<QString> SenhaEmailEmpresa() { return only({kEmpresa, u"EMAI_EMPR_SENH"}); }
 
-QString EmailOrcamento() { return only({kEmpresa, u"emai_orca"}); }
+Asked<QString> EmailOrcamento() { return only({kEmpresa, u"emai_orca"}); }
 
-QString SenhaEmailOrcamento() { return only({kEmpresa, u"SENH_EMAI_ORCA"}); }
+Asked<QString> SenhaEmailOrcamento() { return only({kEmpresa, u"SENH_EMAI_ORCA"}); }
 
-QString DadosEmpresaTexto() {
-  return lookup::asFields(AbreConsulta(QString::fromUtf16(kEmpresa)),
-                          {u"nome_empr"_s, u"cnpj_empr"_s, u"ie00_empr"_s, u"ende_coml_empr"_s,
-                           u"cida_coml_empr"_s, u"uf00_coml_empr"_s, u"cep0_coml_empr"_s, u"tele_0001_empr"_s,
-                           u"tele_0002_empr"_s, u"emai_empr"_s, u"http_empr"_s});
+Asked<QString> DadosEmpresaTexto() {
+  static const QStringList kColunas{u"nome_empr"_s,      u"cnpj_empr"_s,      u"ie00_empr"_s,
+                                    u"ende_coml_empr"_s, u"cida_coml_empr"_s, u"uf00_coml_empr"_s,
+                                    u"cep0_coml_empr"_s, u"tele_0001_empr"_s, u"tele_0002_empr"_s,
+                                    u"emai_empr"_s,      u"http_empr"_s};
+  const data::Recordset rs = co_await PedeConsulta(QString::fromUtf16(kEmpresa), data::Rows::First);
+  co_return lookup::asFields(rs, kColunas);
 }
 
-QString IdLocalVenda(const QString& descricao) {
+Asked<QString> IdLocalVenda(const QString& descricao) {
   return byText({u"select idloca_veds from loca_veds where desc_loca_veds=", u"idloca_veds"}, descricao);
 }
 
-QString DescricaoLocalVenda(const QString& id) {
+Asked<QString> DescricaoLocalVenda(const QString& id) {
   return byText({u"select desc_loca_veds from loca_veds where idloca_veds=", u"desc_loca_veds"}, id);
 }
 
-QString IdTipoMarketing(const QString& descricao) {
+Asked<QString> IdTipoMarketing(const QString& descricao) {
   return byText({u"select idtipo_mktg from tipo_mktg where desc_tipo_mktg=", u"idtipo_mktg"}, descricao);
 }
 
-QString DescricaoTipoMarketing(const QString& id) {
+Asked<QString> DescricaoTipoMarketing(const QString& id) {
   return byText({u"select desc_tipo_mktg from tipo_mktg where idtipo_mktg=", u"desc_tipo_mktg"}, id);
 }
 
-QString IdTipoEvento(const QString& descricao) {
+Asked<QString> IdTipoEvento(const QString& descricao) {
   return byText({u"select idtipo_even from tipo_even where desc_tipo_even=", u"idtipo_even"}, descricao);
 }
 
-QString DescricaoTipoEvento(const QString& id) {
+Asked<QString> DescricaoTipoEvento(const QString& id) {
   return byText({u"select desc_tipo_even from tipo_even where idtipo_even=", u"desc_tipo_even"}, id);
 }
 
-QString IdTipoServico(const QString& descricao) {
+Asked<QString> IdTipoServico(const QString& descricao) {
   return byText({u"select idtipo_serv from tipo_serv where desc_tipo_serv=", u"idtipo_serv"}, descricao);
 }
 
-QString DescricaoTipoServico(const QString& id) {
+Asked<QString> DescricaoTipoServico(const QString& id) {
   return byText({u"select desc_tipo_serv from tipo_serv where idtipo_serv=", u"desc_tipo_serv"}, id);
 }

@@ -1,6 +1,5 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
-#include "run/context.h"
 #include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
@@ -11,69 +10,69 @@ using lookup::byText;
 
 // Quotes, orders, payment conditions.
 
-QString ParcelasCondPgto(const QString& idcond_pgto) {
+Asked<QString> ParcelasCondPgto(const QString& idcond_pgto) {
   return byNumber(
       {u"SELECT COND_PGTO.QTDE_PARC FROM COND_PGTO Where (COND_PGTO.IDCOND_PGTO = ", u"qtde_parc", u")"},
       idcond_pgto);
 }
 
-QString DescricaoCondPgto(const QString& idcond_pgto) {
+Asked<QString> DescricaoCondPgto(const QString& idcond_pgto) {
   return byNumber({u"SELECT COND_PGTO.DESC_COND_PGTO FROM COND_PGTO Where (COND_PGTO.IDCOND_PGTO = ",
                    u"desc_cond_pgto", u")"},
                   idcond_pgto);
 }
 
-QString DiasCondPgto(const QString& idcond_pgto) {
-  QString& sql = contexto().sqlFuncoes;
-  sql = u"SELECT * From cond_pgto_deta Where idcond_pgto = "_s + lookup::number(idcond_pgto) +
-        u" order by nume_parc"_s;
+Asked<QString> DiasCondPgto(QString idcond_pgto) {
+  data::Recordset rs = co_await PedeConsulta(u"SELECT * From cond_pgto_deta Where idcond_pgto = "_s +
+                                             lookup::number(idcond_pgto) + u" order by nume_parc"_s);
   QString dias;
-  for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) dias += rs.format(u"qtde_dias", u"000") + u'/';
-  return dias;
+  for (; !rs.eof(); rs.moveNext()) dias += rs.format(u"qtde_dias", u"000") + u'/';
+  co_return dias;
 }
 
-QString IdPedidoPorNumero(const QString& nume_pedi) {
+Asked<QString> IdPedidoPorNumero(const QString& nume_pedi) {
   return byText({u"SELECT idPedi_Veds From pedi_veds Where nume_pedi = ", u"idpedi_veds"}, nume_pedi);
 }
 
-QString NumeroPedidoDoOrcamento(const QString& idprop_cmrc) {
+Asked<QString> NumeroPedidoDoOrcamento(const QString& idprop_cmrc) {
   return byText({u"SELECT nume_pedi, idProp_Cmrc From pedi_veds Where idprop_cmrc = ", u"nume_pedi"},
                 idprop_cmrc);
 }
 
-QString ClienteDoPedido(const QString& idpedi_veds) {
+Asked<QString> ClienteDoPedido(const QString& idpedi_veds) {
   return byNumber({u"SELECT idClie From pedi_veds Where idPedi_Veds = ", u"idClie"}, idpedi_veds);
 }
 
-QString DescontoPedido(const QString& nume_pedi) {
+Asked<QString> DescontoPedido(const QString& nume_pedi) {
   return byText({u"SELECT VALO_DECT From pedi_veds Where nume_pedi = ", u"VALO_DECT"}, nume_pedi);
 }
 
-QString DataPedido(const QString& nume_pedi) {
+Asked<QString> DataPedido(const QString& nume_pedi) {
   return byNumber({u"SELECT data_pedi FROM pedi_veds where nume_pedi=", u"data_pedi"}, nume_pedi);
 }
 
-QString DataFechamentoOrcamento(const QString& idprop_cmrc) {
-  QString& sql = contexto().sqlFuncoes;
-  sql = u"SELECT data_fech From prop_cmrc Where idprop_cmrc = "_s + lookup::quoted(idprop_cmrc);
-  const auto rs = AbreConsulta(sql);
-  return rs.eof() ? QString() : rs.formatDate(u"data_fech", u"dd/mm/yyyy");
+Asked<QString> DataFechamentoOrcamento(QString idprop_cmrc) {
+  const data::Recordset rs = co_await PedeConsulta(
+      u"SELECT data_fech From prop_cmrc Where idprop_cmrc = "_s + lookup::quoted(idprop_cmrc),
+      data::Rows::First);
+  co_return rs.eof() ? QString() : rs.formatDate(u"data_fech", u"dd/mm/yyyy");
 }
 
-QString DescontoOrcamento(const QString& idprop_cmrc) {
+Asked<QString> DescontoOrcamento(const QString& idprop_cmrc) {
   return byText({u"SELECT VALO_DECT From prop_cmrc Where idprop_cmrc = ", u"VALO_DECT"}, idprop_cmrc);
 }
 
-QString CondPgtoOrcamento(const QString& idprop_cmrc) {
+Asked<QString> CondPgtoOrcamento(const QString& idprop_cmrc) {
   return byText({u"SELECT idcond_pgto From prop_cmrc Where idprop_cmrc = ", u"idcond_pgto"}, idprop_cmrc);
 }
 
-QString DataOrcamento(const QString& idprop_cmrc) {
+Asked<QString> DataOrcamento(const QString& idprop_cmrc) {
   return byNumber({u"SELECT data_prop_cmrc FROM prop_cmrc where idprop_cmrc=", u"data_prop_cmrc"},
                   idprop_cmrc);
 }
 
-int PessoasOrcamento(const QString& idprop_cmrc) {
-  return values::toInt16(LeNumero(
-      byNumber({u"select nume_pess from prop_cmrc where idProp_Cmrc = ", u"NUME_PESS"}, idprop_cmrc)));
+Asked<int> PessoasOrcamento(QString idprop_cmrc) {
+  const QString pessoas =
+      co_await byNumber({u"select nume_pess from prop_cmrc where idProp_Cmrc = ", u"NUME_PESS"}, idprop_cmrc);
+  co_return values::toInt16(LeNumero(pessoas));
 }

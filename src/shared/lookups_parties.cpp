@@ -1,6 +1,5 @@
 #include <array>
 
-#include "run/context.h"
 #include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
@@ -11,13 +10,13 @@ using lookup::byText;
 
 // Customers, contacts, salespeople, carriers, suppliers.
 
-QString IdClientePorNome(const QString& nome_pess) {
+Asked<QString> IdClientePorNome(const QString& nome_pess) {
   return byText(
       {u"select clie.idclie from clie, pess where pess.idpess = clie.idpess and pess.nome_pess=", u"idClie"},
       nome_pess);
 }
 
-QString IdClienteContato(const QString& nome_contato, const QString& nome_cliente) {
+Asked<QString> IdClienteContato(const QString& nome_contato, const QString& nome_cliente) {
   const QString cliente = u" AND CLIE.IDPESS IN (SELECT PESS.IDPESS FROM PESS WHERE PESS.NOME_PESS = "_s +
                           lookup::quoted(nome_cliente) + u")"_s;
   return byText({u"SELECT CLIE_CONT.IDCLIE_CONT, CLIE_CONT.NOME_CLIE_CONT, CLIE_CONT.TELE_CLIE_CONT, "
@@ -27,7 +26,7 @@ QString IdClienteContato(const QString& nome_contato, const QString& nome_client
                 nome_contato);
 }
 
-QString IdPessoaContato(const QString& nome_contato, const QString& nome_cliente) {
+Asked<QString> IdPessoaContato(const QString& nome_contato, const QString& nome_cliente) {
   const QString cliente = u" AND PESS.NOME_PESS = "_s + lookup::quoted(nome_cliente);
   return byText({u"SELECT PESS_CONT.IDPESS_CONT, PESS_CONT.NOME_PESS_CONT, PESS_CONT.TELE_PESS_CONT, "
                  "PESS_CONT.EMAI_PESS_CONT FROM PESS, PESS_CONT WHERE PESS_CONT.IDPESS = PESS.IDPESS "
@@ -36,31 +35,31 @@ QString IdPessoaContato(const QString& nome_contato, const QString& nome_cliente
                 nome_contato);
 }
 
-QString IdPessoaPorNome(const QString& nome_pess) {
+Asked<QString> IdPessoaPorNome(const QString& nome_pess) {
   return byText({u"select idpess from pess where pess.nome_pess=", u"IDPESS"}, nome_pess);
 }
 
-QString FonesCliente(const QString& idclie) {
-  constexpr std::array kColumns{u"TELE_0001_PESS", u"TELE_0002_PESS", u"FAX0_0001_PESS", u"FAX0_0002_PESS"};
+Asked<QString> FonesCliente(QString idclie) {
+  static constexpr std::array kColumns{u"TELE_0001_PESS", u"TELE_0002_PESS", u"FAX0_0001_PESS",
+                                       u"FAX0_0002_PESS"};
   constexpr qsizetype kLongest = 50;  // what the field of a quote takes
-  QString& sql = contexto().sqlFuncoes;
-  sql =
+  const data::Recordset rs = co_await PedeConsulta(
       u"SELECT pess.TELE_0001_PESS, pess.TELE_0002_PESS, pess.FAX0_0001_PESS, pess.FAX0_0002_PESS "
       "from clie, pess where pess.idpess = clie.idpess and clie.idclie = "_s +
-      lookup::quoted(idclie);
-  const auto rs = AbreConsulta(sql);
+          lookup::quoted(idclie),
+      data::Rows::First);
   QString fones;
-  if (rs.eof()) return fones;
+  if (rs.eof()) co_return fones;
   for (const char16_t* column : kColumns) {
     const QString fone = Apara(rs.text(column));
     const QString junto = fones.isEmpty() ? fone : fones + u" / "_s + fone;
     // A number is given whole or not at all: half of one would be dialled.
     if (!fone.isEmpty() && junto.size() <= kLongest) fones = junto;
   }
-  return fones;
+  co_return fones;
 }
 
-QString EmailCliente(const QString& idclie) {
+Asked<QString> EmailCliente(const QString& idclie) {
   return byText({u"SELECT pess.EMAI_PESS from clie, pess where pess.idpess = clie.idpess and clie.idclie = ",
                  u"EMAI_PESS"},
                 idclie);
@@ -68,7 +67,7 @@ QString EmailCliente(const QString& idclie) {
 
 namespace {
 
-QString contactColumn(const QString& idpess_cont, const char16_t* column) {
+Asked<QString> contactColumn(const QString& idpess_cont, const char16_t* column) {
   return byNumber({u"SELECT PESS_CONT.IDPESS_CONT, PESS_CONT.TELE_PESS_CONT, PESS_CONT.EMAI_PESS_CONT "
                    "FROM PESS, PESS_CONT Where PESS_CONT.idPESS = PESS.idPESS And (PESS_CONT.IDPESS_CONT = ",
                    column, u")"},
@@ -77,78 +76,81 @@ QString contactColumn(const QString& idpess_cont, const char16_t* column) {
 
 }  // namespace
 
-QString FoneContato(const QString& idpess_cont) { return contactColumn(idpess_cont, u"tele_pess_cont"); }
+Asked<QString> FoneContato(const QString& idpess_cont) {
+  return contactColumn(idpess_cont, u"tele_pess_cont");
+}
 
-QString EmailContato(const QString& idpess_cont) { return contactColumn(idpess_cont, u"emai_pess_cont"); }
+Asked<QString> EmailContato(const QString& idpess_cont) {
+  return contactColumn(idpess_cont, u"emai_pess_cont");
+}
 
-QString EnderecoCliente(const QString& idclie) {
-  QString& sql = contexto().sqlFuncoes;
-  sql =
+Asked<QString> EnderecoCliente(QString idclie) {
+  const data::Recordset rs = co_await PedeConsulta(
       u"select pess.nome_pess, pess.ende_coml_pess, pess.cida_coml_pess, pess.uf00_coml_pess, "
       "pess.cep0_coml_pess, pess.rg00_ie00, pess.cpf0_cnpj, pess.bair_coml_pess from clie, pess "
       "where pess.idpess = clie.idpess and clie.idclie = "_s +
-      lookup::quoted(idclie);
-  const auto rs = AbreConsulta(sql);
-  return lookup::asFields(rs, rs.columns());
+          lookup::quoted(idclie),
+      data::Rows::First);
+  co_return lookup::asFields(rs, rs.columns());
 }
 
-QString IdVendedor(const QString& nome_conh) {
+Asked<QString> IdVendedor(const QString& nome_conh) {
   return byText(
       {u"select vend.idvend from vend, pess where pess.idpess = vend.idpess and pess.nome_conh=", u"idvend"},
       nome_conh);
 }
 
-QString NomeVendedor(const QString& idvend) {
+Asked<QString> NomeVendedor(const QString& idvend) {
   return byNumber({u"SELECT nome_conh From vend Where idVend = ", u"NOME_CONH"}, idvend);
 }
 
-QString NomeConhecidoVendedor(const QString& idvend) {
+Asked<QString> NomeConhecidoVendedor(const QString& idvend) {
   return byNumber(
       {u"select pess.nome_conh from pess, vend where pess.idpess = vend.idpess and vend.idvend = ",
        u"NOME_CONH"},
       idvend);
 }
 
-QString IdTransportadora(const QString& nome_conh) {
+Asked<QString> IdTransportadora(const QString& nome_conh) {
   return byText(
       {u"select trpt.idtrpt from trpt, pess where pess.idpess = trpt.idpess and pess.nome_conh=", u"idtrpt"},
       nome_conh);
 }
 
-QString NomeTransportadora(const QString& idtrpt) {
+Asked<QString> NomeTransportadora(const QString& idtrpt) {
   return byText({u"select pess.nome_pess from trpt, pess where pess.idpess = trpt.idpess and trpt.idtrpt = ",
                  u"NOME_PESS"},
                 idtrpt);
 }
 
-QString FoneTransportadora(const QString& idtrpt) {
+Asked<QString> FoneTransportadora(const QString& idtrpt) {
   return byText(
       {u"select pess.tele_0001_pess from trpt, pess where pess.idpess = trpt.idpess and trpt.idtrpt = ",
        u"TELE_0001_PESS"},
       idtrpt);
 }
 
-QString NomeConhecidoTransportadora(const QString& idtrpt) {
+Asked<QString> NomeConhecidoTransportadora(const QString& idtrpt) {
   return byNumber(
       {u"select pess.nome_conh from pess, trpt where pess.idpess = trpt.idpess and trpt.idtrpt = ",
        u"NOME_CONH"},
       idtrpt);
 }
 
-QString FoneTransportadoraPorId(const QString& idtrpt) {
+Asked<QString> FoneTransportadoraPorId(const QString& idtrpt) {
   return byNumber(
       {u"select pess.tele_0001_pess from pess, trpt where pess.idpess = trpt.idpess and trpt.idtrpt = ",
        u"TELE_0001_PESS"},
       idtrpt);
 }
 
-QString IdFornecedor(const QString& nome_pess) {
+Asked<QString> IdFornecedor(const QString& nome_pess) {
   return byText(
       {u"select forn.idforn from forn, pess where pess.idpess = forn.idpess and pess.nome_pess=", u"idforn"},
       nome_pess);
 }
 
-QString NomeFornecedor(const QString& idforn) {
+Asked<QString> NomeFornecedor(const QString& idforn) {
   return byText({u"select pess.nome_pess from forn, pess where pess.idpess = forn.idpess and forn.idforn = ",
                  u"NOME_PESS"},
                 idforn);

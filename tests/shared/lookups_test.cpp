@@ -1,5 +1,7 @@
 #include "shared/lookups.h"
 
+#include <functional>
+
 #include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
@@ -25,7 +27,7 @@ class Lookups : public support::Company {
 
 struct Member {
   const char* name;
-  QString (*call)(const QString&);
+  std::function<QString(const QString&)> call;
   QString key, found;
 };
 #define MEMBER(function, key, found) \

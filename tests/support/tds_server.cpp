@@ -6,6 +6,7 @@
 
 #include <QRegularExpression>
 #include <QtEndian>
+#include <chrono>
 #include <optional>
 
 #include "platform/data/engine.h"
@@ -45,20 +46,26 @@ class Session {
  private:
   QByteArray receiveBytes(std::size_t count) const;
   Message receive() const;
-  void send(const QByteArray& body) const;
+  /// whole: nothing comes behind it.
+  void send(const QByteArray& body, bool whole = true) const;
   void answer(const Message& message);
-  void faultOn(const QString& statement);
+  [[noreturn]] void beSilent() const;
+  void faultOn(const QString& statement) const;
 
   void logIn(const QByteArray& message);
-  void runBatch(QString sql);
+  void runRequest(const QString& text);
+  void runStatement(const QString& sql, tds::Response& response, bool more);
   void runTransaction(const tds::TransactionRequest& request);
   void begin(tds::Response& response);
-  void execute(const QString& sql, tds::Response& response);
+  void rollBack(tds::Response& response, const QString& why);
+  /// half: its result ends in the middle.
+  void execute(const QString& sql, tds::Response& response, bool more, bool half);
 
   TdsServer& server_;
   int socket_;
   std::unique_ptr<data::Engine> engine_;
   quint64 transaction_ = 0;
+  qint64 limit_ = 0;  // SET ROWCOUNT; 0: none
 };
 
 QByteArray Session::receiveBytes(std::size_t count) const {
@@ -80,14 +87,15 @@ Message Session::receive() const {
   }
 }
 
-void Session::send(const QByteArray& body) const {
+void Session::send(const QByteArray& body, bool whole) const {
+  std::this_thread::sleep_for(std::chrono::milliseconds(server_.delay()));
   constexpr qsizetype kPacket = 4096 - 8;
   QByteArray bytes;
   for (qsizetype at = 0; at < body.size(); at += kPacket) {
     const QByteArray part = body.mid(at, kPacket);
     QByteArray header(8, '\0');
     header[0] = static_cast<char>(Packet::Response);
-    header[1] = at + kPacket >= body.size() ? 1 : 0;
+    header[1] = whole && at + kPacket >= body.size() ? 1 : 0;
     qToBigEndian(static_cast<quint16>(part.size() + 8), header.data() + 2);
     bytes += header + part;
   }
@@ -96,30 +104,30 @@ void Session::send(const QByteArray& body) const {
     throw Ended();
 }
 
-void Session::faultOn(const QString& statement) {
-  switch (server_.actOn(statement)) {
-    case TdsServer::Act::Answer:
-      return;
-    case TdsServer::Act::Cut:
-      throw Ended();
-    case TdsServer::Act::Silence:
-      while (true) (void)receiveBytes(1);
-  }
+void Session::beSilent() const {
+  while (true) (void)receiveBytes(1);
+}
+
+void Session::faultOn(const QString& statement) const {
+  const TdsServer::Act act = server_.actOn(statement);
+  if (act == TdsServer::Act::Silence) beSilent();
+  if (act != TdsServer::Act::Answer) throw Ended();
 }
 
 void Session::answer(const Message& message) {
   tds::Response response;
+  if (message.type != Packet::Prelogin && message.type != Packet::Login) server_.countRequest();
   switch (message.type) {
     case Packet::Prelogin:
       return send(tds::preloginAnswer());
     case Packet::Login:
       return logIn(message.body);
     case Packet::Batch:
-      return runBatch(tds::parseBatch(message.body));
+      return runRequest(tds::throughCodePage(tds::parseBatch(message.body)));
     case Packet::Transaction:
       return runTransaction(tds::parseTransaction(message.body));
     case Packet::Attention:
-      response.done(0, false, true);
+      response.done(tds::Response::End::Attention);
       return send(response.bytes());
     default:
       response.refuse(2812, u"Could not find stored procedure."_s);
@@ -138,24 +146,68 @@ void Session::logIn(const QByteArray& message) {
   } else {
     engine_ = data::openEmbedded(server_.databasePath());
     response.loginAcknowledged(login.database);
-    response.done();
+    response.done(tds::Response::End::Plain);
   }
   send(response.bytes());
 }
 
-void Session::runBatch(QString sql) {
-  faultOn(sql);
+/// Whether a quote is left open; those in a comment don't count.
+bool leavesQuoteOpen(const QString& text) {
+  bool open = false;
+  for (const QString& line : text.split(u'\n')) {
+    for (qsizetype at = 0; at < line.size(); ++at) {
+      if (!open && QStringView(line).sliced(at).startsWith(u"--")) break;
+      if (line[at] == u'\'') open = !open;
+    }
+  }
+  return open;
+}
+
+/// The statements of a request: each begins a line outside quotes.
+QStringList statementsOf(const QString& text) {
+  static const QRegularExpression kBegin(u"\\A(select|insert|update|delete|set)\\b"_s,
+                                         QRegularExpression::CaseInsensitiveOption);
+  QStringList statements;
+  bool quoted = false;
+  for (const QString& line : text.split(u'\n')) {
+    if (statements.isEmpty() || (!quoted && kBegin.match(line).hasMatch()))
+      statements << line;
+    else
+      statements.last() += u'\n' + line;
+    if (line.count(u'\'') % 2 == 1) quoted = !quoted;
+  }
+  return statements;
+}
+
+void Session::runRequest(const QString& text) {
   tds::Response response;
   try {
-    execute(tds::throughCodePage(sql), response);
+    if (leavesQuoteOpen(text))
+      throw values::RuntimeError(values::kStatementFailed, u"Unclosed quotation mark."_s);
+    const QStringList statements = statementsOf(text);
+    for (qsizetype i = 0; i < statements.size(); ++i)
+      runStatement(statements[i], response, i + 1 < statements.size());
   } catch (const values::RuntimeError& error) {
-    if (transaction_ != 0) engine_->execute(u"ROLLBACK"_s);
-    response.error(245, error.text());
-    if (transaction_ != 0)
-      response.transactionChanged(tds::Environment::Rollback, std::exchange(transaction_, 0));
-    response.done(0, true);
+    rollBack(response, error.text());
   }
   send(response.bytes());
+}
+
+void Session::runStatement(const QString& sql, tds::Response& response, bool more) {
+  const TdsServer::Act act = server_.actOn(sql);
+  if (act == TdsServer::Act::Silence) beSilent();
+  if (act != TdsServer::Act::Cut) execute(sql, response, more, act == TdsServer::Act::CutInside);
+  if (act == TdsServer::Act::Answer) return;
+  send(response.bytes(), false);
+  throw Ended();
+}
+
+void Session::rollBack(tds::Response& response, const QString& why) {
+  if (transaction_ != 0) engine_->run({u"ROLLBACK"_s});
+  response.error(245, why);
+  if (transaction_ != 0)
+    response.transactionChanged(tds::Environment::Rollback, std::exchange(transaction_, 0));
+  response.done(tds::Response::End::Failed);
 }
 
 /// How a column of a result travels: by the schema's column of that name, else by its first value.
@@ -175,11 +227,15 @@ tds::Column wireColumn(const QString& name, const QString& sql, const data::Reco
   return {name, whole ? tds::Type::Integer : tds::Type::Text};
 }
 
-/// The embedded file's statements for one of the server's; what only sets an option there is nothing here.
-QStringList embeddedStatements(const QString& sql) {
+/// The embedded file's statements for one of the server's, under a limit on the rows.
+QStringList embeddedStatements(const QString& sql, qint64 limit) {
   static const QRegularExpression kCreate(u"\\A\\s*CREATE TABLE (\\w+)"_s,
                                           QRegularExpression::CaseInsensitiveOption);
-  if (sql.trimmed().startsWith("SET "_L1, Qt::CaseInsensitive)) return {};
+  static const QRegularExpression kUpdate(u"\\A(UPDATE (\\w+) SET .*)(WHERE .*)\\z"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+  if (const auto update = kUpdate.match(sql); limit > 0 && update.hasMatch())
+    return {u"%1 WHERE rowid IN (SELECT rowid FROM %2 %3 LIMIT %4)"_s.arg(
+        update.captured(1), update.captured(2), update.captured(3), QString::number(limit))};
   const auto create = kCreate.match(sql);
   const schema::Table* table = create.hasMatch() ? schema::find(create.captured(1)) : nullptr;
   if (!table) return {sql};
@@ -188,18 +244,23 @@ QStringList embeddedStatements(const QString& sql) {
   return statements;
 }
 
-void Session::execute(const QString& sql, tds::Response& response) {
-  for (const QString& statement : embeddedStatements(sql)) {
-    data::Recordset result = engine_->query(statement);
+void Session::execute(const QString& sql, tds::Response& response, bool more, bool half) {
+  static const QRegularExpression kLimit(u"\\ASET ROWCOUNT (\\d+)"_s);
+  using End = tds::Response::End;
+  if (const auto limit = kLimit.match(sql); limit.hasMatch()) limit_ = limit.captured(1).toLongLong();
+  if (sql.startsWith("SET "_L1, Qt::CaseInsensitive)) return response.done(End::Plain, 0, more);
+  for (const QString& statement : embeddedStatements(sql, limit_)) {
+    data::Recordset result = engine_->run({statement});
     if (!result.isOpen()) continue;
     std::vector<tds::Column> columns;
     for (const QString& name : result.columns()) columns.push_back(wireColumn(name, statement, result));
     response.columns(columns);
-    const qint64 rows = result.count();
-    for (; !result.eof(); result.moveNext()) response.row(columns, result);
-    return response.done(rows);
+    qint64 rows = limit_ > 0 ? qMin<qint64>(limit_, result.count()) : result.count();
+    if (half) rows /= 2;
+    for (qint64 row = 0; row < rows; ++row, result.moveNext()) response.row(columns, result);
+    return half ? void() : response.done(End::Counted, rows, more);
   }
-  response.done();
+  if (!half) response.done(End::Counted, 0, more);
 }
 
 void Session::begin(tds::Response& response) {
@@ -219,12 +280,12 @@ void Session::runTransaction(const tds::TransactionRequest& request) {
     return send(response.bytes());
   } else {
     faultOn(commits ? u"COMMIT"_s : u"ROLLBACK"_s);
-    engine_->execute(commits ? u"COMMIT"_s : u"ROLLBACK"_s);
+    engine_->run({commits ? u"COMMIT"_s : u"ROLLBACK"_s});
     response.transactionChanged(commits ? tds::Environment::Commit : tds::Environment::Rollback,
                                 std::exchange(transaction_, 0));
     if (request.beginsAnother) begin(response);
   }
-  response.done();
+  response.done(tds::Response::End::Plain);
   send(response.bytes());
 }
 

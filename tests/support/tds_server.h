@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -13,11 +14,14 @@ namespace support {
 
 /// A small server on loopback that speaks the server's protocol, the embedded engine behind it. It takes the
 /// server's dialect of CREATE TABLE for the tables of the schema. As on the server, a failing statement rolls
-/// its transaction back, and texts are in code page 1252. One thread for each connection.
+/// its transaction back and ends its request, an odd quote refuses the whole request, SET ROWCOUNT stays
+/// until it is lifted, and texts are in code page 1252. In a request of several statements each stands on a
+/// line of its own. One thread for each connection.
 class TdsServer {
  public:
-  /// What becomes of a statement: it is answered, the connection is cut, or no answer ever comes.
-  enum class Act { Answer, Cut, Silence };
+  /// What becomes of a statement: it is answered, the connection is cut in front of its result or in the
+  /// middle of it, or no answer ever comes.
+  enum class Act { Answer, Cut, CutInside, Silence };
 
   static constexpr char16_t User[] = u"vendas";
   static constexpr char16_t Password[] = u"Segredo1";
@@ -36,6 +40,12 @@ class TdsServer {
   /// Asked before every statement, "LOGIN", "BEGIN", "COMMIT" and "ROLLBACK" among them.
   void setFault(std::function<Act(const QString&)> fault);
   [[nodiscard]] Act actOn(const QString& statement);
+  /// How many requests came since the last call: messages of the client's behind the login.
+  [[nodiscard]] int requests() { return requests_.exchange(0); }
+  void countRequest() { ++requests_; }
+  /// Waits so many milliseconds before each answer, as a network does.
+  void setDelay(int milliseconds) { delay_ = milliseconds; }
+  [[nodiscard]] int delay() const { return delay_; }
   /// Closes the listening socket and all connections, as a server that is switched off.
   void stop();
 
@@ -45,6 +55,8 @@ class TdsServer {
   QTemporaryDir folder_;
   int listener_ = -1;
   quint16 port_ = 0;
+  std::atomic<int> requests_ = 0;
+  std::atomic<int> delay_ = 0;
   std::mutex guard_;
   std::function<Act(const QString&)> fault_;
   std::vector<int> sockets_;

@@ -217,12 +217,13 @@ void Response::error(qint32 number, const QString& text) {
 
 void Response::refuse(qint32 number, const QString& text) {
   error(number, text);
-  done(0, true);
+  done(End::Failed);
 }
 
-void Response::done(qint64 rows, bool failed, bool attention) {
+void Response::done(End end, qint64 rows, bool more) {
+  constexpr quint16 kMore = 0x0001;
   put<quint8>(bytes_, kDone);
-  put<quint16>(bytes_, static_cast<quint16>((failed ? 0x0002 : 0x0010) | (attention ? 0x0020 : 0)));
+  put(bytes_, static_cast<quint16>(static_cast<quint16>(end) | (more ? kMore : 0)));
   put<quint16>(bytes_, 0);
   put(bytes_, rows);
 }

@@ -47,7 +47,10 @@ class Response {
   void error(qint32 number, const QString& text);
   /// An error and the end of the response.
   void refuse(qint32 number, const QString& text);
-  void done(qint64 rows = 0, bool failed = false, bool attention = false);
+  /// How a statement ended: with a count, without one (a setting), or by an error; or an attention's answer.
+  enum class End : quint16 { Counted = 0x0010, Plain = 0, Failed = 0x0002, Attention = 0x0020 };
+  /// more: the result of another statement follows.
+  void done(End end, qint64 rows = 0, bool more = false);
   [[nodiscard]] const QByteArray& bytes() const { return bytes_; }
 
  private:

@@ -2,90 +2,43 @@
 
 #include <utility>
 
-#include "platform/data/engine.h"
-#include "platform/data/one_statement.h"
-#include "platform/files/paths.h"
-
-using namespace Qt::StringLiterals;
+#include "platform/data/session.h"
 
 namespace data {
 
-namespace {
-
-/// Value of a key of a connection string, empty without it.
-QString keyValue(const QString& connectionString, QStringView key) {
-  for (const QString& pair : connectionString.split(u';')) {
-    const qsizetype equals = pair.indexOf(u'=');
-    if (equals >= 0 && QStringView(pair).first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
-      return pair.sliced(equals + 1).trimmed();
-  }
-  return {};
-}
-
-}  // namespace
-
-Connection::Connection() = default;
+Connection::Connection() : session_(std::make_unique<Session>()) {}
 Connection::~Connection() = default;
-Connection::Connection(Connection&&) noexcept = default;
-Connection& Connection::operator=(Connection&&) noexcept = default;
+Connection::Connection(Connection&& other) noexcept : Connection() { std::swap(session_, other.session_); }
+Connection& Connection::operator=(Connection&& other) noexcept {
+  std::swap(session_, other.session_);
+  other.session_ = std::make_unique<Session>();  // what was here ends
+  return *this;
+}
 
 void Connection::open(const QString& connectionString, int timeout) {
-  close();
-  if (keyValue(connectionString, u"server").compare(u"(embutido)", Qt::CaseInsensitive) == 0)
-    engine_ = openEmbedded(files::resolve(keyValue(connectionString, u"database")));
-  else
-    engine_ = openOdbc(connectionString, timeout);
+  session_->open(connectionString, timeout);
 }
 
-bool Connection::isOpen() const { return engine_ != nullptr; }
+bool Connection::isOpen() const { return session_->isOpen(); }
 
-void Connection::close() {
-  const auto engine = std::exchange(engine_, nullptr);
-  inTransaction_ = false;
-  failure_.reset();
-  if (engine) engine->close();
+void Connection::close() { session_->close(); }
+
+void Connection::execute(const QString& sql) { session_->run({sql}); }
+
+Recordset Connection::query(const QString& sql, Rows rows) { return session_->run({sql, rows}); }
+
+std::vector<Recordset> Connection::batch(const std::vector<Statement>& statements) {
+  return session_->batch(statements);
 }
 
-template <typename Run>
-auto Connection::guarded(const QString& statement, Run run) {
-  if (failure_) throw values::RuntimeError(*failure_);
-  if (!engine_) values::raise(values::kClosedObject);
-  if (listener_) listener_(statement);
-  try {
-    return run();
-  } catch (const values::RuntimeError& error) {
-    // The server may have rolled the transaction back: what came now would commit by itself.
-    if (inTransaction_ || error.number() == values::kConnectionFailed) failure_ = error;
-    throw;
-  }
-}
+Asked<Recordset> Connection::ask(QString sql, Rows rows) { return session_->ask({std::move(sql), rows}); }
 
-void Connection::execute(const QString& sql) {
-  guarded(sql, [&] {
-    requireOneStatement(sql);
-    engine_->execute(sql);
-  });
-}
+void Connection::begin() { session_->begin(); }
 
-Recordset Connection::query(const QString& sql) {
-  return guarded(sql, [&] {
-    requireOneStatement(sql);
-    return engine_->query(sql);
-  });
-}
-
-void Connection::begin() {
-  inTransaction_ = true;  // a begin that fails counts too: what came behind it would commit by itself
-  guarded(u"BEGIN"_s, [&] { engine_->begin(); });
-}
-
-void Connection::commit() {
-  guarded(u"COMMIT"_s, [&] { engine_->commit(); });
-  inTransaction_ = false;
-}
+void Connection::commit() { session_->commit(); }
 
 void Connection::setListener(std::function<void(const QString&)> listener) {
-  listener_ = std::move(listener);
+  session_->setListener(std::move(listener));
 }
 
 }  // namespace data

@@ -3,14 +3,16 @@
 #include <QString>
 #include <functional>
 #include <memory>
-#include <optional>
+#include <vector>
 
+#include "platform/data/asked.h"
 #include "platform/data/recordset.h"
+#include "platform/data/statement.h"
 #include "platform/values/runtime_error.h"
 
 namespace data {
 
-class Engine;
+class Session;
 
 /// The one database connection. The string decides the engine: "server=(embutido)" is the embedded file named
 /// by "database=", anything else goes to the ODBC driver manager. A statement that fails raises
@@ -33,8 +35,15 @@ class Connection {
 
   /// Runs a statement that gives no rows.
   void execute(const QString& sql);
-  /// Runs a statement and reads its result whole.
-  [[nodiscard]] Recordset query(const QString& sql);
+  /// Runs a statement and reads its result whole, or its first row.
+  [[nodiscard]] Recordset query(const QString& sql, Rows rows = Rows::All);
+  /// Runs statements in their order and gives a result for each, a closed one where there are no columns. To
+  /// a server they go in one request for every 2,000. Ends at the first that fails, which the BatchError
+  /// names; what stands behind it does not count as run.
+  std::vector<Recordset> batch(const std::vector<Statement>& statements);
+  /// A statement whose answer may wait for that of others, to travel with them: see asked.h. An engine that
+  /// has no network to cross answers at once.
+  [[nodiscard]] Asked<Recordset> ask(QString sql, Rows rows = Rows::All);
 
   /// Takes the write lock at once on the embedded file.
   void begin();
@@ -44,14 +53,7 @@ class Connection {
   void setListener(std::function<void(const QString&)> listener);
 
  private:
-  /// Tells the listener of a statement and runs it; keeps an error that ends the use of the connection.
-  template <typename Run>
-  auto guarded(const QString& statement, Run run);
-
-  std::unique_ptr<Engine> engine_;
-  bool inTransaction_ = false;
-  std::optional<values::RuntimeError> failure_;
-  std::function<void(const QString&)> listener_;
+  std::unique_ptr<Session> session_;
 };
 
 }  // namespace data

@@ -17,7 +17,7 @@ namespace {
 struct FinalizeStatement {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
-using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+using Prepared = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 /// Frees the locks of a statement when its rows have been read, or an error ended it.
 class Reset {
@@ -36,7 +36,7 @@ enum class Reading { Plain, Date };
 
 /// A compiled statement with what is known of its result.
 struct Compiled {
-  Statement statement;
+  Prepared statement;
   QStringList columns;
   std::vector<Reading> readings;
   int compiledAnew = 0;  // how often the library compiled it again since a table changed
@@ -80,19 +80,18 @@ class EmbeddedEngine final : public Engine {
  public:
   explicit EmbeddedEngine(QString path);
 
-  void execute(const QString& sql) override;
-  Recordset query(const QString& sql) override;
-  void begin() override { execute(u"BEGIN IMMEDIATE"_s); }
-  void commit() override { execute(u"COMMIT"_s); }
+  Recordset run(const Statement& statement) override;
+  void begin() override { run({u"BEGIN IMMEDIATE"_s}); }
+  void commit() override { run({u"COMMIT"_s}); }
 
  private:
-  Recordset run(const QString& sql);
+  Recordset runText(const QString& sql, Rows rows);
   /// The one statement of a text, which may be empty; raises where there is a second one.
   Compiled compile(const QString& sql);
-  Statement prepare(QByteArrayView& text);
+  Prepared prepare(QByteArrayView& text);
   /// The kept statement of a template, with its values bound.
   Compiled& keptStatement(const Template& form);
-  Recordset readAll(Compiled& compiled);
+  Recordset readRows(Compiled& compiled, Rows rows);
   Recordset lastIdentity(const QString& column);
   [[noreturn]] void fail() const;
 
@@ -108,14 +107,14 @@ void EmbeddedEngine::fail() const {
 }
 
 /// The next statement of a text, which loses it.
-Statement EmbeddedEngine::prepare(QByteArrayView& text) {
+Prepared EmbeddedEngine::prepare(QByteArrayView& text) {
   sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
   if (sqlite3_prepare_v2(database_.get(), text.data(), static_cast<int>(text.size()), &statement, &rest) !=
       SQLITE_OK)
     fail();
   text = text.sliced(rest - text.data());
-  return Statement(statement);
+  return Prepared(statement);
 }
 
 Compiled EmbeddedEngine::compile(const QString& sql) {
@@ -149,7 +148,7 @@ Compiled& EmbeddedEngine::keptStatement(const Template& form) {
   return found->second;
 }
 
-Recordset EmbeddedEngine::readAll(Compiled& compiled) {
+Recordset EmbeddedEngine::readRows(Compiled& compiled, Rows rows) {
   sqlite3_stmt* statement = compiled.get();
   const Reset reset(statement);
   int outcome = sqlite3_step(statement);
@@ -161,7 +160,7 @@ Recordset EmbeddedEngine::readAll(Compiled& compiled) {
   const auto width = static_cast<int>(compiled.columns.size());
   ResultValues values;
   // A column's value may be read itself, for the library was opened without locks of its own.
-  for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement))
+  for (; outcome == SQLITE_ROW; outcome = rows == Rows::All ? sqlite3_step(statement) : SQLITE_DONE)
     for (int column = 0; column < width; ++column)
       read(sqlite3_column_value(statement, column), compiled.readings[static_cast<std::size_t>(column)],
            values);
@@ -179,21 +178,19 @@ Recordset EmbeddedEngine::lastIdentity(const QString& column) {
   return {QStringList{column}, std::move(values)};
 }
 
-Recordset EmbeddedEngine::run(const QString& sql) {
+Recordset EmbeddedEngine::runText(const QString& sql, Rows rows) {
   const QString text = toEmbeddedDialect(sql);
-  if (const auto form = templateOf(text)) return readAll(keptStatement(*form));
+  if (const auto form = templateOf(text)) return readRows(keptStatement(*form), rows);
   Compiled compiled = compile(text);
   if (!compiled.get()) return {};
   if (sqlite3_bind_parameter_count(compiled.get()) > 0)
     throw values::RuntimeError(values::kStatementFailed, u"A instrução tem uma variável sem valor."_s);
-  return readAll(compiled);
+  return readRows(compiled, rows);
 }
 
-void EmbeddedEngine::execute(const QString& sql) { run(sql); }
-
-Recordset EmbeddedEngine::query(const QString& sql) {
-  if (const auto column = identityColumn(sql)) return lastIdentity(*column);
-  return run(sql);
+Recordset EmbeddedEngine::run(const Statement& statement) {
+  if (const auto column = identityColumn(statement.sql)) return lastIdentity(*column);
+  return runText(statement.sql, statement.rows);
 }
 
 }  // namespace

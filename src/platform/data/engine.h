@@ -2,8 +2,11 @@
 
 #include <QString>
 #include <memory>
+#include <span>
+#include <vector>
 
 #include "platform/data/recordset.h"
+#include "platform/data/statement.h"
 
 namespace data {
 
@@ -11,8 +14,12 @@ namespace data {
 class Engine {
  public:
   virtual ~Engine() = default;
-  virtual void execute(const QString& sql) = 0;
-  [[nodiscard]] virtual Recordset query(const QString& sql) = 0;
+  /// A closed recordset for a statement without columns.
+  virtual Recordset run(const Statement& statement) = 0;
+  /// Whether several statements travel in one request, by runTogether.
+  [[nodiscard]] virtual bool sendsTogether() const { return false; }
+  /// Adds a result for each statement, in their order, up to the first that fails.
+  virtual void runTogether(std::span<const Statement>, std::vector<Recordset>&) {}
   virtual void begin() = 0;
   virtual void commit() = 0;
   /// Before it goes: ends what is open, and raises what the database says against it.
@@ -40,6 +47,7 @@ class Engine {
 // | WHERE                                                 |                                                            |
 // | decimals are cut to 6 places, texts too long refused  | decimals stand as given, texts of any length are taken     |
 // | begin takes locks as rows are written                 | begin takes the write lock of the file at once             |
+// | SET ROWCOUNT cuts a result to its first row           | its other rows are not read                                |
 // clang-format on
 
 /// The embedded file on the SQLite library. Raises -2147467259 when the file is missing, not a database,

@@ -4,10 +4,12 @@
 #include <QSqlField>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <algorithm>
 #include <atomic>
 #include <utility>
 
 #include "platform/data/engine.h"
+#include "platform/data/odbc_batch.h"
 #include "platform/data/odbc_fields.h"
 #include "platform/data/odbc_string.h"
 #include "platform/values/runtime_error.h"
@@ -36,7 +38,8 @@ bool isConnectionLost(const QSqlError& error) {
     if (kNumbers.contains(number.trimmed())) return true;
   for (const QString& text : kTexts)
     if (error.text().contains(text, Qt::CaseInsensitive)) return true;
-  return false;
+  // What is left of the driver's words behind a result that was cut.
+  return error.nativeErrorCode() == u"0" && error.text().contains(u"Unknown error"_s);
 }
 
 class OdbcEngine final : public Engine {
@@ -44,22 +47,30 @@ class OdbcEngine final : public Engine {
   OdbcEngine(const QString& connectionString, int timeout);
   ~OdbcEngine() override;
 
-  void execute(const QString& sql) override { run(sql); }
-  Recordset query(const QString& sql) override;
+  Recordset run(const Statement& statement) override;
+  [[nodiscard]] bool sendsTogether() const override { return isServer_; }
+  void runTogether(std::span<const Statement> statements, std::vector<Recordset>& results) override;
   void begin() override;
   void commit() override;
   void close() override;
 
  private:
-  QSqlQuery run(const QString& sql);
+  QSqlQuery send(const QString& text);
+  Recordset readRows(QSqlQuery& query, Rows rows);
+  void walkResults(QSqlQuery& query, std::span<const Statement> statements, std::vector<Recordset>& results);
+  /// Goes to the next result of a request; false behind the last one.
+  bool moveOn(QSqlQuery& query);
   [[noreturn]] void fail(const QSqlError& error);
 
+  bool isServer_;
   bool inTransaction_ = false;
+  bool limitLeft_ = false;  // a request that failed may have left its limit on the rows behind
   QString name_;
   QSqlDatabase database_;
 };
 
-OdbcEngine::OdbcEngine(const QString& connectionString, int timeout) {
+OdbcEngine::OdbcEngine(const QString& connectionString, int timeout)
+    : isServer_(isServerString(connectionString)) {
   static std::atomic<int> made = 0;
   name_ = u"zarim-%1"_s.arg(++made);
   database_ = QSqlDatabase::addDatabase(u"QODBC"_s, name_);
@@ -87,16 +98,15 @@ void OdbcEngine::fail(const QSqlError& error) {
   throw values::RuntimeError(lost ? values::kConnectionFailed : values::kStatementFailed, words(error));
 }
 
-QSqlQuery OdbcEngine::run(const QString& sql) {
+QSqlQuery OdbcEngine::send(const QString& text) {
   QSqlQuery query(database_);
   query.setForwardOnly(true);  // a server cursor is refused by some servers
   query.setNumericalPrecisionPolicy(QSql::HighPrecision);
-  if (!query.exec(sql)) fail(query.lastError());
+  if (!query.exec(text)) fail(query.lastError());
   return query;
 }
 
-Recordset OdbcEngine::query(const QString& sql) {
-  QSqlQuery query = run(sql);
+Recordset OdbcEngine::readRows(QSqlQuery& query, Rows rows) {
   if (!query.isSelect()) return {};
   const QSqlRecord record = query.record();
   const int width = record.count();
@@ -106,14 +116,60 @@ Recordset OdbcEngine::query(const QString& sql) {
     columns.append(record.fieldName(column));
     types.push_back(record.field(column).metaType());
   }
-  std::vector<std::vector<QVariant>> rows;
+  ResultValues values;
   while (query.next()) {
-    std::vector<QVariant>& row = rows.emplace_back();
+    // The server sends no more than what is wanted; of another one the rest is left unread.
+    if (rows == Rows::First && values.size() > 0) break;
     for (int column = 0; column < width; ++column)
-      row.push_back(readOdbcField(query, column, types[static_cast<std::size_t>(column)]));
+      readOdbcField(query, column, types[static_cast<std::size_t>(column)], values);
   }
+  // A connection that was cut ends the rows like the last one does.
   if (query.lastError().isValid()) fail(query.lastError());
-  return {std::move(columns), rows};
+  return {std::move(columns), std::move(values)};
+}
+
+Recordset OdbcEngine::run(const Statement& statement) {
+  if (isServer_) {
+    std::vector<Recordset> results;
+    runTogether({&statement, 1}, results);
+    return std::move(results.front());
+  }
+  QSqlQuery query = send(statement.sql);
+  return readRows(query, statement.rows);
+}
+
+void OdbcEngine::runTogether(std::span<const Statement> statements, std::vector<Recordset>& results) {
+  while (!statements.empty()) {
+    const auto request = statements.first(togetherInOneRequest(statements));
+    const QString text = requestText(request, limitLeft_);
+    const auto limited = [](const Statement& one) { return one.rows == Rows::First; };
+    limitLeft_ = limitLeft_ || std::ranges::any_of(request, limited);
+    QSqlQuery query = send(text);
+    walkResults(query, request, results);
+    limitLeft_ = false;
+    statements = statements.subspan(request.size());
+  }
+}
+
+bool OdbcEngine::moveOn(QSqlQuery& query) {
+  if (query.nextResult()) return true;
+  if (query.lastError().isValid()) fail(query.lastError());
+  return false;
+}
+
+void OdbcEngine::walkResults(QSqlQuery& query, std::span<const Statement> statements,
+                             std::vector<Recordset>& results) {
+  bool more = true;
+  for (const Statement& statement : statements) {
+    // Limits, and triggers on a table, leave counts of their own in between.
+    while (more && isSelect(statement.sql) && !query.isSelect()) more = moveOn(query);
+    if (!more)
+      throw values::RuntimeError(values::kConnectionFailed,
+                                 u"O servidor não respondeu a todas as instruções."_s);
+    results.push_back(readRows(query, statement.rows));
+    more = moveOn(query);
+  }
+  while (more) more = moveOn(query);
 }
 
 void OdbcEngine::begin() {

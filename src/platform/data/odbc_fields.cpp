@@ -6,6 +6,7 @@
 #include <QSqlQuery>
 #include <QSqlResult>
 #include <array>
+#include <optional>
 
 #include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"
@@ -30,7 +31,7 @@ namespace {
 }
 
 /// The text of a field, in as many pieces as it comes; nothing for null.
-QVariant readText(SQLHSTMT statement, SQLUSMALLINT place) {
+std::optional<QString> readText(SQLHSTMT statement, SQLUSMALLINT place) {
   std::array<SQLWCHAR, 4096> buffer;
   QString text = u""_s;
   while (true) {
@@ -38,7 +39,7 @@ QVariant readText(SQLHSTMT statement, SQLUSMALLINT place) {
     const SQLRETURN outcome = SQLGetData(statement, place, SQL_C_WCHAR, buffer.data(), sizeof buffer, &left);
     if (outcome == SQL_NO_DATA) return text;
     if (!SQL_SUCCEEDED(outcome)) fail(statement);
-    if (left == SQL_NULL_DATA) return {};
+    if (left == SQL_NULL_DATA) return std::nullopt;
     // A piece that fills the buffer has a final zero in it.
     const bool more = left == SQL_NO_TOTAL || left >= static_cast<SQLLEN>(sizeof buffer);
     const auto units = more ? static_cast<qsizetype>(buffer.size()) - 1
@@ -48,7 +49,7 @@ QVariant readText(SQLHSTMT statement, SQLUSMALLINT place) {
   }
 }
 
-QVariant readDate(SQLHSTMT statement, SQLUSMALLINT place) {
+QDateTime readDate(SQLHSTMT statement, SQLUSMALLINT place) {
   SQL_TIMESTAMP_STRUCT stamp{};
   SQLLEN left = 0;
   if (!SQL_SUCCEEDED(SQLGetData(statement, place, SQL_C_TYPE_TIMESTAMP, &stamp, sizeof stamp, &left)))
@@ -60,24 +61,24 @@ QVariant readDate(SQLHSTMT statement, SQLUSMALLINT place) {
 
 }  // namespace
 
-QVariant readOdbcField(const QSqlQuery& query, int column, QMetaType declared) {
+void readOdbcField(const QSqlQuery& query, int column, QMetaType declared, ResultValues& values) {
   const auto statement = static_cast<SQLHSTMT>(query.result()->handle().value<void*>());
   const auto place = static_cast<SQLUSMALLINT>(column + 1);
   if (declared.id() == QMetaType::QDate || declared.id() == QMetaType::QDateTime)
-    return readDate(statement, place);
-  QVariant text = readText(statement, place);
-  if (!text.isValid()) return {};
+    return values.addDate(readDate(statement, place));
+  const std::optional<QString> text = readText(statement, place);
+  if (!text) return values.addNull();
   switch (declared.id()) {
     case QMetaType::Double:
-      return text.toString().toDouble();
+      return values.addNumber(text->toDouble());
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
     case QMetaType::ULongLong:
     case QMetaType::Bool:
-      return text.toString().toLongLong();
+      return values.addInteger(text->toLongLong());
     default:
-      return text;
+      return values.addText(*text);
   }
 }
 

@@ -20,11 +20,15 @@ bool hasKey(const QString& connectionString, QStringView key) {
 
 }  // namespace
 
+bool isServerString(const QString& connectionString) {
+  return connectionString.contains("{SQL Server}"_L1, Qt::CaseInsensitive);
+}
+
 QString odbcString(const QString& connectionString, const QString& portOfEnvironment, int timeout) {
   QString text = connectionString;
   if (!text.endsWith(u';')) text += u';';  // Qt adds a NUL to the last value
 #ifndef Q_OS_WIN
-  if (text.contains("{SQL Server}"_L1, Qt::CaseInsensitive)) {
+  if (isServerString(text)) {
     // This driver has no default port, hangs on a silent server unless the version is pinned, and takes
     // accents by the C locale unless told otherwise.
     if (portOfEnvironment.isEmpty() && !hasKey(text, u"port")) text += "port=1433;"_L1;

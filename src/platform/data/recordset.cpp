@@ -47,15 +47,11 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
 
 }  // namespace
 
-Recordset::Recordset(QStringList columns, const std::vector<std::vector<QVariant>>& rows)
-    : open_(true), columns_(std::move(columns)), rows_(rows.size()) {
-  for (const auto& row : rows)
-    for (const auto& value : row) values_.add(value);
-}
-
 Recordset::Recordset(QStringList columns, ResultValues values)
-    : open_(true), columns_(std::move(columns)), values_(std::move(values)) {
-  if (!columns_.isEmpty()) rows_ = static_cast<std::size_t>(values_.size() / columns_.size());
+    : open_(true),
+      columns_(std::move(columns)),
+      values_(std::make_shared<const ResultValues>(std::move(values))) {
+  if (!columns_.isEmpty()) rows_ = static_cast<std::size_t>(values_->size() / columns_.size());
 }
 
 void Recordset::close() { *this = {}; }
@@ -112,30 +108,30 @@ bool Recordset::namesDiffer() const {
 
 QString Recordset::text(QStringView field) const {
   const qsizetype at = place(field);
-  switch (values_.kind(at)) {
+  switch (values_->kind(at)) {
     case Kind::Null:
       return {};
     case Kind::Integer:
-      return QString::number(values_.integer(at));
+      return QString::number(values_->integer(at));
     case Kind::Number:
-      return values::toText(values_.number(at));
+      return values::toText(values_->number(at));
     case Kind::Date:
-      return values::toText(values_.date(at));
+      return values::toText(values_->date(at));
     case Kind::Text:
       break;
   }
-  return values_.text(at);
+  return values_->text(at);
 }
 
-bool Recordset::isNull(QStringView field) const { return values_.kind(place(field)) == Kind::Null; }
+bool Recordset::isNull(QStringView field) const { return values_->kind(place(field)) == Kind::Null; }
 
-double Recordset::number(QStringView field) const { return numberOf(values_, place(field)); }
+double Recordset::number(QStringView field) const { return numberOf(*values_, place(field)); }
 
-QDateTime Recordset::date(QStringView field) const { return dateOf(values_, place(field)); }
+QDateTime Recordset::date(QStringView field) const { return dateOf(*values_, place(field)); }
 
 QString Recordset::format(QStringView field, QStringView mask) const {
   const qsizetype at = place(field);
-  return values_.kind(at) == Kind::Null ? QString() : values::format(numberOf(values_, at), mask);
+  return values_->kind(at) == Kind::Null ? QString() : values::format(numberOf(*values_, at), mask);
 }
 
 QString Recordset::formatDate(QStringView field, QStringView form) const {

@@ -2,9 +2,9 @@
 
 #include <QDateTime>
 #include <QString>
-#include <QVariant>
+#include <QStringList>
+#include <memory>
 #include <optional>
-#include <vector>
 
 #include "platform/data/result_values.h"
 
@@ -12,14 +12,11 @@ namespace data {
 
 /// A result read whole when it was opened, then walked forward. Fields are found by name whatever the case.
 /// A recordset made by default is closed; any use of a closed one but isOpen and close raises 3704.
-/// Value type: copies share nothing that changes.
+/// Value type: a copy costs little, stands on the row where it was made, and shares nothing that changes.
 class Recordset {
  public:
   Recordset() = default;
-  /// columns in the order of the statement; each row has as many values as there are columns. A QDateTime
-  /// marks a date, double or qlonglong a number, QString a text, an invalid QVariant null.
-  Recordset(QStringList columns, const std::vector<std::vector<QVariant>>& rows);
-  /// The same with the values of all rows one behind the other.
+  /// columns in the order of the statement; the values of all rows one behind the other.
   Recordset(QStringList columns, ResultValues values);
 
   [[nodiscard]] bool isOpen() const { return open_; }
@@ -56,7 +53,7 @@ class Recordset {
 
   bool open_ = false;
   QStringList columns_;
-  ResultValues values_;  // row after row
+  std::shared_ptr<const ResultValues> values_;  // row after row
   std::size_t rows_ = 0;
   std::size_t row_ = 0;
   mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order

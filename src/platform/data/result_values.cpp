@@ -5,29 +5,16 @@
 
 namespace data {
 
-void ResultValues::add(const QVariant& value) {
-  switch (value.typeId()) {
-    case QMetaType::UnknownType:
-      return addNull();
-    case QMetaType::LongLong:
-      return addInteger(value.toLongLong());
-    case QMetaType::Double:
-      return addNumber(value.toDouble());
-    case QMetaType::QDateTime: {
-      const QDateTime date = value.toDateTime();
-      if (!date.isValid()) return addNull();
-      const qint64 held = values::wallClock(date.date(), date.time()).toMSecsSinceEpoch();
-      cells_.push_back(Cell{.integer = held, .form = Form::Date});
-      return;
-    }
-    default: {
-      // As it is: half a character, which a server may have cut off, has no UTF-8.
-      const QString text = value.toString();
-      return addBytes({reinterpret_cast<const char*>(text.constData()),
-                       static_cast<std::size_t>(text.size()) * sizeof(QChar)},
-                      Form::Utf16);
-    }
-  }
+void ResultValues::addText(QStringView text) {
+  addBytes(
+      {reinterpret_cast<const char*>(text.utf16()), static_cast<std::size_t>(text.size()) * sizeof(QChar)},
+      Form::Utf16);
+}
+
+void ResultValues::addDate(const QDateTime& date) {
+  if (!date.isValid()) return addNull();
+  const qint64 held = values::wallClock(date.date(), date.time()).toMSecsSinceEpoch();
+  cells_.push_back(Cell{.integer = held, .form = Form::Date});
 }
 
 ResultValues::Kind ResultValues::kind(qsizetype at) const {

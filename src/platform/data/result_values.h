@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QString>
-#include <QVariant>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,8 +20,10 @@ class ResultValues {
   void addText(std::string_view utf8) { addBytes(utf8, Form::Utf8); }
   /// A date as the embedded file writes it ("yyyymmdd hh:mm"); what is none stays a text.
   void addWrittenDate(std::string_view text) { addBytes(text, Form::WrittenDate); }
-  /// QDateTime, double, qlonglong, QString, or an invalid QVariant, which is null.
-  void add(const QVariant& value);
+  /// As it is: half a character, which a server may have cut off, has no UTF-8.
+  void addText(QStringView text);
+  /// An invalid one is null.
+  void addDate(const QDateTime& date);
 
   [[nodiscard]] qsizetype size() const { return static_cast<qsizetype>(cells_.size()); }
   [[nodiscard]] Kind kind(qsizetype at) const;

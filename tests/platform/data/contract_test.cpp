@@ -253,6 +253,54 @@ TEST_P(Contract, NamesColumnsAsTheStatementDoes) {
   EXPECT_EQ(errorOf([&] { (void)rs.text(u"nada"); }), 3265);
 }
 
+TEST_P(Contract, GivesAResultForEachStatementOfABatch) {
+  using enum data::Rows;
+  connection.begin();
+  std::vector<data::Statement> statements{{u"DELETE FROM PROP_CMRC WHERE IDCLIE = 99"_s}};
+  for (int i = 0; i < 2500; ++i) statements.push_back({kInsert.arg(u"NOME_CLIE"_s, u"'a--/*\n%1'"_s.arg(i))});
+  auto results = connection.batch(statements);
+  EXPECT_EQ(results.size(), statements.size());
+  connection.commit();
+  const QString all = u"SELECT IDPROP_CMRC FROM PROP_CMRC WHERE IDPROP_CMRC < 4 ORDER BY IDPROP_CMRC"_s;
+  statements = {{all, First},
+                {u"SELECT IDPROP_CMRC FROM PROP_CMRC"_s, First},
+                {u"UPDATE PROP_CMRC SET IDCLIE = '5' WHERE IDPROP_CMRC < 4"_s},
+                {all},
+                {u"SELECT IDVEND FROM PROP_CMRC WHERE IDPROP_CMRC = 0"_s, First},
+                {u"SELECT COUNT(*) AS N FROM PROP_CMRC WHERE IDCLIE = 5"_s}};
+  results = connection.batch(statements);
+  ASSERT_EQ(results.size(), 6);
+  EXPECT_EQ(results[0].count() * 100 + results[1].count() * 10 + results[3].count(), 113);
+  EXPECT_FALSE(results[2].isOpen());
+  EXPECT_TRUE(results[4].eof());
+  EXPECT_EQ(results[5].text(u"n"), u"3"_s);
+  EXPECT_EQ(rows(u"SELECT COUNT(*) FROM PROP_CMRC WHERE NOME_CLIE = 'a--/*\n2499'"_s), QStringList{u"1"_s});
+}
+
+TEST_P(Contract, EndsABatchAtItsFirstErrorAndLeavesNoLimitBehind) {
+  for (int i = 0; i < 6; ++i) insert(u"IDCLIE"_s, u"1"_s);
+  const auto failing = [&](const QString& bad) {
+    try {
+      connection.batch({{u"SELECT * FROM PROP_CMRC"_s, data::Rows::First},
+                        {u"SELECT IDVEND FROM PROP_CMRC"_s, data::Rows::First},
+                        {bad, data::Rows::First},
+                        {u"DELETE FROM PROP_CMRC"_s}});
+    } catch (const data::BatchError& error) {
+      EXPECT_EQ(error.number(), values::kStatementFailed);
+      return error.statement();
+    }
+    return qsizetype{-1};
+  };
+  EXPECT_EQ(failing(u"SELECT NADA FROM PROP_CMRC"_s), 2);
+  connection.execute(u"UPDATE PROP_CMRC SET IDVEND = '7' WHERE IDCLIE = 1"_s);
+  EXPECT_EQ(rows(u"SELECT IDVEND FROM PROP_CMRC"_s).count(u"7"_s), 6);
+  EXPECT_EQ(failing(u"SELECT * FROM PROP_CMRC WHERE NOME_CLIE = 'D'ÁGUA'"_s), 2) << "it goes alone";
+  EXPECT_EQ(rows(u"SELECT * FROM PROP_CMRC"_s).size(), 6);
+  connection.begin();
+  EXPECT_EQ(failing(u"SELECT NADA FROM PROP_CMRC"_s), 2);
+  EXPECT_EQ(errorOf([&] { connection.batch({{u"SELECT 1"_s}}); }), values::kStatementFailed);
+}
+
 TEST_P(Contract, TellsAClosedConnectionFromAnEmptyResult) {
   EXPECT_TRUE(connection.query(u"SELECT * FROM PROP_CMRC"_s).eof());
   connection.close();

@@ -94,6 +94,31 @@ INSTANTIATE_TEST_SUITE_P(All, ServerInMidSession,
                                             ::testing::Values("BEGIN", "'um'", "SELECT a", "'dois'",
                                                               "COMMIT")));
 
+class ServerInMidBatch : public ::testing::TestWithParam<std::tuple<TdsServer::Act, int>> {};
+
+TEST_P(ServerInMidBatch, IsLostAndNoShortResultPassesForAWholeOne) {
+  const auto [act, victim] = GetParam();
+  TdsServer server;
+  data::Connection connection;
+  connection.open(server.connectionString(), 1);
+  connection.execute(u"CREATE TABLE nota (a varchar(200))"_s);
+  connection.begin();
+  std::vector<data::Statement> inserts(300, {u"INSERT INTO nota VALUES ('%1')"_s.arg(QString(150, u'x'))});
+  EXPECT_EQ(connection.batch(inserts).size(), 300);
+  connection.commit();
+  server.setFault([act = act, victim = victim, seen = 0](const QString&) mutable {
+    return seen++ == victim ? act : TdsServer::Act::Answer;
+  });
+  const std::vector<data::Statement> reads(3, {u"SELECT a FROM nota"_s});
+  EXPECT_EQ(errorOf([&] { connection.batch(reads); }), values::kConnectionFailed);
+  EXPECT_EQ(errorOf([&] { connection.execute(u"DELETE FROM nota"_s); }), values::kConnectionFailed);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ServerInMidBatch,
+                         ::testing::Combine(::testing::Values(TdsServer::Act::Cut, TdsServer::Act::CutInside,
+                                                              TdsServer::Act::Silence),
+                                            ::testing::Values(0, 1, 2)));
+
 struct Addition {
   const char* given;
   const char* port;  // of the environment

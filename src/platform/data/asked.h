@@ -1,0 +1,168 @@
+#pragma once
+
+#include <coroutine>
+#include <deque>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "platform/data/recordset.h"
+#include "platform/data/statement.h"
+
+// Statements that travel together. A server answers a request some milliseconds after it was sent, however
+// many statements it holds; so what many rows want to know is asked in few requests, and no row waits alone.
+//
+// A routine that asks the database returns Asked<T> and is a coroutine: it asks, and co_awaits the answers.
+//
+//   Asked<QString> precoDoItem(data::Recordset item) {
+//     auto codigo = CodigoProduto(item.text(u"idprod"));    // both are asked here,
+//     auto unidade = UnidadeProduto(item.text(u"idprod"));  // before the first is waited for: one request
+//     const QString mascara = co_await MascaraUnidade(co_await unidade);
+//     co_return co_await codigo + …;
+//   }
+//
+// Calling it starts it: it runs to its first open answer, and its statements wait in the connection's queue.
+// The caller starts all its rows, and then takes each in turn: the first get() sends what all of them wait
+// for, hands the answers out in the order of asking, lets the rows go on to what they ask next, and so on
+// until the row is done; the later ones are mostly done by then.
+//
+//   std::vector<Asked<QString>> linhas;
+//   for (; !rs.eof(); rs.moveNext()) linhas.push_back(precoDoItem(rs));
+//   for (auto& linha : linhas) grade.addItem(linha.get());
+//
+// What holds:
+// - Every call runs its own statement; two calls with one key run two, and each takes its own result.
+// - An open answer is no value: only co_await and get() give one. A statement whose text depends on an answer
+//   is not asked before it is there.
+// - On the embedded file the statement runs where it is asked: nothing ever waits, and all is done in one
+// pass.
+// - Who is no coroutine writes `const QString codigo = CodigoProduto(id);`, which asks and waits.
+// - The error of a failing request leaves the get() that sent it; the rows that waited end with it. Of
+//   several bad statements the first one sent is told. What a row itself raises leaves its own get().
+//
+// What to keep to:
+// - A coroutine takes its arguments by value: it goes on when the caller's have long changed. A Recordset
+//   passed on is a cheap copy that stays on its row.
+// - It touches no screen and no file; who takes the answers does, in order.
+// - No co_await inside ?:, inside braces of a list, in a chain of << or in a lambda with captures: a name for
+//   each answer reads better, and the compiler (g++ 12) is not to be trusted there.
+namespace data {
+
+/// A statement in the queue, later its answer.
+struct Question {
+  Statement statement;
+  std::optional<Recordset> answer;
+  std::coroutine_handle<> waiting;  ///< who goes on when the answer is there
+};
+
+/// The queue of a connection: what was asked and is not sent, what was answered and not handed out.
+class Questions {
+ public:
+  using Send = std::function<std::vector<Recordset>(const std::vector<Statement>&)>;
+  explicit Questions(Send send) : send_(std::move(send)) {}
+
+  [[nodiscard]] std::shared_ptr<Question> add(Statement statement);
+  /// Lets the next one that has its answer go on; where there is none, sends what waits, at most a full
+  /// batch. After an error the queue is empty, and who still waits for it gets the error again.
+  void step();
+
+ private:
+  void send();
+
+  Send send_;
+  std::deque<std::shared_ptr<Question>> asked_, answered_;
+  std::optional<values::RuntimeError> failure_;
+};
+
+/// The answer to a question: there at once, or when the queue has been sent.
+class Reading {
+ public:
+  explicit Reading(Recordset answer) : answer_(std::move(answer)) {}
+  Reading(Questions& questions, Statement statement)
+      : questions_(&questions), question_(questions.add(std::move(statement))) {}
+  ~Reading() {
+    if (question_) question_->waiting = {};
+  }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+  [[nodiscard]] bool await_ready() const { return !question_ || question_->answer; }
+  template <typename Promise>
+  void await_suspend(std::coroutine_handle<Promise> waiting) {
+    waiting.promise().questions = questions_;
+    question_->waiting = waiting;
+  }
+  [[nodiscard]] Recordset await_resume() { return std::move(question_ ? *question_->answer : answer_); }
+
+ private:
+  Recordset answer_;
+  Questions* questions_ = nullptr;
+  std::shared_ptr<Question> question_;
+};
+
+/// What a routine that asks gives back: started, perhaps not finished. Move only; its value is taken once.
+/// Destroying it ends the routine where it waits.
+template <typename T>
+class [[nodiscard]] Asked {
+ public:
+  struct promise_type {
+    struct Finish {
+      [[nodiscard]] bool await_ready() const noexcept { return false; }
+      std::coroutine_handle<> await_suspend(std::coroutine_handle<promise_type> done) const noexcept {
+        if (const auto next = done.promise().waiting) return next;
+        return std::noop_coroutine();
+      }
+      void await_resume() const noexcept {}
+    };
+
+    Asked get_return_object() { return Asked(std::coroutine_handle<promise_type>::from_promise(*this)); }
+    std::suspend_never initial_suspend() const noexcept { return {}; }
+    Finish final_suspend() const noexcept { return {}; }
+    void return_value(T given) { value.emplace(std::move(given)); }
+    void unhandled_exception() { error = std::current_exception(); }
+
+    std::optional<T> value;
+    std::exception_ptr error;
+    std::coroutine_handle<> waiting;  ///< the routine that waits for this one
+    Questions* questions = nullptr;   ///< the queue in which this one waits
+  };
+
+  Asked(Asked&& other) noexcept : routine_(std::exchange(other.routine_, {})) {}
+  Asked& operator=(Asked&& other) noexcept {
+    std::swap(routine_, other.routine_);
+    return *this;
+  }
+  ~Asked() {
+    if (routine_) routine_.destroy();
+  }
+
+  /// The value. Sends what waits in the queue until this routine has ended.
+  [[nodiscard]] T get() {
+    while (!routine_.done()) routine_.promise().questions->step();
+    return await_resume();
+  }
+  operator T() { return get(); }  // one-line calls where nothing else is asked
+
+  [[nodiscard]] bool await_ready() const { return routine_.done(); }
+  template <typename Promise>
+  void await_suspend(std::coroutine_handle<Promise> waiting) {
+    routine_.promise().waiting = waiting;
+    waiting.promise().questions = routine_.promise().questions;
+  }
+  [[nodiscard]] T await_resume() {
+    promise_type& ended = routine_.promise();
+    if (ended.error) std::rethrow_exception(ended.error);
+    return std::move(*ended.value);
+  }
+
+ private:
+  explicit Asked(std::coroutine_handle<promise_type> routine) : routine_(routine) {}
+
+  std::coroutine_handle<promise_type> routine_;
+};
+
+}  // namespace data

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <span>
+
+#include "platform/data/statement.h"
+
+// Several statements as the server takes them in one request.
+namespace data {
+
+/// How many statements from the first on can go in one request: a statement that could swallow or spoil those
+/// around it, by a quote without its pair, goes alone, so that it fails as it would by itself.
+[[nodiscard]] std::size_t togetherInOneRequest(std::span<const Statement> statements);
+
+/// The text of the request, one statement a line. Statements of which only the first row is wanted stand
+/// between limits; whole results, and statements that go alone, stand outside them. liftsLimit: a limit may
+/// have been left behind by a request that failed, and goes first.
+[[nodiscard]] QString requestText(std::span<const Statement> statements, bool liftsLimit);
+
+/// Whether a statement gives rows, which tells its result from the counts that others leave on the way.
+[[nodiscard]] bool isSelect(const QString& sql);
+
+}  // namespace data

@@ -1,0 +1,119 @@
+#include "platform/data/session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/data/one_statement.h"
+#include "platform/files/paths.h"
+
+using namespace Qt::StringLiterals;
+
+namespace data {
+
+namespace {
+
+/// Value of a key of a connection string, empty without it.
+QString keyValue(const QString& connectionString, QStringView key) {
+  for (const QString& pair : connectionString.split(u';')) {
+    const qsizetype equals = pair.indexOf(u'=');
+    if (equals >= 0 && QStringView(pair).first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
+      return pair.sliced(equals + 1).trimmed();
+  }
+  return {};
+}
+
+}  // namespace
+
+void Session::open(const QString& connectionString, int timeout) {
+  close();
+  if (keyValue(connectionString, u"server").compare(u"(embutido)", Qt::CaseInsensitive) == 0)
+    engine_ = openEmbedded(files::resolve(keyValue(connectionString, u"database")));
+  else
+    engine_ = openOdbc(connectionString, timeout);
+}
+
+void Session::close() {
+  const auto engine = std::exchange(engine_, nullptr);
+  inTransaction_ = false;
+  failure_.reset();
+  if (engine) engine->close();
+}
+
+void Session::announce(const QString& statement) {
+  if (failure_) throw values::RuntimeError(*failure_);
+  if (!engine_) values::raise(values::kClosedObject);
+  if (listener_) listener_(statement);
+}
+
+template <typename Run>
+auto Session::guarded(Run run) {
+  try {
+    return run();
+  } catch (const values::RuntimeError& error) {
+    // The server may have rolled the transaction back: what came now would commit by itself.
+    if (inTransaction_ || error.number() == values::kConnectionFailed) failure_ = error;
+    throw;
+  }
+}
+
+Recordset Session::run(const Statement& statement) {
+  announce(statement.sql);
+  return guarded([&] {
+    requireOneStatement(statement.sql);
+    return engine_->run(statement);
+  });
+}
+
+void Session::runTogether(std::span<const Statement> request, std::vector<Recordset>& results) {
+  std::size_t count = 0;
+  std::optional<values::RuntimeError> refusal;
+  try {
+    for (; count < request.size(); ++count) {
+      announce(request[count].sql);
+      requireOneStatement(request[count].sql);
+    }
+  } catch (const values::RuntimeError& error) {
+    refusal = error;
+  }
+  guarded([&] {
+    // An error of those in front comes first.
+    if (count > 0) engine_->runTogether(request.first(count), results);
+    if (refusal) throw values::RuntimeError(*refusal);
+  });
+}
+
+std::vector<Recordset> Session::batch(const std::vector<Statement>& statements) {
+  std::vector<Recordset> results;
+  results.reserve(statements.size());
+  try {
+    if (!sendsTogether())
+      for (const Statement& statement : statements) results.push_back(run(statement));
+    while (results.size() < statements.size()) {
+      const auto rest = std::span(statements).subspan(results.size());
+      runTogether(rest.first(std::min(rest.size(), kFullBatch)), results);
+    }
+  } catch (const values::RuntimeError& error) {
+    throw BatchError(error, static_cast<qsizetype>(results.size()));
+  }
+  return results;
+}
+
+Asked<Recordset> Session::ask(Statement statement) {
+  if (!sendsTogether()) co_return run(statement);
+  Reading reading(questions_, std::move(statement));
+  co_return co_await reading;
+}
+
+void Session::begin() {
+  inTransaction_ = true;  // a begin that fails counts too: what came behind it would commit by itself
+  announce(u"BEGIN"_s);
+  guarded([&] { engine_->begin(); });
+}
+
+void Session::commit() {
+  announce(u"COMMIT"_s);
+  guarded([&] { engine_->commit(); });
+  inTransaction_ = false;
+}
+
+}  // namespace data

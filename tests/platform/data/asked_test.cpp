@@ -1,0 +1,112 @@
+#include "platform/data/asked.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/data/connection.h"
+#include "support/errors.h"
+#include "support/printing.h"
+#include "support/tds_server.h"
+
+using namespace Qt::StringLiterals;
+using data::Asked;
+using support::errorOf;
+
+namespace {
+
+/// Ten notes "a" to "j", numbers 1 to 10, each of which names the next one, on a server and on the embedded
+/// file.
+class AskedTogether : public ::testing::TestWithParam<bool> {
+ protected:
+  AskedTogether() {
+    connection.open(
+        GetParam() ? server.connectionString() : u"server=(embutido);database="_s + server.databasePath(), 5);
+    connection.execute(u"CREATE TABLE nota (id integer, nome varchar(20), outra integer)"_s);
+    for (int i = 0; i < 10; ++i)
+      connection.execute(
+          u"INSERT INTO nota VALUES (%1, '%2', %3)"_s.arg(i + 1).arg(QChar(u'a' + i)).arg(i + 2));
+    connection.setListener([this](const QString& sql) { sent << sql; });
+    static_cast<void>(server.requests());
+  }
+
+  Asked<QString> value(QString column, QString id) {
+    const data::Recordset rs =
+        co_await connection.ask(u"SELECT "_s + column + u" FROM nota WHERE id = "_s + id, data::Rows::First);
+    co_return rs.eof() ? QString() : rs.text(column);
+  }
+  /// The name of a note and that of the one behind it.
+  Asked<QString> pair(data::Recordset row) {
+    auto name = value(u"nome"_s, row.text(u"id"));
+    auto next = value(u"outra"_s, row.text(u"id"));
+    const QString nextName = co_await value(u"nome"_s, co_await next);
+    const QString own = co_await name;
+    co_return own + nextName;
+  }
+  std::vector<Asked<QString>> pairs() {
+    std::vector<Asked<QString>> all;
+    for (auto rs = connection.query(u"SELECT id FROM nota ORDER BY id"_s); !rs.eof(); rs.moveNext())
+      all.push_back(pair(rs));
+    return all;
+  }
+  void expectRequests(int on) { EXPECT_EQ(server.requests(), GetParam() ? on : 0); }
+
+  support::TdsServer server;
+  data::Connection connection;
+  QStringList sent;
+};
+
+TEST_P(AskedTogether, RowsShareTheirRequestsAndEachStatementRunsForItself) {
+  QString all;
+  for (auto& one : pairs()) all += one.get() + u' ';
+  EXPECT_EQ(all, u"ab bc cd de ef fg gh hi ij j "_s);
+  expectRequests(3);
+  EXPECT_EQ(sent.size(), 1 + 3 * 10);
+  EXPECT_EQ(sent.count(u"SELECT nome FROM nota WHERE id = 5"_s), 2) << "by row 4 and by row 5";
+  const QString alone = value(u"nome"_s, u"3"_s);
+  EXPECT_EQ(alone, u"c"_s);
+  expectRequests(1);
+}
+
+TEST_P(AskedTogether, FullBatchesGoOneByOne) {
+  std::vector<Asked<QString>> all;
+  for (int i = 0; i < 4001; ++i) all.push_back(value(u"id"_s, QString::number(i % 10 + 1)));
+  for (int i = 0; i < 4001; ++i)
+    ASSERT_EQ(all[static_cast<std::size_t>(i)].get(), QString::number(i % 10 + 1));
+  expectRequests(3);
+}
+
+TEST_P(AskedTogether, TheFirstBadStatementIsToldAndTheRowsEndWithIt) {
+  connection.execute(u"UPDATE nota SET outra = NULL WHERE id > 3"_s);
+  static_cast<void>(server.requests());
+  const QString told = [&] {
+    try {
+      auto all = pairs();  // those behind the third ask for a note without a number
+      for (auto& one : all) static_cast<void>(one.get());
+    } catch (const values::RuntimeError& error) {
+      EXPECT_EQ(error.number(), values::kStatementFailed);
+      return error.text();
+    }
+    return QString();
+  }();
+  EXPECT_FALSE(told.isEmpty());
+  expectRequests(3);
+  EXPECT_EQ(QString(value(u"nome"_s, u"1"_s)), u"a"_s) << "nothing of the others is sent any more";
+  EXPECT_EQ(errorOf([&] { static_cast<void>(value(u"nada"_s, u"1"_s).get()); }), values::kStatementFailed);
+}
+
+TEST_P(AskedTogether, WhatARowRaisesLeavesItsOwnGet) {
+  const auto raising = [this](QString id) -> Asked<double> {
+    const data::Recordset rs = co_await connection.ask(u"SELECT nome FROM nota WHERE id = "_s + id);
+    co_return rs.number(u"nome");
+  };
+  auto bad = raising(u"1"_s);
+  auto good = value(u"nome"_s, u"2"_s);
+  { auto forgotten = value(u"nome"_s, u"3"_s); }
+  EXPECT_EQ(good.get(), u"b"_s);
+  EXPECT_EQ(errorOf([&] { static_cast<void>(bad.get()); }), values::kTypeMismatch);
+  expectRequests(1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, AskedTogether, ::testing::Bool(),
+                         [](const auto& one) { return one.param ? "Server" : "Embedded"; });
+
+}  // namespace
