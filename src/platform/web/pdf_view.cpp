@@ -27,6 +27,9 @@ double pixelsPerPoint() { return QGuiApplication::primaryScreen()->logicalDotsPe
 PdfPages::PdfPages(QWidget* parent) : QPdfView(parent) {
   setPageMode(PageMode::MultiPage);
   setZoomMode(ZoomMode::Custom);
+  QPalette around = palette();
+  around.setBrush(QPalette::Dark, palette().mid());  // paper on a light ground
+  setPalette(around);
 }
 
 // The layout is the view's own, which keeps it to itself.
