@@ -166,7 +166,7 @@ void HtmlView::applyZoom(double factor) {
 
 void HtmlView::shrinkToWidth() {
   if (!fit_ || !stands_ || !view_->isVisible()) return;
-  const QSizeF page = page_->contentsSize();
+  const QSizeF page = page_->contentsSize() / devicePixelRatioF();  // the engine counts the display's own
   const int scrollBar = page.height() > view_->height() ? kScrollBar : 0;
   const double excess = page.width() / (view_->width() - scrollBar);
   if (excess < 1.005 || zoom_ <= kSmallestFit) return;

@@ -95,7 +95,8 @@ TEST_F(Hostile, LinksOpenTheWebPlainMailAndPicturesOfThePictureFolders) {
   for (const QString& name : {u"fotos/VL-301_g.jpg"_s, u"fotos/calc.exe"_s, u"docs/secret.jpg"_s})
     file(name, "x");
   QFile::link(other + u"/secret.jpg"_s, pictures + u"/link.jpg"_s);
-  OpenPage shown({}, other, web::PictureFolders({u"c:\\fotos\\"_s, u"http://127.0.0.1/web/"_s, QString()}), {}, nullptr);
+  OpenPage shown({}, other, web::PictureFolders({u"c:\\fotos\\"_s, u"http://127.0.0.1/web/"_s, QString()}),
+                 {}, nullptr);
   const std::pair<QString, bool> cases[] = {{u"http://zarim.example/fotos/VL-301_g.jpg"_s, true},
                                             {u"https://zarim.example/"_s, true},
                                             {u"mailto:ana@correio.example?subject=Pedido"_s, true},
