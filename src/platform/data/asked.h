@@ -119,6 +119,8 @@ class [[nodiscard]] Asked {
       void await_resume() const noexcept {}
     };
 
+    promise_type() = default;  // no aggregate, which would take the routine's arguments for its members
+
     Asked get_return_object() { return Asked(std::coroutine_handle<promise_type>::from_promise(*this)); }
     std::suspend_never initial_suspend() const noexcept { return {}; }
     Finish final_suspend() const noexcept { return {}; }
