@@ -30,19 +30,20 @@ QString Clausulas() {
 
 }  // namespace
 
-QString TextoPagamento(const data::Recordset& orcamento, const QString& id) {
+Asked<QString> TextoPagamento(data::Recordset orcamento, QString id) {
   QString texto =
       orcamento.isNull(u"txt_cond_pgto") ? kCondPagtoPadrao.toString() : orcamento.text(u"txt_cond_pgto");
   // A closed quote is paid by the condition agreed on.
-  if (!DataFechamentoOrcamento(id).get().isEmpty()) texto = CondPgtoOrcamento(id);
-  return texto;
+  const QString fechamento = co_await DataFechamentoOrcamento(id);
+  if (!fechamento.isEmpty()) texto = co_await CondPgtoOrcamento(id);
+  co_return texto;
 }
 
 // One line in the file, but for the line ends of the payment text.
 QString CondicoesOrcaHTML(const QString& id) {
   if (OrcamentoDoDocumento(id).eof()) return {};
   const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,
-                              html::escapado(TextoPagamento(documento().RsImpressao, id)),
+                              html::escapado(TextoPagamento(documento().RsImpressao, id).get()),
                               u"&nbsp"_s,
                               u"Validade da proposta:"_s + QString::fromUtf16(company::kValidade),
                               u"Dados bancários:"_s + QString::fromUtf16(company::kBanco),

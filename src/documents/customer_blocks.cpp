@@ -53,12 +53,15 @@ QString DadosClienteOrcaResumoHTML(const QString& id) {
 QString DadosClienteOrcaGradeHTML(const QString& id) {
   const data::Recordset rs = OrcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  const QString cliente = PegaCampo(EnderecoCliente(rs.text(u"idClie")), 1);
+  auto cliente = EnderecoCliente(rs.text(u"idClie"));
   // The number is an order's once the document being viewed is closed.
-  const bool aberto = DataFechamentoOrcamento(QString::number(documento().IdDocumento)).get().isEmpty();
-  const QString atendente = rs.text(u"IDRESV_PROP_CMRC");
+  auto fechamento = DataFechamentoOrcamento(QString::number(documento().IdDocumento));
+  auto atendente = UsuarioAtual(rs.text(u"IDRESV_PROP_CMRC"));
+  auto emailAtendente = EmailUsuario(rs.text(u"IDRESV_PROP_CMRC"));
+  auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
+  const bool aberto = fechamento.get().isEmpty();
   const QString fone = rs.text(u"fone_CLIE");
-  grade::Celula nome = grade::rotulada(u"60%"_s, u"Cliente: "_s, cliente);
+  grade::Celula nome = grade::rotulada(u"60%"_s, u"Cliente: "_s, PegaCampo(cliente, 1));
   nome.atributos = u"colspan='2'"_s;
   return u"<!--Dados do Cliente-->"_s + kFim + grade::abre() +
          grade::linha(
@@ -68,9 +71,9 @@ QString DadosClienteOrcaGradeHTML(const QString& id) {
                        rotulada(u"40%"_s, u"E-mail: "_s, rs.text(u"emai_CLIE").toLower())}) +
          grade::linha({rotulada(u"30%"_s, aberto ? u"Orçamento: "_s : u"Pedido: "_s,
                                 rs.format(u"idprop_cmrc", u"000000")),
-                       rotulada(u"30%"_s, u"Atendimento: "_s, UsuarioAtual(atendente)),
-                       rotulada(u"40%"_s, u"E-mail: "_s, EmailUsuario(atendente))}) +
-         grade::linha({rotulada(u"30%"_s, u"Evento: "_s, DescricaoTipoEvento(rs.text(u"idtipo_even"))),
+                       rotulada(u"30%"_s, u"Atendimento: "_s, atendente),
+                       rotulada(u"40%"_s, u"E-mail: "_s, emailAtendente)}) +
+         grade::linha({rotulada(u"30%"_s, u"Evento: "_s, evento),
                        rotulada(u"30%"_s, u"Data Evento: "_s, rs.formatDate(u"DATA_even", u"dd/mm/yyyy")),
                        rotulada(u"40%"_s, u"Entrega: "_s, rs.formatDate(u"DATA_ENTG", u"dd/mm/yyyy"))}) +
          grade::fecha() + u"<br>"_s + kFim;

@@ -20,16 +20,14 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
 
  protected:
   void Form_Load() override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ligaFerramentas();
-  /// The program's measures for what is inside; the window is no larger than the display, and scrolls then.
-  void dimensiona();
-  /// Places the controls by the program's measures; what the inside is larger than them goes to the panes.
+  /// Places the controls by the program's measures; what the window is larger than them goes to the panes.
   void dispoe();
   void mostraArquivo();  ///< of the pane in sight
-  void mostraCaminho(const QString& caminho, const QString& rotulo);
+  void mostraCaminho(const QString& caminho);
   void mostraZoom();
 
   // viewer_documents.cpp

@@ -14,33 +14,39 @@ html::Quadro Dados(const QStringList& linhas) {
 }
 
 QStringList EventoEServico(const data::Recordset& rs) {
-  return {u"Tipo Evento: "_s + DescricaoTipoEvento(rs.text(u"idtipo_even")),
-          u"Tipo Serviço: "_s + DescricaoTipoServico(rs.text(u"idtipo_serv")),
+  auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
+  auto servico = DescricaoTipoServico(rs.text(u"idtipo_serv"));
+  return {u"Tipo Evento: "_s + evento.get(), u"Tipo Serviço: "_s + servico.get(),
           u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")};
 }
 
 }  // namespace
 
-QString CondicaoPagamento(const data::Recordset& rs) {
-  if (rs.isNull(u"idcond_pgto")) return u"Condição de Pagamento: -"_s;
+Asked<QString> CondicaoPagamento(data::Recordset rs) {
+  if (rs.isNull(u"idcond_pgto")) co_return u"Condição de Pagamento: -"_s;
   const QString id = rs.text(u"idcond_pgto");
-  return u"Condição de Pagamento: "_s + ParcelasCondPgto(id) + u" - "_s + DiasCondPgto(id);
+  auto pedeParcelas = ParcelasCondPgto(id);
+  const QString dias = co_await DiasCondPgto(id);
+  const QString parcelas = co_await pedeParcelas;
+  co_return u"Condição de Pagamento: "_s + parcelas + u" - "_s + dias;
 }
 
 QString DadosGeraisOrcaHTML(const QString& id) {
   const data::Recordset rs = OrcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return html::quadro(Dados({CondicaoPagamento(rs), u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")}));
+  return html::quadro(Dados({CondicaoPagamento(rs).get(), u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")}));
 }
 
 QString DadosGeraisOrcaEstilosHTML(const QString& id) {
   const data::Recordset rs = OrcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  QStringList linhas{u"Data/Hora do Evento: "_s + rs.formatDate(u"DATA_even", u"dd/mm/yyyy hh:mm") +
-                         u" - Número de Pessoas: "_s + rs.text(u"NUME_PESS") +
-                         u" - Validade do Orçamento: "_s + rs.formatDate(u"DATA_vali", u"dd/mm/yyyy"),
-                     u"Resp.Atendimento: "_s + UsuarioAtual(rs.text(u"IDRESV_PROP_CMRC"))};
-  return html::quadroEstilos(Dados(linhas + EventoEServico(rs)), u"titulo3"_s, u"dados1b"_s);
+  auto atendente = UsuarioAtual(rs.text(u"IDRESV_PROP_CMRC"));
+  const QStringList eventoEServico = EventoEServico(rs);
+  const QStringList linhas{u"Data/Hora do Evento: "_s + rs.formatDate(u"DATA_even", u"dd/mm/yyyy hh:mm") +
+                               u" - Número de Pessoas: "_s + rs.text(u"NUME_PESS") +
+                               u" - Validade do Orçamento: "_s + rs.formatDate(u"DATA_vali", u"dd/mm/yyyy"),
+                           u"Resp.Atendimento: "_s + atendente.get()};
+  return html::quadroEstilos(Dados(linhas + eventoEServico), u"titulo3"_s, u"dados1b"_s);
 }
 
 QString DadosGeraisOrcaResumoHTML(const QString& id) {

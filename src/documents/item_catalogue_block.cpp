@@ -22,32 +22,32 @@ constexpr std::array<forms::GridColumn, 4> kLayout{{{u"", 0}, {u"", 0}, {u"", 0}
 }  // namespace composicao
 
 // An article that is not in the catalogue stands there as free text.
-QString LinhaDoKit(const data::Recordset& kit) {
-  const bool livre = Valor(kit, u"idprod") == 0;
-  const QString idprod = kit.text(u"idprod");
-  const QString idunid = livre ? kit.text(u"idunid_nprod") : UnidadeProduto(idprod);
-  const QString unidade = DescricaoUnidade(idunid);
+Asked<QString> LinhaDoKit(data::Recordset kit) {
+  QString codigo = u"NPROD"_s;
+  QString descricao = kit.text(u"DESC_NPROD");
+  QString idunid = kit.text(u"idunid_nprod");
+  if (Valor(kit, u"idprod") != 0) {
+    const QString idprod = kit.text(u"idprod");
+    auto pedeUnidade = UnidadeProduto(idprod);
+    auto pedeCodigo = CodigoProduto(idprod);
+    descricao = co_await DescricaoProduto(idprod);
+    codigo = co_await pedeCodigo;
+    idunid = co_await pedeUnidade;
+  }
+  const QString unidade = co_await DescricaoUnidade(idunid);
+  const QString casas = co_await CasasDecimaisUnidade(unidade);
   const QString quantidade =  // installations call the column by either name
       kit.columns().contains(u"QTDE_PROD"_s, Qt::CaseInsensitive) ? u"QTDE_PROD"_s : u"qtde"_s;
   forms::RowBuilder linha;
-  linha << (livre ? u"NPROD"_s : CodigoProduto(idprod))
-        << (livre ? kit.text(u"DESC_NPROD") : DescricaoProduto(idprod))
-        << kit.format(quantidade, MascaraDecimais(CasasDecimaisUnidade(unidade))) << unidade;
-  return linha.text();
+  linha << codigo << descricao << kit.format(quantidade, MascaraDecimais(casas)) << unidade;
+  co_return linha.text();
 }
 
-void EncheFlexTemp(const QString& idprot) {
+QString Impressa(const QStringList& linhas) {
   forms::GridModel& grid = documento().FlexTemp;
   grid.layOut(composicao::kLayout);
-  for (data::Recordset kit = AbreConsulta(u"select * from prot_kit0 where idprot="_s + idprot); !kit.eof();
-       kit.moveNext())
-    grid.addItem(LinhaDoKit(kit));
+  for (const QString& linha : linhas) grid.addItem(linha);
   if (documento().OrdemComposicao == u"DESCRICAO") grid.sortAscending(composicao::Descricao);
-}
-
-QString Composicao(const QString& idprot) {
-  EncheFlexTemp(idprot);
-  const forms::GridModel& grid = documento().FlexTemp;
   QString texto = fixo(
       u"<!--Detalhe do Detalhe-->\n"
       u"<table border='1' width=400 bordercolor='#e2cda0' cellspacing=0 cellpadding=2>\n");
@@ -66,6 +66,23 @@ QString Composicao(const QString& idprot) {
   return texto + u"</table>"_s + kFim;
 }
 
+Asked<QString> Composicao(QString idprot) {
+  if (!documento().ExibeComposicao) co_return QString();
+  const data::Recordset kit = co_await PedeConsulta(u"select * from prot_kit0 where idprot="_s + idprot);
+  auto pedidas = DeCadaLinha(kit, LinhaDoKit);
+  QStringList linhas;
+  for (auto& pedida : pedidas) {
+    const QString linha = co_await pedida;
+    linhas.append(linha);
+  }
+  co_return Impressa(linhas);
+}
+
+Asked<QString> Observacao(data::Recordset rs) {
+  if (EhProduto(rs)) co_return QString();
+  co_return co_await ObservacaoPrototipo(rs.text(u"idprodprot"));
+}
+
 QString Foto(const QString& codigo) {
   if (documento().PublicacaoExterna && !LocalizaImagemPrototipo(codigo))
     return u"<td align='center'><img border='0' src='"_s +
@@ -80,8 +97,7 @@ QString Fotos(const QString& codigo) {
   return texto + u"</table>"_s + kFim + u"</td>"_s + kFim;
 }
 
-QString Valores(const data::Recordset& rs, const ItemDoDocumento& item) {
-  const QString observacao = EhProduto(rs) ? QString() : ObservacaoPrototipo(rs.text(u"idprodprot"));
+QString Valores(const data::Recordset& rs, const ItemDoDocumento& item, const QString& observacao) {
   return fixo(
              uR"(<table border='0' width=400 cellspacing=0 cellpadding=2>
 <tr><td><span class='dados1a'>Quantidade: %1</span></td></tr>
@@ -94,8 +110,12 @@ QString Valores(const data::Recordset& rs, const ItemDoDocumento& item) {
            html::escapado(observacao));
 }
 
-QString Caixa(const data::Recordset& rs, int numero) {
-  const ItemDoDocumento item = PorTipo(rs);
+Asked<QString> Caixa(data::Recordset rs, int numero) {
+  auto pedeItem = PorTipo(rs);
+  auto pedeComposicao = Composicao(rs.text(u"idprodprot"));
+  const QString observacao = co_await Observacao(rs);
+  const QString composicao = co_await pedeComposicao;
+  const ItemDoDocumento item = co_await pedeItem;
   QString texto = fixo(
                       uR"(<table align='center' width=660px height=30px><tr><td></td></tr></table>
 <table border='0' align='center' width=670 cellspacing=0 cellpadding=2>
@@ -110,17 +130,17 @@ QString Caixa(const data::Recordset& rs, int numero) {
 </table>
 )")
                       .arg(NumeroDoItem(numero), html::escapado(item.descricao), html::escapado(item.codigo));
-  if (documento().ExibeComposicao) texto += Composicao(rs.text(u"idprodprot"));
-  texto += Valores(rs, item) + u"</td>"_s + kFim;
+  texto += composicao + Valores(rs, item, observacao) + u"</td>"_s + kFim;
   if (documento().ExibeFotos) texto += Fotos(item.codigo);
-  return texto + fixo(u"</tr>\n</table>\n");
+  co_return texto + fixo(u"</tr>\n</table>\n");
 }
 
 }  // namespace
 
 QString ItensOrcaEstilosHTML(const QString& id, const QString&, const QString& caminho) {
   int numero = 0;
-  for (data::Recordset rs = ItensDoOrcamento(id); !rs.eof(); rs.moveNext())
-    html::acrescenta(caminho, Caixa(rs, ++numero));
+  auto caixas =
+      DeCadaLinha(ItensDoOrcamento(id), [&](const data::Recordset& rs) { return Caixa(rs, ++numero); });
+  for (auto& caixa : caixas) html::acrescenta(caminho, caixa.get());
   return {};
 }

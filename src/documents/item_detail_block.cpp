@@ -28,8 +28,8 @@ QString Cabecalho(bool comPrecos) {
   return grade::abreDetalhes() + grade::linha(celulas);
 }
 
-QString Linha(const data::Recordset& rs, bool comPrecos) {
-  const ItemDoDocumento item = PorTipo(rs);
+Asked<QString> Linha(data::Recordset rs, bool comPrecos) {
+  const ItemDoDocumento item = co_await PorTipo(rs);
   std::vector<grade::Celula> celulas{dado(u"20%"_s, item.codigo), dado(u"30%"_s, item.descricao),
                                      grade::dadoOuBranco(u"20%"_s, rs.text(u"OBSE_PROP_CMRC_DETA")),
                                      dado(u"10%"_s, rs.format(u"QTDE", item.mascara), kDireita)};
@@ -37,7 +37,7 @@ QString Linha(const data::Recordset& rs, bool comPrecos) {
     celulas.push_back(dado(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita));
     celulas.push_back(dado(u"10%"_s, Dinheiro(rs, u"VALO_TOTA"), kDireita));
   }
-  return grade::linha(celulas);
+  co_return grade::linha(celulas);
 }
 
 QString Total(bool comPrecos, double unitario, double total) {
@@ -63,12 +63,14 @@ QString ItensOrcaDetalheHTML(const QString& id, const QString&, const QString& c
   if (rs.eof()) return {};
   const bool comPrecos = documento().ExibeMontagem;
   html::acrescenta(caminho, Cabecalho(comPrecos));
+  auto linhas = DeCadaLinha(rs, [&](const data::Recordset& item) { return Linha(item, comPrecos); });
   double unitario = 0;
   double total = 0;
-  for (; !rs.eof(); rs.moveNext()) {
-    html::acrescenta(caminho, Linha(rs, comPrecos));
+  for (auto& linha : linhas) {
+    html::acrescenta(caminho, linha.get());
     unitario += Valor(rs, u"VALO_LIQU");
     total += Valor(rs, u"VALO_TOTA");
+    rs.moveNext();
   }
   const int pessoas = PessoasOrcamento(id);
   return Total(comPrecos, unitario, total) + (pessoas > 0 ? TotalPorPessoa(pessoas, unitario) : QString());

@@ -9,21 +9,43 @@
 
 using namespace Qt::StringLiterals;
 
-ItemDoDocumento DoProduto(const QString& idprod) {
-  return {CodigoProduto(idprod), DescricaoProduto(idprod), MascaraUnidade(UnidadeProduto(idprod))};
+namespace {
+
+Asked<QString> MascaraDaUnidade(Asked<QString> unidade) {
+  const QString idunid = co_await unidade;
+  co_return co_await MascaraUnidade(idunid);
+}
+
+Asked<ItemDoDocumento> Junta(Asked<QString> codigo, Asked<QString> descricao, Asked<QString> mascara) {
+  ItemDoDocumento item;
+  item.codigo = co_await codigo;
+  item.descricao = co_await descricao;
+  item.mascara = co_await mascara;
+  co_return item;
+}
+
+}  // namespace
+
+Asked<ItemDoDocumento> DoProduto(QString idprod) {
+  auto codigo = CodigoProduto(idprod);
+  auto descricao = DescricaoProduto(idprod);
+  auto mascara = MascaraDaUnidade(UnidadeProduto(idprod));
+  return Junta(std::move(codigo), std::move(descricao), std::move(mascara));
 }
 
 bool EhProduto(const data::Recordset& rs) { return rs.text(u"prod_prot").toUpper() == u"PROD"; }
 
-ItemDoDocumento PorTipo(const data::Recordset& rs) {
+Asked<ItemDoDocumento> PorTipo(data::Recordset rs) {
   const QString id = rs.text(u"idprodprot");
   if (EhProduto(rs)) return DoProduto(id);
-  return {ValidaPrototipo(id), DescricaoPrototipo(id), MascaraDoItem(rs)};
+  auto codigo = ValidaPrototipo(id);
+  auto descricao = DescricaoPrototipo(id);
+  return Junta(std::move(codigo), std::move(descricao), MascaraDoItem(rs));
 }
 
-QString MascaraDoItem(const data::Recordset& rs) {
+Asked<QString> MascaraDoItem(data::Recordset rs) {
   const QString id = rs.text(u"idprodprot");
-  return MascaraUnidade(EhProduto(rs) ? UnidadeProduto(id) : UnidadePrototipo(id));
+  return MascaraDaUnidade(EhProduto(rs) ? UnidadeProduto(id) : UnidadePrototipo(id));
 }
 
 data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <vector>
 
 #include "platform/data/recordset.h"
+#include "shared/lookups.h"
 
 // What the item blocks of quotes and orders show of one row.
 
@@ -10,11 +12,19 @@
 struct ItemDoDocumento {
   QString codigo, descricao, mascara;
 };
-[[nodiscard]] ItemDoDocumento DoProduto(const QString& idprod);
+Asked<ItemDoDocumento> DoProduto(QString idprod);
 /// By prod_prot: "PROD" is a product, anything else a prototype.
-[[nodiscard]] ItemDoDocumento PorTipo(const data::Recordset& rs);
-[[nodiscard]] QString MascaraDoItem(const data::Recordset& rs);
+Asked<ItemDoDocumento> PorTipo(data::Recordset rs);
+Asked<QString> MascaraDoItem(data::Recordset rs);
 [[nodiscard]] bool EhProduto(const data::Recordset& rs);
+
+/// Starts a routine for each row of a result, so that what all of them ask travels together.
+template <typename Rotina>
+[[nodiscard]] auto DeCadaLinha(data::Recordset rs, Rotina rotina) {
+  std::vector<decltype(rotina(rs))> pedidos;
+  for (; !rs.eof(); rs.moveNext()) pedidos.push_back(rotina(rs));
+  return pedidos;
+}
 
 /// Items of a quote, behind a further condition.
 [[nodiscard]] data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao = {});

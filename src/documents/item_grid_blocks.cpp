@@ -25,20 +25,23 @@ Celula DoItem(Celula celula) {
 }
 
 // Code and description are the product's of that id, whatever kind the item is.
-QString TabelaDoItem(const data::Recordset& rs) {
+Asked<QString> TabelaDoItem(data::Recordset rs) {
   const QString id = rs.text(u"idprodprot");
-  return grade::abreDetalhes() +
-         grade::linha({titulo(u"15%"_s, u"Código"_s), titulo(u"40%"_s, u"Descrição"_s),
-                       titulo(u"20%"_s, u"Observação"_s), titulo(u"5%"_s, u"Qtde"_s, kDireita),
-                       titulo(u"10%"_s, u"Valor Unit."_s, kDireita),
-                       titulo(u"10%"_s, u"Valor Total"_s, kDireita)}) +
-         grade::linha({DoItem(dado(u"15%"_s, CodigoProduto(id))),
-                       DoItem(dado(u"40%"_s, DescricaoProduto(id))),
-                       DoItem(dadoOuBranco(u"20%"_s, rs.text(u"OBSE_PROP_CMRC_DETA"))),
-                       DoItem(dado(u"5%"_s, rs.format(u"QTDE", MascaraDoItem(rs)), kDireita)),
-                       DoItem(dado(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita)),
-                       DoItem(dado(u"10%"_s, Dinheiro(rs, u"VALO_TOTA"), kDireita))}) +
-         grade::fecha();
+  auto pedeCodigo = CodigoProduto(id);
+  auto pedeDescricao = DescricaoProduto(id);
+  const QString mascara = co_await MascaraDoItem(rs);
+  const QString codigo = co_await pedeCodigo;
+  const QString descricao = co_await pedeDescricao;
+  const QString titulos = grade::linha(
+      {titulo(u"15%"_s, u"Código"_s), titulo(u"40%"_s, u"Descrição"_s), titulo(u"20%"_s, u"Observação"_s),
+       titulo(u"5%"_s, u"Qtde"_s, kDireita), titulo(u"10%"_s, u"Valor Unit."_s, kDireita),
+       titulo(u"10%"_s, u"Valor Total"_s, kDireita)});
+  const QString dados = grade::linha({DoItem(dado(u"15%"_s, codigo)), DoItem(dado(u"40%"_s, descricao)),
+                                      DoItem(dadoOuBranco(u"20%"_s, rs.text(u"OBSE_PROP_CMRC_DETA"))),
+                                      DoItem(dado(u"5%"_s, rs.format(u"QTDE", mascara), kDireita)),
+                                      DoItem(dado(u"10%"_s, Dinheiro(rs, u"VALO_LIQU"), kDireita)),
+                                      DoItem(dado(u"10%"_s, Dinheiro(rs, u"VALO_TOTA"), kDireita))});
+  co_return grade::abreDetalhes() + titulos + dados + grade::fecha();
 }
 
 struct Material {
@@ -51,13 +54,28 @@ QString LinhaMaterial(const Material& m, decltype(&dado) celula) {
                        dadoOuBranco(u"10%"_s, m.unidade)});
 }
 
-QString LinhaMaterial(const data::Recordset& rs) {
+Asked<QString> LinhaDoMaterial(data::Recordset rs) {
   const QString idprod = rs.text(u"idprod");
-  const QString unidade = DescricaoUnidade(UnidadeProduto(idprod));
-  return LinhaMaterial(
-      {CodigoProduto(idprod), DescricaoProduto(idprod), rs.text(u"OBSE_PROP_CMRC_DETA_MONTA"),
-       rs.format(u"QTDE", MascaraDecimais(CasasDecimaisUnidade(unidade))), unidade},
-      dado);
+  auto pedeUnidade = UnidadeProduto(idprod);
+  auto pedeCodigo = CodigoProduto(idprod);
+  auto pedeDescricao = DescricaoProduto(idprod);
+  Material material;
+  const QString idunid = co_await pedeUnidade;
+  material.unidade = co_await DescricaoUnidade(idunid);
+  const QString casas = co_await CasasDecimaisUnidade(material.unidade);
+  material.codigo = co_await pedeCodigo;
+  material.descricao = co_await pedeDescricao;
+  material.observacao = rs.text(u"OBSE_PROP_CMRC_DETA_MONTA");
+  material.quantidade = rs.format(u"QTDE", MascaraDecimais(casas));
+  co_return LinhaMaterial(material, dado);
+}
+
+Asked<QString> ItemComMateriais(data::Recordset rs, QString id, QString fotos) {
+  auto pedeItem = TabelaDoItem(rs);
+  auto pedeMateriais = MontagemItemHTML(id, rs.text(u"idPROP_CMRC_DETA"), rs.text(u"idprodprot"), fotos);
+  const QString item = co_await pedeItem;
+  const QString materiais = co_await pedeMateriais;
+  co_return item + materiais;
 }
 
 QString TotaisAberto(double total, double quantidade) {
@@ -73,14 +91,18 @@ QString TotaisFechado(double total, double desconto) {
 
 }  // namespace
 
-QString MontagemItemHTML(const QString& id, const QString& idDetalhe, const QString&, const QString&) {
-  data::Recordset rs =
-      AbreConsulta(u"select * from prop_cmrc_deta_monta where idprop_cmrc="_s + id +
-                   u" and idprop_cmrc_deta = "_s + idDetalhe + u" and tipo_mate_prima <> 'PRODUTO' "_s);
+Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString, QString) {
+  const data::Recordset rs = co_await PedeConsulta(
+      u"select * from prop_cmrc_deta_monta where idprop_cmrc="_s + id + u" and idprop_cmrc_deta = "_s +
+      idDetalhe + u" and tipo_mate_prima <> 'PRODUTO' "_s);
+  auto linhas = DeCadaLinha(rs, LinhaDoMaterial);
   QString texto = grade::abreDetalhes();
-  if (rs.eof()) texto += LinhaMaterial({}, dadoOuBranco);
-  for (; !rs.eof(); rs.moveNext()) texto += LinhaMaterial(rs);
-  return texto + grade::fecha() + u"<BR>"_s + kFim;
+  if (linhas.empty()) texto += LinhaMaterial({}, dadoOuBranco);
+  for (auto& pedida : linhas) {
+    const QString linha = co_await pedida;
+    texto += linha;
+  }
+  co_return texto + grade::fecha() + u"<BR>"_s + kFim;
 }
 
 QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QString& caminho) {
@@ -88,13 +110,15 @@ QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QStrin
   // A closed quote shows what the customer approved.
   data::Recordset rs = ItensDoOrcamento(id, aberto ? QString() : u" and (Not data_aprov Is Null) "_s);
   if (rs.eof()) return {};
+  auto itens =
+      DeCadaLinha(rs, [&](const data::Recordset& item) { return ItemComMateriais(item, id, fotos); });
   double total = 0;
   double quantidade = 0;
-  for (; !rs.eof(); rs.moveNext()) {
+  for (auto& item : itens) {
+    html::acrescenta(caminho, item.get());
     total += Valor(rs, u"VALO_TOTA");
     quantidade += Valor(rs, u"QTDE");
-    html::acrescenta(caminho, TabelaDoItem(rs) + MontagemItemHTML(id, rs.text(u"idPROP_CMRC_DETA"),
-                                                                  rs.text(u"idprodprot"), fotos));
+    rs.moveNext();
   }
   return grade::abreDetalhes() +
          (aberto ? TotaisAberto(total, quantidade) : TotaisFechado(total, LeNumero(DescontoOrcamento(id)))) +

@@ -73,15 +73,26 @@ QString Embarques(const data::Recordset& rs, const QString& mascara) {
   return texto + u"</table>"_s;
 }
 
-QString LinhaDoItem(const TabelaDeItens& tabela, const std::vector<Coluna>& colunas) {
-  const data::Recordset& rs = tabela.itens;
-  const ItemDoDocumento item = tabela.item(rs);
-  QStringList textos{escapado(item.codigo),
-                     escapado(item.descricao),
-                     escapado(CodigoComTributacao(ClassFiscalProduto(rs.text(tabela.campoProduto)))),
-                     rs.format(u"QTDE", item.mascara),
-                     Dinheiro(rs, u"VALO_LIQU"),
-                     Dinheiro(rs, u"VALO_TOTA")};
+Asked<QString> Ncm(QString idprod) {
+  const QString classe = co_await ClassFiscalProduto(idprod);
+  co_return co_await CodigoComTributacao(classe);
+}
+
+/// What the rows of one table have in common.
+struct Forma {
+  const TabelaDeItens& tabela;
+  const std::vector<Coluna> colunas = Colunas(tabela);
+};
+
+/// The form outlives its rows.
+Asked<QString> LinhaDoItem(data::Recordset rs, const Forma* forma) {
+  const auto& [tabela, colunas] = *forma;
+  auto pedeItem = tabela.item(rs);
+  const QString ncm = co_await Ncm(rs.text(tabela.campoProduto));
+  const ItemDoDocumento item = co_await pedeItem;
+  QStringList textos{
+      escapado(item.codigo),      escapado(item.descricao),  escapado(ncm), rs.format(u"QTDE", item.mascara),
+      Dinheiro(rs, u"VALO_LIQU"), Dinheiro(rs, u"VALO_TOTA")};
   if (tabela.embarques) textos << Embarques(rs, item.mascara);
   QString celulas = tabela.fotos ? CelulaFoto(item.codigo) + kFim : QString();
   std::size_t coluna = tabela.fotos ? 1 : 0;
@@ -89,7 +100,7 @@ QString LinhaDoItem(const TabelaDeItens& tabela, const std::vector<Coluna>& colu
     celulas += Celula(colunas[coluna].largura, texto, colunas[coluna].alinhamento, false);
     ++coluna;
   }
-  return Linha(celulas);
+  co_return Linha(celulas);
 }
 
 QString Totais(double total, double descontos) {
@@ -106,13 +117,15 @@ QString Totais(double total, double descontos) {
 QString TabelaComTotais(TabelaDeItens tabela) {
   if (tabela.itens.eof()) return {};
   const double descontosDosItens = SomaDescontoPedido(tabela.itens);
-  const std::vector<Coluna> colunas = Colunas(tabela);
+  const Forma forma{tabela};
   QString texto = u"<!--Detalhes - Itens-->"_s + kFim + u"<P>"_s + kFim +
-                  u"<table border='1' align='center' width=660>"_s + kFim + Titulos(colunas);
+                  u"<table border='1' align='center' width=660>"_s + kFim + Titulos(forma.colunas);
+  auto linhas = DeCadaLinha(tabela.itens, [&](const data::Recordset& rs) { return LinhaDoItem(rs, &forma); });
   double total = 0;
-  for (; !tabela.itens.eof(); tabela.itens.moveNext()) {
-    texto += LinhaDoItem(tabela, colunas);
+  for (auto& linha : linhas) {
+    texto += linha.get();
     total += Valor(tabela.itens, u"VALO_TOTA");
+    tabela.itens.moveNext();
   }
   return texto + u"</table>"_s + kFim +
          Totais(total, descontosDosItens + LeNumero(DescontoPedido(tabela.numero)));

@@ -9,8 +9,8 @@
 
 struct TabelaDeItens {
   data::Recordset itens;
-  std::function<ItemDoDocumento(const data::Recordset&)> item;  ///< what a row shows
-  const char16_t* campoProduto;                                 ///< column whose product gives the NCM
+  std::function<Asked<ItemDoDocumento>(const data::Recordset&)> item;  ///< what a row shows
+  const char16_t* campoProduto;                                        ///< column whose product gives the NCM
   bool fotos = false;
   bool embarques = false;  ///< last column with the shipments
   QString numero;          ///< asked for the discount of the document as a whole

@@ -17,19 +17,24 @@ data::Recordset Pedido(const QString& numero) {
 QStringList LinhasDoCliente(const QString& numero) {
   const QString cliente = ClienteDoPedido(IdPedidoPorNumero(numero));
   if (cliente.isEmpty()) return {};
-  return LinhasDaParte(LeParte(cliente), FonesCliente(cliente), EmailCliente(cliente));
+  auto fones = FonesCliente(cliente);
+  auto email = EmailCliente(cliente);
+  return LinhasDaParte(LeParte(cliente), fones, email);
 }
 
 QStringList LinhasGerais(const QString& numero) {
   const data::Recordset rs = Pedido(numero);
   if (rs.eof()) return {};
-  const QString transportadora = rs.text(u"idtrpt");
-  return {u"Transportadora: "_s + NomeTransportadora(transportadora) + u" - Fone: "_s +
-              FoneTransportadora(transportadora),
+  auto transportadora = NomeTransportadora(rs.text(u"idtrpt"));
+  auto fone = FoneTransportadora(rs.text(u"idtrpt"));
+  auto condicao = CondicaoPagamento(rs);
+  auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
+  auto servico = DescricaoTipoServico(rs.text(u"idtipo_serv"));
+  return {u"Transportadora: "_s + transportadora.get() + u" - Fone: "_s + fone.get(),
           u"Comprador: "_s + rs.text(u"nome_compr") + u" - Fone: "_s + rs.text(u"fone_compr"),
-          CondicaoPagamento(rs),
-          u"Tipo Evento: "_s + DescricaoTipoEvento(rs.text(u"idtipo_even")),
-          u"Tipo Serviço: "_s + DescricaoTipoServico(rs.text(u"idtipo_serv")),
+          condicao.get(),
+          u"Tipo Evento: "_s + evento.get(),
+          u"Tipo Serviço: "_s + servico.get(),
           u"Observações: "_s + rs.text(u"OBSE_PEDI_VEDS")};
 }
 

@@ -53,8 +53,8 @@ QString Linha(const QString& celulas) {
 }
 
 // Without a photo the description takes its width.
-QString Caixa(const data::Recordset& rs, int numero, bool fotos, const Aspecto& aspecto) {
-  const ItemDoDocumento item = DoProduto(rs.text(u"idprod"));
+Asked<QString> Caixa(data::Recordset rs, int numero, bool fotos, Aspecto aspecto) {
+  const ItemDoDocumento item = co_await DoProduto(rs.text(u"idprod"));
   const QString larguraDescricao = fotos ? u"45%"_s : u"70%"_s;
   const QString titulos = (fotos ? Celula(u"25%"_s, u"center"_s, aspecto.rotulo(u"Foto"_s)) : QString()) +
                           Celula(u"15%"_s, u"left"_s, aspecto.rotulo(u"Codigo"_s)) +
@@ -66,8 +66,8 @@ QString Caixa(const data::Recordset& rs, int numero, bool fotos, const Aspecto& 
                         Celula(u"15%"_s, u"right"_s, aspecto.dado(rs.format(u"QTDE", item.mascara)));
   const QString valores =
       u"Valor Unitário: R$ "_s + Dinheiro(rs, u"VALO_LIQU") + u" - Total: R$ "_s + Dinheiro(rs, u"VALO_TOTA");
-  return fixo(
-             uR"(<!--Detalhes - Itens 1-->
+  co_return fixo(
+      uR"(<!--Detalhes - Itens 1-->
 <P>
 <table border='1' align='center' width=670>
     <tr>
@@ -85,10 +85,11 @@ QString Caixa(const data::Recordset& rs, int numero, bool fotos, const Aspecto& 
 }
 
 QString Caixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
-  QString texto;
   int item = 0;
-  for (data::Recordset rs = Itens(numero); !rs.eof(); rs.moveNext())
-    texto += Caixa(rs, ++item, fotos, aspecto);
+  auto caixas = DeCadaLinha(Itens(numero),
+                            [&](const data::Recordset& rs) { return Caixa(rs, ++item, fotos, aspecto); });
+  QString texto;
+  for (auto& caixa : caixas) texto += caixa.get();
   return texto;
 }
 

@@ -40,5 +40,4 @@ void frmImprimePropCmrcTL::cmdImprimirPedido_Click() {
   forms::form<frmPedHTML>().showModal();
   rs.close();
   txtPedido->clear();
-  focus(txtPedido);
 }

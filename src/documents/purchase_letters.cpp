@@ -47,8 +47,9 @@ QString Despedida(QStringList antes) {
                           << u"Departamento de Compras"_s);
 }
 
-QString Descricao(const data::Recordset& rs) {
-  return Valor(rs, u"idprod") > 0 ? DescricaoProduto(rs.text(u"idprod")) : rs.text(u"DESC_NPROD");
+Asked<QString> Descricao(data::Recordset rs) {
+  if (Valor(rs, u"idprod") > 0) co_return co_await DescricaoProduto(rs.text(u"idprod"));
+  co_return rs.text(u"DESC_NPROD");
 }
 
 void Grava(const QString& caminho, const QString& tituloDaPagina, const QString& corpo) {
@@ -87,9 +88,10 @@ void CotacaoCompraHTML(qint32 id, const QString& caminho) {
            u"Data limite para resposta: "_s + rs->formatDate(u"DATA_LIMI_COTA_COMP", u"dd/mm/yyyy")}) +
       grade::abre() +
       grade::linha({titulo(u"70%"_s, u"Descrição"_s), titulo(u"30%"_s, u"Quantidade"_s, kDireita)});
-  for (; !itens->eof(); itens->moveNext())
-    corpo +=
-        grade::linha({dado(u"70%"_s, Descricao(*itens)), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
+  for (auto& descricao : DeCadaLinha(*itens, Descricao)) {
+    corpo += grade::linha({dado(u"70%"_s, descricao.get()), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
+    itens->moveNext();
+  }
   Grava(caminho, u"Cotação de Compras - "_s + NumeroDocumento(id), corpo + grade::fecha() + Despedida({}));
 }
 
@@ -108,11 +110,13 @@ void OrdemCompraHTML(qint32 id, const QString& caminho) {
       grade::linha({titulo(u"55%"_s, u"Descrição"_s), titulo(u"15%"_s, u"Quantidade"_s, kDireita),
                     titulo(u"15%"_s, u"Valor Unit."_s, kDireita),
                     titulo(u"15%"_s, u"Valor Total"_s, kDireita)});
-  for (; !itens->eof(); itens->moveNext())
+  for (auto& descricao : DeCadaLinha(*itens, Descricao)) {
     corpo +=
-        grade::linha({dado(u"55%"_s, Descricao(*itens)), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
+        grade::linha({dado(u"55%"_s, descricao.get()), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
                       dado(u"15%"_s, Dinheiro(*itens, u"VALO_LIQU"), kDireita),
                       dado(u"15%"_s, Moeda(Valor(*itens, u"QTDE") * Valor(*itens, u"VALO_LIQU")), kDireita)});
+    itens->moveNext();
+  }
   Grava(caminho, u"Ordem de Compras - "_s + NumeroDocumento(id),
         corpo + grade::fecha() +
             Despedida({u"Favor informar o número desta Ordem de Compra em sua NF."_s,

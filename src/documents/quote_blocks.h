@@ -3,6 +3,7 @@
 #include <QString>
 
 #include "platform/data/recordset.h"
+#include "shared/lookups.h"
 
 // The blocks of a quote document, each by the quote's id. A block returns its text, lines ended by CR LF;
 // those that take a path append their items to it one at a time and return what comes behind them. No row
@@ -26,8 +27,7 @@
 [[nodiscard]] QString ItensOrcaHTML(const QString& id, QString fotos);
 [[nodiscard]] QString ItensOrcaFotoHTML(const QString& id, QString fotos);
 /// Materials of one assembled item, its product left out.
-[[nodiscard]] QString MontagemItemHTML(const QString& id, const QString& idDetalhe, const QString& idProdProt,
-                                       const QString& fotos);
+Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString idProdProt, QString fotos);
 
 // Conditions (condition_blocks.cpp)
 /// Clauses, payment, place for the approval. Reads the payment text from documento().RsImpressao.
@@ -37,6 +37,6 @@
 /// The quote's row.
 [[nodiscard]] data::Recordset OrcamentoDoDocumento(const QString& id);
 /// Payment text of a quote: its own or the usual one; that of a closed quote is CondPgtoOrcamento.
-[[nodiscard]] QString TextoPagamento(const data::Recordset& orcamento, const QString& id);
+Asked<QString> TextoPagamento(data::Recordset orcamento, QString id);
 /// "Condição de Pagamento: " with instalments and days, "-" without a condition.
-[[nodiscard]] QString CondicaoPagamento(const data::Recordset& rs);
+Asked<QString> CondicaoPagamento(data::Recordset rs);

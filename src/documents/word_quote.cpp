@@ -58,17 +58,19 @@ void letterhead(WordProcessor& word) {
 }
 
 void customerTable(WordProcessor& word, const data::Recordset& quote) {
-  const QString attendant = quote.text(u"IDRESV_PROP_CMRC");
-  const QString customer = EnderecoCliente(quote.text(u"idClie"));
+  auto customer = EnderecoCliente(quote.text(u"idClie"));
+  auto attendant = UsuarioAtual(quote.text(u"IDRESV_PROP_CMRC"));
+  auto attendantEmail = EmailUsuario(quote.text(u"IDRESV_PROP_CMRC"));
+  auto event = DescricaoTipoEvento(quote.text(u"idtipo_even"));
   word.addTable(1, 3, true);
-  typeCells(word, {u"Cliente: "_s + PegaCampo(customer, 1),
-                   u"Orçamento: "_s + quote.format(u"idprop_cmrc", u"000000"),
-                   u"Data: "_s + quote.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
-                   u"Fone: "_s + quote.text(u"fone_CLIE"), u"E-mail: "_s + quote.text(u"emai_CLIE").toLower(),
-                   u"Atendimento: "_s + UsuarioAtual(attendant), u"E-mail: "_s + EmailUsuario(attendant),
-                   u"Evento: "_s + DescricaoTipoEvento(quote.text(u"idtipo_even")),
-                   u"Data Evento: "_s + quote.formatDate(u"DATA_even", u"dd/mm/yyyy"),
-                   u"Entrega: "_s + quote.formatDate(u"DATA_ENTG", u"dd/mm/yyyy")});
+  typeCells(word,
+            {u"Cliente: "_s + PegaCampo(customer.get(), 1),
+             u"Orçamento: "_s + quote.format(u"idprop_cmrc", u"000000"),
+             u"Data: "_s + quote.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
+             u"Fone: "_s + quote.text(u"fone_CLIE"), u"E-mail: "_s + quote.text(u"emai_CLIE").toLower(),
+             u"Atendimento: "_s + attendant.get(), u"E-mail: "_s + attendantEmail.get(),
+             u"Evento: "_s + event.get(), u"Data Evento: "_s + quote.formatDate(u"DATA_even", u"dd/mm/yyyy"),
+             u"Entrega: "_s + quote.formatDate(u"DATA_ENTG", u"dd/mm/yyyy")});
   word.moveAfterTable();
 }
 
@@ -79,14 +81,16 @@ double itemsTable(WordProcessor& word, const QString& id) {
   word.setHeadingRow();
   typeCells(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true, Qt::AlignRight);
   double total = 0;
-  for (data::Recordset items = ItensDoOrcamento(id); !items.eof(); items.moveNext()) {
-    const ItemDoDocumento item = PorTipo(items);
+  data::Recordset items = ItensDoOrcamento(id);
+  for (auto& asked : DeCadaLinha(items, PorTipo)) {
+    const ItemDoDocumento item = asked.get();
     word.moveRight();
     typeCells(word,
               {item.codigo, item.descricao, items.text(u"OBSE_PROP_CMRC_DETA"),
                items.format(u"QTDE", item.mascara)},
               false, Qt::AlignRight);
     total += Valor(items, u"VALO_TOTA");
+    items.moveNext();
   }
   word.moveRight();
   typeCells(word, {QString(), QString(), u"Total Unitário"_s, Moeda(total)}, true, Qt::AlignRight);
