@@ -2,12 +2,16 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 #include <QTabBar>
 #include <QUrl>
+#include <algorithm>
 
 #include "platform/files/paths.h"
 #include "run/context.h"
+#include "shared/lookups.h"
 #include "shared/screen_kit.h"
 
 using namespace Qt::StringLiterals;
@@ -30,7 +34,8 @@ constexpr int kTopoFrame2Pequeno = 7080;
 constexpr int kTopoFrame2Grande = 9000;
 constexpr double kEscalaGrande = 1.23;
 
-constexpr int kFolga = 8;  // pixels
+constexpr int kFolga = 8;           // pixels
+constexpr int kBarraDeTitulo = 32;  // pixels, of a window manager's usual frame
 
 /// Whether the commands have room beside the options; with large text they get a row of their own.
 bool cabemAoLado(const QWidget& opcoes, const QWidget& comandos, int largura) {
@@ -52,6 +57,8 @@ frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
   const bool grande = resolucao == u"1280 x 800" || resolucao == u"1024 x 768";
   escala_ = grande ? kEscalaGrande : 1.0;
   topoFrame2_ = grande ? kTopoFrame2Grande : kTopoFrame2Pequeno;
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  conteudo->installEventFilter(this);
   ligaFerramentas();
   on(cmdImprimir, Event::Click, &frmPedHTML::cmdImprimir_Click);
   on(cmdEnviarEmail, Event::Click, &frmPedHTML::cmdEnviarEmail_Click);
@@ -61,16 +68,11 @@ frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
 
 void frmPedHTML::Form_Load() {
   AplicaCoresForm(*this);
-  // Large text can need more room than the measures give.
-  const int largura = std::max(pixels(kLarguraForm * escala_),
-                               2 * pixels(kEsquerdaFrame2) + barraArquivo->minimumSizeHint().width());
-  const int controles = alturaControles(*Frame2, *barraComandos, *barraArquivo, largura);
-  setMinimumSize(largura, std::max(pixels(kAlturaForm * escala_), pixels(topoFrame2_) + controles));
-  resize(minimumSize());
-  dispoe();
+  dimensiona();
   CentralizaForm(*this);
   const forms::WaitPointer espera;
   montaVias();
+  for (web::WebPane* painel : {WebBrowser1, WebBrowser2}) painel->setPictureFolders(PastasDeFiguras());
   WebBrowser1->navigate(ArqVia1);
   WebBrowser2->navigate(ArqVia2);
   Option1->setChecked(true);
@@ -78,9 +80,24 @@ void frmPedHTML::Form_Load() {
   mostraArquivo();
 }
 
+void frmPedHTML::dimensiona() {
+  // Large text can need more room than the measures give.
+  const int largura = std::max(pixels(kLarguraForm * escala_),
+                               2 * pixels(kEsquerdaFrame2) + barraArquivo->minimumSizeHint().width());
+  const int controles = alturaControles(*Frame2, *barraComandos, *barraArquivo, largura);
+  const QSize dentro(largura, std::max(pixels(kAlturaForm * escala_), pixels(topoFrame2_) + controles));
+  conteudo->setMinimumSize(dentro);
+  const QSize tela = screen()->availableSize() - QSize(0, kBarraDeTitulo);
+  const int barra = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  const QSize comBarras =
+      dentro + QSize(dentro.height() > tela.height() ? barra : 0, dentro.width() > tela.width() ? barra : 0);
+  resize(comBarras.boundedTo(tela));
+  dispoe();
+}
+
 void frmPedHTML::dispoe() {
-  const int sobraX = std::max(0, width() - minimumWidth());
-  const int sobraY = std::max(0, height() - minimumHeight());
+  const int sobraX = std::max(0, conteudo->width() - conteudo->minimumWidth());
+  const int sobraY = std::max(0, conteudo->height() - conteudo->minimumHeight());
   const auto tamanho = [&](double largura, double altura) {
     return QSize(pixels(largura * escala_) + sobraX, pixels(altura * escala_) + sobraY);
   };
@@ -94,23 +111,24 @@ void frmPedHTML::dispoe() {
     painel->setGeometry(QRect(
         QPoint((frame->width() - interno.width()) / 2, (frame->height() - interno.height()) / 2), interno));
   }
+  const int largura = std::max(conteudo->width(), conteudo->minimumWidth());
   const int esquerda = pixels(kEsquerdaFrame2);
   Frame2->move(esquerda, pixels(topoFrame2_) + sobraY);
   Frame2->resize(Frame2->sizeHint());
   const int direita = Frame2->geometry().right() + 1 + kFolga;
   int topo = Frame2->geometry().bottom() + 1 + kFolga / 2;
-  if (cabemAoLado(*Frame2, *barraComandos, minimumWidth())) {
-    barraComandos->setGeometry(direita, Frame2->y(), width() - direita - esquerda, Frame2->height());
+  if (cabemAoLado(*Frame2, *barraComandos, conteudo->minimumWidth())) {
+    barraComandos->setGeometry(direita, Frame2->y(), largura - direita - esquerda, Frame2->height());
   } else {
-    barraComandos->setGeometry(esquerda, topo, width() - 2 * esquerda, barraComandos->sizeHint().height());
+    barraComandos->setGeometry(esquerda, topo, largura - 2 * esquerda, barraComandos->sizeHint().height());
     topo = barraComandos->geometry().bottom() + 1 + kFolga / 2;
   }
-  barraArquivo->setGeometry(esquerda, topo, width() - 2 * esquerda, barraArquivo->sizeHint().height());
+  barraArquivo->setGeometry(esquerda, topo, largura - 2 * esquerda, barraArquivo->sizeHint().height());
 }
 
-void frmPedHTML::resizeEvent(QResizeEvent* event) {
-  Form::resizeEvent(event);
-  dispoe();
+bool frmPedHTML::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == conteudo && event->type() == QEvent::Resize) dispoe();
+  return Form::eventFilter(watched, event);
 }
 
 web::WebPane& frmPedHTML::painelAtual() const {
@@ -118,11 +136,12 @@ web::WebPane& frmPedHTML::painelAtual() const {
 }
 
 void frmPedHTML::mostraArquivo() {
-  mostraCaminho(painelAtual().path());
+  mostraCaminho(painelAtual().path(), u"Arquivo:"_s);
   mostraZoom();
 }
 
-void frmPedHTML::mostraCaminho(const QString& caminho) {
+void frmPedHTML::mostraCaminho(const QString& caminho, const QString& rotulo) {
+  lblArquivo->setText(rotulo);
   txtArquivo->setText(caminho);
   txtArquivo->setToolTip(caminho);
   cmdAbrirPasta->setEnabled(!caminho.isEmpty());

@@ -20,14 +20,16 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
 
  protected:
   void Form_Load() override;
-  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ligaFerramentas();
-  /// Places the controls by the program's measures; what the window is larger than them goes to the panes.
+  /// The program's measures for what is inside; the window is no larger than the display, and scrolls then.
+  void dimensiona();
+  /// Places the controls by the program's measures; what the inside is larger than them goes to the panes.
   void dispoe();
   void mostraArquivo();  ///< of the pane in sight
-  void mostraCaminho(const QString& caminho);
+  void mostraCaminho(const QString& caminho, const QString& rotulo);
   void mostraZoom();
 
   // viewer_documents.cpp

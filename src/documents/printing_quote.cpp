@@ -40,4 +40,5 @@ void frmImprimePropCmrcTL::cmdImprimirPedido_Click() {
   forms::form<frmPedHTML>().showModal();
   rs.close();
   txtPedido->clear();
+  focus(txtPedido);
 }

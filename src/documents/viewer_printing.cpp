@@ -1,4 +1,6 @@
 // Prints the copies without a dialog.
+#include <algorithm>
+
 #include "documents/frmPedHTML.h"
 #include "platform/forms/boxes.h"
 #include "shared/screen_kit.h"
@@ -7,9 +9,34 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-web::Printed Imprime(web::WebPane& painel) {
+web::PrintReport Imprime(web::WebPane& painel) {
   const forms::WaitPointer espera;
   return painel.print();
+}
+
+/// Why a copy wasn't printed; empty when it was.
+QString Recusa(web::Printed resultado) {
+  switch (resultado) {
+    case web::Printed::Sent:
+      break;
+    case web::Printed::NoPrinter:
+      return u"Não há impressora padrão neste computador.\rInstale uma impressora e tente novamente."_s;
+    case web::Printed::Refused:
+      return u"A impressora padrão não aceitou o documento.\rVerifique a impressora e tente novamente."_s;
+    case web::Printed::Failed:
+      return u"O documento não pôde ser preparado para a impressão.\rGere o documento novamente."_s;
+  }
+  return {};
+}
+
+/// Names the pictures that a copy was printed without.
+void AvisaFiguras(const QStringList& faltam) {
+  constexpr qsizetype kNomes = 5;
+  if (faltam.isEmpty()) return;
+  QString texto = u"O documento foi impresso sem figuras que o servidor da internet não entregou:\r"_s +
+                  faltam.first(std::min(kNomes, faltam.size())).join(u'\r');
+  if (faltam.size() > kNomes) texto += u"\re mais %1"_s.arg(faltam.size() - kNomes);
+  Aviso(texto);
 }
 
 }  // namespace
@@ -19,11 +46,10 @@ void frmPedHTML::cmdImprimir_Click() {
   if (Option1->isChecked() || Option3->isChecked()) vias << WebBrowser1;
   if (Option2->isChecked() || Option3->isChecked()) vias << WebBrowser2;
   for (web::WebPane* via : vias) {
-    const web::Printed resultado = Imprime(*via);
-    if (resultado == web::Printed::Sent) continue;
-    Aviso(resultado == web::Printed::NoPrinter
-              ? u"Não há impressora padrão neste computador.\rInstale uma impressora e tente novamente."_s
-              : u"A impressora padrão não aceitou o documento.\rVerifique a impressora e tente novamente."_s);
+    const auto [resultado, faltam] = Imprime(*via);
+    const QString recusa = Recusa(resultado);
+    if (!recusa.isEmpty()) Aviso(recusa);
+    if (resultado == web::Printed::Sent) AvisaFiguras(faltam);
     if (resultado == web::Printed::NoPrinter) break;
   }
   forms::msgBox({.text = u"Impressão Encerrada"_s, .icon = forms::Icon::Information});

@@ -21,11 +21,11 @@ void frmPedHTML::cmdPDF_Click() {
   }
   WebBrowser1->navigate(pdf);
   SSTab1->setCurrentIndex(0);
-  mostraCaminho(pdf);
+  mostraCaminho(pdf, u"PDF gravado em:"_s);
 }
 
 void frmPedHTML::cmdWord_Click() {
   const forms::WaitPointer espera;
   DocumentoWordAmostra();
-  mostraCaminho(QString::fromUtf16(kArquivoAmostra));
+  mostraCaminho(QString::fromUtf16(kArquivoAmostra), u"Word gravado em:"_s);
 }

@@ -128,6 +128,7 @@ void PesquisaComFotos::abrePagina() {
   const forms::WaitPointer espera;
   const QString pagina = MontaDetalheHTML();
   files::write(arquivo, files::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina));
+  c_.WebBrowser1->setPictureFolders(PastasDeFiguras());
   c_.WebBrowser1->navigate(arquivo);
 }
 

@@ -25,3 +25,9 @@ QString LocalizaImagemProduto(const QString& codigo) {
 }
 
 bool LocalizaImagemPrototipo(const QString& codigo) { return !firstImage(codigo).isEmpty(); }
+
+QStringList PastasDeFiguras() {
+  const RunContext& run = contexto();
+  const qsizetype folder = run.ArqSemImagem.lastIndexOf(u'\\') + 1;
+  return {run.PathImagens, run.PathImagens2, run.ArqSemImagem.first(folder), run.PathWeb, run.PathLink};
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "platform/data/asked.h"
 #include "platform/data/recordset.h"
@@ -121,5 +122,7 @@ Asked<QString> DadosEmpresaTexto();
 
 /// Path of the first image of a code that exists (plain, "W2", "S3"), or ArqSemImagem.
 [[nodiscard]] QString LocalizaImagemProduto(const QString& codigo);
+/// The folders of pictures that documents show and link to, as the configuration names them.
+[[nodiscard]] QStringList PastasDeFiguras();
 /// Whether one of the three images exists.
 [[nodiscard]] bool LocalizaImagemPrototipo(const QString& codigo);

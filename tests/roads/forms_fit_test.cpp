@@ -114,7 +114,7 @@ void checkAll(forms::Form& form, Faults& faults) {
     const QWidget& parent = *control->parentWidget();
     const QRect place = control->geometry();
     // The viewer's own measures make its tabs wider than the window.
-    const bool wider = control->objectName() == u"SSTab1"_s && parent.objectName() == u"frmPedHTML"_s;
+    const bool wider = control->objectName() == u"SSTab1"_s && parent.objectName() == u"conteudo"_s;
     if (!wider && !parent.rect().contains(place))
       faults.add(*control, u"reaches %1,%2 in %3x%4"_s.arg(place.right() + 1)
                                .arg(place.bottom() + 1)

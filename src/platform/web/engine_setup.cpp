@@ -3,7 +3,7 @@
 #include <QLoggingCategory>
 #include <QWebEngineUrlScheme>
 
-#include "platform/web/drive_scheme.h"
+#include "platform/web/page_files.h"
 #include "platform/web/web_pane.h"
 
 #ifdef Q_OS_UNIX
@@ -35,8 +35,8 @@ void prepare() {
   if (done) return;
   done = true;
   addEngineFlags();
-  // That there is no graphics card is no news worth a page of text.
-  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext*=false"));
+  // Neither a missing graphics card nor how a text was found is news worth a page of text.
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext*=false\nqt.pdf.search*=false"));
   if (QCoreApplication::instance() != nullptr) return;  // too late for the rest
   QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   // "c:\pictures\x.jpg" reads as an address of scheme "c".
@@ -46,6 +46,10 @@ void prepare() {
     scheme.setFlags(QWebEngineUrlScheme::LocalScheme | QWebEngineUrlScheme::LocalAccessAllowed);
     QWebEngineUrlScheme::registerScheme(scheme);
   }
+  QWebEngineUrlScheme document(kDocumentScheme);
+  document.setSyntax(QWebEngineUrlScheme::Syntax::Path);
+  document.setFlags(QWebEngineUrlScheme::LocalAccessAllowed);  // its pictures are files
+  QWebEngineUrlScheme::registerScheme(document);
 }
 
 }  // namespace web

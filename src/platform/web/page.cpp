@@ -1,48 +1,105 @@
 #include "platform/web/page.h"
 
 #include <QDesktopServices>
+#include <QRegularExpression>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 
-#include "platform/files/paths.h"
-#include "platform/web/drive_scheme.h"
+#include "platform/web/page_files.h"
 
 namespace web {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-QWebEngineProfile* sharedProfile() {
-  QWebEngineProfile* shared = QWebEngineProfile::defaultProfile();
-  static const bool prepared = [shared] {
-    new DriveFiles(shared);  // owned by the profile
-    return true;
+Documents& documents() {
+  static Documents* const handler = [] {
+    QWebEngineProfile* profile = QWebEngineProfile::defaultProfile();
+    new DriveFiles(profile);  // both are owned by the profile
+    return new Documents(profile);
   }();
-  Q_UNUSED(prepared)
-  return shared;
+  return *handler;
 }
 
-void openOutside(const QUrl& url) {
-  QDesktopServices::openUrl(isDrivePath(url) ? QUrl::fromLocalFile(files::resolve(drivePath(url))) : url);
+/// What stands before the document's own text: the encoding that all documents have, what it may ask for, and
+/// that no row is cut in two where a printed page ends.
+QByteArray preface(const QString& folder) {
+  QByteArray drives;
+  for (char letter = kFirstDrive; letter <= kLastDrive; ++letter) drives += QByteArray(1, letter) + ": ";
+  const QByteArray base = QUrl::fromLocalFile(folder + u'/').toEncoded().replace('\'', "%27");
+  return "<meta charset='windows-1252'><base href='" + base +
+         "'><meta http-equiv='Content-Security-Policy' content=\"default-src 'none'; style-src "
+         "'unsafe-inline'; "
+         "img-src " +
+         drives +
+         "file: http: https: data:; base-uri 'none'; form-action 'none'\">"
+         "<style>@media print { tr, img { break-inside: avoid } }</style>";
+}
+
+/// The document with its preface, behind the document type where there is one.
+QByteArray guarded(const QByteArray& html, const QString& folder) {
+  static const QRegularExpression type(
+      uR"(^(?:\s|<!--.*?-->)*<!DOCTYPE[^>]*>)"_s,
+      QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+  constexpr qsizetype kHead = 2000;
+  const qsizetype place =
+      type.match(QString::fromLatin1(html.first(std::min(kHead, html.size())))).capturedEnd();
+  return QByteArray(html).insert(std::max(qsizetype{0}, place), preface(folder));
+}
+
+/// Whether an address opens a mail without a file of this machine.
+bool isPlainMail(const QUrl& url) {
+  static const QRegularExpression attachment(u"[?&;]\\s*attach"_s, QRegularExpression::CaseInsensitiveOption);
+  return url.scheme() == u"mailto" &&
+         !attachment.match(QString::fromUtf8(QByteArray::fromPercentEncoding(url.toEncoded()))).hasMatch();
 }
 
 }  // namespace
 
-Page::Page(QObject* parent) : QWebEnginePage(sharedProfile(), parent) {
+Page::Page(const QByteArray& html, const QString& folder, const PictureFolders& folders,
+           const QList<QUrl>& without, QObject* parent)
+    : QWebEnginePage(QWebEngineProfile::defaultProfile(), parent),
+      address_(documents().add(guarded(html, folder))),
+      folders_(folders),
+      filter_(new RequestFilter(address_, folders, without, this)) {
+  setUrlRequestInterceptor(filter_);
   QWebEngineSettings* all = settings();
-  // Names and remarks go into the documents as they were typed.
-  all->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-  all->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, true);
-  all->setAttribute(QWebEngineSettings::PluginsEnabled, true);
-  all->setAttribute(QWebEngineSettings::PdfViewerEnabled, true);
+  for (const auto attribute :
+       {QWebEngineSettings::JavascriptEnabled, QWebEngineSettings::PluginsEnabled,
+        QWebEngineSettings::PdfViewerEnabled, QWebEngineSettings::LocalStorageEnabled,
+        QWebEngineSettings::HyperlinkAuditingEnabled, QWebEngineSettings::DnsPrefetchEnabled,
+        QWebEngineSettings::AutoLoadIconsForPage, QWebEngineSettings::ErrorPageEnabled})
+    all->setAttribute(attribute, false);
   connect(this, &QWebEnginePage::newWindowRequested, this,
-          [](QWebEngineNewWindowRequest& request) { openOutside(request.requestedUrl()); });
+          [this](const QWebEngineNewWindowRequest& request) { openLink(request.requestedUrl()); });
 }
 
-bool Page::acceptNavigationRequest(const QUrl& url, NavigationType type, bool) {
-  if (type != NavigationTypeLinkClicked) return true;
-  openOutside(url);
+Page::~Page() { documents().drop(address_); }
+
+void Page::show() { load(address_); }
+
+bool Page::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+  if (type == NavigationTypeLinkClicked) {
+    openLink(url);
+  } else if (isMainFrame && url == address_ && !begun_) {
+    begun_ = true;
+    return true;
+  }
   return false;
+}
+
+QStringList Page::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&) { return {}; }
+
+void Page::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int, const QString&) {}
+
+void Page::openLink(const QUrl& url) const {
+  const QString picture = folders_.pictureOf(url);
+  if (!picture.isEmpty())
+    QDesktopServices::openUrl(QUrl::fromLocalFile(picture));
+  else if (isWeb(url) || isPlainMail(url))
+    QDesktopServices::openUrl(url);
 }
 
 }  // namespace web

@@ -1,15 +1,11 @@
-#include <QPointer>
+#include "platform/web/printing.h"
+
+#include <QPainter>
+#include <QPdfDocument>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QWebEngineView>
-#include <memory>
-
-#include "platform/files/paths.h"
-#include "platform/web/waiting.h"
-#include "platform/web/web_pane.h"
 
 namespace web {
 
@@ -17,46 +13,42 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The page as a picture, for a printing system that takes no files.
-bool printPicture(QWebEngineView& view, const QPrinterInfo& info) {
+constexpr int kPatience = 30'000;  // milliseconds
+
+Printed spool(const QString& spooler, const QString& file, const QString& printer, const QString& job) {
+  QProcess process;
+  process.start(spooler, {u"-d"_s, printer, u"-t"_s, job, u"--"_s, file});
+  if (!process.waitForFinished(kPatience)) return Printed::Refused;
+  return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 ? Printed::Sent
+                                                                                 : Printed::Refused;
+}
+
+/// For a printing system that takes no files.
+Printed draw(const QString& file, const QString& printerName, const QString& job) {
   constexpr int kDotsPerInch = 300;  // more takes seconds and memory and shows no better
-  const auto printer = std::make_shared<QPrinter>(info);
-  printer->setResolution(kDotsPerInch);
-  QEventLoop loop;
-  const auto printed = std::make_shared<bool>(false);
-  // The engine needs the printer until it has finished, even where nobody waits for it any more.
-  QObject::connect(
-      &view, &QWebEngineView::printFinished, &view,
-      [printer, printed, waiting = QPointer<QEventLoop>(&loop)](bool success) {
-        *printed = success;
-        if (waiting) waiting->quit();
-      },
-      Qt::SingleShotConnection);
-  view.print(printer.get());
-  waitIn(loop);
-  return *printed;
+  QPdfDocument document;
+  if (document.load(file) != QPdfDocument::Error::None) return Printed::Failed;
+  QPrinter printer(QPrinterInfo::printerInfo(printerName));
+  printer.setResolution(kDotsPerInch);
+  printer.setDocName(job);
+  printer.setFullPage(true);
+  QPainter painter;
+  if (!painter.begin(&printer)) return Printed::Refused;
+  for (int page = 0; page < document.pageCount(); ++page) {
+    if (page > 0 && !printer.newPage()) return Printed::Refused;
+    const QSize size = (document.pagePointSize(page) * kDotsPerInch / 72.0).toSize();
+    painter.drawImage(0, 0, document.render(page, size));
+  }
+  return painter.end() ? Printed::Sent : Printed::Refused;
 }
 
 }  // namespace
 
-Printed WebPane::print() {
-  const QPrinterInfo printer = QPrinterInfo::defaultPrinter();
-  if (printer.isNull()) return Printed::NoPrinter;
-  auto* view = findChild<QWebEngineView*>();
-  if (view == nullptr) return Printed::Failed;
-  const QString spooler = QStandardPaths::findExecutable(u"lp"_s);
-  // A pane that shows a PDF would print blank: only the file itself can go out.
-  if (spooler.isEmpty())
-    return !isPdf(path_) && waitForLoad() && printPicture(*view, printer) ? Printed::Sent : Printed::Failed;
+QString defaultPrinter() { return QPrinterInfo::defaultPrinter().printerName(); }
 
-  const QTemporaryDir folder;
-  QString file = files::resolve(path_);
-  if (!isPdf(path_)) {
-    file = folder.filePath(u"page.pdf"_s);
-    if (!printToFile(file)) return Printed::Failed;
-  }
-  const int status = QProcess::execute(spooler, {u"-d"_s, printer.printerName(), u"--"_s, file});
-  return status == 0 ? Printed::Sent : Printed::Failed;
+Printed printPdf(const QString& file, const QString& printer, const QString& job) {
+  const QString spooler = QStandardPaths::findExecutable(u"lp"_s);
+  return spooler.isEmpty() ? draw(file, printer, job) : spool(spooler, file, printer, job);
 }
 
 }  // namespace web

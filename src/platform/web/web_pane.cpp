@@ -1,16 +1,19 @@
 #include "platform/web/web_pane.h"
 
-#include <QPointer>
-#include <QTimer>
+#include <QFileInfo>
+#include <QLabel>
+#include <QTemporaryDir>
 #include <QVBoxLayout>
-#include <QWebEngineFindTextResult>
-#include <QWebEngineSettings>
-#include <QWebEngineView>
+#include <QWheelEvent>
 #include <algorithm>
+#include <optional>
 
 #include "platform/files/paths.h"
+#include "platform/values/runtime_error.h"
 #include "platform/web/find_bar.h"
-#include "platform/web/page.h"
+#include "platform/web/html_view.h"
+#include "platform/web/pdf_view.h"
+#include "platform/web/printing.h"
 #include "platform/web/waiting.h"
 
 namespace web {
@@ -18,28 +21,36 @@ namespace web {
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr double kSmallest = 0.3;
-constexpr double kLargest = 4.0;
+
 constexpr double kStep = 0.1;
-constexpr int kSettling = 100;  // milliseconds
-constexpr int kScrollBar = 15;  // pixels that the engine's own takes
-// What stands for Verdana and Tahoma, and for any other font that the machine lacks.
-constexpr char16_t kPlainFont[] = u"DejaVu Sans";
-}  // namespace
 
 bool isPdf(const QString& path) { return path.endsWith(u".pdf", Qt::CaseInsensitive); }
 
+std::optional<QByteArray> contentOf(const QString& path) {
+  try {
+    if (files::exists(path)) return files::readAll(path);
+  } catch (const values::RuntimeError&) {
+    // The pane says so.
+  }
+  return {};
+}
+
+}  // namespace
+
 class WebPane::Private {
  public:
-  explicit Private(WebPane* pane) : bar(new FindBar(pane)) {}
+  explicit Private(WebPane* pane) : bar(new FindBar(pane)), sentence(new QLabel(pane)) {}
 
   FindBar* bar;
-  QWebEngineView* view = nullptr;
-  double zoom = 1.0;
+  QLabel* sentence;  ///< in the document's place
+  DocumentView* view = nullptr;
+  PictureFolders folders;
+  std::optional<QByteArray> part;
+  bool pending = false;  ///< not loaded yet
   bool loading = false;
   bool ok = false;
-  bool fit = true;  // nobody has set the zoom
-  QTimer settled;   // the engine tells a new size in steps, some of them late
+  bool fit = true;  ///< nobody has set the zoom
+  double zoom = 1.0;
 };
 
 WebPane::WebPane(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private>(this)) {
@@ -47,7 +58,10 @@ WebPane::WebPane(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private
   column->setContentsMargins({});
   column->setSpacing(0);
   column->addWidget(d_->bar);
-  column->addStretch();
+  column->addWidget(d_->sentence);
+  d_->sentence->setAlignment(Qt::AlignCenter);
+  d_->sentence->setWordWrap(true);
+  d_->sentence->setTextFormat(Qt::PlainText);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
 
@@ -61,47 +75,100 @@ WebPane::WebPane(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private
 
 WebPane::~WebPane() = default;
 
-void WebPane::makeEngine() {
-  prepare();
-  d_->view = new QWebEngineView(this);
-  d_->view->setPage(new Page(d_->view));
-  for (const auto family : {QWebEngineSettings::StandardFont, QWebEngineSettings::SansSerifFont})
-    d_->view->settings()->setFontFamily(family, QString::fromUtf16(kPlainFont));
-  d_->view->setContextMenuPolicy(Qt::NoContextMenu);
-  auto* column = static_cast<QVBoxLayout*>(layout());
-  delete column->takeAt(1);
-  column->addWidget(d_->view, 1);
-  setFocusProxy(d_->view);
-  connect(d_->view, &QWebEngineView::loadFinished, this, &WebPane::pageLoaded);
-  d_->settled.setSingleShot(true);
-  d_->settled.setInterval(kSettling);
-  connect(d_->view->page(), &QWebEnginePage::contentsSizeChanged, &d_->settled, qOverload<>(&QTimer::start));
-  connect(&d_->settled, &QTimer::timeout, this, &WebPane::shrinkToWidth);
-}
+void WebPane::setPictureFolders(const QStringList& folders) { d_->folders = PictureFolders(folders); }
 
 void WebPane::navigate(const QString& path) {
-  if (d_->view == nullptr) makeEngine();
   path_ = path;
-  d_->loading = true;
-  QUrl address = path.isEmpty() ? QUrl(u"about:blank"_s) : QUrl::fromLocalFile(files::resolve(path));
-  const bool pdf = isPdf(path);
-  if (pdf) address.setFragment(u"navpanes=0"_s);  // the page itself gets the width
-  d_->view->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, pdf);  // its viewer is a script
-  d_->view->load(address);
+  d_->part.reset();
+  d_->pending = true;
+  if (isVisible()) load();
 }
 
-void WebPane::pageLoaded(bool ok) {
-  if (!d_->loading) return;  // a link that opened elsewhere
+void WebPane::showPart(const QByteArray& html, const QString& path) {
+  path_ = path;
+  d_->part = html;
+  d_->pending = true;
+  if (isVisible()) load();
+}
+
+void WebPane::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (d_->pending) load();
+}
+
+DocumentView* WebPane::view() {
+  if (d_->pending) load();
+  return d_->view;
+}
+
+void WebPane::load() {
+  d_->pending = false;
+  d_->loading = true;
+  setFocusProxy(nullptr);
+  delete std::exchange(d_->view, nullptr);
+  d_->sentence->show();
+  if (path_.isEmpty()) {
+    say({});
+    return stand(true);
+  }
+  const std::optional<QByteArray> content = d_->part ? std::exchange(d_->part, {}) : contentOf(path_);
+  if (!content) {
+    say(u"O arquivo não foi encontrado:\n%1"_s.arg(path_));
+    return stand(false);
+  }
+  say(u"Carregando…"_s);
+  if (isPdf(path_))
+    loadPdf(*content);
+  else
+    loadHtml(*content);
+}
+
+void WebPane::loadHtml(const QByteArray& html) {
+  auto* view = new HtmlView(html, QFileInfo(files::resolve(path_)).absolutePath(), d_->folders, this);
+  place(view);
+  view->open();
+}
+
+void WebPane::loadPdf(const QByteArray& pdf) {
+  auto* view = new PdfView(pdf, this);
+  place(view);
+  view->open();
+}
+
+void WebPane::place(DocumentView* view) {
+  d_->view = view;
+  static_cast<QVBoxLayout*>(layout())->addWidget(view, 1);
+  setFocusProxy(view);
+  connect(view, &DocumentView::stands, this, &WebPane::stand);
+  connect(view, &DocumentView::zoomChanged, this, [this](double factor) {
+    d_->zoom = factor;
+    Q_EMIT zoomChanged(factor);
+  });
+}
+
+void WebPane::stand(bool ok) {
   d_->loading = false;
   d_->ok = ok;
-  if (d_->fit)
-    fitWidth();
-  else
-    applyZoom(d_->zoom);
+  if (d_->view != nullptr) {
+    if (!ok) {
+      setFocusProxy(nullptr);
+      std::exchange(d_->view, nullptr)->deleteLater();
+      say(u"O arquivo não pôde ser mostrado:\n%1"_s.arg(path_));
+    } else {
+      d_->sentence->hide();
+      if (d_->fit)
+        d_->view->fitWidth();
+      else
+        d_->view->setZoom(d_->zoom);
+    }
+  }
   Q_EMIT loaded(ok);
 }
 
+void WebPane::say(const QString& sentence) { d_->sentence->setText(sentence); }
+
 bool WebPane::waitForLoad(int milliseconds) {
+  view();
   if (!d_->loading) return d_->ok;
   QEventLoop loop;
   connect(this, &WebPane::loaded, &loop, &QEventLoop::quit);
@@ -110,88 +177,57 @@ bool WebPane::waitForLoad(int milliseconds) {
 }
 
 QString WebPane::pageText() {
-  if (d_->view == nullptr || !waitForLoad()) return {};
-  QEventLoop loop;
-  auto text = std::make_shared<QString>();
-  d_->view->page()->toPlainText([text, waiting = QPointer<QEventLoop>(&loop)](const QString& shown) {
-    *text = shown;
-    if (waiting) waiting->quit();
-  });
-  waitIn(loop);
-  return *text;
-}
-
-int WebPane::contentWidth() const {
-  return d_->view == nullptr ? 0 : static_cast<int>(d_->view->page()->contentsSize().width());
+  waitForLoad();
+  return d_->view == nullptr ? d_->sentence->text() : d_->view->text();
 }
 
 void WebPane::setZoom(double factor) {
   d_->fit = false;
-  applyZoom(factor);
+  d_->zoom = std::clamp(factor, kSmallestZoom, kLargestZoom);
+  if (d_->view != nullptr)
+    d_->view->setZoom(d_->zoom);
+  else
+    Q_EMIT zoomChanged(d_->zoom);
 }
 
 double WebPane::zoom() const { return d_->zoom; }
 void WebPane::zoomIn() { setZoom(d_->zoom + kStep); }
 void WebPane::zoomOut() { setZoom(d_->zoom - kStep); }
 
+void WebPane::wheelEvent(QWheelEvent* event) {
+  if (!event->modifiers().testFlag(Qt::ControlModifier) || event->angleDelta().y() == 0)
+    return QWidget::wheelEvent(event);
+  setZoom(d_->zoom + (event->angleDelta().y() > 0 ? kStep : -kStep));
+}
+
 void WebPane::fitWidth() {
   d_->fit = true;
-  applyZoom(1.0);
-  d_->settled.start();
-}
-
-void WebPane::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  if (d_->fit && d_->view != nullptr) fitWidth();
-}
-
-void WebPane::applyZoom(double factor) {
-  d_->zoom = std::clamp(factor, kSmallest, kLargest);
-  if (d_->view != nullptr) d_->view->setZoomFactor(d_->zoom);
-  Q_EMIT zoomChanged(d_->zoom);
-}
-
-void WebPane::shrinkToWidth() {
-  if (!d_->fit || d_->view == nullptr || d_->loading || !d_->view->isVisible()) return;
-  const QSizeF page = d_->view->page()->contentsSize();
-  const int scrollBar = page.height() > d_->view->height() ? kScrollBar : 0;
-  const double excess = page.width() / (d_->view->width() - scrollBar);
-  if (excess < 1.005) return;
-  applyZoom(d_->zoom / excess);
+  if (d_->view != nullptr) d_->view->fitWidth();
 }
 
 void WebPane::openFind() { d_->bar->open(); }
 
 bool WebPane::find(const QString& text, bool backward) {
-  if (d_->view == nullptr || !waitForLoad()) return false;
-  QEventLoop loop;
-  auto found = std::make_shared<bool>(false);
-  const auto flags = backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags{};
-  d_->view->page()->findText(
-      text, flags, [found, waiting = QPointer<QEventLoop>(&loop)](const QWebEngineFindTextResult& result) {
-        *found = result.numberOfMatches() > 0;
-        if (waiting) waiting->quit();
-      });
-  if (text.isEmpty()) return false;  // the engine doesn't answer when a mark is taken away
-  waitIn(loop);
-  return *found;
+  return waitForLoad() && d_->view != nullptr && d_->view->find(text, backward);
 }
 
 bool WebPane::printToFile(const QString& pdfPath) {
-  if (d_->view == nullptr || !waitForLoad()) return false;
-  QEventLoop loop;
-  bool written = false;
-  const auto done = connect(d_->view->page(), &QWebEnginePage::pdfPrintingFinished, &loop,
-                            [&](const QString&, bool success) {
-                              written = success;
-                              loop.quit();
-                            });
-  d_->view->page()->printToPdf(files::resolve(pdfPath),
-                               QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
-                                           QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter));
-  waitIn(loop);
-  disconnect(done);
-  return written;
+  return waitForLoad() && d_->view != nullptr && d_->view->writePdf(files::resolve(pdfPath));
+}
+
+QStringList WebPane::missingPictures() {
+  return waitForLoad() && d_->view != nullptr ? d_->view->missingPictures() : QStringList();
+}
+
+PrintReport WebPane::print() {
+  const QString printer = defaultPrinter();
+  if (printer.isEmpty()) return {Printed::NoPrinter, {}};
+  const QTemporaryDir folder;
+  const QString job = QFileInfo(files::resolve(path_)).completeBaseName();
+  const QString file = folder.filePath(u"documento.pdf"_s);
+  if (!printToFile(file)) return {Printed::Failed, {}};
+  const QStringList missing = missingPictures();
+  return {printPdf(file, printer, job), missing};
 }
 
 }  // namespace web

@@ -4,24 +4,29 @@
 #include <QWidget>
 #include <memory>
 
-class QUrl;
+class QLabel;
 
 // The browser control: shows a file by its path and prints it without a dialog.
 namespace web {
+
+class DocumentView;
 
 /// Makes the engine fit for this machine (no sandbox as root, no GPU, Brazilian pages of its own) and lets
 /// pictures be named by a path with a drive letter. Before the application object is made; once is enough.
 void prepare();
 
-/// Whether a path names a PDF file.
-[[nodiscard]] bool isPdf(const QString& path);
+/// What became of a document that was to be printed.
+enum class Printed { Sent, NoPrinter, Refused, Failed };
+struct PrintReport {
+  Printed result;
+  QStringList missing;  ///< addresses of pictures that it was printed without
+};
 
-/// What became of a page that was to be printed.
-enum class Printed { Sent, NoPrinter, Failed };
-
-/// A pane that shows an HTML or PDF file. The engine behind it is made when the first document is shown,
-/// never before. A link opens in the system's own browser. Ctrl+F, or openFind(), searches the page; Ctrl
-/// with plus, minus and 0 zooms. Scripts in a page don't run. Promoted in Designer files (header
+/// A pane that shows an HTML or PDF file, each document in a view made for it and dropped with it. What the
+/// file holds is not trusted: no script runs, nothing but pictures is fetched, the pane goes nowhere else,
+/// and a link opens outside only if it is one of the web, of mail without attachments, or a picture of the
+/// picture folders. The browser engine is made when the first HTML is shown, never before; PDF goes without
+/// it. Ctrl+F, or openFind(), searches; Ctrl with plus, minus and 0 zooms. Promoted in Designer files (header
 /// platform/web/web_pane.h).
 class WebPane : public QWidget {
   Q_OBJECT
@@ -30,27 +35,30 @@ class WebPane : public QWidget {
   explicit WebPane(QWidget* parent = nullptr);
   ~WebPane() override;
 
+  /// Folders (as paths that the program knows) whose pictures a document may show and link to. Before
+  /// navigate().
+  void setPictureFolders(const QStringList& folders);
   /// Shows the file of a path as the program knows it (drive letters are resolved); an empty path shows an
-  /// empty page. A file that is not there gives the engine's own message page. A page wider than the pane is
-  /// zoomed out until it fits, as long as nobody sets the zoom.
+  /// empty pane, a file that can't be read a sentence. It is loaded when the pane is first in sight or asked
+  /// about.
   void navigate(const QString& path);
+  /// Shows HTML that isn't a file's: a part of the one at this path.
+  void showPart(const QByteArray& html, const QString& path);
   /// The path last given.
   [[nodiscard]] const QString& path() const { return path_; }
-  /// Waits, with the event loop running, until the page is there. False when it failed or took longer.
+  /// Waits, with the event loop running, until the document can be read; pictures of the web may still be
+  /// missing. False when it failed or took longer.
   bool waitForLoad(int milliseconds = 30'000);
 
-  /// The text that the page shows, once it has loaded. Empty while nothing has been shown.
+  /// The text that the pane shows, once it has loaded. Empty while nothing has been shown.
   [[nodiscard]] QString pageText();
-  /// Width of the page's content in pixels of the pane; more than the pane's own means that it scrolls
-  /// sideways.
-  [[nodiscard]] int contentWidth() const;
 
-  /// 1.0 is 100 %. Kept between pages.
+  /// 1.0 is 100 %. Kept between documents.
   void setZoom(double factor);
   [[nodiscard]] double zoom() const;
   void zoomIn();
   void zoomOut();
-  /// Back to the zoom that shows the page's whole width.
+  /// Back to the zoom that shows a document's whole width, as far as it stays readable.
   void fitWidth();
 
   /// Opens the search line above the page.
@@ -58,10 +66,12 @@ class WebPane : public QWidget {
   /// Marks the next place where the text stands; an empty text takes the mark away. Whether there is one.
   bool find(const QString& text, bool backward = false);
 
-  /// Prints what is shown on the system's default printer, text as vectors where the printing system takes
-  /// them. Returns when the printing system has it.
-  [[nodiscard]] Printed print();
-  /// The page as an A4 file with vectors. False when nothing is shown or it could not be written.
+  /// Prints the document on the system's default printer, the job named as the file is. Returns when the
+  /// printing system has it.
+  [[nodiscard]] PrintReport print();
+  /// Addresses of pictures of the web that no server gives now.
+  [[nodiscard]] QStringList missingPictures();
+  /// The document as an A4 file with vectors. False when nothing is shown or it could not be written.
   bool printToFile(const QString& pdfPath);
 
  Q_SIGNALS:
@@ -69,14 +79,20 @@ class WebPane : public QWidget {
   void zoomChanged(double factor);
 
  protected:
-  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
   class Private;
-  void makeEngine();
-  void pageLoaded(bool ok);
-  void shrinkToWidth();
-  void applyZoom(double factor);
+  /// The view of the document last given, made now if it wasn't; nullptr where it shows a sentence or
+  /// nothing.
+  DocumentView* view();
+  void load();
+  void loadHtml(const QByteArray& html);
+  void loadPdf(const QByteArray& pdf);
+  void place(DocumentView* view);
+  void stand(bool ok);
+  void say(const QString& sentence);
 
   QString path_;
   std::unique_ptr<Private> d_;

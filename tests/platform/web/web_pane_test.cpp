@@ -1,14 +1,8 @@
-#include "platform/web/web_pane.h"
-
-#include <gtest/gtest.h>
-
-#include <QDesktopServices>
-#include <QFile>
-#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
+
+#include "platform/web/printing.h"
+#include "web_case.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,46 +10,14 @@ namespace {
 
 const bool kPrepared = (web::prepare(), true);  // the engine wants it before the application object
 
-class WebPaneTest : public ::testing::Test {
- protected:
-  WebPaneTest() {
-    qputenv("ZARIM_DRIVE_C", folder_.path().toUtf8());
-    pane_.resize(600, 400);
-    pane_.show();
-  }
+using WebPaneTest = PaneCase;
 
-  QString page(const QString& body) {
-    const QString path = folder_.filePath(u"page.html"_s);
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write((u"<html><meta http-equiv='Content-Type' content='text/html; charset=iso-8859-1'><body>"_s +
-                body + u"</body></html>"_s)
-                   .toLatin1());
-    return path;
-  }
-  /// Waits until the pane shows a colour somewhere. A picture of it is taken now and then only, since taking
-  /// one holds up the drawing.
-  bool shows(QColor color) {
-    for (int attempt = 0; attempt < 50; ++attempt) {
-      QTest::qWait(100);
-      const QImage image = pane_.grab().toImage();
-      for (int y = 0; y < image.height(); y += 4)
-        for (int x = 0; x < image.width(); x += 4)
-          if (image.pixelColor(x, y) == color) return true;
-    }
-    return false;
-  }
-
-  QTemporaryDir folder_;
-  web::WebPane pane_;
-};
-
-TEST_F(WebPaneTest, ShowsAccentsOfOldTagSoupFindsThemAndRunsNoScripts) {
+TEST_F(WebPaneTest, ShowsAccentsOfOldTagSoupAndFindsThem) {
   pane_.navigate(u"c:\\nothing.html"_s);
   EXPECT_FALSE(pane_.waitForLoad());
+  EXPECT_EQ(pane_.pageText(), u"O arquivo não foi encontrado:\nc:\\nothing.html"_s);
   pane_.navigate(
-      page(u"<TABLE><tr><td><b><font id=x>Orçamento: </b>Ação</font></td><tr><td>Pão<P></table>"
-           "<script>document.getElementById('x').innerText='Outra'</script>"_s));
+      page(u"<TABLE><tr><td><b><font id=x>Orçamento: </b>Ação</font></td><tr><td>Pão<P></table>"_s));
   EXPECT_TRUE(pane_.waitForLoad());
   const QString text = pane_.pageText();
   EXPECT_TRUE(text.contains(u"Orçamento: Ação"_s) && text.contains(u"Pão"_s)) << text.toStdString();
@@ -74,29 +36,50 @@ TEST_F(WebPaneTest, LoadsPicturesOfDrivePathsWhateverTheirCase) {
   EXPECT_TRUE(shows(Qt::red));
 }
 
-TEST_F(WebPaneTest, ShrinksWidePagesUntilTheUserZooms) {
-  const QString wide = page(u"<table width='800'><tr><td>largo</td></tr></table>"_s);
-  pane_.navigate(wide);
-  ASSERT_TRUE(pane_.waitForLoad());
-  EXPECT_TRUE(
-      QTest::qWaitFor([this] { return pane_.zoom() < 0.8 && pane_.contentWidth() == pane_.width(); }));
-  EXPECT_GT(pane_.zoom(), 0.65);
+TEST_F(WebPaneTest, ShrinksWidePagesWhileTheyStayReadableUntilTheUserZooms) {
+  const QString wide = u"<table width='%1'><tr><td>largo</td></tr></table>"_s;
+  for (const auto& [width, least, most] : {std::tuple{800, 0.7, 0.8}, {3000, 0.7, 0.7}, {300, 1.0, 1.0}}) {
+    pane_.navigate(page(wide.arg(width)));
+    ASSERT_TRUE(pane_.waitForLoad());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane_.zoom() >= least && pane_.zoom() <= most; })) << width;
+  }
   pane_.setZoom(1.5);
-  pane_.navigate(wide);
+  pane_.navigate(page(wide.arg(800)));
   ASSERT_TRUE(pane_.waitForLoad());
   EXPECT_DOUBLE_EQ(pane_.zoom(), 1.5);
+}
+
+TEST_F(WebPaneTest, PdfIsReadFoundZoomedAndMarkedWithoutTheEngine) {
+  pane_.navigate(pdf({u"Primeira pagina"_s, u"Segunda pagina"_s, u"Terceira"_s}));
+  ASSERT_TRUE(pane_.waitForLoad());
+  EXPECT_TRUE(pane_.pageText().contains(u"Terceira"_s));
+  EXPECT_EQ(pane_.findChild<QWidget*>(u"QWebEngineView"_s), nullptr);
+  EXPECT_GE(pane_.zoom(), 0.7);
+  const QImage before = pane_.grab().toImage();
+  EXPECT_FALSE(pane_.find(u"quarta"_s));
+  EXPECT_TRUE(pane_.find(u"SEGUNDA"_s));
+  QTest::qWait(500);
+  EXPECT_NE(pane_.grab().toImage(), before);
+  pane_.zoomIn();
+  const double zoomed = pane_.zoom();
+  pane_.navigate(pdf({u"Outra"_s}));
+  EXPECT_TRUE(pane_.pageText().contains(u"Outra"_s));
+  EXPECT_DOUBLE_EQ(pane_.zoom(), zoomed);
+  pane_.navigate(file(u"estragado.pdf"_s, "%PDF-1.4 nada"));
+  EXPECT_FALSE(pane_.waitForLoad());
+  EXPECT_TRUE(pane_.pageText().contains(u"não pôde ser mostrado"_s));
 }
 
 TEST_F(WebPaneTest, PrintsTheWholeWidthOnA4WithVectors) {
   QString rows;
   for (int i = 0; i < 90; ++i)
     rows += u"<tr><td width=50%>esquerda%1</td><td align=right>direita%1</td></tr>"_s.arg(i);
-  const QString pdf = folder_.filePath(u"out.pdf"_s);
-  EXPECT_FALSE(pane_.printToFile(pdf));
+  const QString out = folder_.filePath(u"out.pdf"_s);
+  EXPECT_FALSE(pane_.printToFile(out));
   pane_.navigate(page(u"<table border='1' width='800' align='center'>"_s + rows + u"</table>"_s));
-  ASSERT_TRUE(pane_.printToFile(pdf));
+  ASSERT_TRUE(pane_.printToFile(out));
   QProcess tool;
-  tool.start(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s});
+  tool.start(u"pdftotext"_s, {u"-bbox"_s, out, u"-"_s});
   ASSERT_TRUE(tool.waitForFinished());
   const QString words = QString::fromUtf8(tool.readAllStandardOutput());
   const QRegularExpression word(
@@ -110,34 +93,47 @@ TEST_F(WebPaneTest, PrintsTheWholeWidthOnA4WithVectors) {
   EXPECT_EQ(seen, 180);
 }
 
-class Opened : public QObject {
-  Q_OBJECT
- public:
-  QList<QUrl> urls;
-  Q_INVOKABLE void take(const QUrl& url) { urls << url; }
+TEST_F(WebPaneTest, PictureServerThatNeverAnswersHoldsNothingUpAndIsNamed) {
+  PictureServer silent, good;
+  silent.silent = true;
+  const QString out = folder_.filePath(u"out.pdf"_s);
+  pane_.navigate(page(u"<p>Orçamento</p><img src='%1'><img src='%2' width=200 height=200>"_s.arg(
+      silent.address(u"logo.jpg"_s), good.address(u"foto.jpg"_s))));
+  QElapsedTimer clock;
+  clock.start();
+  EXPECT_EQ(pane_.pageText().trimmed(), u"Orçamento"_s);
+  EXPECT_TRUE(pane_.printToFile(out));
+  EXPECT_LT(clock.elapsed(), 12'000);
+  EXPECT_EQ(pane_.missingPictures(), QStringList{silent.address(u"logo.jpg"_s)});
+  EXPECT_TRUE(shows(Qt::red));
+}
+
+/// A printing system of its own in front of the machine's.
+class Spooler : public PaneCase {
+ protected:
+  Spooler() : path_(qgetenv("PATH")) { qputenv("PATH", folder_.path().toUtf8()); }
+  ~Spooler() override { qputenv("PATH", path_); }
+  void install(const QByteArray& script) {
+    const QString lp = file(u"lp"_s, "#!/bin/sh\n" + script);
+    QFile::setPermissions(lp, QFile::ReadOwner | QFile::ExeOwner);
+  }
+
+ private:
+  QByteArray path_;
 };
 
-TEST_F(WebPaneTest, LinksOpenOutside) {
-  static Opened opened;  // outlives the handler
-  QDesktopServices::setUrlHandler(u"http"_s, &opened, "take");
-  const QString link =
-      u"<a TARGET='%1' href='http://example.invalid/%1'><div style='height:380px;background:red'>x</div></a>"_s;
-  for (const QString& target : {u"_blank"_s, u"_self"_s}) {
-    pane_.navigate(page(link.arg(target)));
-    ASSERT_TRUE(pane_.waitForLoad());
-    ASSERT_TRUE(shows(Qt::red));
-    const auto before = opened.urls.size();
-    ASSERT_TRUE(QTest::qWaitFor([&] {
-      QTest::mouseClick(pane_.childAt(100, 100), Qt::LeftButton, {}, QPoint(100, 100));
-      QTest::qWait(100);
-      return opened.urls.size() > before;
-    }));
-    EXPECT_EQ(opened.urls.last().path(), u"/"_s + target);
-    EXPECT_TRUE(pane_.pageText().contains(u'x'));
-  }
-  QDesktopServices::unsetUrlHandler(u"http"_s);
+TEST_F(Spooler, TakesTheJobByTheDocumentsNameOrRefusesWithoutAWord) {
+  const QString document = pdf({u"Orcamento"_s});
+  const auto print = [&] { return web::printPdf(document, u"laser"_s, u"orca_cliente_000003"_s); };
+  install("echo \"$@\" >\"$ZARIM_DRIVE_C/job\"; echo request id is laser-1");
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(print(), web::Printed::Sent);
+  install("echo lp: no >&2; exit 1");
+  EXPECT_EQ(print(), web::Printed::Refused);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  QFile job(folder_.filePath(u"job"_s));
+  ASSERT_TRUE(job.open(QIODevice::ReadOnly));
+  EXPECT_EQ(QString::fromUtf8(job.readAll()).trimmed(), u"-d laser -t orca_cliente_000003 -- "_s + document);
 }
 
 }  // namespace
-
-#include "web_pane_test.moc"

@@ -1,0 +1,164 @@
+#include "platform/web/pdf_view.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPdfLink>
+#include <QPdfSearchModel>
+#include <QPdfSelection>
+#include <QScreen>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace web {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QColor kMark(255, 200, 0, 120);
+
+double pixelsPerPoint() { return QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72.0; }
+
+}  // namespace
+
+PdfPages::PdfPages(QWidget* parent) : QPdfView(parent) {
+  setPageMode(PageMode::MultiPage);
+  setZoomMode(ZoomMode::Custom);
+  QPalette around = palette();
+  around.setBrush(QPalette::Dark, palette().mid());  // paper on a light ground
+  setPalette(around);
+}
+
+// The layout is the view's own, which keeps it to itself.
+QRect PdfPages::placeOf(int page) const {
+  int top = documentMargins().top();
+  int widest = 0;
+  QSize size;
+  for (int i = 0; i < document()->pageCount(); ++i) {
+    const QSize one = (document()->pagePointSize(i) * pixelsPerPoint() * zoomFactor()).toSize();
+    if (i < page) top += one.height() + pageSpacing();
+    if (i == page) size = one;
+    widest = std::max(widest, one.width());
+  }
+  const int whole = widest + documentMargins().left() + documentMargins().right();
+  return {QPoint((std::max(whole, viewport()->width()) - size.width()) / 2, top), size};
+}
+
+QRect PdfPages::scaled(const QRectF& points) const {
+  const double factor = pixelsPerPoint() * zoomFactor();
+  return QRectF(points.topLeft() * factor, points.size() * factor).toAlignedRect();
+}
+
+void PdfPages::mark(int page, const QList<QRectF>& places) {
+  markedPage_ = page;
+  marks_ = places;
+  viewport()->update();
+  if (places.isEmpty()) return;
+  const QRect place = scaled(places.first()).translated(placeOf(page).topLeft());
+  const QRect sight({horizontalScrollBar()->value(), verticalScrollBar()->value()}, viewport()->size());
+  if (sight.contains(place)) return;
+  verticalScrollBar()->setValue(place.center().y() - viewport()->height() / 2);
+  horizontalScrollBar()->setValue(place.center().x() - viewport()->width() / 2);
+}
+
+double PdfPages::fittingZoom() const {
+  double widest = 1.0;
+  for (int i = 0; i < document()->pageCount(); ++i)
+    widest = std::max(widest, document()->pagePointSize(i).width());
+  // Room for the scroll bar from the start: its coming and going would change the width again.
+  const int room = width() - 2 * frameWidth() - verticalScrollBar()->sizeHint().width() -
+                   documentMargins().left() - documentMargins().right();
+  return room / (widest * pixelsPerPoint());
+}
+
+void PdfPages::paintEvent(QPaintEvent* event) {
+  QPdfView::paintEvent(event);
+  if (marks_.isEmpty()) return;
+  QPainter painter(viewport());
+  const QPoint origin =
+      placeOf(markedPage_).topLeft() - QPoint(horizontalScrollBar()->value(), verticalScrollBar()->value());
+  for (const QRectF& place : marks_) painter.fillRect(scaled(place).translated(origin), kMark);
+}
+
+void PdfPages::wheelEvent(QWheelEvent* event) {
+  if (event->modifiers().testFlag(Qt::ControlModifier)) return event->ignore();  // the pane zooms
+  QPdfView::wheelEvent(event);
+}
+
+PdfView::PdfView(const QByteArray& pdf, QWidget* parent) : DocumentView(parent), pages_(new PdfPages(this)) {
+  bytes_.setData(pdf);
+  bytes_.open(QIODevice::ReadOnly);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins({});
+  column->addWidget(pages_);
+  setFocusProxy(pages_);
+}
+
+void PdfView::open() {
+  document_.load(&bytes_);
+  pages_->setDocument(&document_);
+  Q_EMIT stands(document_.status() == QPdfDocument::Status::Ready);
+}
+
+QString PdfView::text() {
+  QString all;
+  for (int page = 0; page < document_.pageCount(); ++page) all += document_.getAllText(page).text() + u'\n';
+  return all;
+}
+
+void PdfView::search(const QString& text) {
+  searched_ = text;
+  current_ = -1;
+  found_.clear();
+  if (text.isEmpty()) return;
+  QPdfSearchModel model;
+  model.setDocument(&document_);
+  model.setSearchString(text);
+  for (int page = 0; page < document_.pageCount(); ++page)
+    for (const QPdfLink& link : model.resultsOnPage(page)) found_ << Place{page, link.rectangles()};
+}
+
+bool PdfView::find(const QString& text, bool backward) {
+  if (text != searched_) search(text);
+  if (found_.isEmpty()) {
+    pages_->mark(0, {});
+    return false;
+  }
+  const qsizetype last = found_.size() - 1;
+  if (backward)
+    current_ = current_ <= 0 ? last : current_ - 1;
+  else
+    current_ = current_ == last ? 0 : current_ + 1;
+  pages_->mark(found_[current_].page, found_[current_].rectangles);
+  return true;
+}
+
+bool PdfView::writePdf(const QString& file) {
+  QFile copy(file);
+  return copy.open(QIODevice::WriteOnly) && copy.write(bytes_.data()) == bytes_.size();
+}
+
+void PdfView::setZoom(double factor) {
+  fit_ = false;
+  applyZoom(factor);
+}
+
+void PdfView::fitWidth() {
+  fit_ = true;
+  applyZoom(std::clamp(pages_->fittingZoom(), kSmallestFit, kLargestZoom));
+}
+
+void PdfView::resizeEvent(QResizeEvent* event) {
+  DocumentView::resizeEvent(event);
+  if (fit_ && document_.pageCount() > 0) fitWidth();
+}
+
+void PdfView::applyZoom(double factor) {
+  pages_->setZoomFactor(factor);
+  Q_EMIT zoomChanged(factor);
+}
+
+}  // namespace web

@@ -1,0 +1,29 @@
+#include "platform/web/picture_check.h"
+
+#include <QNetworkReply>
+#include <QTimer>
+#include <utility>
+
+namespace web {
+
+namespace {
+constexpr int kPatience = 3'000;  // milliseconds for all of them
+}
+
+PictureCheck::PictureCheck(const QList<QUrl>& addresses, QObject* parent)
+    : QObject(parent), missing_(addresses), open_(addresses.size()) {
+  for (const QUrl& address : addresses) {
+    QNetworkReply* reply = network_.get(QNetworkRequest(address));
+    connect(reply, &QNetworkReply::finished, this, [this, reply, address] {
+      if (reply->error() == QNetworkReply::NoError && !finished_) missing_.removeOne(address);
+      if (--open_ == 0) finish();
+    });
+  }
+  QTimer::singleShot(addresses.isEmpty() ? 0 : kPatience, this, &PictureCheck::finish);
+}
+
+void PictureCheck::finish() {
+  if (!std::exchange(finished_, true)) Q_EMIT done(missing_);
+}
+
+}  // namespace web
