@@ -80,7 +80,7 @@ void frmMontarProduto::cmdCancelar_Click() {
     const int produto = LinhaProduto(FlexSombra);
     const bool tem = FlexSombra.text(produto, Column::Tipo) == kTipoProduto;
     entregaItem({FlexSombra, Moeda(unitario), txtQuantidade->text(),
-                 Moeda(values::toNumber(txtQuantidade->text()) * values::toNumber(unitario)),
+                 Moeda(LeValor(txtQuantidade->text()) * LeValor(unitario)),
                  Apara(tem ? txtObservacoes->text() : FlexSombra.text(produto, Column::Observacao))});
   }
   PreparaGradeMontagem();

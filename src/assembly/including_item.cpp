@@ -41,7 +41,10 @@ void frmConfirmaItem::Form_Load() {
 }
 
 void frmConfirmaItem::cmdConfirmar_Click() {
-  if (values::toNumber(txtQuantidade->text()) == 0) return Aviso(u"Valor inválido!"_s, windowTitle());
+  const QString quantidade = txtQuantidade->text();
+  // The keys let "12%" through, which is no number; an empty box ends in the runtime's own error.
+  const bool numero = quantidade.isEmpty() || values::isNumeric(quantidade);
+  if (!numero || values::toNumber(quantidade) == 0) return Aviso(u"Valor inválido!"_s, windowTitle());
   if (recusaArtigo()) return unload();
   if (opShowRoom->isChecked()) aplicaShowRoom();
   incluiLinha();
@@ -90,5 +93,5 @@ void frmConfirmaItem::incluiLinha() {
   grade.sortAscending(Column::Ordem);
 
   auto* soma = montagem.lblTotalUnitarioProduto;
-  soma->setText(Moeda(values::toText(values::toNumber(soma->text()) + total)));
+  soma->setText(Moeda(values::toText(LeValor(soma->text()) + total)));
 }

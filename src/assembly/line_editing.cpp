@@ -12,8 +12,8 @@ void frmMontarProduto::RecalculaTotalProduto() {
   const auto& grade = Flex->grid();
   lblTotalUnitarioProduto->setText(values::toText(0));
   for (int linha = 1; linha < grade.rows(); ++linha)
-    lblTotalUnitarioProduto->setText(values::toText(values::toNumber(lblTotalUnitarioProduto->text()) +
-                                                    values::toNumber(grade.text(linha, Column::Total))));
+    lblTotalUnitarioProduto->setText(
+        values::toText(LeValor(lblTotalUnitarioProduto->text()) + LeValor(grade.text(linha, Column::Total))));
   lblTotalUnitarioProduto->setText(Moeda(lblTotalUnitarioProduto->text()));
 }
 
@@ -43,6 +43,7 @@ void frmMontarProduto::excluiLinha() {
 void frmMontarProduto::alteraLinha() {
   auto& grade = Flex->grid();
   const int linha = grade.row();
+  if (linha == 0) return;
   const QString valor = grade.text(linha, Column::ValorUnitario);
 
   const QString atual = grade.text(linha, Column::Quantidade);
@@ -50,7 +51,7 @@ void frmMontarProduto::alteraLinha() {
       {u"Quantidade Atual:"_s + atual + u"\rInformar nova quantidade:"_s, windowTitle(), atual}));
   if (quantidade.isEmpty() || !quantidadeValida(quantidade)) return;
   grade.setText(linha, Column::Quantidade, quantidade);
-  grade.setText(linha, Column::Total, Moeda(values::toNumber(quantidade) * values::toNumber(valor)));
+  grade.setText(linha, Column::Total, Moeda(values::toNumber(quantidade) * LeValor(valor)));
   RecalculaTotalProduto();
 
   const QString anterior = grade.text(linha, Column::Observacao);

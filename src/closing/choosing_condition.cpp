@@ -5,6 +5,7 @@
 #include "search/frmBROWSE_CONDPG.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,14 +14,13 @@ void frmConfirmaPropCmrcTL::cmdPesquisa_CondPg_Click() {
     forms::form<frmBROWSE_CONDPG>().showModal();
     return;
   }
+  const auto naoLocalizada = [this] { Aviso(u"Condição de Pagamento não localizado!"_s, txtIdCondPg); };
   lblPrazos->clear();
+  if (!PodeSerId(txtIdCondPg->text())) return naoLocalizada();
   QString& sql = contexto().sqlLeitura;
   sql = u"SELECT * FROM cond_pgto WHERE idcond_pgto="_s + txtIdCondPg->text();
   const data::Recordset rs = AbreConsulta(sql);
-  if (rs.eof()) {
-    Aviso(u"Condição de Pagamento não localizado!"_s, txtIdCondPg);
-    return;
-  }
+  if (rs.eof()) return naoLocalizada();
   lblParcelas->setText(rs.text(u"qtde_parc"));
   lblPrazos->setText(DiasCondPgto(rs.text(u"idcond_pgto")));
 }

@@ -5,6 +5,7 @@
 #include "platform/values/dates.h"
 #include "quote/frmPropCmrcTL.h"
 #include "quote/grids.h"
+#include "quote/sql_text.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
@@ -62,22 +63,23 @@ bool frmConfirmaPropCmrcTL::podeConfirmar() {
 
 void frmConfirmaPropCmrcTL::passaDescontoParaOrcamento() {
   auto& orcamento = forms::form<frmPropCmrcTL>();
-  orcamento.lblDesconto->setText(Moeda(txtDescontoGeral->text()));
+  orcamento.lblDesconto->setText(FormataLido(txtDescontoGeral->text(), kMascaraMoeda));
   orcamento.lblPercDesconto->setText(txtPercDesc->text());
 }
 
 void frmConfirmaPropCmrcTL::montaUpdateCondicao() {
   zeroSeVazio(txtDescontoGeral);
   zeroSeVazio(txtPercDesc);
-  const QString observacao = Apara(forms::controlText(txtObservacaoPedido));
+  // The one text that is escaped: nothing else stands between an apostrophe and the middle of a closing.
+  const QString observacao = SubstituiTexto(Apara(forms::controlText(txtObservacaoPedido)), u"'"_s, u"''"_s);
 
   QString& sql = contexto().sqlGravacao;
   sql = u"UPDATE PROP_CMRC SET "_s;
   sql += u"idTRPT='"_s + IdTransportadora(Apara(cboTransportadora->text())) + u"', "_s;
   sql += u"IDCOND_PGTO = '"_s + txtIdCondPg->text() + u"' "_s;
   sql += u", DATA_BASE='"_s + values::formatDate(mskDataBase->boxText(), u"yyyymmdd") + u"' "_s;
-  sql += u", VALO_DECT='"_s + VirgulaParaPonto(txtDescontoGeral->text()) + u"' "_s;
-  sql += u", PERC_DECT='"_s + VirgulaParaPonto(txtPercDesc->text()) + u"' "_s;
+  sql += u", VALO_DECT="_s + NumeroSql(txtDescontoGeral->text()) + u" "_s;
+  sql += u", PERC_DECT="_s + NumeroSql(txtPercDesc->text()) + u" "_s;
   sql += observacao.isEmpty() ? u", OBSE_PEDI_VEDS=null "_s : u", OBSE_PEDI_VEDS='"_s + observacao + u"' "_s;
   sql += u"WHERE (idPROP_CMRC="_s + idOrcamento() + u")"_s;
 }

@@ -43,7 +43,7 @@ bool frmConfirmaPropCmrcTL::descontoPassaDoBruto() {
 
 void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
   if (descontoPassaDoBruto()) return;
-  txtDescontoGeral->setText(Moeda(txtDescontoGeral->text()));
+  txtDescontoGeral->setText(FormataLido(txtDescontoGeral->text(), kMascaraMoeda));
   const double desconto = LeNumero(txtDescontoGeral->text());
   const double bruto = LeNumero(lblVrBrutoTOT->text());
   if (desconto > 0 && bruto > 0)
@@ -53,7 +53,7 @@ void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
 
 void frmConfirmaPropCmrcTL::txtPercDesc_LostFocus() {
   if (descontoPassaDoBruto()) return;
-  txtPercDesc->setText(values::format(txtPercDesc->text(), kMascaraPercentual));
+  txtPercDesc->setText(FormataLido(txtPercDesc->text(), kMascaraPercentual));
   const double bruto = LeNumero(lblVrBrutoTOT->text());
   // With no money value yet, RecalculaLiquido makes it.
   if (LeNumero(txtDescontoGeral->text()) > 0 && bruto > 0)

@@ -23,6 +23,7 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) 
   on(cmdDesfazer, Event::Click, &Tela::cmdDesfazer_Click);
   on(cmdConfirmar, Event::Click, &Tela::cmdConfirmar_Click);
   forms::limitText(txtObservacaoPedido, 250);
+  forms::limitToDigits(txtIdCondPg, 10);
 
   onKeyPress(txtDescontoGeral, FiltraTeclaDecimal);
   onKeyPress(txtPercDesc, FiltraTeclaDecimal);

@@ -46,6 +46,10 @@ bool frmConfirmaPropCmrcTL::podeProcessar() {
     Aviso(u"Falta Definir Condições de Pagamento!"_s, txtIdCondPg);
     return false;
   }
+  if (!PodeSerId(txtIdCondPg->text())) {
+    Aviso(u"Condição de Pagamento não localizado!"_s, txtIdCondPg);
+    return false;
+  }
   return true;
 }
 

@@ -29,6 +29,12 @@ QString entrada(const forms::GridModel& itens, int linha) {
          campo(QString::number(linha), kLarguraLinha);
 }
 
+/// The line that an entry names by its third field, 0 for a text that is the entry of no line.
+int linhaDaEntrada(const forms::GridModel& itens, const QString& texto) {
+  const int linha = values::toInt32(LeNumero(PegaCampoDelimitado(texto, kCampoLinha, kSeparador)));
+  return linha > 0 && linha < itens.rows() && texto == entrada(itens, linha) ? linha : 0;
+}
+
 }  // namespace
 
 void frmPropCmrcTL::cmdAbreAprova_Click() {
@@ -48,16 +54,13 @@ void frmPropCmrcTL::cmdConfirmaAprova_Click() {
   forms::GridModel& itens = Flex->grid();
   const QString escolha = cboItemPropCmrc->text();
   const QString quando = mskDataAprv->boxText();
-  if (Apara(escolha).isEmpty())
+  const bool todos = escolha == u"TODOS";
+  const int escolhida = linhaDaEntrada(itens, escolha);
+  if (!todos && escolhida == 0)
     return Aviso(u"Escolha um Item para realizar a aprovação!"_s, cboItemPropCmrc);
   if (!values::isDate(quando)) return Aviso(u"Defina uma Data para realizar a aprovação!"_s, mskDataAprv);
-  if (escolha == u"TODOS") {
-    for (int linha = 1; linha < itens.rows(); ++linha) itens.setText(linha, grids::item::DtAprov, quando);
-  } else {
-    const int linha = values::toInt32(LeNumero(PegaCampoDelimitado(escolha, kCampoLinha, kSeparador)));
-    // A typed text without a row number names no line.
-    if (linha > 0) itens.setText(linha, grids::item::DtAprov, quando);
-  }
+  for (int linha = 1; linha < itens.rows(); ++linha)
+    if (todos || linha == escolhida) itens.setText(linha, grids::item::DtAprov, quando);
   fechaAprova();
   Aviso(u"Para que haja efeito na aprovação o Orcamento deverá ser salvo!"_s);
 }
@@ -65,8 +68,7 @@ void frmPropCmrcTL::cmdConfirmaAprova_Click() {
 /// Clears the grid's current row, whatever is chosen in the list.
 void frmPropCmrcTL::cmdCancelaAprova_Click() {
   forms::GridModel& itens = Flex->grid();
-  if (itens.row() == 0) return;
-  itens.setText(itens.row(), grids::item::DtAprov, {});
+  if (itens.row() > 0) itens.setText(itens.row(), grids::item::DtAprov, {});
   fechaAprova();
 }
 

@@ -20,7 +20,7 @@ void frmPropCmrcTL::LimpaTela() {
   lblUnidadeMedida->clear();
   txtNomeHomg->clear();
   for (QLabel* soma : {lblTotaGeral, lblTotaAprov, lblTotaNaoAprov}) soma->setText(Moeda(0));
-  for (QWidget* painel : {frameHomenageados, frameAprova}) closeOverFrame(painel);
+  for (QWidget* painel : {frameHomenageados, frameMassa, frameCondPgto, frameAprova}) closeOverFrame(painel);
   for (QLabel* valor : {lblDTDesativa, lblNumePedido}) valor->clear();
   MontaGridItens();
   MontaGridHomenageados();

@@ -13,6 +13,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The number of the order that was made of a quote, empty when there is none.
+QString pedidoDoOrcamento(const QString& numero) {
+  return PodeSerId(numero) ? NumeroPedidoDoOrcamento(numero).get() : QString();
+}
+
 bool temItemAprovado(const forms::GridModel& itens) {
   for (int linha = 1; linha < itens.rows(); ++linha)
     if (!Apara(itens.text(linha, grids::item::DtAprov)).isEmpty()) return true;
@@ -30,6 +35,9 @@ void frmPropCmrcTL::cmdFechar_Click() {
     Falha(u"Impossibilidade de Executar o Comando!\rNão há itens aprovados!"_s);
     return LimpaTela();
   }
+  // Without a value there are no instalments, and without them no way out of the confirmation.
+  if (LeNumero(lblTotaAprov->text()) <= 0)
+    return Aviso(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
   if (Pergunta(u"Deseja realmente Fechar?"_s)) {
     passaTotaisParaConfirmacao();
     // However that screen is left, the closing goes on.
@@ -63,7 +71,7 @@ void frmPropCmrcTL::cmdReabrir_Click() {
     return;
   if (lblDataFechamento->text().isEmpty())
     return Aviso(u"Impossibilidade de Executar o Comando!\rO Registro não está Fechado!"_s);
-  if (const QString pedido = NumeroPedidoDoOrcamento(Apara(txtCodigo->text())); !pedido.isEmpty())
+  if (const QString pedido = pedidoDoOrcamento(Apara(txtCodigo->text())); !pedido.isEmpty())
     return Aviso(
         u"Já foi criado um pedido para este orçamento.\r"
         "A alteração somente poderá ser realizada no pedido.\rOrçamento:"_s +

@@ -1,3 +1,4 @@
+#include "platform/values/dates.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
@@ -7,6 +8,35 @@ using namespace Qt::StringLiterals;
 using forms::Event;
 
 // What the header's fields do when they are left, and what fills their lists.
+
+namespace {
+
+constexpr forms::ColorNumber kVermelhoClaro = 0xC8C8FF;
+
+/// What is saved as it stands: a date, or none at all.
+bool certa(const forms::MaskedBox* caixa) {
+  return caixa->boxText() == caixa->emptyMask() || values::isDate(caixa->boxText());
+}
+
+/// A date that is none is saved as null without a word, so the box shows it until it is right.
+void marcaData(forms::MaskedBox* caixa, bool errada) {
+  if (errada == !caixa->toolTip().isEmpty()) return;
+  forms::setBackColor(caixa, errada ? kVermelhoClaro : kCorJanela);
+  caixa->setToolTip(errada ? u"Data inválida: não será gravada"_s : QString());
+}
+
+}  // namespace
+
+void frmPropCmrcTL::ligaDatas() {
+  for (forms::MaskedBox* caixa : {mskDtPropCmrc, mskDataEven, mskDtValidade, mskDtEntrega, mskDataAprv})
+    on(caixa, Event::LostFocus, [caixa] { caixa->setBoxText(ValidaDataMascara(caixa->boxText())); });
+  for (forms::MaskedBox* caixa : {mskDtPropCmrc, mskDataEven, mskDtValidade, mskDtEntrega}) {
+    on(caixa, Event::LostFocus, [caixa] { marcaData(caixa, !certa(caixa)); });
+    connect(caixa, &QLineEdit::textChanged, this, [caixa] {
+      if (certa(caixa)) marcaData(caixa, false);
+    });
+  }
+}
 
 void frmPropCmrcTL::ligaListas() {
   struct Lista {

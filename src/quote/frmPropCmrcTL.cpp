@@ -98,8 +98,7 @@ void frmPropCmrcTL::ligaCampos() {
   on(cboClienteContato, Event::LostFocus, &frmPropCmrcTL::cboClienteContato_LostFocus);
   ligaListas();
 
-  for (forms::MaskedBox* caixa : {mskDtPropCmrc, mskDataEven, mskDtValidade, mskDtEntrega, mskDataAprv})
-    on(caixa, Event::LostFocus, [caixa] { caixa->setBoxText(ValidaDataMascara(caixa->boxText())); });
+  ligaDatas();
   for (QLineEdit* caixa : {txtCodProduto, txtObseDetaItem})
     on(caixa, Event::LostFocus, [caixa] { caixa->setText(Maiusculas(caixa->text())); });
 
@@ -154,8 +153,9 @@ void frmPropCmrcTL::ligaItens() {
 
 void frmPropCmrcTL::LimitaCampos() {
   const std::pair<QLineEdit*, int> limites[] = {
-      {txtCodigo, 10}, {txtFoneExtra, 50}, {txtDesc, 100}, {txtCodProduto, 15}, {txtObseDetaItem, 50}};
+      {txtNumePess, 9}, {txtFoneExtra, 50}, {txtDesc, 100}, {txtCodProduto, 15}, {txtObseDetaItem, 50}};
   for (const auto& [caixa, maximo] : limites) caixa->setMaxLength(maximo);
+  forms::limitToDigits(txtCodigo, 10);
   forms::limitText(txtObserva, 200);
 }
 
@@ -221,8 +221,10 @@ void frmPropCmrcTL::ligaAtalhos() {
       {QKeySequence::Find, cmdPesquisar_PropCmrc},
       {QKeySequence::Print, cmdImprimir}};
   for (const auto& [tecla, botao] : atalhos)
-    connect(new QShortcut(tecla, this), &QShortcut::activated, this,
-            [this, botao = botao] { clickByKey(botao); });
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this, [this, botao = botao] {
+      // While editing, a search by key would drop what was typed; the button stays.
+      if (botao != cmdPesquisar_PropCmrc || !editando()) clickByKey(botao);
+    });
 }
 
 /// Esc closes the frame that is open; it never ends the program.

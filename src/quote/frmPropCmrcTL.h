@@ -57,6 +57,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void ligaAtalhos();
   void ligaCampos();
   void ligaListas();
+  void ligaDatas();
   void ligaComandos();
   void ligaItens();
   void alinhaTotais();

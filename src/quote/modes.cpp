@@ -56,6 +56,8 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
   botoesEditando();
   DestravaCampos();
   txtCodigo->clear();
+  // Over a quote on the screen it is a copy of it; without one it starts as any other.
+  if (idCarregado_.isEmpty()) opPV->setChecked(true);
   mskDtPropCmrc->setBoxText(values::formatDate(values::now(), u"dd/mm/yyyy"));
   forms::setControlText(txtCondPagto, kCondPagtoPadrao.toString());
   focus(mskDtPropCmrc);

@@ -1,4 +1,7 @@
+#include <QLineEdit>
+
 #include "platform/values/dates.h"
+#include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "quote/sql_text.h"
 #include "run/context.h"
@@ -14,6 +17,13 @@ namespace {
 QString aparado(const QObject* campo) { return Apara(forms::controlText(campo)); }
 
 bool temData(const forms::MaskedBox* caixa) { return values::isDate(caixa->boxText()); }
+
+/// The number of persons as it was typed where it is a number or empty, else what the numeric reading makes
+/// of it.
+QString pessoas(const QLineEdit* caixa) {
+  const QString texto = Apara(caixa->text());
+  return texto.isEmpty() || values::isNumeric(texto) ? texto : values::toText(LeNumero(texto));
+}
 
 QString dataHora(const forms::MaskedBox* caixa) {
   return values::formatDate(caixa->boxText(), u"yyyymmdd hh:mm");
@@ -52,7 +62,7 @@ void frmPropCmrcTL::MontaInsertOrcamento() {
   preenchido(sql, u"emai_clie_cont", txtEmailExtraContato);
   if (!aparado(cboRespAtendimento).isEmpty())
     sql.campo(u"IDRESV_PROP_CMRC", IdUsuario(cboRespAtendimento->text()));
-  sql.campo(u"nume_pess", aparado(txtNumePess));
+  sql.campo(u"nume_pess", pessoas(txtNumePess));
   preenchido(sql, u"OBSE_PROP_CMRC", txtObserva);
   preenchido(sql, u"TXT_COND_PGTO", txtCondPagto);
   sql.campo(u"DATA_INCL", values::formatDate(values::now(), u"yyyymmdd hh:mm"));
@@ -90,7 +100,7 @@ void frmPropCmrcTL::MontaUpdateOrcamento() {
   texto(u"EMAI_CLIE_CONT", txtEmailExtraContato);
   if (!aparado(cboRespAtendimento).isEmpty())
     sql.campo(u"IDRESV_PROP_CMRC", IdUsuario(cboRespAtendimento->text()));
-  sql.campo(u"NUME_PESS", aparado(txtNumePess));
+  sql.campo(u"NUME_PESS", pessoas(txtNumePess));
   texto(u"TXT_COND_PGTO", txtCondPagto);
   texto(u"OBSE_PROP_CMRC", txtObserva);
   contexto().sqlGravacao = sql.texto(u"WHERE (idPROP_CMRC="_s + txtRowId->text() + u")"_s);

@@ -39,18 +39,17 @@ void frmPropCmrcTL::MontaDeleteHomenageados(const QString& idOrcamento) {
 void frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha) {
   using namespace grids::item;
   const auto celula = [this, linha](Column coluna) { return Flex->grid().text(linha, coluna); };
-  const auto numero = [&celula](Column coluna) { return VirgulaParaPonto(celula(coluna)); };
 
   Insercao sql(u"prop_cmrc_deta"_s);
   sql.campo(u"idprop_cmrc", idOrcamento)
       .campo(u"idmoed", u"0"_s)
       .campo(u"idprodprot", VirgulaParaPonto(values::toText(LeNumero(celula(Id)))))
       .campo(u"PROD_PROT", celula(Tipo))
-      .campo(u"qtde", numero(Quantidade))
-      .campo(u"valo_unit", numero(VrBruto))
-      .campo(u"valo_dect", numero(Desconto))
-      .campo(u"valo_liqu", numero(VrUnit))
-      .campo(u"valo_tota", numero(Total))
+      .numero(u"qtde", celula(Quantidade))
+      .numero(u"valo_unit", celula(VrBruto))
+      .numero(u"valo_dect", celula(Desconto))
+      .numero(u"valo_liqu", celula(VrUnit))
+      .numero(u"valo_tota", celula(Total))
       .campoSe(values::isDate(celula(DtAprov)), u"data_aprov",
                values::formatDate(celula(DtAprov), u"yyyymmdd hh:mm"))
       .campo(u"OBSE_PROP_CMRC_DETA", Apara(celula(Observacao)));
@@ -61,17 +60,16 @@ void frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha) {
 void frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe, int linha) {
   using namespace grids::material;
   const auto celula = [this, linha](Column coluna) { return FlexMonta.text(linha, coluna); };
-  const auto numero = [&celula](Column coluna) { return VirgulaParaPonto(celula(coluna)); };
 
   Insercao sql(u"PROP_CMRC_DETA_MONTA"_s);
   sql.campo(u"idPROP_CMRC", idOrcamento)
       .campo(u"idPROP_CMRC_DETA", idDetalhe)
       .campo(u"idPROD", celula(Id))
-      .campo(u"QTDE", numero(Quantidade))
+      .numero(u"QTDE", celula(Quantidade))
       .campo(u"UNID_MEDI", celula(Unidade))
-      .campo(u"QTDE_UNID_MEDI", numero(QtUnidade))
-      .campo(u"VALO_UNIT", numero(ValorUnitario))
-      .campo(u"VALO_TOTA", numero(Total))
+      .numero(u"QTDE_UNID_MEDI", celula(QtUnidade))
+      .numero(u"VALO_UNIT", celula(ValorUnitario))
+      .numero(u"VALO_TOTA", celula(Total))
       .campo(u"TIPO_MATE_PRIMA", celula(Tipo))
       .campo(u"OBSE_PROP_CMRC_DETA_MONTA", celula(Observacao))
       .campo(u"ORDEM_MATE_PRIMA", OrdemDoTipo(celula(Tipo)));

@@ -1,5 +1,10 @@
 #include "quote/sql_text.h"
 
+#include <QRegularExpression>
+
+#include "platform/values/numbers.h"
+#include "shared/text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -10,15 +15,31 @@ QString entreAspas(const QString& valor) { return u"'"_s + valor + u"'"_s; }
 
 }  // namespace
 
+QString NumeroSql(const QString& texto) {
+  static const QRegularExpression numero(u"^[+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)$"_s);
+  if (texto.isEmpty()) return u"null"_s;
+  const QString comPonto = VirgulaParaPonto(texto);
+  if (numero.match(comPonto).hasMatch()) return entreAspas(comPonto);
+  return entreAspas(VirgulaParaPonto(values::toText(LeNumero(texto))));
+}
+
 Insercao::Insercao(const QString& tabela)
     : colunas_(u"insert into "_s + tabela + u" ("_s), valores_(u"values ("_s) {}
 
-Insercao& Insercao::campo(QStringView coluna, const QString& valor) {
+Insercao& Insercao::inclui(QStringView coluna, const QString& sql) {
   colunas_ += separador_;
   colunas_ += coluna;
-  valores_ += separador_ + entreAspas(valor);
+  valores_ += separador_ + sql;
   separador_ = kVirgula;
   return *this;
+}
+
+Insercao& Insercao::campo(QStringView coluna, const QString& valor) {
+  return inclui(coluna, entreAspas(valor));
+}
+
+Insercao& Insercao::numero(QStringView coluna, const QString& texto) {
+  return inclui(coluna, NumeroSql(texto));
 }
 
 Insercao& Insercao::campoSe(bool condicao, QStringView coluna, const QString& valor) {

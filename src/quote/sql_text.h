@@ -2,6 +2,10 @@
 
 #include <QString>
 
+/// A text as a numeric column takes it, in quotes: with a point for the comma where it is a number, null
+/// where it is empty, any other as what the numeric reading makes of it ("10 un" is 10).
+[[nodiscard]] QString NumeroSql(const QString& texto);
+
 /// Builds an INSERT: the column list and the value list grow side by side. Every value goes in single quotes,
 /// as it stands.
 class Insercao {
@@ -9,11 +13,15 @@ class Insercao {
   explicit Insercao(const QString& tabela);
 
   Insercao& campo(QStringView coluna, const QString& valor);
+  /// A numeric column (NumeroSql).
+  Insercao& numero(QStringView coluna, const QString& texto);
   /// A column that is left out when the condition does not hold.
   Insercao& campoSe(bool condicao, QStringView coluna, const QString& valor);
   [[nodiscard]] QString texto() const;
 
  private:
+  Insercao& inclui(QStringView coluna, const QString& sql);
+
   QString colunas_;
   QString valores_;
   QString separador_;

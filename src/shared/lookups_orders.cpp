@@ -74,5 +74,5 @@ Asked<QString> DataOrcamento(const QString& idprop_cmrc) {
 Asked<int> PessoasOrcamento(QString idprop_cmrc) {
   const QString pessoas =
       co_await byNumber({u"select nume_pess from prop_cmrc where idProp_Cmrc = ", u"NUME_PESS"}, idprop_cmrc);
-  co_return values::toInt16(LeNumero(pessoas));
+  co_return values::toInt32(LeNumero(pessoas));
 }

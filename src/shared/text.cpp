@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QUrl>
 #include <algorithm>
+#include <limits>
 
 #include "platform/forms/controls.h"
 #include "platform/forms/masked_box.h"
@@ -78,6 +79,16 @@ void AbreMailto(const QString& endereco) {
 }
 
 double LeNumero(const QString& texto) { return values::leadingNumber(VirgulaParaPonto(texto)); }
+
+bool PodeSerId(const QString& digitos) { return LeNumero(digitos) <= std::numeric_limits<qint32>::max(); }
+
+double LeValor(const QString& texto) {
+  return values::isNumeric(texto) ? values::toNumber(texto) : LeNumero(texto);
+}
+
+QString FormataLido(const QString& texto, QStringView mascara) {
+  return texto.isEmpty() ? texto : values::format(LeValor(texto), mascara);
+}
 
 QString Moeda(double valor) { return values::format(valor, kMascaraMoeda); }
 

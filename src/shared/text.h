@@ -40,6 +40,12 @@ void AbreMailto(const QString& endereco);
 
 /// The numeric reading: commas are points, then the longest numeric prefix, 0 where there is none.
 [[nodiscard]] double LeNumero(const QString& texto);
+/// By the regional conversion, as far as it takes the text; else the numeric reading ("12%" is 12, "" is 0).
+[[nodiscard]] double LeValor(const QString& texto);
+/// LeValor in a mask; an empty text stays empty.
+[[nodiscard]] QString FormataLido(const QString& texto, QStringView mascara);
+/// Whether digits are a number that an id can have; no statement is sent for one that is larger.
+[[nodiscard]] bool PodeSerId(const QString& digitos);
 /// Money mask, "###0.00".
 [[nodiscard]] QString Moeda(double valor);
 /// The money mask on a text that is a number by the regional conversion; an empty text stays empty, any other

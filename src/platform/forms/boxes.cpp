@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -19,6 +21,8 @@ namespace {
 
 std::function<Answer(const Box&)> boxAnswerer;
 std::function<QString(const Input&)> inputAnswerer;
+constexpr int kBoxMargin = 12;
+
 int shownSoFar = 0;
 int waitingNow = 0;
 
@@ -50,6 +54,23 @@ class Interlude {
   QPointer<QWidget> caller_;
   bool pointer_ = false;
 };
+
+/// Room for a title beside the frame's own buttons, in the bold letters that most desktops use.
+int titleWidth(const QWidget& window) {
+  constexpr int kFrameButtons = 140;
+  QFont bold = window.font();
+  bold.setBold(true);
+  return std::min(QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + kFrameButtons,
+                  screenSize().width());
+}
+
+/// A message box takes its size from its layout alone.
+void widenForTitle(QMessageBox& window) {
+  auto* grid = qobject_cast<QGridLayout*>(window.layout());
+  if (grid == nullptr) return;
+  grid->addItem(new QSpacerItem(titleWidth(window) - 2 * kBoxMargin, 0), grid->rowCount(), 0, 1,
+                grid->columnCount());
+}
 
 struct ButtonText {
   Answer answer;
@@ -94,6 +115,7 @@ Answer msgBox(const Box& box) {
     if (answers.isEmpty()) window.setDefaultButton(push);
     answers.insert(push, button.answer);
   }
+  widenForTitle(window);
   window.exec();
   const Answer escape = box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
   return answers.value(window.clickedButton(), escape);
@@ -109,6 +131,7 @@ QString inputBox(const Input& input) {
   window.setWindowTitle(input.title);
   window.setLabelText(withLineBreaks(input.prompt));
   window.setTextValue(input.initial);
+  window.setMinimumWidth(titleWidth(window));
   window.setOkButtonText(u"&OK"_s);
   window.setCancelButtonText(u"&Cancelar"_s);
   return window.exec() == QDialog::Accepted ? window.textValue() : QString();

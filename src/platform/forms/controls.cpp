@@ -12,6 +12,8 @@
 #include <QTabWidget>
 #include <QTextCursor>
 #include <QTextEdit>
+#include <QValidator>
+#include <algorithm>
 #include <array>
 
 #include "platform/forms/combo.h"
@@ -86,6 +88,30 @@ class FullBox : public QObject {
  private:
   QPlainTextEdit* box_;
   int longest_;
+};
+
+/// Takes what is no digit out of a text before it counts, so that a long text is pasted by its digits.
+class Digits : public QValidator {
+ public:
+  Digits(QLineEdit* box, int most) : QValidator(box), most_(most) {}
+
+  State validate(QString& text, int& cursor) const override {
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    QString digits;
+    int before = 0;
+    for (int at = 0; at < text.size(); ++at) {
+      if (!isDigit(text[at])) continue;
+      digits += text[at];
+      if (at < cursor) ++before;
+    }
+    if (digits.size() == most_ + 1) return Invalid;  // one more was typed
+    text = digits.left(most_);
+    cursor = std::min(before, most_);
+    return Acceptable;
+  }
+
+ private:
+  int most_;
 };
 
 }  // namespace
@@ -173,6 +199,8 @@ void limitText(QPlainTextEdit* box, int longest) {
     cursor.endEditBlock();
   });
 }
+
+void limitToDigits(QLineEdit* box, int most) { box->setValidator(new Digits(box, most)); }
 
 QColor toColor(ColorNumber number) {
   const auto bits = static_cast<quint32>(number);

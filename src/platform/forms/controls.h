@@ -4,6 +4,7 @@
 #include <QString>
 #include <QWidget>
 
+class QLineEdit;
 class QPlainTextEdit;
 
 // What all kinds of controls have in common: text, lock, colours; and the measures of the screen.
@@ -24,6 +25,9 @@ void selectText(QWidget* control);
 /// Keeps a box of several lines to a length, a line break counted as the two characters that it is stored as.
 /// What was typed or pasted last is refused; a text that comes whole loses its end.
 void limitText(QPlainTextEdit* box, int longest);
+
+/// Keeps a box to digits, and to so many of them at most: of a pasted text its digits stay.
+void limitToDigits(QLineEdit* box, int most);
 
 /// Colour numbers are blue-green-red (255 is pure red); negative ones and those from 0x80000000 on are system
 /// colours (0x8000000F button face, 0x80000012 button text, 0x80000005 window ground, 0x80000000 as inactive
