@@ -47,6 +47,8 @@ frmMontarProduto::frmMontarProduto() : Form(QString::fromUtf16(Name)) {
   on(cmdCancelar, forms::Event::Click, &frmMontarProduto::cmdCancelar_Click);
   enterMovesOn({txtCOD, txtQuantidade, txtObservacoes, cmdPesquisa, cmdConfirmar});
   selectOnFocus({txtQuantidade});
+  // It empties the assembly: off the way from the articles to the lines.
+  setTabOrder(cmdCancelar, cmdPesquisa);
   for (int aba = 0; aba < SSTab1->count(); ++aba) {
     const auto* tecla = new QShortcut(QKeySequence(Qt::ALT | Qt::Key(Qt::Key_1 + aba)), this);
     connect(tecla, &QShortcut::activated, this, [this, aba] { SSTab1->setCurrentIndex(aba); });

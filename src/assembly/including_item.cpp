@@ -1,5 +1,4 @@
 #include <QLayout>
-#include <algorithm>
 
 #include "assembly/frmConfirmaItem.h"
 #include "assembly/frmMontarProduto.h"
@@ -29,7 +28,7 @@ bool montagemTem(Column coluna, QStringView texto) {
 void frmConfirmaItem::Form_Load() {
   removeCloseEntry();
   // A long description takes a second line.
-  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
+  resize(width(), layout()->totalHeightForWidth(width()));
   CentralizaForm(*this);
   txtQuantidade->setText(u"1"_s);
   txtObservacoes->setMaxLength(250);

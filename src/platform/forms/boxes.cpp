@@ -9,8 +9,11 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSpacerItem>
+#include <algorithm>
 #include <utility>
 
+#include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 
 using namespace Qt::StringLiterals;
