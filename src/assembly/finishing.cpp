@@ -20,23 +20,28 @@ struct ItemMontado {
 };
 
 /// Adds the item as the last of the quote, and its materials tied to it.
-void entregaItem(const ItemMontado& item) {
+void entregaItem(const ItemMontado& montado) {
   auto& orcamento = forms::form<frmPropCmrcTL>();
-  const int produto = LinhaProduto(item.origem);
-  const auto celula = [&item, produto](Column coluna) { return item.origem.text(produto, coluna); };
-  forms::RowBuilder linha;
-  linha << celula(Column::Id) << QString::fromUtf16(grids::kProduto) << celula(Column::Codigo)
-        << celula(Column::Descricao) << item.unitario << Moeda(0.0) << item.unitario << item.quantidade
-        << item.total << QString() << celula(Column::Unidade) << item.observacao;
-  orcamento.Flex->grid().addItem(linha.text());
+  const int produto = LinhaProduto(montado.origem);
+  const auto celula = [&](Column coluna) { return montado.origem.text(produto, coluna); };
+  using namespace grids;
+  orcamento.Flex->grid().addRow({{item::Id, celula(Column::Id)},
+                                 {item::Tipo, QString::fromUtf16(kProduto)},
+                                 {item::Codigo, celula(Column::Codigo)},
+                                 {item::Descricao, celula(Column::Descricao)},
+                                 {item::VrBruto, montado.unitario},
+                                 {item::Desconto, Moeda(0.0)},
+                                 {item::VrUnit, montado.unitario},
+                                 {item::Quantidade, montado.quantidade},
+                                 {item::Total, montado.total},
+                                 {item::Unidade, celula(Column::Unidade)},
+                                 {item::Observacao, montado.observacao}});
 
   const QString vinculo = QString::number(orcamento.Flex->grid().rows() - 1);
-  for (int material = 1; material < item.origem.rows(); ++material) {
-    forms::RowBuilder campos;
-    for (int coluna = 0; coluna < grids::material::kAssemblyColumns; ++coluna)
-      campos << item.origem.text(material, coluna);
-    campos << vinculo;
-    orcamento.FlexMonta.addItem(campos.text());
+  for (int linha = 1; linha < montado.origem.rows(); ++linha) {
+    forms::GridRow campos = montado.origem.rowTexts(linha);
+    campos.set(Column::VinculoComFlex, vinculo);
+    orcamento.FlexMonta.addRow(campos);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "assembly/material_classes.h"
+#include "platform/data/asked.h"
 #include "platform/forms/form.h"
 #include "quote/grids.h"
 #include "ui_frmMontarProduto.h"
@@ -51,6 +52,7 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   void cmdPesquisar_Click();
   void cmdLimpar_Click();
   void PesquisaMaterial(std::size_t aba, const QString& texto);
+  static data::Asked<forms::GridRow> linhaDoArtigo(data::Recordset rs);
   void escolheMaterial(std::size_t aba);
   void cmdPesquisa_Click();
 

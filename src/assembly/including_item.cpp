@@ -82,12 +82,18 @@ void frmConfirmaItem::aplicaShowRoom() {
 void frmConfirmaItem::incluiLinha() {
   auto& montagem = forms::form<frmMontarProduto>();
   const double total = values::toNumber(txtQuantidade->text()) * values::toNumber(lblValor->text());
-  forms::RowBuilder linha;
-  linha << lblId->text() << lblCod->text() << lblDesc->text() << txtQuantidade->text()
-        << lblUnidadeMedida->text() << lblQtUnidadeMedida->text() << lblValor->text() << Moeda(total)
-        << lblTipo->text() << Apara(txtObservacoes->text()) << lblOrdem->text();
   auto& grade = montagem.Flex->grid();
-  grade.addItem(linha.text());
+  grade.addRow({{Column::Id, lblId->text()},
+                {Column::Codigo, lblCod->text()},
+                {Column::Descricao, lblDesc->text()},
+                {Column::Quantidade, txtQuantidade->text()},
+                {Column::Unidade, lblUnidadeMedida->text()},
+                {Column::QtUnidade, lblQtUnidadeMedida->text()},
+                {Column::ValorUnitario, lblValor->text()},
+                {Column::Total, Moeda(total)},
+                {Column::Tipo, lblTipo->text()},
+                {Column::Observacao, Apara(txtObservacoes->text())},
+                {Column::Ordem, lblOrdem->text()}});
   montagem.MarcaLinha(grade.rows() - 1);
   grade.sortAscending(Column::Ordem);
 

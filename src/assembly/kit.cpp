@@ -5,19 +5,37 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+enum Coluna { Id, Codigo, Descricao, Unidade, Quantidade };
+
+Asked<forms::GridRow> linhaDoKit(data::Recordset rs) {
+  const QString id = rs.text(u"idprod_kit0");
+  auto pedeIdUnidade = UnidadeProduto(id);
+  auto pedeCodigo = CodigoProduto(id);
+  auto pedeDescricao = DescricaoProduto(id);
+  const QString idUnidade = co_await pedeIdUnidade;
+  const QString unidade = co_await DescricaoUnidade(idUnidade);
+  const QString casas = co_await CasasDecimaisUnidade(unidade);
+  const QString codigo = co_await pedeCodigo;
+  const QString descricao = co_await pedeDescricao;
+  forms::GridRow linha;
+  linha.set(Id, id);
+  linha.set(Codigo, codigo);
+  linha.set(Descricao, descricao);
+  linha.set(Unidade, unidade);
+  linha.set(Quantidade, rs.format(u"QTDE_PROD", MascaraDecimais(casas)));
+  co_return linha;
+}
+
+}  // namespace
+
 void CarregaKit(forms::GridModel& grade, const QString& codigo) {
-  enum Coluna { Id, Codigo };
   if (codigo.isEmpty()) return;
-  const QString sql =
-      u"select * from prod_kit0 where idprod = "_s + IdProdutoPorCodigo(codigo) + u" and data_desa is null"_s;
-  for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) {
-    const QString id = rs.text(u"idprod_kit0");
-    const QString unidade = DescricaoUnidade(UnidadeProduto(id));
-    forms::RowBuilder linha;
-    linha << id << CodigoProduto(id) << DescricaoProduto(id) << unidade
-          << rs.format(u"QTDE_PROD", MascaraDecimais(CasasDecimaisUnidade(unidade)));
-    grade.addItem(linha.text());
-  }
+  const QString produto = IdProdutoPorCodigo(codigo);
+  const data::Recordset rs =
+      AbreConsulta(u"select * from prod_kit0 where idprod = "_s + produto + u" and data_desa is null"_s);
+  grade.addRows(data::forEachRow(rs, linhaDoKit).get());
   grade.sortAscending(Codigo);
   if (grade.rows() > 2) grade.setRow(0);
 }

@@ -25,6 +25,24 @@ void frmMontarProduto::cmdPesquisar_Click() {
   PesquisaMaterial(aba, txtCOD->text());
 }
 
+Asked<forms::GridRow> frmMontarProduto::linhaDoArtigo(data::Recordset rs) {
+  const QString id = rs.text(u"idprod");
+  const QString codigo = rs.text(u"codi_prod");
+  auto pedeIdUnidade = UnidadeProduto(id);
+  auto pedeValor = ValorVendaProduto(codigo);
+  const QString idUnidade = co_await pedeIdUnidade;
+  const QString unidade = co_await DescricaoUnidade(idUnidade);
+  const double valor = co_await pedeValor;
+  forms::GridRow linha;
+  linha.set(Id, id);
+  linha.set(Codigo, codigo);
+  linha.set(Descricao, rs.text(u"desc_prod"));
+  linha.set(Unidade, unidade);
+  linha.set(QtUnidade, rs.text(u"qtde_unid"));
+  linha.set(Valor, Moeda(valor));
+  co_return linha;
+}
+
 void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
   QString sql = u"SELECT * FROM prod "_s;
   sql += u"WHERE data_desa is null "_s;
@@ -40,16 +58,7 @@ void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
 
   const forms::WaitPointer espera;
   auto& grade = grades()[aba]->grid();
-  QStringList linhas;
-  for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) {
-    const QString id = rs.text(u"idprod");
-    const QString codigo = rs.text(u"codi_prod");
-    forms::RowBuilder linha;
-    linha << id << codigo << rs.text(u"desc_prod") << DescricaoUnidade(UnidadeProduto(id))
-          << rs.text(u"qtde_unid") << Moeda(ValorVendaProduto(codigo));
-    linhas << linha.text();
-  }
-  grade.addItems(linhas);
+  grade.addRows(data::forEachRow(AbreConsulta(sql), linhaDoArtigo).get());
   if (grade.rows() >= 3) grade.setRow(0);
 }
 

@@ -1,7 +1,6 @@
 // The payment condition of a quote, by its id or from the list of conditions.
 
 #include "closing/frmConfirmaPropCmrcTL.h"
-#include "run/context.h"
 #include "search/frmBROWSE_CONDPG.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
@@ -17,9 +16,9 @@ void frmConfirmaPropCmrcTL::cmdPesquisa_CondPg_Click() {
   const auto naoLocalizada = [this] { Aviso(u"Condição de Pagamento não localizado!"_s, txtIdCondPg); };
   lblPrazos->clear();
   if (!PodeSerId(txtIdCondPg->text())) return naoLocalizada();
-  QString& sql = contexto().sqlLeitura;
-  sql = u"SELECT * FROM cond_pgto WHERE idcond_pgto="_s + txtIdCondPg->text();
-  const data::Recordset rs = AbreConsulta(sql);
+  const forms::WaitPointer espera;
+  const data::Recordset rs =
+      AbreConsulta(u"SELECT * FROM cond_pgto WHERE idcond_pgto="_s + txtIdCondPg->text());
   if (rs.eof()) return naoLocalizada();
   lblParcelas->setText(rs.text(u"qtde_parc"));
   lblPrazos->setText(DiasCondPgto(rs.text(u"idcond_pgto")));

@@ -67,46 +67,44 @@ void frmConfirmaPropCmrcTL::passaDescontoParaOrcamento() {
   orcamento.lblPercDesconto->setText(txtPercDesc->text());
 }
 
-void frmConfirmaPropCmrcTL::montaUpdateCondicao() {
+QString frmConfirmaPropCmrcTL::montaUpdateCondicao() {
   zeroSeVazio(txtDescontoGeral);
   zeroSeVazio(txtPercDesc);
   // The one text that is escaped: nothing else stands between an apostrophe and the middle of a closing.
   const QString observacao = SubstituiTexto(Apara(forms::controlText(txtObservacaoPedido)), u"'"_s, u"''"_s);
 
-  QString& sql = contexto().sqlGravacao;
-  sql = u"UPDATE PROP_CMRC SET "_s;
-  sql += u"idTRPT='"_s + IdTransportadora(Apara(cboTransportadora->text())) + u"', "_s;
+  const QString transportadora = IdTransportadora(Apara(cboTransportadora->text()));
+
+  QString sql = u"UPDATE PROP_CMRC SET "_s;
+  sql += u"idTRPT='"_s + transportadora + u"', "_s;
   sql += u"IDCOND_PGTO = '"_s + txtIdCondPg->text() + u"' "_s;
   sql += u", DATA_BASE='"_s + values::formatDate(mskDataBase->boxText(), u"yyyymmdd") + u"' "_s;
   sql += u", VALO_DECT="_s + NumeroSql(txtDescontoGeral->text()) + u" "_s;
   sql += u", PERC_DECT="_s + NumeroSql(txtPercDesc->text()) + u" "_s;
   sql += observacao.isEmpty() ? u", OBSE_PEDI_VEDS=null "_s : u", OBSE_PEDI_VEDS='"_s + observacao + u"' "_s;
-  sql += u"WHERE (idPROP_CMRC="_s + idOrcamento() + u")"_s;
+  return sql + u"WHERE (idPROP_CMRC="_s + idOrcamento() + u")"_s;
 }
 
 void frmConfirmaPropCmrcTL::gravaCondicao() {
   const forms::WaitPointer espera;
   data::Connection& conexao = contexto().Conexao;
   conexao.begin();
-  montaUpdateCondicao();
-  conexao.execute(contexto().sqlGravacao);
+  conexao.execute(montaUpdateCondicao());
   conexao.commit();
 }
 
 void frmConfirmaPropCmrcTL::gravaParcelas() {
   const forms::WaitPointer espera;
   data::Connection& conexao = contexto().Conexao;
-  QString& sql = contexto().sqlGravacao;
   conexao.begin();
-  sql = u"DELETE PROP_CMRC_PARC WHERE idPROP_CMRC = '"_s + idOrcamento() + u"'"_s;
-  conexao.execute(sql);
+  conexao.execute(u"DELETE PROP_CMRC_PARC WHERE idPROP_CMRC = '"_s + idOrcamento() + u"'"_s);
   conexao.commit();
 
   conexao.begin();
   const forms::GridModel& grade = Flex2->grid();
-  for (int linha = 1; linha < grade.rows(); ++linha) {
-    sql = insertParcela(grade, linha);
-    conexao.execute(Maiusculas(sql));
-  }
+  std::vector<data::Statement> parcelas;
+  for (int linha = 1; linha < grade.rows(); ++linha)
+    parcelas.push_back({Maiusculas(insertParcela(grade, linha))});
+  conexao.batch(parcelas);
   conexao.commit();
 }

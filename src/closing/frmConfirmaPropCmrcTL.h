@@ -49,7 +49,7 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   void ajustaMedidas();
   bool podeConfirmar();
   void passaDescontoParaOrcamento();
-  void montaUpdateCondicao();
+  [[nodiscard]] QString montaUpdateCondicao();
   void gravaCondicao();
   void gravaParcelas();
 };

@@ -72,10 +72,10 @@ void frmConfirmaPropCmrcTL::montaParcelas(double liquido) {
 
   const auto incluiParcela = [&](int parcela, double valor) {
     const qint32 dias = diasDaParcela(prazos, parcela);
-    forms::RowBuilder linha;
-    linha << QString() << QString::number(parcela) << QString::number(dias) << Moeda(valor)
-          << values::formatDate(base.addDays(dias), u"dd/mm/yyyy");
-    Flex2->grid().addItem(linha.text());
+    Flex2->grid().addRow({{Parcela, QString::number(parcela)},
+                          {Dias, QString::number(dias)},
+                          {Valor, Moeda(valor)},
+                          {Vencimento, values::formatDate(base.addDays(dias), u"dd/mm/yyyy")}});
   };
 
   int primeira = 1;

@@ -3,7 +3,6 @@
 #include "platform/mail/mail_message.h"
 #include "platform/values/numbers.h"
 #include "run/configuration.h"
-#include "run/context.h"
 #include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
@@ -14,36 +13,36 @@ namespace {
 
 /// Addresses of the subscribers with ", " between them; one without an address leaves its place empty.
 QString enderecos(const QString& usuarios, int quantos) {
-  QString lista;
+  std::vector<Asked<QString>> pedidos;
   for (int campo = 2; campo <= quantos + 1; ++campo)
-    lista += EmailUsuario(PegaCampo(usuarios, campo)).get().toLower() + u", "_s;
-  lista.chop(2);
-  return lista;
+    pedidos.push_back(EmailUsuario(PegaCampo(usuarios, campo)));
+  QStringList lista;
+  for (auto& pedido : pedidos) lista << pedido.get().toLower();
+  return lista.join(u", "_s);
 }
 
 }  // namespace
 
-QString DescricaoEventoWorkFlow(const QString& evento) {
+Asked<QString> DescricaoEventoWorkFlow(const QString& evento) {
   return lookup::byText({u"select desc_work_even from work_even where codi_work_even = ", u"desc_work_even"},
                         evento);
 }
 
-QString TextoEventoWorkFlow(const QString& evento) {
+Asked<QString> TextoEventoWorkFlow(const QString& evento) {
   return lookup::byText({u"select text_work_even from work_even where codi_work_even = ", u"text_work_even"},
                         evento);
 }
 
-QString IdEventoWorkFlow(const QString& evento) {
+Asked<QString> IdEventoWorkFlow(const QString& evento) {
   return lookup::byText({u"select idwork_even from work_even where codi_work_even = ", u"idwork_even"},
                         evento);
 }
 
 QString UsuariosEventoWorkFlow(const QString& evento) {
   const QString id = lookup::number(IdEventoWorkFlow(evento));
-  QString& sql = contexto().sqlFuncoes;
-  sql = u"select idusen from work_even_usen where idwork_even = "_s + id + u" and data_desa is null"_s;
   QString ids;
-  data::Recordset rs = AbreConsulta(sql);
+  data::Recordset rs = AbreConsulta(u"select idusen from work_even_usen where idwork_even = "_s + id +
+                                    u" and data_desa is null"_s);
   for (; !rs.eof(); rs.moveNext()) ids += rs.text(u"idusen") + u'^';
   return QString::number(rs.count()) + u'^' + ids;
 }
@@ -55,18 +54,23 @@ void EnviaAvisoWorkFlow(forms::Form& /*tela*/, const QString& evento, const QStr
   const int quantos = values::toInt32(LeNumero(PegaCampo(usuarios, 1)));
   if (quantos <= 0) return;
   const QString destinatarios = enderecos(usuarios, quantos);
-  const QString assunto = DescricaoEventoWorkFlow(evento) + u" "_s + (textoNoAssunto ? texto : QString());
-  const QString mensagem = TextoEventoWorkFlow(evento) + u"\r "_s + texto;
+  auto pedeDescricao = DescricaoEventoWorkFlow(evento);
+  auto pedeTexto = TextoEventoWorkFlow(evento);
+  const QString assunto = pedeDescricao.get() + u" "_s + (textoNoAssunto ? texto : QString());
+  const QString mensagem = pedeTexto.get() + u"\r "_s + texto;
   EnviaEmailWorkFlow(destinatarios, {}, assunto, mensagem, anexo);
 }
 
 void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, const QString& assunto,
                         const QString& mensagem, const QString& anexo) {
-  const QString servidor = ServidorEmail().get().toLower();
-  const QString remetente = EmailEmpresa().get().toLower();
+  auto pedeServidor = ServidorEmail();
+  auto pedeRemetente = EmailEmpresa();
+  auto pedeSenha = SenhaEmailEmpresa();
+  const QString servidor = pedeServidor.get().toLower();
+  const QString remetente = pedeRemetente.get().toLower();
   const QString& usuario = remetente;
   // Notices log in with the password in small letters, whatever its case in the company's data.
-  const QString senha = SenhaEmailEmpresa().get().toLower();
+  const QString senha = pedeSenha.get().toLower();
   if (servidor.isEmpty() && remetente.isEmpty() && usuario.isEmpty() && senha.isEmpty()) return;
 
   mail::MailMessage email;

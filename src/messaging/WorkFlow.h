@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/data/asked.h"
 #include "platform/forms/form.h"
 
 // Notices by e-mail to the users who subscribe to a named event.
@@ -17,9 +18,9 @@ void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, cons
                         const QString& mensagem, const QString& anexo);
 
 // One column of an event by its code, empty when there is none.
-[[nodiscard]] QString DescricaoEventoWorkFlow(const QString& evento);
-[[nodiscard]] QString TextoEventoWorkFlow(const QString& evento);
-[[nodiscard]] QString IdEventoWorkFlow(const QString& evento);
+data::Asked<QString> DescricaoEventoWorkFlow(const QString& evento);
+data::Asked<QString> TextoEventoWorkFlow(const QString& evento);
+data::Asked<QString> IdEventoWorkFlow(const QString& evento);
 
 /// Subscribers whose subscription has not ended: their count and each id, with "^" behind each ("2^7^9^").
 [[nodiscard]] QString UsuariosEventoWorkFlow(const QString& evento);

@@ -24,14 +24,14 @@ bool frmPropCmrcTL::recusaEstado(bool recusado, const QString& motivo) {
 
 /// Runs statements on the quote of the screen in one transaction; each is closed by its WHERE.
 void frmPropCmrcTL::alteraOrcamento(const QStringList& comandos) {
-  RunContext& c = contexto();
+  data::Connection& conexao = contexto().Conexao;
   const forms::WaitPointer espera;
-  c.Conexao.begin();
-  for (const QString& comando : comandos) {
-    c.sqlGravacao = comando + u"WHERE (idprop_cmrc="_s + txtRowId->text() + u")"_s;
-    c.Conexao.execute(c.sqlGravacao);
-  }
-  c.Conexao.commit();
+  std::vector<data::Statement> todos;
+  for (const QString& comando : comandos)
+    todos.push_back({comando + u"WHERE (idprop_cmrc="_s + txtRowId->text() + u")"_s});
+  conexao.begin();
+  conexao.batch(todos);
+  conexao.commit();
 }
 
 void frmPropCmrcTL::cmdEXCLUIR_Click() {

@@ -54,6 +54,7 @@ void frmPropCmrcTL::ligaListas() {
   for (const Lista& lista : listas)
     on(lista.combo, Event::LostFocus, [lista] {
       if (lista.combo->isLocked() || lista.combo->text().isEmpty()) return;
+      const forms::WaitPointer espera;
       if (!lista.id(lista.combo->text()).get().isEmpty()) return;
       Aviso(QString::fromUtf16(lista.recusa));
       lista.combo->setText({});
@@ -74,10 +75,13 @@ void frmPropCmrcTL::cboCliente_DropDown() { CarregaClientes(*this, cboCliente->t
 
 void frmPropCmrcTL::cboCliente_LostFocus() {
   if (cboCliente->isLocked() || cboCliente->text().isEmpty()) return;
+  const forms::WaitPointer espera;
   const QString id = IdClientePorNome(cboCliente->text());
   if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente não está cadastrado!"_s);
-  txtFoneExtra->setText(FonesCliente(id));
-  txtEmailExtra->setText(EmailCliente(id));
+  auto pedeFones = FonesCliente(id);
+  auto pedeEmail = EmailCliente(id);
+  txtFoneExtra->setText(pedeFones.get());
+  txtEmailExtra->setText(pedeEmail.get());
 }
 
 void frmPropCmrcTL::cboClienteContato_DropDown() {
@@ -87,10 +91,13 @@ void frmPropCmrcTL::cboClienteContato_DropDown() {
 
 void frmPropCmrcTL::cboClienteContato_LostFocus() {
   if (cboClienteContato->isLocked() || cboClienteContato->text().isEmpty()) return;
+  const forms::WaitPointer espera;
   const QString id = IdPessoaContato(cboClienteContato->text(), cboCliente->text());
   if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente/Contato não está cadastrado!"_s);
-  txtFoneExtraContato->setText(FoneContato(id));
-  txtEmailExtraContato->setText(EmailContato(id));
+  auto pedeFone = FoneContato(id);
+  auto pedeEmail = EmailContato(id);
+  txtFoneExtraContato->setText(pedeFone.get());
+  txtEmailExtraContato->setText(pedeEmail.get());
 }
 
 /// Yes goes on with a name that no table knows; No ends the editing.

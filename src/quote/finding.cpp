@@ -31,11 +31,11 @@ bool frmPropCmrcTL::carregaEscolhido() {
 void frmPropCmrcTL::carregaNumero() {
   const auto naoLocalizado = [this] { Aviso(u"Orçamento não localizado!"_s, txtCodigo); };
   if (!PodeSerId(txtCodigo->text())) return naoLocalizado();
-  data::Recordset rs =
+  const forms::WaitPointer espera;
+  const data::Recordset rs =
       AbreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + Apara(txtCodigo->text()) + u"'"_s);
   if (rs.eof()) return naoLocalizado();
   txtRowId->setText(rs.text(u"idprop_cmrc"));
-  rs.close();
   CarregaOrcamento();
   const QString pedido = NumeroPedidoDoOrcamento(txtCodigo->text());
   // A quote without an order shows the number zero.

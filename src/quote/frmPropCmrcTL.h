@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/data/asked.h"
 #include "platform/data/recordset.h"
 #include "platform/forms/form.h"
 #include "quote/grids.h"
@@ -49,8 +50,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
 
   /// Fills the screen with the quote whose number is in txtCodigo (loading.cpp).
   void CarregaOrcamento();
-  /// Adds the materials of one item to FlexMonta, tied to row linhaFlex.
-  void CarregaMontagem(const QString& idOrcamento, const QString& idDetalhe, const QString& linhaFlex);
 
   void LimitaCampos();
   void ligaTeclado();
@@ -91,28 +90,32 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   [[nodiscard]] bool faltaCarregar() const;
   /// Loads such a choice as cmdPesquisar_PropCmrc does; false when it is gone.
   [[nodiscard]] bool carregaEscolhido();
+  /// Texts of combos, asked with the rest of the quote.
+  using Nomes = std::vector<std::pair<forms::Combo*, data::Asked<QString>>>;
+  [[nodiscard]] Nomes pedeNomesDoCabecalho(const data::Recordset& rs) const;
   void carregaCabecalho(const data::Recordset& rs);
-  void carregaItens();
-  void carregaHomenageados();
   /// Terms of the quote into the confirmation screen (loading_terms.cpp).
-  void carregaConfirmacao(const data::Recordset& rs);
+  struct Termos {
+    data::Asked<QString> transportadora, parcelas, prazos;
+  };
+  [[nodiscard]] static Termos pedeTermosDaConfirmacao(const data::Recordset& rs);
+  static void carregaConfirmacao(const data::Recordset& rs, Termos& termos);
 
   // Saving (saving.cpp, save_header.cpp, save_rows.cpp)
   void cmdSALVAR_Click();
   void gravaNovo();
   void gravaAlteracao();
   enum class Caixa { Maiuscula, ComoDigitada };
-  void gravaItens(const QString& idOrcamento, Caixa caixa);
-  void gravaHomenageados(const QString& idOrcamento, Caixa caixa);
-  void MontaInsertOrcamento();
-  void MontaUpdateOrcamento();
-  void MontaDeleteDetalhes(const QString& idOrcamento);
-  void MontaDeleteMontagem(const QString& idOrcamento);
-  void MontaDeleteHomenageados(const QString& idOrcamento);
-  void MontaInsertDetalhe(const QString& idOrcamento, int linha);
-  void MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe, int linha);
-  void MontaInsertHomenageado(const QString& idOrcamento, int linha);
-  void AprovaPrototipo(const QString& idProt, const QString& idOrcamento, const QString& dataAprovacao);
+  void gravaLinhas(const QString& idOrcamento, Caixa caixa);
+  [[nodiscard]] QStringList gravaItens(const QString& idOrcamento, Caixa caixa);
+  struct Chaves;
+  [[nodiscard]] Chaves pedeChaves() const;
+  [[nodiscard]] QString MontaInsertOrcamento() const;
+  [[nodiscard]] QString MontaUpdateOrcamento() const;
+  [[nodiscard]] QString MontaInsertDetalhe(const QString& idOrcamento, int linha) const;
+  [[nodiscard]] QString MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe,
+                                            int linha) const;
+  [[nodiscard]] QString MontaInsertHomenageado(const QString& idOrcamento, int linha) const;
 
   // Items (item_grid.cpp, item_assembly.cpp)
   void Flex_DblClick();

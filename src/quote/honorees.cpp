@@ -11,7 +11,7 @@ void frmPropCmrcTL::cmdIncluirHomg_Click() {
   const QString nome = Apara(txtNomeHomg->text());
   if (!nome.isEmpty()) {
     forms::GridModel& lista = FlexHomg->grid();
-    lista.addItem((forms::RowBuilder() << QString() << Maiusculas(nome)).text());
+    lista.addRow({{grids::honoree::Nome, Maiusculas(nome)}});
     txtNomeHomg->clear();
     lista.setTopRow(lista.rows() - 1);
   }

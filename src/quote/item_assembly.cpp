@@ -18,8 +18,7 @@ void frmPropCmrcTL::alteraItem() {
   forms::GridModel& itens = Flex->grid();
   const int linha = itens.row();
   if (linha == 0) return;
-  forms::RowBuilder comoEra;
-  for (int coluna = 0; coluna < itens.cols(); ++coluna) comoEra << itens.text(linha, coluna);
+  const forms::GridRow comoEra = itens.rowTexts(linha);
   passaParaMontagem(linha);
   soltaMateriais(linha, grids::material::VinculoComFlex);
   tiraLinha(linha, grids::material::VinculoComFlex);
@@ -28,7 +27,7 @@ void frmPropCmrcTL::alteraItem() {
   const int restantes = itens.rows();
   forms::form<frmMontarProduto>().showModal();
   // A line without materials has nothing that a cancel could put back.
-  if (itens.rows() == restantes) itens.addItem(comoEra.text());
+  if (itens.rows() == restantes) itens.addRow(comoEra);
   CalculaTotais();
 }
 
@@ -53,10 +52,10 @@ void frmPropCmrcTL::passaParaMontagem(int linha) {
 void frmPropCmrcTL::passaMaterial(int linhaMonta, const QString& quantidade) {
   using namespace grids;
   auto& tela = forms::form<frmMontarProduto>();
-  forms::RowBuilder linha;
-  for (int coluna = 0; coluna < FlexMonta.cols(); ++coluna) linha << FlexMonta.text(linhaMonta, coluna);
-  tela.Flex->grid().addItem(linha.text());
-  tela.FlexSombra.addItem(linha.text());
+  // These two have no column for the link: it is left behind.
+  const forms::GridRow linha = FlexMonta.rowTexts(linhaMonta);
+  tela.Flex->grid().addRow(linha);
+  tela.FlexSombra.addRow(linha);
   tela.MarcaLinha(tela.Flex->grid().rows() - 1);
   const double valor = LeNumero(FlexMonta.text(linhaMonta, material::ValorUnitario)) * LeNumero(quantidade);
   tela.lblTotalUnitarioProduto->setText(Moeda(LeNumero(tela.lblTotalUnitarioProduto->text()) + valor));

@@ -49,6 +49,7 @@ void frmPropCmrcTL::recusaDesativado(const QString& texto) {
 }
 
 void frmPropCmrcTL::pesquisaProduto() {
+  const forms::WaitPointer espera;
   const data::Recordset rs =
       AbreConsulta(u"SELECT * FROM prod WHERE codi_prod='"_s + txtCodProduto->text() + u"'"_s);
   if (rs.eof()) return Aviso(u"Produto Não Localizado!"_s);
@@ -63,6 +64,7 @@ void frmPropCmrcTL::pesquisaProduto() {
 }
 
 void frmPropCmrcTL::pesquisaPrototipo() {
+  const forms::WaitPointer espera;
   if (!values::isNumeric(Apara(txtCodProduto->text())))
     return Aviso(u"O Código de Protótipo é formado apenas por números!"_s, txtCodProduto);
   const data::Recordset rs =

@@ -18,12 +18,18 @@ void frmPropCmrcTL::cmdIncluir_ProdProt_Click() {
   const QString mascara = MascaraUnidade(produto ? UnidadeProduto(id) : UnidadePrototipo(id));
   const QString quantidade = values::format(txtQuantidade->text(), mascara);
   const double total = LeNumero(Moeda(lblVrLiqProt->text())) * LeNumero(quantidade);
-  forms::RowBuilder linha;
-  linha << id << tipoDoPainel() << txtCodProduto->text() << lblDescProt->text()
-        << Moeda(lblVrBrutoProt->text()) << Moeda(txtDesconto->text()) << Moeda(lblVrLiqProt->text())
-        << quantidade << Moeda(total) << QString() << lblUnidadeMedida->text()
-        << Apara(txtObseDetaItem->text());
-  Flex->grid().addItem(linha.text());
+  using namespace grids::item;
+  Flex->grid().addRow({{Id, id},
+                       {Tipo, tipoDoPainel()},
+                       {Codigo, txtCodProduto->text()},
+                       {Descricao, lblDescProt->text()},
+                       {VrBruto, Moeda(lblVrBrutoProt->text())},
+                       {Desconto, Moeda(txtDesconto->text())},
+                       {VrUnit, Moeda(lblVrLiqProt->text())},
+                       {Quantidade, quantidade},
+                       {Total, Moeda(total)},
+                       {Unidade, lblUnidadeMedida->text()},
+                       {Observacao, Apara(txtObseDetaItem->text())}});
   LimpaCamposItem();
 }
 

@@ -5,32 +5,158 @@
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
-using forms::RowBuilder;
+using forms::GridRow;
 
-// A stored quote on the screen: header, items with their materials, honorees.
+// A stored quote on the screen: header, items with their materials, honorees. All is asked before the screen
+// is touched.
+
+namespace {
+
+GridRow linhaDoMaterial(const data::Recordset& rs, const QString& codigo, const QString& descricao,
+                        const QString& linhaFlex) {
+  using namespace grids::material;
+  return {{Id, rs.text(u"idprod")},
+          {Codigo, codigo},
+          {Descricao, descricao},
+          {Quantidade, rs.text(u"QTDE")},
+          {Unidade, rs.text(u"UNID_MEDI")},
+          {QtUnidade, rs.text(u"QTDE_UNID_MEDI")},
+          {ValorUnitario, rs.format(u"VALO_UNIT", kMascaraMoeda)},
+          {Total, rs.format(u"VALO_TOTA", kMascaraMoeda)},
+          {Tipo, rs.text(u"TIPO_MATE_PRIMA")},
+          {Observacao, rs.text(u"OBSE_PROP_CMRC_DETA_MONTA")},
+          {Ordem, rs.text(u"ORDEM_MATE_PRIMA")},
+          {VinculoComFlex, linhaFlex}};
+}
+
+Asked<GridRow> leMaterial(data::Recordset rs, QString linhaFlex) {
+  const QString id = rs.text(u"idprod");
+  auto pedeCodigo = CodigoProduto(id);
+  auto pedeDescricao = DescricaoProduto(id);
+  const QString codigo = co_await pedeCodigo;
+  const QString descricao = co_await pedeDescricao;
+  co_return linhaDoMaterial(rs, codigo, descricao, linhaFlex);
+}
+
+/// The materials of one item, tied to row linhaFlex of the items.
+Asked<std::vector<GridRow>> leMontagem(QString idOrcamento, QString idDetalhe, QString linhaFlex) {
+  const data::Recordset rs =
+      co_await PedeConsulta(u"SELECT * From PROP_CMRC_DETA_MONTA Where IDPROP_CMRC = '"_s + idOrcamento +
+                            u"' and idPROP_CMRC_DETA = '"_s + idDetalhe + u"'"_s);
+  auto materiais =
+      data::forEachRow(rs, [&](const data::Recordset& material) { return leMaterial(material, linhaFlex); });
+  co_return co_await materiais;
+}
+
+struct ItemLido {
+  GridRow linha;
+  std::vector<GridRow> materiais;
+};
+
+/// What the lookups tell of an item.
+struct DadosDoItem {
+  QString codigo, descricao, unidade, mascara;
+};
+
+GridRow linhaDoItem(const data::Recordset& rs, bool produto, const DadosDoItem& dados) {
+  using namespace grids::item;
+  return {{Id, rs.text(u"idprodprot")},
+          {Tipo, rs.text(u"prod_prot")},
+          {Codigo, dados.codigo},
+          {Descricao, dados.descricao},
+          {VrBruto, rs.format(u"VALO_UNIT", kMascaraMoeda)},
+          {Desconto, rs.format(u"VALO_DECT", kMascaraMoeda)},
+          {VrUnit, rs.format(u"VALO_LIQU", kMascaraMoeda)},
+          {Quantidade, rs.format(u"QTDE", dados.mascara)},
+          {Total, rs.format(u"VALO_TOTA", kMascaraMoeda)},
+          {DtAprov, rs.formatDate(u"DATA_APROV", u"dd/mm/yyyy hh:mm")},
+          {Unidade, produto ? dados.unidade : QString()},
+          {Observacao, rs.text(u"OBSE_PROP_CMRC_DETA")}};
+}
+
+Asked<ItemLido> leItem(data::Recordset rs, QString idOrcamento, QString linhaFlex) {
+  const QString id = rs.text(u"idprodprot");
+  const bool produto = Maiusculas(rs.text(u"prod_prot")) == QStringView(grids::kProduto);
+  auto pedeCodigo = produto ? CodigoProduto(id) : ValidaPrototipo(id);
+  auto pedeDescricao = produto ? DescricaoProduto(id) : DescricaoPrototipo(id);
+  auto pedeIdUnidade = produto ? UnidadeProduto(id) : UnidadePrototipo(id);
+  auto pedeMontagem = leMontagem(idOrcamento, rs.text(u"idPROP_CMRC_DETA"), linhaFlex);
+
+  DadosDoItem dados;
+  const QString idUnidade = co_await pedeIdUnidade;
+  dados.unidade = co_await DescricaoUnidade(idUnidade);
+  const QString casas = co_await CasasDecimaisUnidade(dados.unidade);
+  dados.mascara = MascaraDecimais(casas);
+  dados.codigo = co_await pedeCodigo;
+  dados.descricao = co_await pedeDescricao;
+  ItemLido lido;
+  lido.linha = linhaDoItem(rs, produto, dados);
+  lido.materiais = co_await pedeMontagem;
+  co_return lido;
+}
+
+Asked<std::vector<ItemLido>> leItens(QString idOrcamento) {
+  const data::Recordset rs =
+      co_await PedeConsulta(u"SELECT * From PROP_CMRC_DETA Where IDPROP_CMRC = '"_s + idOrcamento + u"'"_s);
+  int linha = 0;
+  auto itens = data::forEachRow(
+      rs, [&](const data::Recordset& item) { return leItem(item, idOrcamento, QString::number(++linha)); });
+  co_return co_await itens;
+}
+
+}  // namespace
 
 void frmPropCmrcTL::CarregaOrcamento() {
   const forms::WaitPointer espera;
-  data::Recordset rs =
+  const data::Recordset rs =
       AbreConsulta(u"SELECT * FROM PROP_CMRC WHERE PROP_CMRC.IDPROP_CMRC = '"_s + txtCodigo->text() + u"'"_s);
   if (rs.eof()) return Falha(u"Há Problemas Neste Registro!"_s);
+  const QString id = rs.text(u"idprop_cmrc");
+  auto pedeNomes = pedeNomesDoCabecalho(rs);
+  auto pedeTermos = pedeTermosDaConfirmacao(rs);
+  auto pedeItens = leItens(id);
+  auto pedeHomenageados = PedeConsulta(
+      u"SELECT IDPROP_CMRC_HOMG, NOME_HOMG From PROP_CMRC_HOMG Where IDPROP_CMRC = '"_s + id + u"'"_s);
+  const std::vector<ItemLido> itens = pedeItens.get();
+  data::Recordset homenageados = pedeHomenageados.get();
+
   LimpaTela();
   carregaCabecalho(rs);
+  for (auto& [combo, nome] : pedeNomes) combo->setText(nome.get());
   idCarregado_ = txtRowId->text();
-  carregaConfirmacao(rs);
-  rs.close();
-  carregaItens();
-  carregaHomenageados();
+  carregaConfirmacao(rs, pedeTermos);
+  for (const ItemLido& item : itens) {
+    Flex->grid().addRow(item.linha);
+    FlexMonta.addRows(item.materiais);
+  }
+  for (; !homenageados.eof(); homenageados.moveNext())
+    FlexHomg->grid().addRow({{grids::honoree::Id, homenageados.text(u"IDPROP_CMRC_HOMG")},
+                             {grids::honoree::Nome, homenageados.text(u"NOME_HOMG")}});
   MostraSituacao();
+}
+
+/// Null leaves its field as it was cleared.
+frmPropCmrcTL::Nomes frmPropCmrcTL::pedeNomesDoCabecalho(const data::Recordset& rs) const {
+  struct Nomeado {
+    QStringView coluna;
+    forms::Combo* combo;
+    Asked<QString> (*consulta)(const QString&);
+  };
+  const Nomeado nomeados[] = {{u"IDRESV_PROP_CMRC", cboRespAtendimento, &UsuarioAtual},
+                              {u"idvend", cboVendedor, &NomeConhecidoVendedor},
+                              {u"idloca_veds", cboLocalVenda, &DescricaoLocalVenda},
+                              {u"idtipo_mktg", cboTipoMktg, &DescricaoTipoMarketing},
+                              {u"idtipo_even", cboTipoEven, &DescricaoTipoEvento},
+                              {u"idtipo_serv", cboTipoServ, &DescricaoTipoServico}};
+  Nomes nomes;
+  for (const auto& [coluna, combo, consulta] : nomeados)
+    if (!rs.isNull(coluna)) nomes.emplace_back(combo, consulta(rs.text(coluna)));
+  return nomes;
 }
 
 void frmPropCmrcTL::carregaCabecalho(const data::Recordset& rs) {
   const auto texto = [&rs](QStringView coluna, QObject* campo) {
     if (!rs.isNull(coluna)) forms::setControlText(campo, rs.text(coluna));
-  };
-  const auto nome = [&rs](QStringView coluna, forms::Combo* combo,
-                          Asked<QString> (*consulta)(const QString&)) {
-    if (!rs.isNull(coluna)) combo->setText(consulta(rs.text(coluna)));
   };
   const auto dia = [&rs](QStringView coluna, QObject* campo) {
     if (!rs.isNull(coluna)) forms::setControlText(campo, rs.formatDate(coluna, u"dd/mm/yyyy"));
@@ -49,13 +175,7 @@ void frmPropCmrcTL::carregaCabecalho(const data::Recordset& rs) {
   texto(u"NOME_CLIE_CONT", cboClienteContato);
   texto(u"fone_CLIE_CONT", txtFoneExtraContato);
   texto(u"emai_CLIE_CONT", txtEmailExtraContato);
-  nome(u"IDRESV_PROP_CMRC", cboRespAtendimento, &UsuarioAtual);
   texto(u"NUME_PESS", txtNumePess);
-  nome(u"idvend", cboVendedor, &NomeConhecidoVendedor);
-  nome(u"idloca_veds", cboLocalVenda, &DescricaoLocalVenda);
-  nome(u"idtipo_mktg", cboTipoMktg, &DescricaoTipoMarketing);
-  nome(u"idtipo_even", cboTipoEven, &DescricaoTipoEvento);
-  nome(u"idtipo_serv", cboTipoServ, &DescricaoTipoServico);
   dia(u"DATA_PROP_CMRC", mskDtPropCmrc);
   dia(u"DATA_even", mskDataEven);
   dia(u"DATA_vali", mskDtValidade);
@@ -67,49 +187,4 @@ void frmPropCmrcTL::carregaCabecalho(const data::Recordset& rs) {
       txtCondPagto, rs.isNull(u"txt_cond_pgto") ? kCondPagtoPadrao.toString() : rs.text(u"txt_cond_pgto"));
   desconto(u"VALO_DECT", lblDesconto);
   desconto(u"PERC_DECT", lblPercDesconto);
-}
-
-void frmPropCmrcTL::carregaItens() {
-  data::Recordset rs =
-      AbreConsulta(u"SELECT * From PROP_CMRC_DETA Where IDPROP_CMRC = '"_s + txtCodigo->text() + u"'"_s);
-  for (; !rs.eof(); rs.moveNext()) {
-    const QString id = rs.text(u"idprodprot");
-    const bool produto = Maiusculas(rs.text(u"prod_prot")) == QStringView(grids::kProduto);
-    const QString codigo = produto ? CodigoProduto(id) : ValidaPrototipo(id);
-    const QString descricao = produto ? DescricaoProduto(id) : DescricaoPrototipo(id);
-    const QString unidade = DescricaoUnidade(produto ? UnidadeProduto(id) : UnidadePrototipo(id));
-    const QString mascara = MascaraDecimais(CasasDecimaisUnidade(unidade));
-    RowBuilder linha;
-    linha << id << rs.text(u"prod_prot") << codigo << descricao << rs.format(u"VALO_UNIT", kMascaraMoeda)
-          << rs.format(u"VALO_DECT", kMascaraMoeda) << rs.format(u"VALO_LIQU", kMascaraMoeda)
-          << rs.format(u"QTDE", mascara) << rs.format(u"VALO_TOTA", kMascaraMoeda)
-          << rs.formatDate(u"DATA_APROV", u"dd/mm/yyyy hh:mm") << (produto ? unidade : QString())
-          << rs.text(u"OBSE_PROP_CMRC_DETA");
-    Flex->grid().addItem(linha.text());
-    CarregaMontagem(txtCodigo->text(), rs.text(u"idPROP_CMRC_DETA"),
-                    QString::number(Flex->grid().rows() - 1));
-  }
-}
-
-void frmPropCmrcTL::CarregaMontagem(const QString& idOrcamento, const QString& idDetalhe,
-                                    const QString& linhaFlex) {
-  data::Recordset rs = AbreConsulta(u"SELECT * From PROP_CMRC_DETA_MONTA Where IDPROP_CMRC = '"_s +
-                                    idOrcamento + u"' and idPROP_CMRC_DETA = '"_s + idDetalhe + u"'"_s);
-  for (; !rs.eof(); rs.moveNext()) {
-    const QString id = rs.text(u"idprod");
-    RowBuilder linha;
-    linha << id << CodigoProduto(id) << DescricaoProduto(id) << rs.text(u"QTDE") << rs.text(u"UNID_MEDI")
-          << rs.text(u"QTDE_UNID_MEDI") << rs.format(u"VALO_UNIT", kMascaraMoeda)
-          << rs.format(u"VALO_TOTA", kMascaraMoeda) << rs.text(u"TIPO_MATE_PRIMA")
-          << rs.text(u"OBSE_PROP_CMRC_DETA_MONTA") << rs.text(u"ORDEM_MATE_PRIMA") << linhaFlex;
-    FlexMonta.addItem(linha.text());
-  }
-}
-
-void frmPropCmrcTL::carregaHomenageados() {
-  data::Recordset rs =
-      AbreConsulta(u"SELECT IDPROP_CMRC_HOMG, NOME_HOMG From PROP_CMRC_HOMG Where IDPROP_CMRC = '"_s +
-                   txtCodigo->text() + u"'"_s);
-  for (; !rs.eof(); rs.moveNext())
-    FlexHomg->grid().addItem((RowBuilder() << rs.text(u"IDPROP_CMRC_HOMG") << rs.text(u"NOME_HOMG")).text());
 }

@@ -3,17 +3,24 @@
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
 
+frmPropCmrcTL::Termos frmPropCmrcTL::pedeTermosDaConfirmacao(const data::Recordset& rs) {
+  const auto pede = [&rs](QStringView coluna, const auto& consulta) {
+    return rs.isNull(coluna) ? data::known(QString()) : consulta(rs.text(coluna));
+  };
+  return {.transportadora = pede(u"idtrpt", NomeConhecidoTransportadora),
+          .parcelas = pede(u"idcond_pgto", ParcelasCondPgto),
+          .prazos = pede(u"idcond_pgto", DiasCondPgto)};
+}
+
 /// The confirmation screen shows a quote's stored terms as soon as the quote is on the screen.
-void frmPropCmrcTL::carregaConfirmacao(const data::Recordset& rs) {
+void frmPropCmrcTL::carregaConfirmacao(const data::Recordset& rs, Termos& termos) {
   auto& tela = forms::form<frmConfirmaPropCmrcTL>();
   forms::setControlText(tela.txtObservacaoPedido, rs.text(u"OBSE_PEDI_VEDS"));
-  tela.cboTransportadora->setText(rs.isNull(u"idtrpt") ? QString()
-                                                       : NomeConhecidoTransportadora(rs.text(u"idtrpt")));
+  tela.cboTransportadora->setText(termos.transportadora.get());
   tela.mskDataBase->setBoxText(rs.isNull(u"DATA_BASE") ? values::formatDate(values::now(), u"dd/mm/yyyy")
                                                        : rs.formatDate(u"DATA_BASE", u"dd/mm/yyyy"));
   if (rs.isNull(u"idcond_pgto")) return;
-  const QString condicao = rs.text(u"idcond_pgto");
-  forms::setControlText(tela.txtIdCondPg, condicao);
-  forms::setControlText(tela.lblParcelas, ParcelasCondPgto(condicao));
-  forms::setControlText(tela.lblPrazos, DiasCondPgto(condicao));
+  forms::setControlText(tela.txtIdCondPg, rs.text(u"idcond_pgto"));
+  forms::setControlText(tela.lblParcelas, termos.parcelas.get());
+  forms::setControlText(tela.lblPrazos, termos.prazos.get());
 }

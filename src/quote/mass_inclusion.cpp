@@ -8,12 +8,37 @@ using namespace Qt::StringLiterals;
 
 // All lines of the quote replaced by the live prototypes of a collection or of the customer.
 
+namespace {
+
+forms::GridRow linhaComMascara(const data::Recordset& rs, double quantidade, const QString& mascara) {
+  using namespace grids::item;
+  const QString id = rs.text(u"IDPROT");
+  const QString valor = rs.format(u"VALO_VEDS", kMascaraMoeda);
+  return {{Id, id},
+          {Tipo, QString::fromUtf16(grids::kPrototipo)},
+          {Codigo, id},
+          {Descricao, rs.text(u"DESC_PROT")},
+          {VrBruto, valor},
+          {Desconto, Moeda(0)},
+          {VrUnit, valor},
+          {Quantidade, values::format(quantidade, mascara)},
+          {Total, rs.isNull(u"VALO_VEDS") ? QString() : Moeda(quantidade * rs.number(u"VALO_VEDS"))}};
+}
+
+Asked<forms::GridRow> linhaDoPrototipo(data::Recordset rs, double quantidade) {
+  const QString mascara = co_await MascaraUnidade(rs.isNull(u"IDUNID") ? u"0"_s : rs.text(u"IDUNID"));
+  co_return linhaComMascara(rs, quantidade, mascara);
+}
+
+}  // namespace
+
 void frmPropCmrcTL::cmdIncluirMassa_Click() {
   TabMassa->setCurrentIndex(0);
   openOverFrame(frameMassa, cboCole);
 }
 
 void frmPropCmrcTL::cmdConfirmaMassaClie_Click() {
+  const forms::WaitPointer espera;
   const QString cliente = IdClientePorNome(cboCliente->text());
   if (LeNumero(cliente) == 0)
     return Aviso(u"Para esta operação, um cliente precisa ser selecionado!"_s, windowTitle());
@@ -28,6 +53,7 @@ void frmPropCmrcTL::cmdConfirmaMassaClie_Click() {
 void frmPropCmrcTL::cmdConfirmarMassa_Click() {
   const QString colecao = Apara(cboCole->text());
   if (!colecao.isEmpty()) {
+    const forms::WaitPointer espera;
     // The notice says the opposite of what it means: the collection was not found.
     if (LeNumero(IdColecao(colecao)) == 0)
       Aviso(u"Esta Coleção existe!"_s, windowTitle());
@@ -49,8 +75,9 @@ bool frmPropCmrcTL::confirmaMassa() {
 
 /// One line for each prototype, in the order that the database gives. The materials of the old lines stay.
 void frmPropCmrcTL::incluiPrototipos(const QString& sql) {
+  const forms::WaitPointer espera;
   MontaGridItens();
-  data::Recordset rs = AbreConsulta(sql);
+  const data::Recordset rs = AbreConsulta(sql);
   if (LeNumero(txtNumePess->text()) == 0) {
     Aviso(
         u"A quantidade zerada, para o processamento será assumido a quantidade 1 para cada um dos protótipos"_s,
@@ -58,15 +85,7 @@ void frmPropCmrcTL::incluiPrototipos(const QString& sql) {
     txtNumePess->setText(u"1"_s);
   }
   const double quantidade = LeNumero(txtNumePess->text());
-  const forms::WaitPointer espera;
-  for (; !rs.eof(); rs.moveNext()) {
-    const QString id = rs.text(u"IDPROT");
-    const QString mascara = MascaraUnidade(rs.isNull(u"IDUNID") ? u"0"_s : rs.text(u"IDUNID"));
-    const QString valor = rs.format(u"VALO_VEDS", kMascaraMoeda);
-    const QString total = rs.isNull(u"VALO_VEDS") ? QString() : Moeda(quantidade * rs.number(u"VALO_VEDS"));
-    forms::RowBuilder linha;
-    linha << id << QString::fromUtf16(grids::kPrototipo) << id << rs.text(u"DESC_PROT") << valor << Moeda(0)
-          << valor << values::format(quantidade, mascara) << total;
-    Flex->grid().addItem(linha.text());
-  }
+  Flex->grid().addRows(data::forEachRow(rs, [quantidade](const data::Recordset& prototipo) {
+                         return linhaDoPrototipo(prototipo, quantidade);
+                       }).get());
 }

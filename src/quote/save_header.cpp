@@ -31,7 +31,24 @@ QString dataHora(const forms::MaskedBox* caixa) {
 
 }  // namespace
 
-void frmPropCmrcTL::MontaInsertOrcamento() {
+/// What the names in the header stand for, asked together.
+struct frmPropCmrcTL::Chaves {
+  Asked<QString> vendedor, cliente, contato, local, marketing, evento, servico, atendente;
+};
+
+frmPropCmrcTL::Chaves frmPropCmrcTL::pedeChaves() const {
+  const QString atendente = cboRespAtendimento->text();
+  return {.vendedor = IdVendedor(cboVendedor->text()),
+          .cliente = IdClientePorNome(cboCliente->text()),
+          .contato = IdClienteContato(cboClienteContato->text(), cboCliente->text()),
+          .local = IdLocalVenda(cboLocalVenda->text()),
+          .marketing = IdTipoMarketing(cboTipoMktg->text()),
+          .evento = IdTipoEvento(cboTipoEven->text()),
+          .servico = IdTipoServico(cboTipoServ->text()),
+          .atendente = Apara(atendente).isEmpty() ? data::known(QString()) : IdUsuario(atendente)};
+}
+
+QString frmPropCmrcTL::MontaInsertOrcamento() const {
   const auto dia = [](Insercao& sql, QStringView coluna, const forms::MaskedBox* caixa) {
     if (temData(caixa)) sql.campo(coluna, dataHora(caixa));
   };
@@ -40,14 +57,15 @@ void frmPropCmrcTL::MontaInsertOrcamento() {
     sql.campoSe(!texto.isEmpty(), coluna, texto);
   };
 
+  Chaves chaves = pedeChaves();
   Insercao sql(u"PROP_CMRC"_s);
-  sql.campo(u"idvend", IdVendedor(cboVendedor->text()));
-  sql.campo(u"idclie", IdClientePorNome(cboCliente->text()));
-  sql.campo(u"idclie_cont", IdClienteContato(cboClienteContato->text(), cboCliente->text()));
-  sql.campo(u"idloca_veds", IdLocalVenda(cboLocalVenda->text()));
-  sql.campo(u"idtipo_mktg", IdTipoMarketing(cboTipoMktg->text()));
-  sql.campo(u"idtipo_even", IdTipoEvento(cboTipoEven->text()));
-  sql.campo(u"idtipo_serv", IdTipoServico(cboTipoServ->text()));
+  sql.campo(u"idvend", chaves.vendedor.get());
+  sql.campo(u"idclie", chaves.cliente.get());
+  sql.campo(u"idclie_cont", chaves.contato.get());
+  sql.campo(u"idloca_veds", chaves.local.get());
+  sql.campo(u"idtipo_mktg", chaves.marketing.get());
+  sql.campo(u"idtipo_even", chaves.evento.get());
+  sql.campo(u"idtipo_serv", chaves.servico.get());
   sql.campo(u"show_excl", opShowRoom->isChecked() ? u"S"_s : u"E"_s);
   dia(sql, u"DATA_PROP_CMRC", mskDtPropCmrc);
   dia(sql, u"DATA_EVEN", mskDataEven);
@@ -60,17 +78,17 @@ void frmPropCmrcTL::MontaInsertOrcamento() {
   sql.campo(u"nome_clie_cont", aparado(cboClienteContato));
   sql.campo(u"fone_clie_cont", aparado(txtFoneExtraContato));
   preenchido(sql, u"emai_clie_cont", txtEmailExtraContato);
-  if (!aparado(cboRespAtendimento).isEmpty())
-    sql.campo(u"IDRESV_PROP_CMRC", IdUsuario(cboRespAtendimento->text()));
+  if (!aparado(cboRespAtendimento).isEmpty()) sql.campo(u"IDRESV_PROP_CMRC", chaves.atendente.get());
   sql.campo(u"nume_pess", pessoas(txtNumePess));
   preenchido(sql, u"OBSE_PROP_CMRC", txtObserva);
   preenchido(sql, u"TXT_COND_PGTO", txtCondPagto);
   sql.campo(u"DATA_INCL", values::formatDate(values::now(), u"yyyymmdd hh:mm"));
   sql.campo(u"USER_INCL", QString::number(contexto().IdUsuarioAtual));
-  contexto().sqlGravacao = sql.texto();
+  return sql.texto();
 }
 
-void frmPropCmrcTL::MontaUpdateOrcamento() {
+QString frmPropCmrcTL::MontaUpdateOrcamento() const {
+  Chaves chaves = pedeChaves();
   Alteracao sql(u"PROP_CMRC"_s);
   const auto dia = [&sql](QStringView coluna, const forms::MaskedBox* caixa) {
     sql.campoOuNull(temData(caixa), coluna, dataHora(caixa));
@@ -79,13 +97,13 @@ void frmPropCmrcTL::MontaUpdateOrcamento() {
     sql.campoOuNull(!aparado(campo).isEmpty(), coluna, aparado(campo));
   };
 
-  sql.campo(u"idvend", IdVendedor(cboVendedor->text()));
-  sql.campo(u"idloca_veds", IdLocalVenda(cboLocalVenda->text()));
-  sql.campo(u"idclie", IdClientePorNome(cboCliente->text()));
-  sql.campo(u"idclie_cont", IdClienteContato(cboClienteContato->text(), cboCliente->text()));
-  sql.campo(u"idtipo_mktg", IdTipoMarketing(cboTipoMktg->text()));
-  sql.campo(u"idtipo_even", IdTipoEvento(cboTipoEven->text()));
-  sql.campo(u"idtipo_serv", IdTipoServico(cboTipoServ->text()));
+  sql.campo(u"idvend", chaves.vendedor.get());
+  sql.campo(u"idloca_veds", chaves.local.get());
+  sql.campo(u"idclie", chaves.cliente.get());
+  sql.campo(u"idclie_cont", chaves.contato.get());
+  sql.campo(u"idtipo_mktg", chaves.marketing.get());
+  sql.campo(u"idtipo_even", chaves.evento.get());
+  sql.campo(u"idtipo_serv", chaves.servico.get());
   sql.campo(u"show_excl", opShowRoom->isChecked() ? u"S"_s : u"E"_s);
   texto(u"prop_cmrc_desc", txtDesc);
   dia(u"DATA_PROP_CMRC", mskDtPropCmrc);
@@ -98,10 +116,9 @@ void frmPropCmrcTL::MontaUpdateOrcamento() {
   texto(u"NOME_CLIE_CONT", cboClienteContato);
   texto(u"FONE_CLIE_CONT", txtFoneExtraContato);
   texto(u"EMAI_CLIE_CONT", txtEmailExtraContato);
-  if (!aparado(cboRespAtendimento).isEmpty())
-    sql.campo(u"IDRESV_PROP_CMRC", IdUsuario(cboRespAtendimento->text()));
+  if (!aparado(cboRespAtendimento).isEmpty()) sql.campo(u"IDRESV_PROP_CMRC", chaves.atendente.get());
   sql.campo(u"NUME_PESS", pessoas(txtNumePess));
   texto(u"TXT_COND_PGTO", txtCondPagto);
   texto(u"OBSE_PROP_CMRC", txtObserva);
-  contexto().sqlGravacao = sql.texto(u"WHERE (idPROP_CMRC="_s + txtRowId->text() + u")"_s);
+  return sql.texto(u"WHERE (idPROP_CMRC="_s + txtRowId->text() + u")"_s);
 }

@@ -8,13 +8,9 @@
 
 using namespace Qt::StringLiterals;
 
-// The statements that write one row of a grid, and those that take the rows of a quote out.
+// The statements that write one row of a grid.
 
 namespace {
-
-QString doOrcamento(const QString& tabela, const QString& idOrcamento) {
-  return u"DELETE FROM "_s + tabela + u" WHERE (idPROP_CMRC="_s + idOrcamento + u")"_s;
-}
 
 /// Who writes the row, and on which day.
 void auditoria(Insercao& sql) {
@@ -24,19 +20,7 @@ void auditoria(Insercao& sql) {
 
 }  // namespace
 
-void frmPropCmrcTL::MontaDeleteDetalhes(const QString& idOrcamento) {
-  contexto().sqlGravacao = doOrcamento(u"PROP_CMRC_DETA"_s, idOrcamento);
-}
-
-void frmPropCmrcTL::MontaDeleteMontagem(const QString& idOrcamento) {
-  contexto().sqlGravacao = doOrcamento(u"PROP_CMRC_DETA_MONTA"_s, idOrcamento);
-}
-
-void frmPropCmrcTL::MontaDeleteHomenageados(const QString& idOrcamento) {
-  contexto().sqlGravacao = doOrcamento(u"PROP_CMRC_HOMG"_s, idOrcamento);
-}
-
-void frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha) {
+QString frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha) const {
   using namespace grids::item;
   const auto celula = [this, linha](Column coluna) { return Flex->grid().text(linha, coluna); };
 
@@ -54,10 +38,11 @@ void frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha) {
                values::formatDate(celula(DtAprov), u"yyyymmdd hh:mm"))
       .campo(u"OBSE_PROP_CMRC_DETA", Apara(celula(Observacao)));
   auditoria(sql);
-  contexto().sqlGravacao = sql.texto();
+  return sql.texto();
 }
 
-void frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe, int linha) {
+QString frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe,
+                                           int linha) const {
   using namespace grids::material;
   const auto celula = [this, linha](Column coluna) { return FlexMonta.text(linha, coluna); };
 
@@ -74,13 +59,13 @@ void frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QStrin
       .campo(u"OBSE_PROP_CMRC_DETA_MONTA", celula(Observacao))
       .campo(u"ORDEM_MATE_PRIMA", OrdemDoTipo(celula(Tipo)));
   auditoria(sql);
-  contexto().sqlGravacao = sql.texto();
+  return sql.texto();
 }
 
-void frmPropCmrcTL::MontaInsertHomenageado(const QString& idOrcamento, int linha) {
+QString frmPropCmrcTL::MontaInsertHomenageado(const QString& idOrcamento, int linha) const {
   Insercao sql(u"PROP_CMRC_HOMG"_s);
   sql.campo(u"idprop_cmrc", idOrcamento)
       .campo(u"nome_homg", FlexHomg->grid().text(linha, grids::honoree::Nome));
   auditoria(sql);
-  contexto().sqlGravacao = sql.texto();
+  return sql.texto();
 }

@@ -13,16 +13,28 @@
 
 using namespace Qt::StringLiterals;
 
-// A quote goes to the database whole, in one transaction. Nothing is rolled back here: after an error the
-// process ends, and the open transaction with it.
+// A quote goes to the database whole, in one transaction: the header, then all items with their numbers, then
+// what hangs on these. Nothing is rolled back here: after an error the process ends, and the open transaction
+// with it.
 
 namespace {
 
-void executa(const QString& sql) { contexto().Conexao.execute(sql); }
+using Comandos = std::vector<data::Statement>;
 
-QString idGravado(const QString& sql, QStringView campo) {
-  const data::Recordset rs = AbreConsulta(sql);
+std::vector<data::Recordset> executa(const Comandos& comandos) { return contexto().Conexao.batch(comandos); }
+
+QString numeroGravado(const data::Recordset& rs, QStringView campo) {
   return rs.eof() ? u"0"_s : rs.text(campo);
+}
+
+QString MontaDelete(const QString& tabela, const QString& idOrcamento) {
+  return u"DELETE FROM "_s + tabela + u" WHERE (idPROP_CMRC="_s + idOrcamento + u")"_s;
+}
+
+/// Marks an approved prototype; the mark stays even if the approval is taken back later.
+QString AprovaPrototipo(const QString& idProt, const QString& idOrcamento, const QString& dataAprovacao) {
+  return TiraAcentos(u"UPDATE PROT SET PROP_CMRC_APRV = '"_s + idOrcamento + u"', DATA_APRV = '"_s +
+                     values::formatDate(dataAprovacao, u"yyyymmdd hh:mm") + u"' WHERE IDPROT = "_s + idProt);
 }
 
 void avisaGravado(const QString& id) { Aviso(u"Registro Gravado com sucesso!\rOrçamento nr."_s + id); }
@@ -61,11 +73,10 @@ void frmPropCmrcTL::gravaNovo() {
   {
     const forms::WaitPointer espera;
     c.Conexao.begin();
-    MontaInsertOrcamento();
-    executa(Maiusculas(c.sqlGravacao));
-    id = idGravado(u"SELECT @@identity as 'MaxPropCmrc'"_s, u"MaxPropCmrc");
-    gravaItens(id, Caixa::Maiuscula);
-    gravaHomenageados(id, Caixa::Maiuscula);
+    const auto resultados = executa(
+        {{Maiusculas(MontaInsertOrcamento())}, {Maiusculas(u"SELECT @@identity as 'MaxPropCmrc'"_s)}});
+    id = numeroGravado(resultados.back(), u"MaxPropCmrc");
+    gravaLinhas(id, Caixa::Maiuscula);
     c.Conexao.commit();
   }
   avisaGravado(id);
@@ -80,55 +91,49 @@ void frmPropCmrcTL::gravaAlteracao() {
   {
     const forms::WaitPointer espera;
     c.Conexao.begin();
-    MontaUpdateOrcamento();
-    executa(Maiusculas(c.sqlGravacao));
-    MontaDeleteDetalhes(id);
-    executa(c.sqlGravacao);
-    MontaDeleteMontagem(id);
-    executa(c.sqlGravacao);
-    MontaDeleteHomenageados(id);
-    executa(c.sqlGravacao);
+    executa({{Maiusculas(MontaUpdateOrcamento())},
+             {MontaDelete(u"PROP_CMRC_DETA"_s, id)},
+             {MontaDelete(u"PROP_CMRC_DETA_MONTA"_s, id)},
+             {MontaDelete(u"PROP_CMRC_HOMG"_s, id)}});
     // Remarks of items and names of honorees keep their case when a quote is altered.
-    gravaItens(id, Caixa::ComoDigitada);
-    gravaHomenageados(id, Caixa::ComoDigitada);
+    gravaLinhas(id, Caixa::ComoDigitada);
     c.Conexao.commit();
   }
   avisaGravado(id);
   c.ModoOrcamento = u" "_s;
 }
 
-void frmPropCmrcTL::gravaItens(const QString& idOrcamento, Caixa caixa) {
+/// All items and their numbers.
+QStringList frmPropCmrcTL::gravaItens(const QString& idOrcamento, Caixa caixa) {
+  Comandos comandos;
+  for (int linha = 1; linha < Flex->grid().rows(); ++linha) {
+    const QString insert = MontaInsertDetalhe(idOrcamento, linha);
+    comandos.push_back({caixa == Caixa::Maiuscula ? Maiusculas(insert) : insert});
+    comandos.push_back({Maiusculas(u"SELECT @@identity as 'MaxPropCmrcDeta'"_s)});
+  }
+  const auto resultados = executa(comandos);
+  QStringList ids;
+  for (std::size_t i = 1; i < resultados.size(); i += 2)
+    ids << numeroGravado(resultados[i], u"MaxPropCmrcDeta");
+  return ids;
+}
+
+void frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
   using namespace grids;
-  RunContext& c = contexto();
   const forms::GridModel& itens = Flex->grid();
+  const QStringList ids = gravaItens(idOrcamento, caixa);
   const auto materiais = materiaisPorItem(FlexMonta, itens.rows());
+  Comandos comandos;
   for (int linha = 1; linha < itens.rows(); ++linha) {
-    MontaInsertDetalhe(idOrcamento, linha);
-    executa(caixa == Caixa::Maiuscula ? Maiusculas(c.sqlGravacao) : c.sqlGravacao);
-    const QString idDetalhe = idGravado(u"SELECT @@identity as 'MaxPropCmrcDeta'"_s, u"MaxPropCmrcDeta");
     const QString aprovacao = itens.text(linha, item::DtAprov);
     if (values::isDate(aprovacao) && itens.text(linha, item::Tipo) == QStringView(kPrototipo))
-      AprovaPrototipo(itens.text(linha, item::Id), idOrcamento, aprovacao);
-    for (const int material : materiais[static_cast<std::size_t>(linha)]) {
-      MontaInsertMontagem(idOrcamento, idDetalhe, material);
-      executa(Maiusculas(c.sqlGravacao));
-    }
+      comandos.push_back({AprovaPrototipo(itens.text(linha, item::Id), idOrcamento, aprovacao)});
+    for (const int material : materiais[static_cast<std::size_t>(linha)])
+      comandos.push_back({Maiusculas(MontaInsertMontagem(idOrcamento, ids[linha - 1], material))});
   }
-}
-
-void frmPropCmrcTL::gravaHomenageados(const QString& idOrcamento, Caixa caixa) {
-  RunContext& c = contexto();
   for (int linha = 1; linha < FlexHomg->grid().rows(); ++linha) {
-    MontaInsertHomenageado(idOrcamento, linha);
-    executa(caixa == Caixa::Maiuscula ? Maiusculas(c.sqlGravacao) : c.sqlGravacao);
+    const QString insert = MontaInsertHomenageado(idOrcamento, linha);
+    comandos.push_back({caixa == Caixa::Maiuscula ? Maiusculas(insert) : insert});
   }
-}
-
-/// Marks an approved prototype; the mark stays even if the approval is taken back later.
-void frmPropCmrcTL::AprovaPrototipo(const QString& idProt, const QString& idOrcamento,
-                                    const QString& dataAprovacao) {
-  RunContext& c = contexto();
-  c.sqlGravacao = u"UPDATE PROT SET PROP_CMRC_APRV = '"_s + idOrcamento + u"', DATA_APRV = '"_s +
-                  values::formatDate(dataAprovacao, u"yyyymmdd hh:mm") + u"' WHERE IDPROT = "_s + idProt;
-  executa(TiraAcentos(c.sqlGravacao));
+  executa(comandos);
 }

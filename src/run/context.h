@@ -27,9 +27,6 @@ struct RunContext {
 
   QString CorFundo, CorFrente, CorFundo2, CorFrente2;  ///< colour numbers as text
 
-  QString sqlLeitura, sqlGravacao, sqlFuncoes;  ///< statements being built
-  data::Recordset RsGlobal;
-
   QString ModoOrcamento;  ///< " " or empty idle, "I" new, "A" altering
   QString ModoItem;
 

@@ -85,14 +85,11 @@ QString frmBROWSE_CONDPG::montaConsulta() const {
 void frmBROWSE_CONDPG::cmdPesquisa_Click() {
   const forms::WaitPointer espera;
   PreparaGradeCondPg();
-  QString& sql = contexto().sqlFuncoes;
-  sql = montaConsulta();
-  for (data::Recordset rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) {
-    forms::RowBuilder linha;
-    linha << rs.text(u"idcond_pgto") << rs.text(u"desc_cond_pgto") << rs.text(u"qtde_parc")
-          << rs.formatDate(u"data_desa", u"dd/mm/yyyy");
-    Flex->grid().addItem(linha.text());
-  }
+  for (data::Recordset rs = AbreConsulta(montaConsulta()); !rs.eof(); rs.moveNext())
+    Flex->grid().addRow({{Id, rs.text(u"idcond_pgto")},
+                         {Descricao, rs.text(u"desc_cond_pgto")},
+                         {QtParc, rs.text(u"qtde_parc")},
+                         {DtDesativa, rs.formatDate(u"data_desa", u"dd/mm/yyyy")}});
   if (Flex->grid().rows() >= 3) Flex->grid().setRow(0);
   lblRegistros->setText(
       pesquisa::contagem(Flex->grid().rows() - 1, u"condição encontrada"_s, u"condições encontradas"_s));

@@ -123,10 +123,11 @@ QString frmBROWSE_PRODUTO::montaConsulta() const {
 void frmBROWSE_PRODUTO::cmdPesquisa_Click() {
   PreparaGradeProduto();
   listaResultado(montaConsulta(), [](const data::Recordset& rs) {
-    forms::RowBuilder linha;
-    linha << rs.text(u"idprod") << rs.text(u"codi_prod") << rs.text(u"desc_prod") << rs.text(u"qtde_disp")
-          << rs.formatDate(u"data_desa", u"dd/mm/yyyy");
-    return linha.text();
+    return data::known(forms::GridRow{{Id, rs.text(u"idprod")},
+                                      {Codigo, rs.text(u"codi_prod")},
+                                      {Descricao, rs.text(u"desc_prod")},
+                                      {Estoque, rs.text(u"qtde_disp")},
+                                      {DtDesativa, rs.formatDate(u"data_desa", u"dd/mm/yyyy")}});
   });
 }
 

@@ -41,12 +41,15 @@ constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmProjetaCompra", u"txtCOD", Tela::Id},
 };
 
-QString linhaDoOrcamento(const data::Recordset& rs) {
-  forms::RowBuilder linha;
-  linha << rs.text(u"idPROP_CMRC") << rs.text(u"DATA_PROP_CMRC") << rs.text(u"prop_cmrc_desc")
-        << rs.text(u"NOME_CLIE") << rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy") << rs.text(u"NUME_PESS")
-        << rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy") << rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy");
-  return linha.text();
+forms::GridRow linhaDoOrcamento(const data::Recordset& rs) {
+  return {{Tela::Id, rs.text(u"idPROP_CMRC")},
+          {Tela::DtOrcamento, rs.text(u"DATA_PROP_CMRC")},
+          {Tela::Descricao, rs.text(u"prop_cmrc_desc")},
+          {Tela::Cliente, rs.text(u"NOME_CLIE")},
+          {Tela::DtFechamento, rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")},
+          {Tela::Pessoas, rs.text(u"NUME_PESS")},
+          {Tela::DtEvento, rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")},
+          {Tela::DtValidade, rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy")}};
 }
 
 }  // namespace
@@ -125,14 +128,9 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
 
   const forms::WaitPointer espera;
   auto& grade = Flex->grid();
-  auto rs = AbreConsulta(*sql);
-  const int quantos = static_cast<int>(rs.count());
-  if (quantos > 0)
-    static_cast<void>(linhaDoOrcamento(rs));  // what can't be read is told now, not in painting
-  grade.addItems(quantos, [rs = std::move(rs)](int linha) mutable {
-    rs.moveTo(linha);
-    return linhaDoOrcamento(rs);
-  });
+  std::vector<forms::GridRow> linhas;
+  for (auto rs = AbreConsulta(*sql); !rs.eof(); rs.moveNext()) linhas.push_back(linhaDoOrcamento(rs));
+  grade.addRows(linhas);
   if (grade.rows() >= 3) grade.setRow(0);
   lblContagem->setText(
       pesquisa::contagem(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));

@@ -77,16 +77,20 @@ QString frmBROWSE_Prototipo::montaConsulta() const {
          semProduto + u" ORDER BY desc_prot"_s;
 }
 
+Asked<forms::GridRow> frmBROWSE_Prototipo::linhaDoPrototipo(data::Recordset rs) {
+  auto pedeProduto = rs.isNull(u"idprod") ? data::known(QString()) : CodigoProduto(rs.text(u"idprod"));
+  const QString produto = co_await pedeProduto;
+  forms::GridRow linha;
+  linha.set(Id, rs.text(u"idprot"));
+  linha.set(Descricao, rs.text(u"desc_prot"));
+  linha.set(Produto, produto);
+  linha.set(DtDesativa, rs.formatDate(u"data_desa", u"dd/mm/yyyy"));
+  co_return linha;
+}
+
 void frmBROWSE_Prototipo::cmdPesquisa_Click() {
   PreparaGradePrototipo();
-  const auto linha = [](const data::Recordset& rs) {
-    forms::RowBuilder campos;
-    campos << rs.text(u"idprot") << rs.text(u"desc_prot")
-           << (rs.isNull(u"idprod") ? QString() : CodigoProduto(rs.text(u"idprod")))
-           << rs.formatDate(u"data_desa", u"dd/mm/yyyy");
-    return campos.text();
-  };
-  listaResultado(montaConsulta(), linha, txtCOD);
+  listaResultado(montaConsulta(), linhaDoPrototipo, txtCOD);
 }
 
 void frmBROWSE_Prototipo::entregaEscolha() {

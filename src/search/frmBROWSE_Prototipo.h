@@ -24,4 +24,5 @@ class frmBROWSE_Prototipo : public pesquisa::PesquisaComFotos, public Ui::frmBRO
 
  private:
   [[nodiscard]] QString montaConsulta() const;
+  static data::Asked<forms::GridRow> linhaDoPrototipo(data::Recordset rs);
 };

@@ -66,16 +66,12 @@ QString PesquisaComFotos::chave() const {
   return Apara(grade.text(grade.row(), ficha_.colunaChave));
 }
 
-void PesquisaComFotos::listaResultado(const QString& sql,
-                                      const std::function<QString(const data::Recordset&)>& linha,
-                                      QWidget* foco) {
+void PesquisaComFotos::listaResultado(const QString& sql, const Linha& linha, QWidget* foco) {
   auto& grade = c_.Flex->grid();
   c_.lblContagem->clear();
   {
     const forms::WaitPointer espera;
-    QStringList linhas;
-    for (auto rs = AbreConsulta(sql); !rs.eof(); rs.moveNext()) linhas << linha(rs);
-    grade.addItems(linhas);
+    grade.addRows(data::forEachRow(AbreConsulta(sql), linha).get());
   }
   const int quantos = grade.rows() - 1;
   if (quantos == 0) {

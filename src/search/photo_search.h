@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 
+#include "platform/data/asked.h"
 #include "platform/data/recordset.h"
 #include "platform/forms/form.h"
 #include "search/remembered_search.h"
@@ -58,8 +59,8 @@ class PesquisaComFotos : public forms::Form {
   /// Sets the remembered search again and runs it, if there is one.
   void retomaPesquisa();
   /// Runs a statement and adds a row for each record. Nothing found is told, and the focus goes to `foco`.
-  void listaResultado(const QString& sql, const std::function<QString(const data::Recordset&)>& linha,
-                      QWidget* foco = nullptr);
+  using Linha = std::function<data::Asked<forms::GridRow>(const data::Recordset&)>;
+  void listaResultado(const QString& sql, const Linha& linha, QWidget* foco = nullptr);
   /// The trimmed key of the current row.
   [[nodiscard]] QString chave() const;
   /// The page of pictures of the rows in the grid.

@@ -104,6 +104,7 @@ void AplicaCoresForm(forms::Form& form) {
 }
 
 void AplicaTemaPadrao(forms::Form& form) {
+  const forms::WaitPointer wait;
   LeCoresSistema(ParametroEmpresa(u"COR_PADRAO"_s));
   AplicaCoresForm(form);
 }

@@ -56,13 +56,14 @@ TEST_F(Saving, ANewQuoteGoesOutInUpperCaseInOneTransaction) {
        u"INSERT INTO PROP_CMRC_DETA (IDPROP_CMRC, IDMOED, IDPRODPROT, PROD_PROT, QTDE, VALO_UNIT, "
        "VALO_DECT, VALO_LIQU, VALO_TOTA, OBSE_PROP_CMRC_DETA, DATA_INCL, USER_INCL) VALUES ('1', '0', "
        "'101', 'PROD', '3', '19.25', '0.00', '19.25', '57.75', 'AZUL', '20240315', '7')"_s,
-       kItemId, kMaterial.arg(u"'1', '1', '101'"_s, u"'PRODUTO', 'OBS', '1'"_s),
-       kMaterial.arg(u"'1', '1', '106'"_s, u"'ADEREÇO', 'OBS', '6'"_s),
+       kItemId,
        u"INSERT INTO PROP_CMRC_DETA (IDPROP_CMRC, IDMOED, IDPRODPROT, PROD_PROT, QTDE, VALO_UNIT, "
        "VALO_DECT, VALO_LIQU, VALO_TOTA, DATA_APROV, OBSE_PROP_CMRC_DETA, DATA_INCL, USER_INCL) VALUES "
        "('1', '0', '202', 'PROT', '2.50', '22.90', '0.00', '22.90', '57.25', '20240314 16:20', '', "
        "'20240315', '7')"_s,
-       kItemId, u"UPDATE PROT SET PROP_CMRC_APRV = '1', DATA_APRV = '20240314 16:20' WHERE IDPROT = 202"_s,
+       kItemId, kMaterial.arg(u"'1', '1', '101'"_s, u"'PRODUTO', 'OBS', '1'"_s),
+       kMaterial.arg(u"'1', '1', '106'"_s, u"'ADEREÇO', 'OBS', '6'"_s),
+       u"UPDATE PROT SET PROP_CMRC_APRV = '1', DATA_APRV = '20240314 16:20' WHERE IDPROT = 202"_s,
        u"INSERT INTO PROP_CMRC_HOMG (IDPROP_CMRC, NOME_HOMG, DATA_INCL, USER_INCL) VALUES ('1', 'ANA "
        "LÚCIA', '20240315', '7')"_s,
        u"COMMIT"_s});
@@ -103,12 +104,12 @@ TEST_F(Saving, AnAlteredQuoteRewritesItsRowsAndKeepsTheCaseOfRemarks) {
        "valo_dect, valo_liqu, valo_tota, data_aprov, OBSE_PROP_CMRC_DETA, data_incl, user_incl) values "
        "('3', '0', '101', 'PROD', '3', '19.25', '0.00', '19.25', '57.75', '20240302 14:05', 'Azul', "
        "'20240315', '7')"_s,
-       kItemId, kMaterial.arg(u"'3', '33', '101'"_s, u"'PRODUTO', 'OBS', '1'"_s),
-       kMaterial.arg(u"'3', '33', '104'"_s, u"'FECHAMENTO', 'OBS', '4'"_s),
+       kItemId,
        u"insert into prop_cmrc_deta (idprop_cmrc, idmoed, idprodprot, PROD_PROT, qtde, valo_unit, "
        "valo_dect, valo_liqu, valo_tota, OBSE_PROP_CMRC_DETA, data_incl, user_incl) values ('3', '0', "
        "'202', 'PROT', '2.50', '22.90', '0.00', '22.90', '57.25', '', '20240315', '7')"_s,
-       kItemId,
+       kItemId, kMaterial.arg(u"'3', '33', '101'"_s, u"'PRODUTO', 'OBS', '1'"_s),
+       kMaterial.arg(u"'3', '33', '104'"_s, u"'FECHAMENTO', 'OBS', '4'"_s),
        u"insert into PROP_CMRC_HOMG (idprop_cmrc, nome_homg, data_incl, user_incl) values ('3', 'Ana', "
        "'20240315', '7')"_s,
        u"COMMIT"_s});

@@ -1,6 +1,8 @@
 #pragma once
 
+#ifndef Q_MOC_RUN  // which can't read what this one is written with
 #include <coroutine>
+#endif
 #include <deque>
 #include <exception>
 #include <functional>
@@ -18,21 +20,19 @@
 //
 // A routine that asks the database returns Asked<T> and is a coroutine: it asks, and co_awaits the answers.
 //
-//   Asked<QString> precoDoItem(data::Recordset item) {
-//     auto codigo = CodigoProduto(item.text(u"idprod"));    // both are asked here,
-//     auto unidade = UnidadeProduto(item.text(u"idprod"));  // before the first is waited for: one request
-//     const QString mascara = co_await MascaraUnidade(co_await unidade);
-//     co_return co_await codigo + …;
+//   Asked<GridRow> precoDoItem(data::Recordset item) {
+//     auto pedeCodigo = CodigoProduto(item.text(u"idprod"));    // both are asked here,
+//     auto pedeUnidade = UnidadeProduto(item.text(u"idprod"));  // before the first is waited for: one
+//     request const QString mascara = co_await MascaraUnidade(co_await pedeUnidade); const QString codigo =
+//     co_await pedeCodigo; co_return linhaDoItem(item, codigo, mascara);
 //   }
 //
 // Calling it starts it: it runs to its first open answer, and its statements wait in the connection's queue.
 // The caller starts all its rows, and then takes each in turn: the first get() sends what all of them wait
 // for, hands the answers out in the order of asking, lets the rows go on to what they ask next, and so on
-// until the row is done; the later ones are mostly done by then.
+// until the row is done; the later ones are mostly done by then. forEachRow does it for the rows of a result:
 //
-//   std::vector<Asked<QString>> linhas;
-//   for (; !rs.eof(); rs.moveNext()) linhas.push_back(precoDoItem(rs));
-//   for (auto& linha : linhas) grade.addItem(linha.get());
+//   grade.addRows(data::forEachRow(rs, precoDoItem).get());
 //
 // What holds:
 // - Every call runs its own statement; two calls with one key run two, and each takes its own result.
@@ -166,5 +166,30 @@ class [[nodiscard]] Asked {
 
   std::coroutine_handle<promise_type> routine_;
 };
+
+/// The answers of many, in their order.
+template <typename T>
+Asked<std::vector<T>> together(std::vector<Asked<T>> asked) {
+  std::vector<T> answers;
+  answers.reserve(asked.size());
+  for (Asked<T>& one : asked) answers.push_back(co_await one);
+  co_return answers;
+}
+
+/// What a routine makes of each row of a result, in their order. All rows are started before the first is
+/// waited for. The routine is called with the Recordset on the row, and returns an Asked.
+template <typename Routine>
+auto forEachRow(Recordset rows, const Routine& routine) {
+  std::vector<std::invoke_result_t<Routine, const Recordset&>> asked;
+  asked.reserve(static_cast<std::size_t>(rows.count()));
+  for (; !rows.eof(); rows.moveNext()) asked.push_back(routine(rows));
+  return together(std::move(asked));
+}
+
+/// An answer that is there already, where a question may not be needed.
+template <typename T>
+Asked<T> known(T value) {
+  co_return value;
+}
 
 }  // namespace data

@@ -66,11 +66,6 @@ void Recordset::moveNext() {
   ++row_;
 }
 
-void Recordset::moveTo(qsizetype row) {
-  if (!open_) values::raise(values::kClosedObject);
-  row_ = static_cast<std::size_t>(row);
-}
-
 qsizetype Recordset::count() const {
   if (!open_) values::raise(values::kClosedObject);
   return static_cast<qsizetype>(rows_);

@@ -24,8 +24,6 @@ class Recordset {
 
   [[nodiscard]] bool eof() const;
   void moveNext();
-  /// Goes to a row by its number, from 0; eof where there is none.
-  void moveTo(qsizetype row);
   /// Number of rows.
   [[nodiscard]] qsizetype count() const;
   [[nodiscard]] const QStringList& columns() const;

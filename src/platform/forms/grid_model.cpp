@@ -1,10 +1,10 @@
 #include "platform/forms/grid_model.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
-#include "platform/forms/process.h"
 #include "platform/values/numbers.h"
 
 namespace forms {
@@ -47,8 +47,7 @@ void GridModel::layOut(std::span<const GridColumn> columns) {
   beginResetModel();
   columns_.assign(columns.begin(), columns.end());
   rows_.clear();
-  make_ = {};
-  Row titles{{}, std::vector<Cell>(columns_.size()), -1};
+  Row titles{{}, std::vector<Cell>(columns_.size())};
   for (std::size_t i = 0; i < columns_.size(); ++i)
     titles.cells[i].text = QString::fromUtf16(columns_[i].title);
   rows_.push_back(std::move(titles));
@@ -66,8 +65,6 @@ int GridModel::width(int column) const {
 
 std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
   if (row.cells.empty()) {
-    // Made once: a row that can't be made stays blank under the error's box.
-    if (const int made = std::exchange(row.toMake, -1); made >= 0) row.whole = make_(made);
     row.cells.resize(columns_.size());
     std::size_t column = 0;
     for (const auto& field : QStringView(row.whole).tokenize(u'\t')) {
@@ -108,27 +105,29 @@ void GridModel::setText(int row, int column, const QString& text) {
   cellChanged(row, column);
 }
 
-void GridModel::addItem(const QString& tabSeparated) { addItems({tabSeparated}); }
-
-void GridModel::addItems(const QStringList& tabSeparated) {
-  if (tabSeparated.isEmpty()) return;
+void GridModel::insertRows(std::vector<Row> added) {
+  if (added.empty()) return;
   const int at = rows() - 1;
-  beginInsertRows({}, at, at + static_cast<int>(tabSeparated.size()) - 1);
-  for (const QString& row : tabSeparated) rows_.push_back({row, {}, -1});
+  beginInsertRows({}, at, at + static_cast<int>(added.size()) - 1);
+  rows_.insert(rows_.end(), std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
   endInsertRows();
 }
 
-void GridModel::addItems(int count, std::function<QString(int)> make) {
-  if (count < 1) return;
-  if (make_) {
-    for (Row& row : rows_) static_cast<void>(cellsOf(row));
-  }
-  make_ = std::move(make);
-  const int at = rows() - 1;
-  beginInsertRows({}, at, at + count - 1);
-  rows_.reserve(rows_.size() + static_cast<std::size_t>(count));
-  for (int n = 0; n < count; ++n) rows_.push_back({{}, {}, n});
-  endInsertRows();
+void GridModel::addItem(const QString& tabSeparated) { insertRows({{tabSeparated, {}}}); }
+
+void GridModel::addRow(const GridRow& row) { addItem(row.tabSeparated()); }
+
+void GridModel::addRows(const std::vector<GridRow>& rows) {
+  std::vector<Row> added;
+  added.reserve(rows.size());
+  for (const GridRow& row : rows) added.push_back({row.tabSeparated(), {}});
+  insertRows(std::move(added));
+}
+
+GridRow GridModel::rowTexts(int row) const {
+  GridRow texts;
+  for (int column = 0; column < cols(); ++column) texts.set(column, text(row, column));
+  return texts;
 }
 
 void GridModel::removeItem(int row) {
@@ -209,9 +208,7 @@ int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols(); }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  const Cell* known = nullptr;
-  // Painting asks: what the making of a row raises must not cross it.
-  guarded([&] { known = cell(index.row() + 1, index.column()); });
+  const Cell* known = cell(index.row() + 1, index.column());
   if (!index.isValid() || known == nullptr) return {};
   switch (role) {
     case Qt::DisplayRole:
@@ -235,6 +232,18 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(cellAlignment(0, section));
   return {};
 }
+
+GridRow::GridRow(std::initializer_list<std::pair<int, QString>> cells) {
+  for (const auto& [column, text] : cells) set(column, text);
+}
+
+void GridRow::set(int column, const QString& text) {
+  while (texts_.size() <= column) texts_.append(QString());
+  texts_[column] = text;
+  texts_[column].replace(u'\t', u' ');
+}
+
+QString GridRow::tabSeparated() const { return texts_.join(u'\t') + u'\t'; }
 
 RowBuilder& RowBuilder::operator<<(const QString& field) {
   const qsizetype start = text_.size();

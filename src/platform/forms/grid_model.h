@@ -2,8 +2,10 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
-#include <functional>
+#include <QStringList>
+#include <initializer_list>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace forms {
@@ -15,6 +17,20 @@ struct GridColumn {
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
 };
 inline constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
+
+/// The texts of a row by their columns, in any order; a column that is not named is empty. A tab in a text
+/// becomes a blank.
+class GridRow {
+ public:
+  GridRow() = default;
+  GridRow(std::initializer_list<std::pair<int, QString>> cells);
+  void set(int column, const QString& text);
+  /// Each text followed by a tab, as addItem takes a row.
+  [[nodiscard]] QString tabSeparated() const;
+
+ private:
+  QStringList texts_;
+};
 
 /// The data of a grid: rows of text cells, row 0 the titles. A grid that is never shown is a GridModel alone.
 /// Rows count from 0 with the title row, as the program does: data are rows 1 to rows() - 1.
@@ -38,11 +54,11 @@ class GridModel : public QAbstractTableModel {
   /// Adds a row from tab-separated text. Surplus fields are dropped, missing ones are empty; the current row
   /// stays.
   void addItem(const QString& tabSeparated);
+  void addRow(const GridRow& row);
   /// Adds many rows at once, which a grid in sight takes as one change.
-  void addItems(const QStringList& tabSeparated);
-  /// Adds rows that are made when somebody looks at them: `make` gives the tab-separated text of the n-th,
-  /// from 0. It is asked from the painting of a grid, so it must not raise.
-  void addItems(int count, std::function<QString(int)> make);
+  void addRows(const std::vector<GridRow>& rows);
+  /// The texts of a row, to be added to another grid.
+  [[nodiscard]] GridRow rowTexts(int row) const;
   /// Removes a data row; the current row stays where it is, or on the last row if that is gone.
   void removeItem(int row);
   /// Stable, ascending, by text (numbers among texts by value), blanks first; cell formats move along.
@@ -86,8 +102,8 @@ class GridModel : public QAbstractTableModel {
   struct Row {
     QString whole;
     std::vector<Cell> cells;
-    int toMake = -1;  ///< which one make_ gives
   };
+  void insertRows(std::vector<Row> rows);
   [[nodiscard]] std::vector<Cell>& cellsOf(Row& row) const;
   [[nodiscard]] const Cell* cell(int row, int column) const;
   [[nodiscard]] Cell* cell(int row, int column);
@@ -95,7 +111,6 @@ class GridModel : public QAbstractTableModel {
 
   std::vector<GridColumn> columns_;
   mutable std::vector<Row> rows_;
-  std::function<QString(int)> make_;
   int row_ = 0;
   int col_ = 0;
   int topRow_ = 1;

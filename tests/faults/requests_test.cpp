@@ -1,0 +1,182 @@
+#include <algorithm>
+#include <functional>
+
+#include "assembly/frmMontarProduto.h"
+#include "bench/rows.h"
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "quote_case.h"
+#include "run/context.h"
+#include "search/frmBROWSE_PRODUTO.h"
+#include "search/frmBROWSE_PropCmrc.h"
+#include "search/frmBROWSE_Prototipo.h"
+#include "support/script.h"
+
+using namespace Qt::StringLiterals;
+using support::TdsServer;
+
+namespace {
+
+constexpr int kQuote = 30;
+constexpr int kFullBatch = 2000;
+
+/// What a user does, and the requests that it may cost whatever its size, beside one for each full batch.
+struct Action {
+  std::string name;
+  int most;
+  std::function<QStringList(int)> rows;
+  std::function<void(frmPropCmrcTL&)> prepare;
+  std::function<QStringList(frmPropCmrcTL&)> act;  ///< gives what the user sees then
+};
+void PrintTo(const Action& one, std::ostream* out) { *out << one.name; }
+
+QStringList seen(const forms::GridModel& grid) {
+  QStringList rows;
+  for (int row = 1; row < grid.rows(); ++row) rows << grid.rowTexts(row).tabSeparated();
+  return rows;
+}
+
+QStringList quote(int lines) {
+  return bench::quoteRows(kQuote, lines) +
+         QStringList{u"UPDATE prop_cmrc SET idcond_pgto = 41, idtrpt = 5 WHERE idprop_cmrc = 30"_s,
+                     u"UPDATE prop_cmrc_deta SET data_aprov = '20240310 10:00' WHERE idprop_cmrc = 30"_s,
+                     u"INSERT INTO prop_cmrc_homg (idprop_cmrc, nome_homg) VALUES (30, 'Ana')"_s};
+}
+
+QStringList subscribedQuote(int lines) {
+  QStringList rows = quote(lines) << u"UPDATE empr SET emai_serv = '127.0.0.1:1'"_s;
+  int id = 0;
+  for (const auto& code : {u"PROJETACOMPRA"_s, u"AVISOORCAFECHADO"_s, u"AVISOORCAFECHADOFULL"_s}) {
+    rows << u"INSERT INTO work_even (idwork_even, codi_work_even) VALUES (%1, '%2')"_s.arg(++id).arg(code);
+    for (int user = 0; user < lines; ++user)
+      rows << u"INSERT INTO work_even_usen (idwork_even, idusen) VALUES (%1, %2)"_s.arg(id).arg(7 + user % 2);
+  }
+  return rows;
+}
+
+QStringList open(frmPropCmrcTL& screen) {
+  screen.txtCodigo->setText(QString::number(kQuote));
+  support::click(screen.cmdPesquisar_PropCmrc);
+  return seen(screen.Flex->grid()) + seen(screen.FlexMonta) +
+         QStringList{screen.cboVendedor->text(), screen.lblNumePedido->text()};
+}
+
+void alter(frmPropCmrcTL& screen) {
+  (void)open(screen);
+  support::click(screen.cmdALTERAR);
+}
+
+QStringList save(frmPropCmrcTL& screen) {
+  support::click(screen.cmdSALVAR);
+  return {};
+}
+
+template <typename Search>
+QStringList found(frmPropCmrcTL&) {
+  auto& search = forms::form<Search>();
+  support::click(search.cmdPesquisa);
+  return seen(search.Flex->grid());
+}
+template <typename Search>
+void openSearch(frmPropCmrcTL&) {
+  (void)forms::form<Search>();
+}
+
+std::vector<Action> actions() {
+  return {
+      {"Open", 24, quote, [](auto&) {}, open},
+      {"SaveNew", 14, quote,
+       [](frmPropCmrcTL& screen) {
+         alter(screen);
+         contexto().ModoOrcamento = u"I"_s;
+       },
+       save},
+      {"SaveAltered", 14, quote, alter, save},
+      {"ArticleSearch", 12, bench::articleRows, [](auto&) { (void)forms::form<frmMontarProduto>(); },
+       [](auto&) {
+         auto& assembly = forms::form<frmMontarProduto>();
+         support::click(assembly.cmdPesquisar);
+         return seen(assembly.Flex1->grid());
+       }},
+      {"QuoteSearch", 6, [](int count) { return bench::quoteHeaders(100, count); },
+       openSearch<frmBROWSE_PropCmrc>, found<frmBROWSE_PropCmrc>},
+      {"ProductSearch", 6, bench::articleRows, openSearch<frmBROWSE_PRODUTO>, found<frmBROWSE_PRODUTO>},
+      {"PrototypeSearch", 6,
+       [](int count) { return bench::prototypeRows(count) << u"UPDATE prot SET idprod = 101"_s; },
+       openSearch<frmBROWSE_Prototipo>, found<frmBROWSE_Prototipo>},
+      {"MassInclusion", 16, bench::prototypeRows,
+       [](frmPropCmrcTL& screen) {
+         support::click(screen.cmdINCLUIR);
+         screen.txtNumePess->setText(u"80"_s);
+         screen.cboCole->setText(u"Primavera"_s);
+       },
+       [](frmPropCmrcTL& screen) {
+         screen.cmdConfirmarMassa->click();
+         return seen(screen.Flex->grid());
+       }},
+      {"Closing", 60, subscribedQuote,
+       [](frmPropCmrcTL& screen) {
+         (void)open(screen);
+         forms::setModalObserver([](forms::Form& form) {
+           auto& terms = static_cast<frmConfirmaPropCmrcTL&>(form);
+           support::click(terms.cmdConfirmaCondPg);
+           support::click(terms.cmdConfirmar);
+         });
+       },
+       [](frmPropCmrcTL& screen) {
+         screen.cmdFechar->click();
+         forms::setModalObserver({});
+         return QStringList{};
+       }},
+  };
+}
+
+class Requests : public faults::QuoteCase, public ::testing::WithParamInterface<Action> {
+ protected:
+  struct Run {
+    QStringList statements, shown, stored;
+    int requests = 0;
+  };
+
+  Run run(frmPropCmrcTL& screen, const QString& database, int size, TdsServer* server) {
+    data::Connection filling = support::connectionTo(database);
+    filling.begin();
+    for (const QString& sql : GetParam().rows(size)) filling.execute(sql);
+    filling.commit();
+    filling.close();
+    GetParam().prepare(screen);
+    boxes.clear();
+    Run ran;
+    contexto().Conexao.setListener([&ran](const QString& sql) { ran.statements << sql; });
+    if (server) (void)server->requests();
+    ran.shown = GetParam().act(screen);
+    if (server) ran.requests = server->requests();
+    contexto().Conexao.setListener({});
+    contexto().Conexao.close();
+    ran.stored = rowsOf(database);
+    ran.statements.sort();
+    return ran;
+  }
+};
+
+TEST_P(Requests, DoNotGrowWithTheSizeAndCarryTheSameStatements) {
+  for (const int size : {4, 300}) {
+    SCOPED_TRACE(size);
+    auto& alone = start();
+    const Run one = run(alone, databasePath(), size, nullptr);
+    TdsServer server;
+    auto& far = startOn(server);
+    const Run together = run(far, server.databasePath(), size, &server);
+    EXPECT_EQ(together.statements, one.statements);
+    EXPECT_EQ(together.shown, one.shown);
+    EXPECT_EQ(together.stored, one.stored);
+    EXPECT_GT(together.requests, 0);
+    EXPECT_LE(together.requests, GetParam().most + together.statements.size() / kFullBatch);
+    RecordProperty("requests_" + std::to_string(size), together.requests);
+    RecordProperty("statements_" + std::to_string(size), static_cast<int>(together.statements.size()));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Actions, Requests, ::testing::ValuesIn(actions()),
+                         [](const auto& one) { return one.param.name; });
+
+}  // namespace
