@@ -72,7 +72,8 @@ void read(sqlite3_value* value, Reading reading, ResultValues& values) {
   const void* bytes = sqlite3_value_blob(value);
   const std::string_view text(static_cast<const char*>(bytes),
                               static_cast<std::size_t>(sqlite3_value_bytes(value)));
-  if (reading == Reading::Date) return values.addWrittenDate(text);
+  const QDateTime date = reading == Reading::Date ? storedDate(text) : QDateTime();
+  if (date.isValid()) return values.addDate(date);
   values.addText(text);
 }
 

@@ -1,6 +1,5 @@
 #include "platform/data/result_values.h"
 
-#include "platform/data/embedded_text.h"
 #include "platform/values/dates.h"
 
 namespace data {
@@ -28,8 +27,6 @@ ResultValues::Kind ResultValues::kind(qsizetype at) const {
       return Kind::Number;
     case Form::Date:
       return Kind::Date;
-    case Form::WrittenDate:
-      return storedDate(bytes(cell)).isValid() ? Kind::Date : Kind::Text;
     case Form::Utf8:
     case Form::Utf16:
       break;
@@ -38,9 +35,7 @@ ResultValues::Kind ResultValues::kind(qsizetype at) const {
 }
 
 QDateTime ResultValues::date(qsizetype at) const {
-  const Cell& cell = cells_[static_cast<std::size_t>(at)];
-  if (cell.form == Form::WrittenDate) return storedDate(bytes(cell));
-  return QDateTime::fromMSecsSinceEpoch(cell.integer, Qt::UTC);
+  return QDateTime::fromMSecsSinceEpoch(cell(at).integer, Qt::UTC);
 }
 
 QString ResultValues::text(qsizetype at) const {

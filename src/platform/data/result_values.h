@@ -9,7 +9,7 @@
 namespace data {
 
 /// The values of a result, as the database gave them, one behind the other: most of a long result is never
-/// looked at, so a text or a date is made of a value only when it is asked for. Numbered from 0.
+/// looked at, so a text is made of a value only when it is asked for. Numbered from 0.
 class ResultValues {
  public:
   enum class Kind : quint8 { Null, Integer, Number, Date, Text };
@@ -18,8 +18,6 @@ class ResultValues {
   void addInteger(qint64 value) { cells_.push_back(Cell{.integer = value, .form = Form::Integer}); }
   void addNumber(double value) { cells_.push_back(Cell{.number = value, .form = Form::Number}); }
   void addText(std::string_view utf8) { addBytes(utf8, Form::Utf8); }
-  /// A date as the embedded file writes it ("yyyymmdd hh:mm"); what is none stays a text.
-  void addWrittenDate(std::string_view text) { addBytes(text, Form::WrittenDate); }
   /// As it is: half a character, which a server may have cut off, has no UTF-8.
   void addText(QStringView text);
   /// An invalid one is null.
@@ -35,7 +33,7 @@ class ResultValues {
 
  private:
   /// How a value is held: in its cell, or as a stretch of the bytes.
-  enum class Form : quint8 { Null, Integer, Number, Date, WrittenDate, Utf8, Utf16 };
+  enum class Form : quint8 { Null, Integer, Number, Date, Utf8, Utf16 };
   struct Cell {
     union {
       qint64 integer = 0;  // of a date: milliseconds

@@ -7,9 +7,6 @@
 // One message by SMTP. The members bear the names by which the program knows its mail component.
 namespace mail {
 
-/// Number of the runtime error of a message that could not be sent.
-inline constexpr int kMailFailed = -2147221503;
-
 /// Values of AuthenticationType.
 enum Authentication : int { kNoLogin = 0, kLogin = 2 };
 
@@ -57,7 +54,7 @@ class MailMessage {
   QString MessageHTML;
   QString MessageText;
 
-  /// Sends it and waits. Raises values::RuntimeError kMailFailed, whose text says which step failed and what
+  /// Sends it and waits. Raises values::kMailFailed, whose text says which step failed and what
   /// the server answered; then nobody got the message.
   void SendEmail() const;
 };

@@ -117,7 +117,8 @@ void setSafety(CURL* handle, const QByteArray& caFile) {
 
 void fail(const QString& step, const QStringList& details) {
   throw values::RuntimeError(
-      kMailFailed, (QStringList{u"O e-mail não foi enviado: "_s + step + u'.'} + details).join(u'\r'));
+      values::kMailFailed,
+      (QStringList{u"O e-mail não foi enviado: "_s + step + u'.'} + details).join(u'\r'));
 }
 
 void transfer(const Outgoing& mail, const Settings& settings) {

@@ -22,10 +22,10 @@ struct Outgoing {
   std::vector<AttachmentList::File> files;
 };
 
-/// Hands it to the server and waits. Raises kMailFailed, with the step and the server's answer.
+/// Hands it to the server and waits. Raises values::kMailFailed, with the step and the server's answer.
 void transfer(const Outgoing& mail, const Settings& settings);
 
-/// Raises kMailFailed: what failed, in one line, and the lines that tell more.
+/// Raises values::kMailFailed: what failed, in one line, and the lines that tell more.
 [[noreturn]] void fail(const QString& step, const QStringList& details = {});
 
 }  // namespace mail

@@ -15,14 +15,10 @@ using namespace Qt::StringLiterals;
 namespace office {
 namespace {
 
-constexpr int kPrinterError = 482;
-
 std::optional<QString> chosenDefault;
 QList<std::pair<QString, QString>> writtenSettings;
 
-[[noreturn]] void fail(const QString& detail) {
-  throw values::RuntimeError(kPrinterError, u"Erro de impressora: "_s + detail);
-}
+[[noreturn]] void fail(const QString& detail) { values::raise(values::kPrinterError, detail); }
 
 void printToFile(const Document& document) {
   const QString output = pdfPrinterSetting(u"output"_s);

@@ -16,16 +16,13 @@ namespace office {
 namespace {
 
 constexpr double kOwnVersion = 12;
-constexpr int kNoDocument = 91;
-constexpr int kPictureNotFound = 5152;
 constexpr double kCellPadding = 5.4;  // on either side, as word processors have it
 double installedVersion = 0;
 
 /// Natural size in points: by the file's own resolution, 96 dots an inch without one.
 Picture readPicture(const QString& path) {
   const QString found = files::resolve(path);
-  if (!QFileInfo(found).isFile())
-    throw values::RuntimeError(kPictureNotFound, u"Arquivo de imagem não encontrado: "_s + path);
+  if (!QFileInfo(found).isFile()) values::raise(values::kPictureNotFound, path);
   Picture picture;
   picture.bytes = files::readAll(path);
   QBuffer buffer(&picture.bytes);
@@ -49,7 +46,7 @@ void WordProcessor::setInstalledVersion(double version) { installedVersion = ver
 
 Document& WordProcessor::open() {
   if (!document_)
-    throw values::RuntimeError(kNoDocument, u"Não há documento aberto no processador de textos"_s);
+    throw values::RuntimeError(values::kObjectNotSet, u"Não há documento aberto no processador de textos"_s);
   return *document_;
 }
 
@@ -57,8 +54,7 @@ const Document& WordProcessor::document() const { return const_cast<WordProcesso
 
 Table& WordProcessor::table() {
   auto* last = std::get_if<Table>(&open().blocks.back());
-  if (last == nullptr || !inTable_)
-    throw values::RuntimeError(5941, u"O membro solicitado da coleção não existe"_s);
+  if (last == nullptr || !inTable_) values::raise(values::kNoSuchMember);
   return *last;
 }
 

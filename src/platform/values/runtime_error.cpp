@@ -12,7 +12,7 @@ struct Message {
   const char16_t* text;
 };
 
-constexpr std::array<Message, 16> kMessages{{
+constexpr std::array<Message, 21> kMessages{{
     {kOverflow, u"Estouro"},
     {kDivisionByZero, u"Divisão por zero"},
     {kTypeMismatch, u"Tipos incompatíveis"},
@@ -22,11 +22,16 @@ constexpr std::array<Message, 16> kMessages{{
     {kPermissionDenied, u"Permissão negada"},
     {kPathFileAccess, u"Erro de acesso a caminho/arquivo"},
     {kPathNotFound, u"Caminho não encontrado"},
+    {kObjectNotSet, u"Variável de objeto não definida"},
     {kInvalidNull, u"Uso inválido de Null"},
     {kInvalidPicture, u"Imagem inválida"},
+    {kPrinterError, u"Erro de impressora"},
     {kNoCurrentRecord, u"Não há registro atual: o resultado está vazio ou chegou ao fim"},
     {kUnknownField, u"Item não encontrado na coleção"},
     {kClosedObject, u"Operação não permitida quando o objeto está fechado"},
+    {kPictureNotFound, u"Arquivo de imagem não encontrado"},
+    {kNoSuchMember, u"O membro solicitado da coleção não existe"},
+    {kMailFailed, u"O e-mail não foi enviado"},
     {kStatementFailed, u"O banco de dados recusou o comando"},
     {kConnectionFailed, u"Falha de conexão com o servidor de banco de dados"},
 }};

@@ -5,7 +5,7 @@
 
 namespace values {
 
-/// Error numbers that the program and its users know.
+/// All error numbers of the runtime that the program raises, and that its users know.
 enum ErrorNumber : int {
   kOverflow = 6,
   kDivisionByZero = 11,
@@ -16,11 +16,16 @@ enum ErrorNumber : int {
   kPermissionDenied = 70,
   kPathFileAccess = 75,
   kPathNotFound = 76,
+  kObjectNotSet = 91,
   kInvalidNull = 94,
   kInvalidPicture = 481,
+  kPrinterError = 482,
   kNoCurrentRecord = 3021,
   kUnknownField = 3265,
   kClosedObject = 3704,
+  kPictureNotFound = 5152,  // of the word processor
+  kNoSuchMember = 5941,
+  kMailFailed = -2147221503,
   kStatementFailed = -2147217900,
   kConnectionFailed = -2147467259,
 };

@@ -32,7 +32,7 @@ QString failure(const MailMessage& email) {
     email.SendEmail();
     return {};
   } catch (const values::RuntimeError& error) {
-    EXPECT_EQ(error.number(), mail::kMailFailed);
+    EXPECT_EQ(error.number(), values::kMailFailed);
     return error.text();
   }
 }
