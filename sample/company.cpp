@@ -48,7 +48,7 @@ void writeConfiguration(const QString& company) {
   QString servers;
   for (const Environment& one : kEnvironments)
     servers += u"(embutido)^%1^^^MS-SQL^^False^\r\n"_s.arg(QString::fromUtf16(one.database));
-  files::write(config + u"server.ini"_s, servers.toUtf8());
+  files::write(config + u"server.ini"_s, servers.toUtf8(), files::Readers::Nobody);
   QString paths;
   for (const char16_t* path : kPaths) paths += QString::fromUtf16(path) + u'^';
   files::write(config + u"paths.ini"_s, paths.toUtf8() + "\r\n");

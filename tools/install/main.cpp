@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "platform/files/regular_file.h"
 #include "platform/forms/boxes.h"
 #include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"
@@ -71,6 +72,7 @@ void work(const Wish& wish) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  files::keepFromOthers();
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
   forms::setBoxAnswerer([](const forms::Box& box) {

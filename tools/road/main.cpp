@@ -10,6 +10,7 @@
 
 #include "conductor.h"
 #include "driver.h"
+#include "platform/files/regular_file.h"
 #include "platform/forms/form.h"
 #include "platform/web/web_pane.h"
 
@@ -73,6 +74,7 @@ bool isChild(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  files::keepFromOthers();
   qInstallMessageHandler(showMessage);
   if (!isChild(argc, argv)) {
     const QCoreApplication application(argc, argv);

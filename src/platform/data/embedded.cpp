@@ -1,4 +1,4 @@
-#include <QFileInfo>
+#include <QFile>
 #include <unordered_map>
 
 #include "platform/data/embedded_dialect.h"
@@ -199,10 +199,12 @@ Recordset EmbeddedEngine::run(const Statement& statement) {
 std::unique_ptr<Engine> openEmbedded(const QString& path) { return std::make_unique<EmbeddedEngine>(path); }
 
 void createEmbedded(const QString& path) {
-  if (QFileInfo::exists(path)) values::raise(values::kPathFileAccess, path);
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner))
+    values::raise(values::kPathFileAccess, path);
+  file.close();
   sqlite3* opened = nullptr;
-  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened,
-                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened, SQLITE_OPEN_READWRITE, nullptr);
   const Database database(opened);
   if (outcome != SQLITE_OK ||
       sqlite3_exec(opened, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr) != SQLITE_OK)

@@ -54,8 +54,8 @@ class Engine {
 /// damaged or can't be opened, with a text that says what to do.
 [[nodiscard]] std::unique_ptr<Engine> openEmbedded(const QString& path);
 
-/// Makes an empty embedded file, for who installs the schema on it. Raises 75 when it can't be made or the
-/// path is taken.
+/// Makes an empty embedded file, for who installs the schema on it. Its user alone may read it: passwords
+/// stand in it. Raises 75 when it can't be made or the path is taken.
 void createEmbedded(const QString& path);
 
 /// Any ODBC data source through the driver manager. timeout in seconds.

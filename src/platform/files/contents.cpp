@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "platform/files/paths.h"
+#include "platform/files/regular_file.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -17,12 +18,21 @@ namespace {
 
 using values::raise;
 
-/// What a failed operation on a file means for the program.
-[[noreturn]] void raiseFor(QFileDevice::FileError error, const QString& path) {
+/// What a failed operation on a file means for the program; by the system's number of the error.
+[[noreturn]] void raiseFor(int fault, const QString& path) {
   if (!QFileInfo(QFileInfo(path).path()).isDir()) raise(values::kPathNotFound, path);
-  if (error == QFileDevice::PermissionsError) raise(values::kPermissionDenied, path);
-  if (error == QFileDevice::ResourceError) raise(values::kDiskFull, path);
+  if (fault == EACCES || fault == EPERM) raise(values::kPermissionDenied, path);
+  if (fault == ENOSPC || fault == EFBIG) raise(values::kDiskFull, path);
   raise(values::kPathFileAccess, path);
+}
+
+int faultOf(QFileDevice::FileError error) {
+  if (error == QFileDevice::PermissionsError) return EACCES;
+  return error == QFileDevice::ResourceError ? ENOSPC : EIO;
+}
+
+void openOrRaise(QFile& file, const QString& path, QIODevice::OpenMode mode) {
+  if (const int fault = openRegular(file, path, mode); fault != 0) raiseFor(fault, path);
 }
 
 /// Windows-1252 differs from Latin-1 in these 32 places only.
@@ -59,12 +69,12 @@ void removeIfThere(const QString& path) {
 
 QByteArray readAll(const QString& path) {
   const QString found = resolve(path);
-  QFile file(found);
   if (!QFileInfo(QFileInfo(found).path()).isDir()) raise(values::kPathNotFound, path);
   if (!QFileInfo::exists(found)) raise(values::kFileNotFound, path);
-  if (!file.open(QIODevice::ReadOnly)) raiseFor(file.error(), found);
+  QFile file;
+  openOrRaise(file, found, QIODevice::ReadOnly);
   QByteArray bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError) raiseFor(file.error(), found);
+  if (file.error() != QFileDevice::NoError) raiseFor(faultOf(file.error()), found);
   return bytes;
 }
 
@@ -80,10 +90,9 @@ QStringList readLines(const QString& path) {
 
 void append(const QString& path, const QByteArray& bytes) {
   const QString found = resolve(path);
-  QFile file(found);
   const bool begun = !QFileInfo::exists(found);
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
-    raiseFor(file.error(), found);
+  QFile file;
+  openOrRaise(file, found, QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
   const qint64 before = file.size();
   for (qint64 done = 0; done < bytes.size();) {
     const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
@@ -91,12 +100,12 @@ void append(const QString& path, const QByteArray& bytes) {
       done += written;
       continue;
     }
-    const auto error = file.error();
+    const int fault = errno;
     if (begun)
-      file.remove();
+      QFile::remove(found);
     else
       file.resize(before);
-    raiseFor(error, found);
+    raiseFor(fault, found);
   }
 }
 
@@ -105,17 +114,16 @@ void replace(const QString& from, const QString& path) {
   std::error_code fault;
   std::filesystem::rename(QFileInfo(resolve(from)).filesystemFilePath(),
                           QFileInfo(found).filesystemFilePath(), fault);
-  if (fault)
-    raiseFor(fault == std::errc::permission_denied ? QFileDevice::PermissionsError : QFileDevice::RenameError,
-             found);
+  if (fault) raiseFor(fault.value(), found);
 }
 
-void write(const QString& path, const QByteArray& bytes) {
+void write(const QString& path, const QByteArray& bytes, Readers readers) {
   const QString found = resolve(path);
   QSaveFile file(found);  // the old content stays until the new one is whole
-  if (!file.open(QIODevice::WriteOnly)) raiseFor(file.error(), found);
+  if (!file.open(QIODevice::WriteOnly)) raiseFor(faultOf(file.error()), found);
+  if (readers == Readers::Nobody) file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
   file.write(bytes);
-  if (!file.commit()) raiseFor(file.error(), found);
+  if (!file.commit()) raiseFor(faultOf(file.error()), found);
 }
 
 QByteArray toHtmlLatin1(const QString& text) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QHash>
 
+#include "platform/files/drives.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -49,28 +50,62 @@ QString descend(QString path, const QStringList& parts) {
   return path;
 }
 
+/// The parts of a path below its drive. A ".." never leads above it, as on a drive itself.
+QStringList partsBelowDrive(const QString& path) {
+  QString below = path.sliced(2);
+  QStringList parts;
+  for (const QString& part : below.replace(u'\\', u'/').split(u'/', Qt::SkipEmptyParts)) {
+    if (part == u"."_s) continue;
+    if (part != u".."_s)
+      parts += part;
+    else if (!parts.isEmpty())
+      parts.removeLast();
+  }
+  return parts;
+}
+
+/// Whether a path stays in a folder when links are followed. Of a path that isn't there, the part that is.
+bool staysIn(const QString& folder, const QString& path) {
+  const QString home = QFileInfo(folder).canonicalFilePath();
+  QFileInfo there(path);
+  while (!there.exists() && !there.isSymLink() && there.filePath() != folder) there.setFile(there.path());
+  const QString real = there.canonicalFilePath();  // of a link to nowhere, nothing
+  return real == home || real.startsWith(home.endsWith(u'/') ? home : home + u'/');
+}
+
 bool hasDrive(const QString& path) {
   return path.size() >= 2 && path[1] == u':' &&
          ((path[0] >= u'a' && path[0] <= u'z') || (path[0] >= u'A' && path[0] <= u'Z'));
 }
 
+/// Where a path is on this machine.
+struct Place {
+  QString path;
+  bool offDrive = false;  ///< a link leads out of the folder that stands for the drive
+};
+
+Place placeOf(const QString& path) {
+  if (path.contains(QChar(u'\0'))) values::raise(values::kBadFileName);
+  if (!hasDrive(path)) return {path};
+  const QString root = driveFolder(path[0]);
+  if (root.isEmpty()) return {path};
+  const QStringList parts = partsBelowDrive(path);
+  const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
+  const QString found = QFileInfo::exists(asked) ? asked : descend(root, parts);
+  return {found, !staysIn(root, found)};
+}
+
 }  // namespace
 
 QString resolve(const QString& path) {
-  if (path.contains(QChar(u'\0'))) values::raise(values::kBadFileName);
-  if (!hasDrive(path)) return path;
-  const QByteArray variable = QByteArray("ZARIM_DRIVE_") + path[0].toUpper().toLatin1();
-  const QString root = qEnvironmentVariable(variable.constData());
-  if (root.isEmpty()) return path;
-  QString below = path.sliced(2);
-  const QStringList parts = below.replace(u'\\', u'/').split(u'/', Qt::SkipEmptyParts);
-  const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
-  return QFileInfo::exists(asked) ? asked : descend(root, parts);
+  const Place place = placeOf(path);
+  if (place.offDrive) values::raise(values::kPermissionDenied, path);
+  return place.path;
 }
 
 bool exists(const QString& path) {
-  const QString found = resolve(path);
-  return !found.isEmpty() && QFileInfo(found).isFile();
+  const Place place = placeOf(path);
+  return !place.offDrive && !place.path.isEmpty() && QFileInfo(place.path).isFile();
 }
 
 }  // namespace files

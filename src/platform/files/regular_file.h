@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QFile>
+
+namespace files {
+
+/// Opens a regular file to read, or with QIODevice::Append to write at its end, making it if it is not there.
+/// Anything else, such as a pipe, is refused without waiting for its other end. Returns 0, or the system's
+/// number of the error.
+[[nodiscard]] int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode);
+
+/// From here on, files that this program makes can't be read by users outside their group.
+void keepFromOthers();
+
+}  // namespace files
