@@ -7,6 +7,7 @@
 #include "shared/program_icon.h"
 
 int runProgram(QApplication& application, const QString& commandLine) {
+  forms::endPlainly();
   application.setQuitOnLastWindowClosed(false);
   forms::applyStyle();
   application.setWindowIcon(programIcon());

@@ -75,8 +75,8 @@ OdbcEngine::OdbcEngine(const QString& connectionString, int timeout)
   name_ = u"zarim-%1"_s.arg(++made);
   database_ = QSqlDatabase::addDatabase(u"QODBC"_s, name_);
   database_.setNumericalPrecisionPolicy(QSql::HighPrecision);
-  database_.setConnectOptions(
-      u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(timeout));  // a blank would make Qt ignore it
+  database_.setConnectOptions(u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(
+      loginTimeout(connectionString, timeout)));  // a blank would make Qt ignore it
   database_.setDatabaseName(odbcString(connectionString, qEnvironmentVariable("TDSPORT"), timeout));
   if (database_.open()) return;
   const QString text = words(database_.lastError());

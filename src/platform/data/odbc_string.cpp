@@ -6,19 +6,14 @@ using namespace Qt::StringLiterals;
 
 namespace data {
 
-namespace {
-
-bool hasKey(const QString& connectionString, QStringView key) {
-  for (const QString& pair : connectionString.split(u';'))
-    if (QStringView(pair)
-            .first(qMax<qsizetype>(0, pair.indexOf(u'=')))
-            .trimmed()
-            .compare(key, Qt::CaseInsensitive) == 0)
-      return true;
-  return false;
+std::optional<QString> keyValue(const QString& connectionString, QStringView key) {
+  for (const QString& pair : connectionString.split(u';')) {
+    const qsizetype equals = pair.indexOf(u'=');
+    if (equals >= 0 && QStringView(pair).first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
+      return pair.sliced(equals + 1).trimmed();
+  }
+  return std::nullopt;
 }
-
-}  // namespace
 
 bool isServerString(const QString& connectionString) {
   return connectionString.contains("{SQL Server}"_L1, Qt::CaseInsensitive);
@@ -31,13 +26,19 @@ QString odbcString(const QString& connectionString, const QString& portOfEnviron
   if (isServerString(text)) {
     // This driver has no default port, hangs on a silent server unless the version is pinned, and takes
     // accents by the C locale unless told otherwise.
-    if (portOfEnvironment.isEmpty() && !hasKey(text, u"port")) text += "port=1433;"_L1;
-    if (!hasKey(text, u"TDS_Version")) text += "TDS_Version=7.4;"_L1;
-    if (!hasKey(text, u"Timeout")) text += u"Timeout=%1;"_s.arg(timeout);
-    if (!hasKey(text, u"ClientCharset")) text += "ClientCharset=UTF-8;"_L1;
+    if (portOfEnvironment.isEmpty() && !keyValue(text, u"port")) text += "port=1433;"_L1;
+    if (!keyValue(text, u"TDS_Version")) text += "TDS_Version=7.4;"_L1;
+    if (!keyValue(text, u"Timeout")) text += u"Timeout=%1;"_s.arg(timeout);
+    if (!keyValue(text, u"ClientCharset")) text += "ClientCharset=UTF-8;"_L1;
   }
 #endif
   return text;
+}
+
+int loginTimeout(const QString& connectionString, int timeout) {
+  bool good = false;
+  const int own = keyValue(connectionString, u"Timeout").value_or(QString()).toInt(&good);
+  return good && own > 0 ? own : timeout;
 }
 
 }  // namespace data

@@ -1,8 +1,10 @@
 #include "platform/data/session.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
+#include "platform/data/odbc_string.h"
 #include "platform/data/one_statement.h"
 #include "platform/files/paths.h"
 
@@ -10,24 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace data {
 
-namespace {
-
-/// Value of a key of a connection string, empty without it.
-QString keyValue(const QString& connectionString, QStringView key) {
-  for (const QString& pair : connectionString.split(u';')) {
-    const qsizetype equals = pair.indexOf(u'=');
-    if (equals >= 0 && QStringView(pair).first(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
-      return pair.sliced(equals + 1).trimmed();
-  }
-  return {};
-}
-
-}  // namespace
-
 void Session::open(const QString& connectionString, int timeout) {
   close();
-  if (keyValue(connectionString, u"server").compare(u"(embutido)", Qt::CaseInsensitive) == 0)
-    engine_ = openEmbedded(files::resolve(keyValue(connectionString, u"database")));
+  const auto value = [&](QStringView key) { return keyValue(connectionString, key).value_or(QString()); };
+  if (value(u"server").compare(u"(embutido)", Qt::CaseInsensitive) == 0)
+    engine_ = openEmbedded(files::resolve(value(u"database")));
   else
     engine_ = openOdbc(connectionString, timeout);
 }
@@ -48,7 +37,11 @@ void Session::announce(const QString& statement) {
 template <typename Run>
 auto Session::guarded(Run run) {
   try {
-    return run();
+    try {
+      return run();
+    } catch (const std::bad_alloc&) {
+      throw values::RuntimeError(values::kStatementFailed, u"O resultado não cabe na memória."_s);
+    }
   } catch (const values::RuntimeError& error) {
     // The server may have rolled the transaction back: what came now would commit by itself.
     if (inTransaction_ || error.number() == values::kConnectionFailed) failure_ = error;

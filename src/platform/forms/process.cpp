@@ -2,6 +2,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <new>
 #include <utility>
 
 #include "platform/forms/boxes.h"
@@ -38,6 +40,13 @@ void end(int status) {
   throw Ended{status};
 }
 
+void endPlainly() {
+  std::set_terminate([] {
+    std::fputs("O programa terminou por um erro que nenhuma caixa pode mostrar.\n", stderr);
+    std::_Exit(1);
+  });
+}
+
 void setEnd(std::function<void(int)> end) { ownEnd() = std::move(end); }
 
 void guarded(const std::function<void()>& handler) {
@@ -46,6 +55,9 @@ void guarded(const std::function<void()>& handler) {
       handler();
     } catch (const values::RuntimeError& error) {
       tellRuntimeError(error);
+      end(1);
+    } catch (const std::bad_alloc&) {
+      tellRuntimeError({values::kOutOfMemory, values::standardText(values::kOutOfMemory)});
       end(1);
     }
   } catch (const Ended&) {

@@ -13,12 +13,17 @@ struct Ended {
 /// Ends the process at once: no clean-up, no commit.
 [[noreturn]] void end(int status);
 
+/// From here on an error that nobody catches, or that comes up while its box is made, ends the process with a
+/// line on its error output and status 1, without a crash.
+void endPlainly();
+
 /// Puts another end in place (tests, guided roads); an empty function brings the real one back.
 /// After the function has run, all modal loops are left and Ended is thrown.
 void setEnd(std::function<void(int)> end);
 
-/// Runs a handler at the edge of the event loop, so that no exception crosses Qt: a values::RuntimeError
-/// shows the runtime's error box with its number and text, and ends the process with status 1.
+/// Runs a handler at the edge of the event loop, so that no exception crosses Qt: a values::RuntimeError, and
+/// memory that runs out, show the runtime's error box with its number and text and end the process with
+/// status 1.
 void guarded(const std::function<void()>& handler);
 
 }  // namespace forms

@@ -8,8 +8,9 @@ namespace forms {
 
 namespace {
 
+/// Never destroyed: where the display goes away the process ends without its application being left.
 std::vector<std::unique_ptr<Form>>& all() {
-  static std::vector<std::unique_ptr<Form>> forms;
+  static auto& forms = *new std::vector<std::unique_ptr<Form>>;
   return forms;
 }
 

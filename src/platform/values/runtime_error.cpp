@@ -12,8 +12,9 @@ struct Message {
   const char16_t* text;
 };
 
-constexpr std::array<Message, 21> kMessages{{
+constexpr std::array<Message, 22> kMessages{{
     {kOverflow, u"Estouro"},
+    {kOutOfMemory, u"Memória insuficiente"},
     {kDivisionByZero, u"Divisão por zero"},
     {kTypeMismatch, u"Tipos incompatíveis"},
     {kBadFileName, u"Nome ou número de arquivo inválido"},

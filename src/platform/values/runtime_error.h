@@ -8,6 +8,7 @@ namespace values {
 /// All error numbers of the runtime that the program raises, and that its users know.
 enum ErrorNumber : int {
   kOverflow = 6,
+  kOutOfMemory = 7,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
   kBadFileName = 52,

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+
 #include "platform/data/connection.h"
 #include "platform/data/odbc_string.h"
 #include "support/errors.h"
@@ -17,6 +19,7 @@ struct Refusal {
   const char* name;
   std::function<QString(TdsServer&)> prepare;  // gives the connection string
   const char* words;
+  int timeout = 1;
 };
 
 class ServerOpening : public ::testing::TestWithParam<Refusal> {};
@@ -25,14 +28,17 @@ TEST_P(ServerOpening, FailsWithTheNumberOfAConnectionAndTheDriversWords) {
   TdsServer server;
   const QString string = GetParam().prepare(server);
   data::Connection connection;
+  QElapsedTimer waited;
+  waited.start();
   try {
-    connection.open(string, 1);
+    connection.open(string, GetParam().timeout);
     FAIL() << "it opened";
   } catch (const values::RuntimeError& error) {
     EXPECT_EQ(error.number(), values::kConnectionFailed);
     EXPECT_TRUE(error.text().contains(QString::fromLatin1(GetParam().words))) << error.text().toStdString();
   }
   EXPECT_FALSE(connection.isOpen());
+  EXPECT_LT(waited.elapsed(), 30'000);
 }
 
 QString with(const TdsServer& server, const QString& before, const QString& after) {
@@ -49,17 +55,19 @@ QString silent(TdsServer& server) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, ServerOpening,
-    ::testing::Values(Refusal{"ServerOff", stopped, "Unable to connect"},
-                      Refusal{"WrongPassword", [](auto& one) { return one.connectionString(u"x"_s); },
-                              "Login failed"},
-                      Refusal{"UnknownDatabase", [](auto& one) { return with(one, u"=zarim"_s, u"=nada"_s); },
-                              "does not exist"},
-                      Refusal{"NameThatDoesNotResolve",
-                              [](auto& one) { return with(one, u"127.0.0.1"_s, u"nao-existe.invalid"_s); },
-                              "Unable to connect"},
-                      Refusal{"SilentServer", silent, "Timeout expired"},
-                      Refusal{"NoSuchDriver", [](auto&) { return u"driver={Nao Existe};server=localhost"_s; },
-                              "Can't open lib"}),
+    ::testing::Values(
+        Refusal{"ServerOff", stopped, "Unable to connect"},
+        Refusal{"WrongPassword", [](auto& one) { return one.connectionString(u"x"_s); }, "Login failed"},
+        Refusal{"UnknownDatabase", [](auto& one) { return with(one, u"=zarim"_s, u"=nada"_s); },
+                "does not exist"},
+        Refusal{"NameThatDoesNotResolve",
+                [](auto& one) { return with(one, u"127.0.0.1"_s, u"nao-existe.invalid"_s); },
+                "Unable to connect"},
+        Refusal{"SilentServer", silent, "Timeout expired"},
+        Refusal{"SilentServerByTheTimeoutOfTheString",
+                [](auto& one) { return silent(one) + u";TimeOut = 1"_s; }, "Timeout expired", 400},
+        Refusal{"NoSuchDriver", [](auto&) { return u"driver={Nao Existe};server=localhost"_s; },
+                "Can't open lib"}),
     [](const auto& one) { return std::string(one.param.name); });
 
 class ServerInMidSession : public ::testing::TestWithParam<std::tuple<TdsServer::Act, const char*>> {};

@@ -1,0 +1,57 @@
+#include <sys/resource.h>
+
+#include <exception>
+
+#include "platform/forms/process.h"
+#include "platform/values/runtime_error.h"
+#include "quote_case.h"
+#include "support/errors.h"
+#include "support/printing.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Each end in a process of its own, with its own temporary folders.
+class Ends : public faults::QuoteCase {
+ protected:
+  Ends() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
+};
+
+TEST_F(Ends, TheDisplayThatGoesAwayEndsTheProgramWithoutACrash) {
+  // Qt ends the process there, with all forms still open.
+  EXPECT_EXIT((start(), std::exit(1)), ::testing::ExitedWithCode(1), "");
+}
+
+TEST_F(Ends, AnErrorThatNobodyCatchesIsNoCrash) {
+  EXPECT_EXIT((forms::endPlainly(), std::terminate()), ::testing::ExitedWithCode(1), "nenhuma caixa");
+}
+
+TEST_F(Ends, MemoryThatRunsOutIsABox) {
+  forms::guarded([] { throw std::bad_alloc(); });
+  EXPECT_EQ(boxes, QStringList{u"Erro em tempo de execução '7':\n\nMemória insuficiente"_s});
+  EXPECT_EQ(ended, 1);
+}
+
+/// Number of the error of a statement whose result is larger than the memory that is left.
+int errorOfALargeResult(const QString& databasePath) {
+  data::Connection connection = support::connectionTo(databasePath);
+  constexpr rlim_t kLeft = 2'000'000'000;
+  const rlimit limit{kLeft, kLeft};
+  setrlimit(RLIMIT_AS, &limit);
+  return support::errorOf([&] {
+    (void)connection.query(
+        u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n) "
+        "SELECT i, 'um texto que ocupa a memória' FROM n"_s);
+  });
+}
+
+TEST_F(Ends, AResultThatMemoryCannotHoldIsAFailingStatement) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the checks take more memory than a limit leaves";
+#endif
+  EXPECT_EXIT(std::_Exit(errorOfALargeResult(databasePath()) == values::kStatementFailed ? 3 : 4),
+              ::testing::ExitedWithCode(3), "");
+}
+
+}  // namespace
