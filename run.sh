@@ -59,7 +59,9 @@ fi
 
 pictures=$state/pictures
 rm -rf "$pictures" "$state/road"
-mkdir -p "$pictures" "$state/road"
+umask 027
+mkdir -p "$pictures" "$state/road/tmp"
+export TMPDIR=$state/road/tmp  # nothing stays in the system's, however the road ends
 export ZARIM_DRIVE_C=$state/road/drive_c
 port=$(free_port)
 install=(build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --mail-server "127.0.0.1:$port")

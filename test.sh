@@ -13,6 +13,10 @@ build "$preset" all
 results=build/$preset/results
 rm -rf "$results"
 mkdir -p "$results"
+# What a test that is killed leaves behind goes with the next run.
+export TMPDIR=$PWD/build/$preset/tmp
+rm -rf "$TMPDIR"
+mkdir -p "$TMPDIR"
 export QT_QPA_PLATFORM=offscreen
 # The browser engine frees some of its own objects by another size than it took; its leaks are its own too.
 export ASAN_OPTIONS=new_delete_type_mismatch=0 LSAN_OPTIONS=suppressions=$PWD/setup/leaks.txt:print_suppressions=0
@@ -32,4 +36,5 @@ cat "$results"/*.xml | awk -v crashed=$((programs - reports)) '
   /<skipped/ { skipped++ }
   END { failed += crashed; tests += crashed
         printf "%d passed, %d failed, %d skipped\n", tests - failed - skipped, failed, skipped }'
+rm -rf "$TMPDIR"
 exit "$status"

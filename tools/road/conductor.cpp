@@ -1,5 +1,7 @@
 #include "conductor.h"
 
+#include <sys/prctl.h>
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -8,6 +10,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <csignal>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -29,7 +32,22 @@ void writeFile(const QString& name, const QByteArray& content) {
   if (file.open(QIODevice::WriteOnly)) file.write(content);
 }
 
-/// Waits for a child; false when one of its steps hangs.
+volatile std::sig_atomic_t askedToEnd = 0;
+
+/// Lets a walk that is ended from outside, as by a time-out, take its files away first.
+void watchSignals() {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+    std::signal(signal, [](int which) { askedToEnd = which; });
+}
+
+void startChild(QProcess& child, const QStringList& arguments) {
+  child.setProcessChannelMode(QProcess::ForwardedChannels);
+  child.setChildProcessModifier(
+      [] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });  // not left alone when this one is killed
+  child.start(QCoreApplication::applicationFilePath(), arguments);
+}
+
+/// Waits for a child; false when one of its steps hangs, or the walk is to end.
 bool waitFor(QProcess& child, const QString& progressFile) {
   QElapsedTimer sinceMove;
   sinceMove.start();
@@ -38,7 +56,7 @@ bool waitFor(QProcess& child, const QString& progressFile) {
     const int now = Progress::read(progressFile).next;
     if (now != last) sinceMove.restart();
     last = now;
-    if (sinceMove.elapsed() < kPatience) continue;
+    if (sinceMove.elapsed() < kPatience && askedToEnd == 0) continue;
     child.kill();
     child.waitForFinished();
     return false;
@@ -82,7 +100,11 @@ void tell(const Road& road, const Step& step, const Failure& failure) {
 }
 
 int conduct(const Road& road, const QString& pictures) {
-  const QTemporaryDir folder;
+  // Not in the system's temporary folder, where a walk that is killed would leave it, and what the engine
+  // keeps in it.
+  const QTemporaryDir folder(QFileInfo(pictures).absoluteFilePath() + u"/.walk-XXXXXX"_s);
+  qputenv("TMPDIR", QFile::encodeName(folder.path()));
+  watchSignals();
   const QString progressFile = folder.filePath(u"progress"_s);
   writeFile(folder.filePath(u"screen.json"_s), kScreen);
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(folder.filePath(u"screen.json"_s)));
@@ -92,12 +114,11 @@ int conduct(const Road& road, const QString& pictures) {
   while (progress.next < road.steps.size()) {
     const int before = progress.next;
     QProcess child;
-    child.setProcessChannelMode(QProcess::ForwardedChannels);
-    child.start(QCoreApplication::applicationFilePath(),
-                {u"--child"_s, progressFile, u"--pictures"_s, pictures, road.file});
+    startChild(child, {u"--child"_s, progressFile, u"--pictures"_s, pictures, road.file});
     const bool moved = waitFor(child, progressFile);
     progress = Progress::read(progressFile);
     if (progress.failed) return 1;
+    if (askedToEnd != 0) return 128 + askedToEnd;
     const Step& last = stepBefore(road, progress.next);
     if (!moved) {
       tell(road, last, Failure(u"the program idle"_s, u"busy for %1 s"_s.arg(kPatience / 1000)));
