@@ -3,6 +3,7 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "shared/column_lengths.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
 
@@ -45,6 +46,7 @@ frmMontarProduto::frmMontarProduto() : Form(QString::fromUtf16(Name)) {
   on(cmdPesquisa, forms::Event::Click, &frmMontarProduto::cmdPesquisa_Click);
   on(cmdConfirmar, forms::Event::Click, &frmMontarProduto::cmdConfirmar_Click);
   on(cmdCancelar, forms::Event::Click, &frmMontarProduto::cmdCancelar_Click);
+  LimitaPelaColuna(txtObservacoes, u"obse_prop_cmrc_deta");
   enterMovesOn({txtCOD, txtQuantidade, txtObservacoes, cmdPesquisa, cmdConfirmar});
   selectOnFocus({txtQuantidade});
   // It empties the assembly: off the way from the articles to the lines.

@@ -11,6 +11,7 @@
 #include "platform/forms/icons.h"
 #include "platform/forms/process.h"
 #include "run/context.h"
+#include "shared/column_lengths.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
@@ -157,6 +158,14 @@ void frmPropCmrcTL::LimitaCampos() {
   for (const auto& [caixa, maximo] : limites) caixa->setMaxLength(maximo);
   forms::limitToDigits(txtCodigo, 10);
   forms::limitText(txtObserva, 200);
+  const std::pair<QWidget*, QStringView> colunas[] = {{cboCliente, u"nome_clie"},
+                                                      {txtEmailExtra, u"emai_clie"},
+                                                      {cboClienteContato, u"nome_clie_cont"},
+                                                      {txtFoneExtraContato, u"fone_clie_cont"},
+                                                      {txtEmailExtraContato, u"emai_clie_cont"},
+                                                      {txtCondPagto, u"txt_cond_pgto"},
+                                                      {txtNomeHomg, u"nome_homg"}};
+  for (const auto& [campo, coluna] : colunas) LimitaPelaColuna(campo, coluna);
 }
 
 void frmPropCmrcTL::MontaGridItens() { Flex->grid().layOut(grids::item::kLayout); }

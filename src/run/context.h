@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
+#include <optional>
 
 #include "platform/data/connection.h"
 
@@ -26,6 +28,8 @@ struct RunContext {
   QString ImagemTentada;  ///< path that the search for a code's picture tried last
 
   QString CorFundo, CorFrente, CorFundo2, CorFrente2;  ///< colour numbers as text
+
+  std::optional<QHash<QString, int>> TamanhosDeColunas;  ///< by names in capitals; asked once of a connection
 
   QString ModoOrcamento;  ///< " " or empty idle, "I" new, "A" altering
   QString ModoItem;

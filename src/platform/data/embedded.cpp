@@ -1,4 +1,5 @@
 #include <QFile>
+#include <cstdlib>
 #include <unordered_map>
 
 #include "platform/data/embedded_dialect.h"
@@ -39,6 +40,7 @@ struct Compiled {
   Prepared statement;
   QStringList columns;
   std::vector<Reading> readings;
+  QList<int> longest;    // texts
   int compiledAnew = 0;  // how often the library compiled it again since a table changed
 
   [[nodiscard]] sqlite3_stmt* get() const { return statement.get(); }
@@ -48,12 +50,15 @@ struct Compiled {
 void Compiled::describe() {
   columns.clear();
   readings.clear();
+  longest.clear();
   const int width = sqlite3_column_count(get());
   for (int column = 0; column < width; ++column) {
     columns.append(QString::fromUtf8(sqlite3_column_name(get(), column)));
     const char* declared = sqlite3_column_decltype(get(), column);
     const bool date = declared && sqlite3_strnicmp(declared, "datetime", 8) == 0;
     readings.push_back(date ? Reading::Date : Reading::Plain);
+    const bool text = declared && sqlite3_strnicmp(declared, "varchar(", 8) == 0;
+    longest.append(text ? std::atoi(declared + 8) : 0);
   }
 }
 
@@ -166,7 +171,10 @@ Recordset EmbeddedEngine::readRows(Compiled& compiled, Rows rows) {
       read(sqlite3_column_value(statement, column), compiled.readings[static_cast<std::size_t>(column)],
            values);
   if (outcome != SQLITE_DONE) fail();
-  return width == 0 ? Recordset() : Recordset(compiled.columns, std::move(values));
+  if (width == 0) return {};
+  Recordset result(compiled.columns, std::move(values));
+  if (result.count() == 0) result.setLongest(compiled.longest);
+  return result;
 }
 
 Recordset EmbeddedEngine::lastIdentity(const QString& column) {

@@ -42,6 +42,18 @@ bool isConnectionLost(const QSqlError& error) {
   return error.nativeErrorCode() == u"0" && error.text().contains(u"Unknown error"_s);
 }
 
+/// What the driver says of texts; without a limit it says nothing, or a number that no column has.
+QList<int> columnLengths(const QSqlRecord& record) {
+  constexpr int kLongestOfAny = 8000;
+  QList<int> lengths;
+  for (int column = 0; column < record.count(); ++column) {
+    const QSqlField field = record.field(column);
+    const bool limited = field.metaType().id() == QMetaType::QString && field.length() <= kLongestOfAny;
+    lengths.append(limited ? qMax(0, field.length()) : 0);
+  }
+  return lengths;
+}
+
 class OdbcEngine final : public Engine {
  public:
   OdbcEngine(const QString& connectionString, int timeout);
@@ -125,7 +137,9 @@ Recordset OdbcEngine::readRows(QSqlQuery& query, Rows rows) {
   }
   // A connection that was cut ends the rows like the last one does.
   if (query.lastError().isValid()) fail(query.lastError());
-  return {std::move(columns), std::move(values)};
+  Recordset result(std::move(columns), std::move(values));
+  if (result.count() == 0) result.setLongest(columnLengths(record));
+  return result;
 }
 
 Recordset OdbcEngine::run(const Statement& statement) {

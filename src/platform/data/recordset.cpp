@@ -76,6 +76,12 @@ const QStringList& Recordset::columns() const {
   return columns_;
 }
 
+int Recordset::longest(QStringView field) const {
+  for (qsizetype at = 0; at < longest_.size(); ++at)
+    if (field.compare(columns_[at], Qt::CaseInsensitive) == 0) return longest_[at];
+  return 0;
+}
+
 qsizetype Recordset::place(QStringView field) const {
   if (eof()) values::raise(values::kNoCurrentRecord);
   const auto width = static_cast<std::size_t>(columns_.size());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -28,6 +29,12 @@ class Recordset {
   [[nodiscard]] qsizetype count() const;
   [[nodiscard]] const QStringList& columns() const;
 
+  /// Longest text that a column takes by the database's own definition; 0 without a limit, where the database
+  /// doesn't tell, and for an unknown name. Told of results without rows ("… WHERE 1=0") alone.
+  [[nodiscard]] int longest(QStringView field) const;
+  /// One number for each column.
+  void setLongest(QList<int> longest) { longest_ = std::move(longest); }
+
   /// A field of the current row as the program shows it: null is empty, a number has a comma and no trailing
   /// zeros, a date is "dd/mm/yyyy" with " hh:mm:ss" unless it is midnight, a text stands as it is.
   /// Raises 3265 on an unknown name, 3021 at the end.
@@ -51,6 +58,7 @@ class Recordset {
 
   bool open_ = false;
   QStringList columns_;
+  QList<int> longest_;
   std::shared_ptr<const ResultValues> values_;  // row after row
   std::size_t rows_ = 0;
   std::size_t row_ = 0;

@@ -251,6 +251,9 @@ TEST_P(Contract, NamesColumnsAsTheStatementDoes) {
   EXPECT_EQ(rs.text(u"CLIENTE"), u"1"_s);
   EXPECT_EQ(rs.format(u"valo_dect", u"###0.00"), u"2,50"_s);
   EXPECT_EQ(errorOf([&] { (void)rs.text(u"nada"); }), 3265);
+  const auto none = connection.query(u"SELECT NOME_CLIE, TXT_COND_PGTO, IDCLIE FROM PROP_CMRC WHERE 1=0"_s);
+  EXPECT_EQ(none.longest(u"nome_clie"), 200);
+  EXPECT_EQ(none.longest(u"txt_cond_pgto") + none.longest(u"idclie"), 0);
 }
 
 TEST_P(Contract, GivesAResultForEachStatementOfABatch) {
