@@ -16,16 +16,18 @@ namespace {
 using Kind = SqlToken::Kind;
 
 /// Words that begin a statement on the server and can't be a bare name there; TRIGGER stands for ENABLE and
-/// DISABLE TRIGGER, whose first word can.
+/// DISABLE TRIGGER, whose first word can. OPENQUERY and its like run a statement that is given as a text.
 constexpr auto kBeginnings = std::to_array<QStringView>(
-    {u"ADD",     u"ALTER",    u"BACKUP",   u"BEGIN",    u"BREAK",      u"CHECKPOINT", u"CLOSE",
-     u"COMMIT",  u"CONTINUE", u"CREATE",   u"DBCC",     u"DEALLOCATE", u"DECLARE",    u"DELETE",
-     u"DENY",    u"DISK",     u"DROP",     u"DUMP",     u"END",        u"EXEC",       u"EXECUTE",
-     u"FETCH",   u"GOTO",     u"GRANT",    u"IF",       u"INSERT",     u"KILL",       u"LINENO",
-     u"LOAD",    u"MERGE",    u"OPEN",     u"PRINT",    u"RAISERROR",  u"READTEXT",   u"RECONFIGURE",
-     u"RESTORE", u"RETURN",   u"REVERT",   u"REVOKE",   u"ROLLBACK",   u"SAVE",       u"SELECT",
-     u"SET",     u"SETUSER",  u"SHUTDOWN", u"TRIGGER",  u"TRUNCATE",   u"UPDATE",     u"UPDATETEXT",
-     u"USE",     u"WAITFOR",  u"WHILE",    u"WRITETEXT"});
+    {u"ADD",      u"ALTER",          u"BACKUP",    u"BEGIN",      u"BREAK",   u"CHECKPOINT",
+     u"CLOSE",    u"COMMIT",         u"CONTINUE",  u"CREATE",     u"DBCC",    u"DEALLOCATE",
+     u"DECLARE",  u"DELETE",         u"DENY",      u"DISK",       u"DROP",    u"DUMP",
+     u"END",      u"EXEC",           u"EXECUTE",   u"FETCH",      u"GOTO",    u"GRANT",
+     u"IF",       u"INSERT",         u"KILL",      u"LINENO",     u"LOAD",    u"MERGE",
+     u"OPEN",     u"OPENDATASOURCE", u"OPENQUERY", u"OPENROWSET", u"PRINT",   u"RAISERROR",
+     u"READTEXT", u"RECONFIGURE",    u"RESTORE",   u"RETURN",     u"REVERT",  u"REVOKE",
+     u"ROLLBACK", u"SAVE",           u"SELECT",    u"SET",        u"SETUSER", u"SHUTDOWN",
+     u"TRIGGER",  u"TRUNCATE",       u"UPDATE",    u"UPDATETEXT", u"USE",     u"WAITFOR",
+     u"WHILE",    u"WRITETEXT"});
 
 /// Words before the "(" of a subselect.
 constexpr auto kBeforeSubselect = std::to_array<QStringView>(

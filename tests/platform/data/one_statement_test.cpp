@@ -46,7 +46,8 @@ TEST(OneStatement, IsNotWhatAServerWouldReadAsMore) {
                                  u"x' add signature to t by '",
                                  u"x' where [a]=\"b\" kill '",
                                  u"x' with (nolock) waitfor delay '",
-                                 u"x';;'"}) {
+                                 u"x';;'",
+                                 u"x'+(SELECT 1 FROM OPENQUERY(s,'delete t'))+'"}) {
     for (const QString& sql :
          {QStringLiteral("UPDATE t SET a='%1' WHERE (id=1)").arg(tail),
           QStringLiteral("insert into t (a) values ('%1')").arg(tail),
