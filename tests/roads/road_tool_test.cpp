@@ -1,12 +1,16 @@
 #include <gtest/gtest.h>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTest>
 #include <memory>
+#include <string>
 
 #include "support/printing.h"
 
 using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 
 namespace {
 
@@ -50,6 +54,43 @@ TEST_P(FaultyRoads, FailWithFileLineExpectedAndFound) {
   for (const QString& part : GetParam().told)
     EXPECT_TRUE(told.contains(part)) << part.toStdString() << " in " << told.toStdString();
 }
+
+/// A walk that waits for a page that never comes, with a temporary folder of its own; killed in the midst of
+/// it.
+class KilledRoad : public FaultyRoads {};
+
+TEST_P(KilledRoad, LeavesNothingInTheTemporaryFolder) {
+  const QString temporary = folder_->filePath(u"tmp"_s);
+  ASSERT_TRUE(QDir().mkpath(temporary));
+  QFile file(folder_->filePath(u"b.road"_s));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(GetParam().steps.toUtf8());
+  file.close();
+  QProcess process;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(u"ZARIM_DRIVE_C"_s, drive());
+  environment.insert(u"TMPDIR"_s, temporary);
+  environment.remove(u"XDG_RUNTIME_DIR"_s);  // which would then stand there
+  process.setProcessEnvironment(environment);
+  process.start(tool(u"road"_s), {u"--pictures"_s, folder_->filePath(u"p"_s), file.fileName()});
+  const QString picture = folder_->filePath(u"p/begun.png"_s);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(picture); }, 60'000));
+  if (GetParam().name == "Asked"s)
+    process.terminate();
+  else
+    process.kill();
+  ASSERT_TRUE(process.waitForFinished(60'000));
+  EXPECT_EQ(QDir(temporary).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+  EXPECT_EQ(QDir(folder_->filePath(u"p"_s)).entryList({u".walk*"_s}, QDir::Dirs | QDir::Hidden).isEmpty(),
+            GetParam().name == "Asked"s);
+  QDir(folder_->filePath(u"p"_s)).removeRecursively();
+}
+
+const QString kEndless =
+    u"start 7^0^PRD^\nwait form frmPropCmrcTL\nscreenshot begun\nwait text txtDesc \"x\"\n"_s;
+INSTANTIATE_TEST_SUITE_P(Ends, KilledRoad,
+                         ::testing::Values(Fault{"Asked", kEndless, {}}, Fault{"Killed", kEndless, {}}),
+                         [](const auto& one) { return std::string(one.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(
     Faults, FaultyRoads,

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -147,6 +148,14 @@ TEST(Installer, StartsAfreshOnlyWhenAskedTo) {
   };
   const QString document = folder.path() + u"/zarim/docs/orca_cliente_000001.html"_s;
   install({u"--day"_s, u"16/03/2026"_s});
+  for (QDirIterator file(folder.path(), QDir::Files, QDirIterator::Subdirectories); file.hasNext();) {
+    const QFileInfo info(file.next());
+    const bool secret =
+        info.fileName() == u"server.ini" || info.suffix() == u"db";  // with the mail's password
+    const QFile::Permissions others = QFile::ReadOther | QFile::WriteOther | QFile::WriteGroup;
+    EXPECT_FALSE(info.permissions() & (secret ? others | QFile::ReadGroup : others))
+        << info.filePath().toStdString();
+  }
   files::write(document, "x");
   EXPECT_TRUE(install({}).contains(u"stays as it is"_s));
   EXPECT_TRUE(QFile::exists(document));
