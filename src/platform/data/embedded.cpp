@@ -126,7 +126,7 @@ Prepared EmbeddedEngine::prepare(QByteArrayView& text) {
 Compiled EmbeddedEngine::compile(const QString& sql) {
   const QByteArray utf8 = sql.toUtf8();
   QByteArrayView text = utf8;
-  Compiled compiled{prepare(text), {}, {}};
+  Compiled compiled{prepare(text), {}, {}, {}};
   if (!text.isEmpty() && prepare(text))
     throw values::RuntimeError(values::kStatementFailed, u"São duas instruções em uma."_s);
   if (compiled.get()) compiled.describe();
