@@ -61,6 +61,7 @@ frmBROWSE_PRODUTO::frmBROWSE_PRODUTO()
   liga({Flex,
         SSTab1,
         WebBrowser1,
+        folhas,
         Image1,
         {cmdImagem1_1, cmdImagem1_2, cmdImagem1_3, cmdImagem1_4},
         txtCOD,

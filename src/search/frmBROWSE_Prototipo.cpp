@@ -37,6 +37,7 @@ frmBROWSE_Prototipo::frmBROWSE_Prototipo()
   liga({Flex,
         SSTab1,
         WebBrowser1,
+        folhas,
         Image1,
         {cmdImagem1_1, cmdImagem1_2, cmdImagem1_3, cmdImagem1_4},
         txtCOD,

@@ -13,6 +13,7 @@
 #include "run/context.h"
 #include "search/delivery.h"
 #include "search/photo.h"
+#include "search/photo_page.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
@@ -123,9 +124,10 @@ void PesquisaComFotos::abrePagina() {
   if (c_.SSTab1->currentIndex() != Imagens) return;
   const forms::WaitPointer espera;
   const QString pagina = MontaDetalheHTML();
-  files::write(arquivo, files::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina));
+  const QByteArray bytes = files::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina);
+  files::write(arquivo, bytes);
   c_.WebBrowser1->setPictureFolders(PastasDeFiguras());
-  c_.WebBrowser1->navigate(arquivo);
+  c_.folhas->abre(*c_.WebBrowser1, arquivo, bytes);
 }
 
 QString PesquisaComFotos::MontaDetalheHTML() const {

@@ -18,6 +18,7 @@ class WebPane;
 
 namespace pesquisa {
 
+class FolhasDeFotos;
 class Foto;
 
 /// What the product search and the prototype search have in common: results as a grid with the photo of the
@@ -31,6 +32,7 @@ class PesquisaComFotos : public forms::Form {
     forms::FlexGrid* Flex;
     QTabWidget* SSTab1;
     web::WebPane* WebBrowser1;
+    FolhasDeFotos* folhas;
     Foto* Image1;
     std::array<QPushButton*, 4> cmdImagem1;
     QLineEdit* txtCOD;

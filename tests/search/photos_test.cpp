@@ -1,3 +1,6 @@
+#include <QLabel>
+#include <QToolButton>
+
 #include "platform/web/web_pane.h"
 #include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmBROWSE_Prototipo.h"
@@ -69,6 +72,33 @@ TEST_F(Photos, APageOfPicturesIsWrittenOnEnteringTheTabAndRemovedOnLeavingIt) {
                   u"</TABLE>"_s);
     screen.SSTab1->setCurrentIndex(0);
     EXPECT_FALSE(files::exists(page));
+  });
+}
+
+TEST_F(Photos, AreShownSomeHundredAtATime) {
+  for (int i = 2000; i < 2250; ++i)
+    sql(u"INSERT INTO prod (idprod, codi_prod, desc_prod, prod_mate_prim) VALUES (%1, 'NN-%1', 'MUITOS', 'P')"_s
+            .arg(i));
+  open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
+    const auto* leaves = screen.folhas->findChild<QLabel*>();
+    const auto search = [&](const QString& text) {
+      screen.SSTab1->setCurrentIndex(0);
+      screen.Option3->click();
+      screen.txtCOD->setText(text);
+      support::click(screen.cmdPesquisa);
+      screen.SSTab1->setCurrentIndex(1);
+      return screen.WebBrowser1->pageText();
+    };
+    QString shown = search(u"MUITOS"_s);
+    EXPECT_EQ(leaves->text(), u"Figuras 1 a 200 de 250"_s);
+    EXPECT_TRUE(shown.contains(u"NN-2199"_s) && !shown.contains(u"NN-2200"_s));
+    support::click(screen.folhas->findChild<QToolButton*>(u"cmdProximasFotos"_s));
+    shown = screen.WebBrowser1->pageText();
+    EXPECT_EQ(leaves->text(), u"Figuras 201 a 250 de 250"_s);
+    EXPECT_TRUE(shown.contains(u"NN-2249"_s) && !shown.contains(u"NN-2199"_s));
+    EXPECT_TRUE(files::readAll(contexto().PathDocs + u"pesquisa_produtos.html"_s).contains("NN-2000"));
+    EXPECT_TRUE(search(u"Bombom"_s).contains(u"BOM-1"_s));
+    EXPECT_TRUE(screen.folhas->isHidden());
   });
 }
 

@@ -55,6 +55,7 @@ void HtmlView::open() {
   connect(page_, &QWebEnginePage::contentsSizeChanged, &settled_, qOverload<>(&QTimer::start));
   connect(page_, &QWebEnginePage::loadProgress, &patience_, qOverload<>(&QTimer::start));
   connect(page_, &QWebEnginePage::loadFinished, this, &HtmlView::stand);
+  connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this] { stand(false); });
   patience_.start();
   page_->show();
 }

@@ -24,19 +24,22 @@ class Hostile : public PaneCase {
 <object data='%1object'></object><object data='file:///etc/passwd'></object><embed src='%1embed'>
 <link rel=stylesheet href='%1style.css'><style>@import url('%1import.css');@font-face{font-family:f;src:url('%1font')}
 p{font-family:f}</style><link rel=preload as=script href='%1preload'><link rel=prefetch href='%1prefetch'>
+<link rel=preconnect href='%2'><link rel=dns-prefetch href='%2'>
 <link rel=icon href='%1icon'><video src='%1video' autoplay poster='c:\secret.txt'></video><audio src='%1audio' autoplay></audio>
 <base href='%1base/'><img src='relative.png'><form action='%1form'><input type=image src='c:\page.html'></form>
-<img src='file:///etc/passwd'><img src='c:\..\..\etc\passwd'><p>fim</p>)"_s.arg(server_.address({}));
+<img src='file:///etc/passwd'><img src='c:\..\..\etc\passwd'><p>fim</p>)"_s.arg(server_.address({}),
+                                                                                other_.address({}));
   }
   void expectItself() {
     QTest::qWait(1500);
     const QString shown = pane_.pageText();
     EXPECT_TRUE(shown.contains(u"Orçamento 3"_s) && shown.contains(u"fim"_s)) << shown.toStdString();
     EXPECT_FALSE(shown.contains(u"root:"_s) || shown.contains(u"tomado"_s)) << shown.toStdString();
+    EXPECT_EQ(other_.connections, 0);
     for (const QString& asked : std::as_const(server_.asked)) EXPECT_EQ(asked, u"/picture.png"_s);
   }
 
-  PictureServer server_;
+  PictureServer server_, other_;
 };
 
 TEST_F(Hostile, DocumentFetchesPicturesAloneAndStaysInThePaneWithAPdfBetween) {

@@ -24,6 +24,7 @@ class PictureServer : public QTcpServer {
   PictureServer() {
     listen(QHostAddress::LocalHost);
     connect(this, &QTcpServer::newConnection, this, [this] {
+      ++connections;
       QTcpSocket* socket = nextPendingConnection();
       connect(socket, &QTcpSocket::readyRead, this, [this, socket] { answer(*socket); });
     });
@@ -33,6 +34,7 @@ class PictureServer : public QTcpServer {
   }
 
   QStringList asked;
+  int connections = 0;
   bool silent = false;
 
  private:
