@@ -20,6 +20,7 @@ struct DocumentValues {
 
   QString ArquivoCorpoEmail;
   QString DestinatariosEmail;
+  qint32 OrcamentoDosDestinatarios = 0;  ///< the quote whose addresses they are; 0 for none
   bool MensagemTravadaEmail = false;
   QString MensagemHTMLEmail, AnexosEmail, MensagemPadraoEmail;
 

@@ -3,6 +3,7 @@
 #include <QEvent>
 
 #include "documents/document_values.h"
+#include "documents/documents.h"
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
 #include "platform/mail/mail_message.h"
@@ -78,6 +79,12 @@ void frmEmailOS::Form_Load() {
   QString para = destinatarios + u", "_s + usuario;
   if (para.startsWith(u',')) para.remove(0, 2);
   txtPara->setText(para);
+
+  const qint32 deles = documento().OrcamentoDosDestinatarios;
+  const qint32 mostrado = documento().IdDocumento;
+  lblDestinatarios->setVisible(!destinatarios.isEmpty() && deles != 0 && deles != mostrado);
+  lblDestinatarios->setText(u"Destinatários do orçamento %1; documento do %2."_s.arg(
+      NumeroDocumento(deles), NumeroDocumento(mostrado)));
 
   if (documento().MensagemTravadaEmail) txtMsg->setEnabled(false);
   txtMsg->setPlainText(documento().MensagemPadraoEmail);

@@ -1,5 +1,6 @@
 #include "documents/document_values.h"
 #include "documents/frmImprimePropCmrcTL.h"
+#include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/text.h"
 
@@ -14,6 +15,7 @@ void frmPropCmrcTL::cmdImprimir_Click() {
   QString destinatarios = Apara(txtEmailExtra->text());
   if (!destinatarios.isEmpty() && !contato.isEmpty()) destinatarios += u", "_s;
   documento().DestinatariosEmail = (destinatarios + contato).toLower();
+  documento().OrcamentoDosDestinatarios = values::toInt32(LeNumero(txtRowId->text()));
   documento().MensagemTravadaEmail = true;
   forms::form<frmImprimePropCmrcTL>().showModal();
 }
