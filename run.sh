@@ -26,9 +26,9 @@ done
 set_up
 build release zarim zarim_install zarim_road
 
-catcher=''
-stop_catcher() { if [ -n "$catcher" ]; then kill "$catcher" 2>/dev/null || true; fi; }
-trap stop_catcher EXIT
+catcher='' pictureserver=''
+stop_servers() { for one in $catcher $pictureserver; do kill "$one" 2>/dev/null || true; done; }
+trap stop_servers EXIT
 
 # start_catcher FOLDER PORT: keeps what the program mails as files beside the sample.
 start_catcher() {
@@ -45,14 +45,23 @@ start_catcher() {
   printf 'E-mail cannot be sent in this run; everything else works.\n' >&2
 }
 
+# start_pictures PORT: serves the picture folders that documents for outside name.
+start_pictures() {
+  /usr/bin/python3 tools/pictureserver/pictureserver.py --company "$ZARIM_DRIVE_C/zarim" --port "$1" \
+    >"$state/log/pictures.log" 2>&1 </dev/null &
+  pictureserver=$!
+}
+
 free_port() {
   /usr/bin/python3 -c 'import socket; s = socket.socket(); s.bind(("127.0.0.1", 0)); print(s.getsockname()[1])'
 }
 
 if [ -z "$road" ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
-  build/release/tools/zarim_install --to "$state/drive_c" --mail-server 127.0.0.1:2525 ${fresh:+--fresh} >"$state/log/install.log"
+  build/release/tools/zarim_install --to "$state/drive_c" --mail-server 127.0.0.1:2525 \
+    --web-pictures http://127.0.0.1:2580/ ${fresh:+--fresh} >"$state/log/install.log"
   export ZARIM_DRIVE_C=$state/drive_c
   start_catcher "$state/mail" 2525
+  start_pictures 2580
   build/release/src/zarim '7^0^PRD^'
   exit
 fi
@@ -64,13 +73,16 @@ mkdir -p "$pictures" "$state/road/tmp"
 export TMPDIR=$state/road/tmp  # nothing stays in the system's, however the road ends
 export ZARIM_DRIVE_C=$state/road/drive_c
 port=$(free_port)
-install=(build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --mail-server "127.0.0.1:$port")
+pictureport=$(free_port)
+install=(build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --mail-server "127.0.0.1:$port" \
+  --web-pictures "http://127.0.0.1:$pictureport/")
 "${install[@]}" --fresh >"$state/log/install.log"
 if [ -n "$server" ]; then
   cp "$ZARIM_SERVER_INI" "$ZARIM_DRIVE_C/zarim/config/server.ini"
   "${install[@]}" --server --fresh >>"$state/log/install.log"
 fi
 start_catcher "$state/road/mail" "$port"
+start_pictures "$pictureport"
 # The browser engine tells of the graphics card that is not there, whatever its settings.
 engine_talk='^$|No suitable graphics backend|--expose_wasm'
 status=0

@@ -42,7 +42,16 @@ constexpr const char16_t* kPaths[] = {u"c:\\zarim\\relatorios\\",
                                       u"c:\\zarim\\web\\",
                                       u"c:\\zarim\\imagens2\\"};
 
-void writeConfiguration(const QString& company) {
+/// In paths.ini the last two are of the web.
+constexpr const char16_t* kWebFolders[] = {u"web", u"imagens2"};
+
+QString configuredPath(std::size_t field, const QString& webPictures) {
+  const std::size_t first = std::size(kPaths) - std::size(kWebFolders);
+  if (webPictures.isEmpty() || field < first) return QString::fromUtf16(kPaths[field]);
+  return webPictures + QString::fromUtf16(kWebFolders[field - first]) + u'/';
+}
+
+void writeConfiguration(const QString& company, const QString& webPictures) {
   const QString config = company + u"/config/"_s;
   files::write(config + u"server_aplic.ini"_s, "c:\\^zarim\\^\r\n");
   QString servers;
@@ -50,7 +59,8 @@ void writeConfiguration(const QString& company) {
     servers += u"(embutido)^%1^^^MS-SQL^^False^\r\n"_s.arg(QString::fromUtf16(one.database));
   files::write(config + u"server.ini"_s, servers.toUtf8(), files::Readers::Nobody);
   QString paths;
-  for (const char16_t* path : kPaths) paths += QString::fromUtf16(path) + u'^';
+  for (std::size_t field = 0; field < std::size(kPaths); ++field)
+    paths += configuredPath(field, webPictures) + u'^';
   files::write(config + u"paths.ini"_s, paths.toUtf8() + "\r\n");
 }
 
@@ -90,7 +100,7 @@ void install(const QString& folder, const Wishes& wishes) {
       values::raise(values::kPathFileAccess, company);
   writeDatabases(company, wishes);
   drawPictures(company);
-  writeConfiguration(company);  // last, for it marks the installation as done
+  writeConfiguration(company, wishes.webPictures);  // last, for it marks the installation as done
 }
 
 void fillServer(const QString& folder, const Wishes& wishes, bool fresh) {

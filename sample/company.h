@@ -16,6 +16,9 @@ inline constexpr char16_t kDatabase[] = u"c:\\zarim\\dados\\zarim.db";
 struct Wishes {
   QDate day;           ///< all dates count from it
   QString mailServer;  ///< "host:port"; empty: the one that the rows name
+  /// Where the picture folders are on the web ("http://127.0.0.1:2580/"); empty: documents for outside name
+  /// files.
+  QString webPictures;
 };
 
 /// Makes the sample company under the folder, in place of one that is there: configuration, database,

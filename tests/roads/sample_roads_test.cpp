@@ -42,21 +42,20 @@ void run(const QString& program, const QStringList& arguments, const QProcessEnv
       << process.readAll().toStdString();
 }
 
-/// Keeps what the program mails in a folder, as long as it lives.
-class MailCatcher {
+/// One of the servers beside the program, on a free port, as long as it lives.
+class Server {
  public:
-  explicit MailCatcher(const QString& folder) {
-    process_.start(u"/usr/bin/python3"_s,
-                   {QStringLiteral(ZARIM_SOURCE_DIR "/tools/mailcatcher/mailcatcher.py"), u"--folder"_s,
-                    folder, u"--port"_s, u"0"_s});
+  explicit Server(const QString& script, const QStringList& arguments) {
+    process_.start(u"/usr/bin/python3"_s, QStringList{QStringLiteral(ZARIM_SOURCE_DIR "/tools/") + script} +
+                                              arguments + QStringList{u"--port"_s, u"0"_s});
     process_.waitForReadyRead();
   }
-  ~MailCatcher() {
+  ~Server() {
     process_.terminate();
     process_.waitForFinished();
   }
   /// The third word of its first line.
-  [[nodiscard]] QString server() { return QString::fromUtf8(process_.readLine()).section(u' ', 2, 2); }
+  [[nodiscard]] QString address() { return QString::fromUtf8(process_.readLine()).section(u' ', 2, 2); }
 
  private:
   QProcess process_;
@@ -70,13 +69,17 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
   const QString mail = folder.path() + u"/mail"_s;
   const QString pictures = QStringLiteral(ZARIM_BINARY_DIR "/pictures");
   QDir().mkpath(pictures);
-  MailCatcher catcher(mail);
+  Server catcher(u"mailcatcher/mailcatcher.py"_s, {u"--folder"_s, mail});
+  Server pictureServer(u"pictureserver/pictureserver.py"_s, {u"--company"_s, drive + u"/zarim"_s});
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(u"ZARIM_DRIVE_C"_s, drive);
   environment.insert(u"ZARIM_MAIL_FOLDER"_s, mail);
   environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
   const QString tools = QStringLiteral(ZARIM_BINARY_DIR "/tools/");
-  QStringList company{u"--to"_s, drive, u"--day"_s, u"16/03/2026"_s, u"--mail-server"_s, catcher.server()};
+  QStringList company{u"--to"_s,           drive,
+                      u"--day"_s,          u"16/03/2026"_s,
+                      u"--mail-server"_s,  catcher.address(),
+                      u"--web-pictures"_s, pictureServer.address()};
   run(tools + u"zarim_install"_s, company, environment);
   const auto& [road, onServer] = GetParam();
   std::optional<support::TdsServer> server;

@@ -28,7 +28,7 @@ class SampleCompany : public ::testing::Test {
   static void SetUpTestSuite() {
     folder_ = std::make_unique<QTemporaryDir>();
     qputenv("ZARIM_DRIVE_C", folder_->path().toUtf8());
-    sample::install(folder_->path(), {kDay, {}});
+    sample::install(folder_->path(), {kDay, {}, {}});
     reiniciaContexto();
     contexto().Ambiente = u"PRD"_s;
     ConectaServidor();

@@ -33,6 +33,7 @@ Wish wishOf(const QCoreApplication& application) {
       {{u"to"_s, u"The folder."_s, u"folder"_s},
        {u"day"_s, u"The day that all dates count from; today unless given."_s, u"dd/mm/yyyy"_s},
        {u"mail-server"_s, u"The server that mail goes to."_s, u"host:port"_s},
+       {u"web-pictures"_s, u"Where the picture folders are on the web."_s, u"http://host:port/"_s},
        {u"fresh"_s, u"Starts afresh where there is an installation."_s},
        {u"server"_s, u"Puts schema and rows on the server that its server.ini names."_s},
        {u"schema"_s, u"Writes the statements that make the tables on a SQL Server, and ends."_s}});
@@ -43,7 +44,7 @@ Wish wishOf(const QCoreApplication& application) {
     std::exit(EXIT_SUCCESS);
   }
   Wish wish{parser.value(u"to"_s),
-            {QDate::currentDate(), parser.value(u"mail-server"_s)},
+            {QDate::currentDate(), parser.value(u"mail-server"_s), parser.value(u"web-pictures"_s)},
             parser.isSet(u"fresh"_s),
             parser.isSet(u"server"_s)};
   if (wish.folder.isEmpty()) parser.showHelp(2);
