@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
+#include <QWebEngineView>
 
 #include "documents/frmPedHTML.h"
 #include "platform/web/find_bar.h"
@@ -42,6 +43,8 @@ TEST_F(Viewer, WritesBothCopiesAnewAndItsToolsActOnTheOneInSight) {
   show([&](frmPedHTML& viewer) {
     EXPECT_EQ(viewer.ArqVia1, first);
     EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(u"Total Geral do Orçamento - R$ 1307,25"_s));
+    EXPECT_TRUE(viewer.WebBrowser2->findChildren<QWebEngineView*>().isEmpty())
+        << "loads when it is first seen";
     EXPECT_EQ(viewer.WebBrowser2->pageText(), viewer.WebBrowser1->pageText());
     viewer.SSTab1->setCurrentIndex(1);
     EXPECT_EQ(viewer.txtArquivo->text(), viewer.ArqVia2);
