@@ -89,7 +89,7 @@ QList<ButtonText> buttonsOf(Buttons buttons) {
     case Buttons::YesNo:
       return {yes, no};
     case Buttons::YesNoCancel:
-      return {yes, no, {Answer::Cancel, u"&Cancelar", QMessageBox::RejectRole}};
+      return {yes, no, {Answer::Cancel, u"&Cancelar", QMessageBox::ActionRole}};
     case Buttons::Ok:
       break;
   }
@@ -115,13 +115,16 @@ Answer msgBox(const Box& box) {
   QHash<QAbstractButton*, Answer> answers;
   for (const ButtonText& button : buttonsOf(box.buttons)) {
     QPushButton* push = window.addButton(QString::fromUtf16(button.text), button.role);
-    if (answers.isEmpty()) window.setDefaultButton(push);
+    // The first button is the default; of three, the one that changes nothing, and Esc and the box's X press
+    // it.
+    const bool harmless = box.buttons == Buttons::YesNoCancel && button.answer == Answer::No;
+    if (answers.isEmpty() || harmless) window.setDefaultButton(push);
+    if (harmless) window.setEscapeButton(push);
     answers.insert(push, button.answer);
   }
   widenForTitle(window);
   window.exec();
-  const Answer escape = box.buttons == Buttons::Ok ? Answer::Ok : Answer::Cancel;
-  return answers.value(window.clickedButton(), escape);
+  return answers.value(window.clickedButton(), box.buttons == Buttons::Ok ? Answer::Ok : Answer::No);
 }
 
 QString inputBox(const Input& input) {

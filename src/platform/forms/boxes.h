@@ -24,7 +24,8 @@ struct Input {
   QString initial;
 };
 
-/// Shows a box and waits for its answer; Esc is Cancel, or Ok where there is only that.
+/// Shows a box and waits for its answer. Enter presses the first button, of three No; Esc and the box's X are
+/// Ok or, of three, No, and leave a question of two where it is.
 Answer msgBox(const Box& box);
 
 /// Asks for a line of text. Cancel gives an empty text.
