@@ -18,6 +18,26 @@ Combo::Combo(QWidget* parent) : QComboBox(parent) {
   // A long entry must not widen the screen.
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(8);
+  setFocusPolicy(Qt::StrongFocus);
+  connect(lineEdit(), &QLineEdit::textEdited, this, &Combo::complete);
+  connect(this, &QComboBox::activated, this, [this] { lineEdit()->setCursorPosition(0); });
+}
+
+void Combo::complete(const QString& typed) {
+  if (!completing_ || deleting_ || typed.isEmpty() || lineEdit()->cursorPosition() != typed.size()) return;
+  if (count() == 0) Q_EMIT dropDown();
+  QString entry;
+  for (int i = 0; i < count(); ++i) {
+    const QString candidate = itemText(i);
+    if (!candidate.startsWith(typed, Qt::CaseInsensitive) || candidate == entry) continue;
+    if (!entry.isEmpty()) return;
+    entry = candidate;
+  }
+  if (entry.isEmpty()) return;
+  setText(entry);
+  const auto length = static_cast<int>(entry.size());
+  // From the end backwards: the next letter goes on behind what was typed.
+  lineEdit()->setSelection(length, static_cast<int>(typed.size()) - length);
 }
 
 void Combo::setText(const QString& text) {
@@ -64,21 +84,19 @@ void Combo::showPopup() {
 void Combo::wheelEvent(QWheelEvent* event) { event->ignore(); }
 
 void Combo::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_F4:
-      if (locked_) {
-        event->ignore();
-        return;
-      }
-      break;
-    default:
-      break;
+  const int key = event->key();
+  const bool chooses = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+                       key == Qt::Key_PageDown || key == Qt::Key_F4;
+  if (locked_ && chooses) {
+    event->ignore();
+  } else if (key == Qt::Key_Down) {
+    showPopup();
+  } else {
+    deleting_ = key == Qt::Key_Backspace || key == Qt::Key_Delete || event->matches(QKeySequence::Cut) ||
+                event->matches(QKeySequence::Undo);
+    QComboBox::keyPressEvent(event);
+    deleting_ = false;
   }
-  QComboBox::keyPressEvent(event);
 }
 
 }  // namespace forms

@@ -4,9 +4,9 @@
 
 namespace forms {
 
-/// An editable combo whose list is filled when it drops down. Typed text is never rewritten: filling the list
-/// keeps it, no completion, Enter inserts nothing. Promoted in Designer files (header
-/// platform/forms/combo.h).
+/// An editable combo whose list is filled when it drops down, by Down, F4 or the mouse. Typed text is
+/// rewritten by completing alone: filling the list keeps it, Enter inserts nothing. A text longer than the
+/// box shows its beginning. Promoted in Designer files (header platform/forms/combo.h).
 class Combo : public QComboBox {
   Q_OBJECT
 
@@ -24,6 +24,10 @@ class Combo : public QComboBox {
   void setLocked(bool locked);
   [[nodiscard]] bool isLocked() const { return locked_; }
 
+  /// A typed beginning that fits one entry alone becomes that entry, what was added selected; a list that is
+  /// still empty is filled first. For lists whose entries are all there are.
+  void setCompleting(bool completing) { completing_ = completing; }
+
   void showPopup() override;
 
  Q_SIGNALS:
@@ -35,6 +39,10 @@ class Combo : public QComboBox {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void complete(const QString& typed);
+
+  bool completing_ = false;
+  bool deleting_ = false;
   bool locked_ = false;
 };
 

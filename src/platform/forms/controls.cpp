@@ -18,6 +18,7 @@
 
 #include "platform/forms/combo.h"
 #include "platform/forms/masked_box.h"
+#include "platform/forms/remark_box.h"
 
 using namespace Qt::StringLiterals;
 
@@ -141,7 +142,10 @@ void setControlText(QObject* control, const QString& text) {
   if (auto* label = qobject_cast<QLabel*>(control)) return label->setText(text);
   if (auto* button = qobject_cast<QAbstractButton*>(control)) return button->setText(text);
   if (auto* frame = qobject_cast<QGroupBox*>(control)) return frame->setTitle(text);
-  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) return plain->setPlainText(lines(text));
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
+    plain->setPlainText(lines(text));
+    return showFirstLine(plain);
+  }
   if (auto* rich = qobject_cast<QTextEdit*>(control)) return rich->setPlainText(lines(text));
   if (auto* form = qobject_cast<QDialog*>(control)) return form->setWindowTitle(text);
   if (auto* line = qobject_cast<QLineEdit*>(control)) {
@@ -175,8 +179,19 @@ bool isLocked(const QWidget* control) {
 
 void selectText(QWidget* control) {
   if (auto* combo = qobject_cast<QComboBox*>(control)) control = combo->lineEdit();
-  if (auto* line = qobject_cast<QLineEdit*>(control)) line->selectAll();
-  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) plain->selectAll();
+  // From the end backwards: a text that is longer than its box shows its beginning.
+  if (auto* line = qobject_cast<QLineEdit*>(control)) {
+    const auto length = static_cast<int>(line->text().size());
+    line->setSelection(length, -length);
+    const auto* masked = qobject_cast<MaskedBox*>(control);
+    if (masked != nullptr && masked->isBlank()) line->setCursorPosition(0);
+  }
+  if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
+    QTextCursor cursor(plain->document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.movePosition(QTextCursor::Start, QTextCursor::KeepAnchor);
+    plain->setTextCursor(cursor);
+  }
   if (auto* rich = qobject_cast<QTextEdit*>(control)) rich->selectAll();
 }
 

@@ -7,8 +7,10 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
+#include <utility>
 
 #include "platform/forms/controls.h"
+#include "platform/forms/measures.h"
 
 namespace forms {
 
@@ -47,26 +49,29 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
           [this](int value) { grid_.setTopRow(value + 1); });
   connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &FlexGrid::titlePressed);
   connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &FlexGrid::rowDoubleClicked);
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] {
-    if (!fitting_ && isVisible()) dragged_ = true;
-  });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int column, int /*before*/, int width) { noteDrag(column, width); });
   takeLayout();
+}
+
+double FlexGrid::textScale() const { return std::max(1.0, QFontMetrics(font()).height() / kPlainTextHeight); }
+
+int FlexGrid::laidOutWidth(int column) const {
+  const QFontMetrics metrics(font());
+  if (const int dragged = dragged_.value(column); dragged > 0) return qRound(dragged * textScale());
+  const int least = std::max(metrics.horizontalAdvance(leastTexts_.value(column)),
+                             metrics.horizontalAdvance(grid_.text(0, column)));
+  return std::max(static_cast<int>(pixels(grid_.width(column)) * textScale()), least + 2 * kCellMargin);
 }
 
 void FlexGrid::takeLayout() {
   const QScopedValueRollback fitting(fitting_, true);
-  const QFontMetrics metrics(font());
-  const double scale = std::max(1.0, metrics.height() / kPlainTextHeight);
-  verticalHeader()->setDefaultSectionSize(metrics.height() + kCellMargin);
+  verticalHeader()->setDefaultSectionSize(QFontMetrics(font()).height() + kCellMargin);
   for (int column = 0; column < grid_.cols(); ++column) {
-    const int width = pixels(grid_.width(column));
-    setColumnHidden(column, width == 0);
-    if (width == 0) continue;
-    const int least = std::max(metrics.horizontalAdvance(leastTexts_.value(column)),
-                               metrics.horizontalAdvance(grid_.text(0, column)));
-    setColumnWidth(column, std::max(static_cast<int>(width * scale), least + 2 * kCellMargin));
+    const bool hidden = pixels(grid_.width(column)) == 0;
+    setColumnHidden(column, hidden);
+    if (!hidden) setColumnWidth(column, laidOutWidth(column));
   }
-  dragged_ = false;
   giveSpareWidth();
 }
 
@@ -75,21 +80,49 @@ void FlexGrid::setLeastText(int column, const QString& sample) {
   takeLayout();
 }
 
+void FlexGrid::setSpareColumns(const QList<int>& columns) {
+  spareColumns_ = columns;
+  takeLayout();
+}
+
+void FlexGrid::rememberWidths(const QString& form) {
+  form_ = form;
+  dragged_ = measures::columns(form, objectName());
+  takeLayout();
+}
+
+void FlexGrid::noteDrag(int column, int width) {
+  if (fitting_ || !isVisible() || width == 0) return;
+  dragged_.insert(column, std::max(1, qRound(width / textScale())));
+  if (!form_.isEmpty()) measures::keepColumn(form_, objectName(), column, dragged_.value(column));
+}
+
 void FlexGrid::giveSpareWidth() {
-  // The widest column takes what the others leave, so that no empty ground stands beside the last one.
-  if (dragged_ || grid_.cols() == 0) return;
+  // No empty ground stands beside the last column.
+  if (grid_.cols() == 0) return;
   const QScopedValueRollback fitting(fitting_, true);
-  const double scale = std::max(1.0, QFontMetrics(font()).height() / kPlainTextHeight);
-  int widest = 0;
-  int others = 0;
-  for (int column = 0; column < grid_.cols(); ++column) {
-    if (grid_.width(column) > grid_.width(widest)) widest = column;
+  QList<int> takers = spareColumns_;
+  if (takers.isEmpty()) {
+    int widest = 0;
+    for (int column = 0; column < grid_.cols(); ++column)
+      if (grid_.width(column) > grid_.width(widest)) widest = column;
+    takers << widest;
   }
+  takers.removeIf([this](int column) { return grid_.width(column) == 0 || dragged_.contains(column); });
+  int spare = viewport()->width();
+  int shares = 0;
   for (int column = 0; column < grid_.cols(); ++column) {
-    if (column != widest && !isColumnHidden(column)) others += columnWidth(column);
+    if (isColumnHidden(column)) continue;
+    spare -= takers.contains(column) ? laidOutWidth(column) : columnWidth(column);
+    if (takers.contains(column)) shares += grid_.width(column);
   }
-  const int own = static_cast<int>(pixels(grid_.width(widest)) * scale);
-  if (own > 0) setColumnWidth(widest, std::max(own, viewport()->width() - others));
+  spare = std::max(0, spare);
+  for (const int column : std::as_const(takers)) {
+    const int share = shares == 0 ? 0 : spare * grid_.width(column) / shares;
+    setColumnWidth(column, laidOutWidth(column) + share);
+    spare -= share;
+    shares -= grid_.width(column);
+  }
 }
 
 void FlexGrid::showCurrent(int row, int column) {
@@ -131,7 +164,11 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
-    copyCurrentRow();
+    copySelectedRows();
+    return;
+  }
+  if (event->matches(QKeySequence::SelectAll)) {
+    selectAll();
     return;
   }
   const int page =
@@ -169,8 +206,17 @@ void FlexGrid::keyPressEvent(QKeyEvent* event) {
   }
   if (last < 1) return;
   chooseVisibleColumn();
+  const bool extends = event->modifiers().testFlag(Qt::ShiftModifier) && grid_.row() > 0;
+  if (!extends || selectionModel()->selectedRows().size() < 2) anchor_ = std::max(1, grid_.row());
   grid_.setRow(std::clamp(target, 1, last));
+  if (extends) selectRows(anchor_, grid_.row());
   scrollTo(grid_.index(grid_.row() - 1, currentIndex().column()));
+}
+
+void FlexGrid::selectRows(int from, int to) {
+  const auto [first, last] = std::minmax(from, to);
+  selectionModel()->select(QItemSelection(grid_.index(first - 1, 0), grid_.index(last - 1, 0)),
+                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 void FlexGrid::chooseVisibleColumn() {
@@ -179,13 +225,21 @@ void FlexGrid::chooseVisibleColumn() {
   grid_.setCol(column);
 }
 
-void FlexGrid::copyCurrentRow() const {
-  if (grid_.row() < 1) return;
-  QStringList cells;
-  for (int column = 0; column < grid_.cols(); ++column) {
-    if (grid_.width(column) > 0) cells << grid_.text(grid_.row(), column);
-  }
-  QApplication::clipboard()->setText(cells.join(u'\t'));
+void FlexGrid::copySelectedRows() const {
+  QStringList lines;
+  const auto add = [this, &lines](int row) {
+    QStringList cells;
+    for (int column = 0; column < grid_.cols(); ++column)
+      if (!isColumnHidden(column)) cells << grid_.text(row, column);
+    lines << cells.join(u'\t');
+  };
+  QList<int> rows;
+  for (const QModelIndex& index : selectionModel()->selectedRows()) rows << index.row() + 1;
+  if (rows.isEmpty()) return;
+  std::ranges::sort(rows);
+  add(0);
+  for (const int row : std::as_const(rows)) add(row);
+  QApplication::clipboard()->setText(lines.join(u'\n'));
 }
 
 void FlexGrid::changeEvent(QEvent* event) {

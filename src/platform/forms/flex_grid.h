@@ -7,9 +7,11 @@
 
 namespace forms {
 
-/// Shows a GridModel of its own: whole rows selected, the title row fixed, light bands, fixed row height,
-/// columns that can be dragged, Ctrl+C copies the current row. A click on the title makes row 0 current, a
-/// click on empty ground changes nothing. Promoted in Designer files (header platform/forms/flex_grid.h).
+/// Shows a GridModel of its own: whole rows selected (several with Shift and the arrows or Ctrl+A, for
+/// copying), the title row fixed, light bands, fixed row height, columns that can be dragged and stay so in
+/// later layouts, Ctrl+C copies the selected rows, visible columns with their titles, as tab-separated text.
+/// A click on the title makes row 0 current, a click on empty ground changes nothing. Promoted in Designer
+/// files (header platform/forms/flex_grid.h).
 class FlexGrid : public QTableView {
   Q_OBJECT
 
@@ -22,6 +24,13 @@ class FlexGrid : public QTableView {
 
   /// A column is wide enough for a text, whatever its layout says; holds for later layouts too.
   void setLeastText(int column, const QString& sample);
+
+  /// Columns that share what the others leave of the width, in proportion to their own; without them the
+  /// widest one takes it.
+  void setSpareColumns(const QList<int>& columns);
+
+  /// Widths that the user drags are kept for this form (measures.h), and those kept are taken.
+  void rememberWidths(const QString& form);
 
  Q_SIGNALS:
   /// A user's click on a row or on the title; the current row is set before.
@@ -41,7 +50,12 @@ class FlexGrid : public QTableView {
   void giveSpareWidth();
   void showCurrent(int row, int column);
   void showTopRow(int row);
-  void copyCurrentRow() const;
+  void copySelectedRows() const;
+  void selectRows(int from, int to);
+  void noteDrag(int column, int width);
+  /// How much larger than the plain text size the text is.
+  [[nodiscard]] double textScale() const;
+  [[nodiscard]] int laidOutWidth(int column) const;
   /// As a click does: nobody can choose a cell of a hidden column.
   void chooseVisibleColumn();
   void titlePressed(int column);
@@ -51,7 +65,10 @@ class FlexGrid : public QTableView {
 
   GridModel grid_;
   QHash<int, QString> leastTexts_;
-  bool dragged_ = false;  ///< the user has set column widths; they stay
+  QList<int> spareColumns_;
+  QHash<int, int> dragged_;  ///< widths that the user has set, at the plain text size
+  QString form_;             ///< whose widths are kept; empty: nobody's
+  int anchor_ = 1;           ///< where a selection of several rows began
   bool fitting_ = false;
 };
 

@@ -15,6 +15,7 @@
 #include "platform/forms/form_private.h"
 #include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
+#include "platform/forms/remark_box.h"
 
 namespace forms {
 
@@ -93,16 +94,11 @@ void Form::closeRequested() { unload(); }
 
 void Form::removeCloseEntry() {
   d_->closable = false;
-  setWindowFlag(Qt::WindowCloseButtonHint, false);
+  // Window managers take a missing button seriously only when all of them are named.
+  setWindowFlags(windowType() | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint);
 }
 
-void Form::centre() {
-  ensurePolished();
-  if (layout() != nullptr) layout()->activate();
-  const QSize screen = screenSize();
-  resize(size().expandedTo(minimumSizeHint()).boundedTo(screen));
-  move((screen.width() - width()) / 2, (screen.height() - height()) / 2);
-}
+void Form::escClicks(QAbstractButton* button) { d_->escButton = button; }
 
 void Form::closeEvent(QCloseEvent* event) {
   event->ignore();
@@ -113,6 +109,9 @@ void Form::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
   if (event->spontaneous()) return;
   d_->shown = false;
+  d_->keepMeasures();
+  // The next opening starts at the first control again.
+  if (QWidget* focused = focusWidget(); focused != nullptr) focused->clearFocus();
   d_->current = nullptr;
   d_->waiting.clear();
   registry::noteHidden(this);
@@ -121,8 +120,14 @@ void Form::hideEvent(QHideEvent* event) {
 
 void Form::Private::present() {
   prepareControls();
+  if (!form.isVisible()) {
+    fitScreen();
+    takeMeasures();
+  }
   registry::noteShown(&form);
   shown = true;
+  // The focus is marked whether a key or the program has moved it.
+  form.setAttribute(Qt::WA_KeyboardFocusChange);
   form.show();
   form.raise();
   form.activateWindow();
@@ -144,7 +149,13 @@ void Form::Private::prepareControls() {
     control->installEventFilter(&form);
     if (auto* push = qobject_cast<QPushButton*>(control)) push->setAutoDefault(false);
     if (auto* label = qobject_cast<QLabel*>(control)) label->setTextFormat(Qt::PlainText);
-    if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) plain->setTabChangesFocus(true);
+    if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
+      plain->setTabChangesFocus(true);
+      markHiddenLines(plain);
+    }
+    // The wheel scrolls; it takes no focus and so runs no check.
+    if (control->focusPolicy() == Qt::WheelFocus) control->setFocusPolicy(Qt::StrongFocus);
+    if (control->focusPolicy() == Qt::ClickFocus) control->setProperty(kOffChain, true);
     // A click on these is a change of control as well.
     if (qobject_cast<QToolButton*>(control) != nullptr && control->focusPolicy() == Qt::TabFocus) {
       control->setFocusPolicy(Qt::StrongFocus);

@@ -53,7 +53,7 @@ class Form : public QDialog {
   static void focus(QWidget* control);
   /// What Tab does.
   void moveOn();
-  /// Top and left so that the form is in the middle of the screen.
+  /// Top and left so that the form is in the middle of the screen, within what the desktop leaves of it.
   void centre();
 
   /// Runs the load handler if it has not run; done by form<T>() and before the form is shown.
@@ -67,8 +67,11 @@ class Form : public QDialog {
   virtual void Form_Load() {}
   /// The window's X or Esc. Unloads; with the Close entry removed nothing happens.
   virtual void closeRequested();
-  /// Takes Close out of the system menu: X and Esc do nothing.
+  /// Takes Close out of the system menu: X and Esc do nothing, and the X isn't shown where the desktop can do
+  /// without it.
   void removeCloseEntry();
+  /// Esc presses this button.
+  void escClicks(QAbstractButton* button);
 
   void on(QWidget* control, Event event, std::function<void()> handler);
   template <class T>
@@ -83,6 +86,15 @@ class Form : public QDialog {
   /// What an access key does: the focus goes to the button, then it is clicked, unless a handler on the way
   /// brought up a box or a modal form. For shortcuts.
   void clickByKey(QAbstractButton* button);
+  /// Down on one of these controls goes into the grid, to its first row where none is current; Up on that row
+  /// goes back to the first of them. The grid may change from time to time.
+  void resultsUnder(std::initializer_list<QWidget*> above, std::function<FlexGrid*()> grid);
+  /// A text of several lines that is pasted into a box of one line, with what the box holds around it: its
+  /// lines, without blank ones. Locked boxes take none.
+  void onLinesPasted(QLineEdit* box, std::function<void(const QStringList&)> handler);
+  /// The window's size and the widths of its grids' columns outlive the form (see measures.h). In the
+  /// constructor, behind setupUi.
+  void rememberMeasures();
   /// GotFocus selects all the text.
   void selectOnFocus(std::initializer_list<QWidget*> controls);
 

@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcutEvent>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -74,6 +75,14 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
       // Buttons and grids have signals of their own; this is for labels and the pictures they show.
       if (qobject_cast<QLabel*>(widget) != nullptr && isLeft(event)) d_->run(widget, Event::Click);
       return false;
+    case QEvent::ContextMenu: {
+      auto* line = qobject_cast<QLineEdit*>(widget);
+      return line != nullptr && d_->pasteMenu(line, static_cast<QContextMenuEvent*>(event));
+    }
+    case QEvent::Wheel:
+      if (qobject_cast<QTabBar*>(widget) == nullptr) return false;
+      event->ignore();  // for the page that scrolls; the wheel turns no tabs
+      return true;
     case QEvent::KeyPress:
       return d_->keyPressed(widget, static_cast<QKeyEvent*>(event));
     case QEvent::Shortcut: {
@@ -113,7 +122,9 @@ bool Form::Private::mousePressed(QWidget* watched, QMouseEvent* event) {
     return true;
   }
   // The click that brings the focus leaves the text selected.
-  return arrived && qobject_cast<QLineEdit*>(watched) != nullptr && selects.contains(controlOf(watched));
+  QWidget* control = controlOf(watched);
+  const bool text = qobject_cast<QLineEdit*>(watched) != nullptr || isMultiLine(control);
+  return arrived && text && selects.contains(control);
 }
 
 bool Form::Private::keyPressed(QWidget* watched, QKeyEvent* event) {
@@ -121,6 +132,9 @@ bool Form::Private::keyPressed(QWidget* watched, QKeyEvent* event) {
   const int before = interruptions();
   form.flushFocusEvents();
   if (interruptions() != before || !form.isVisible()) return true;
+  if (resultKeyPressed(watched, event)) return true;
+  auto* line = qobject_cast<QLineEdit*>(watched);
+  if (line != nullptr && event->matches(QKeySequence::Paste) && pasteLines(line)) return true;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return enterPressed(watched, event);
   return characterTyped(watched, event);
 }
@@ -144,8 +158,11 @@ bool Form::Private::enterPressed(QWidget* control, QKeyEvent* event) {
 bool Form::Private::characterTyped(QWidget* watched, QKeyEvent* event) {
   const auto filter = keyFilters.constFind(watched);
   const QString typed = event->text();
+  // Alt and a letter that no control owns types nothing.
+  const auto held = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  if (held == Qt::AltModifier && typed.size() == 1 && typed.at(0).isPrint()) return true;
   // Ctrl+A and its like are no characters, whatever text some platforms give them; Ctrl+Alt is AltGr.
-  const bool shortcut = (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == Qt::ControlModifier;
+  const bool shortcut = held == Qt::ControlModifier;
   if (filter == keyFilters.cend() || shortcut || typed.size() != 1 || !typed.at(0).isPrint()) return false;
   char16_t taken = 0;
   guarded([&] { taken = (*filter)(typed.at(0).unicode()); });
@@ -177,6 +194,8 @@ void Form::keyPressEvent(QKeyEvent* event) {
   }
   if (const Private::OverFrame* open = d_->openFrame(); open != nullptr && open->closeButton != nullptr) {
     open->closeButton->click();
+  } else if (!d_->escButton.isNull()) {
+    d_->escButton->click();
   } else if (d_->closable) {
     guarded([this] { closeRequested(); });
   }

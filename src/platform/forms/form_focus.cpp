@@ -1,11 +1,14 @@
 #include <QApplication>
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "platform/forms/controls.h"
 #include "platform/forms/form_private.h"
 #include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
+#include "platform/forms/remark_box.h"
 
 // Losing and getting the focus as events between the controls of one form.
 namespace forms {
@@ -25,6 +28,8 @@ void Form::Private::noteFocus(QWidget* now) {
   // Another window, a popup, or none: no change between the form's own controls.
   if (!shown || now == nullptr || now == &form || now->window() != &form) return;
   QWidget* control = controlOf(now);
+  // An option that gets the focus takes its place in the chain of Tab, asked or not.
+  if (control->property(kOffChain).toBool()) control->setFocusPolicy(Qt::ClickFocus);
   if (control == current) return;
   // Where a handler sends the focus back, the control that it had gone to was never told that it had it.
   const auto untold = std::ranges::find_if(waiting, [this](const FocusEvent& event) {
@@ -60,6 +65,8 @@ bool Form::Private::hasJustGotFocus(QWidget* control) const {
 
 void Form::Private::gotFocus(QWidget* control) {
   if (selects.contains(control)) selectText(control);
+  for (QWidget* over = control->parentWidget(); over != nullptr; over = over->parentWidget())
+    if (auto* area = qobject_cast<QScrollArea*>(over)) area->ensureWidgetVisible(control, 0, 0);
 }
 
 void Form::flushFocusEvents() {
@@ -71,6 +78,8 @@ void Form::flushFocusEvents() {
     d_->waiting.pop_front();
     if (next.control.isNull()) continue;
     if (next.event == Event::GotFocus) d_->gotFocus(next.control);
+    auto* remark = qobject_cast<QPlainTextEdit*>(next.control);
+    if (next.event == Event::LostFocus && remark != nullptr) showFirstLine(remark);
     d_->run(next.control, next.event);
     if (modal::ends() != ends) d_->waiting.clear();
   }

@@ -8,10 +8,15 @@
 
 #include "platform/forms/form.h"
 
+class QContextMenuEvent;
 class QKeyEvent;
+class QLineEdit;
 class QMouseEvent;
 
 namespace forms {
+
+/// Set on controls that are laid out of the chain of Tab and Enter: access keys and the mouse reach them.
+inline constexpr char kOffChain[] = "offChain";
 
 /// What a form keeps about its controls: handlers, focus, frames that open over it.
 class Form::Private {
@@ -27,6 +32,10 @@ class Form::Private {
   struct FocusEvent {
     QPointer<QWidget> control;
     Event event;
+  };
+  struct Search {
+    QList<QWidget*> above;
+    std::function<FlexGrid*()> grid;
   };
   using Handlers = std::vector<std::function<void()>>;
 
@@ -49,10 +58,22 @@ class Form::Private {
   bool keyPressed(QWidget* watched, QKeyEvent* event);
   bool enterPressed(QWidget* control, QKeyEvent* event);
   bool characterTyped(QWidget* watched, QKeyEvent* event);
+  bool resultKeyPressed(QWidget* watched, const QKeyEvent* event);
+  bool pasteLines(QLineEdit* box);
+  bool pasteMenu(QLineEdit* box, const QContextMenuEvent* event);
 
   [[nodiscard]] OverFrame* overFrame(const QWidget* frame);
   [[nodiscard]] OverFrame* openFrame();
   void placeOverFrame(const OverFrame& over);
+
+  /// What the display leaves for a window, its frame and the desktop's panels taken off.
+  [[nodiscard]] QRect room() const;
+  /// Keeps the window within the display; what doesn't fit scrolls, rows of buttons above and below stay.
+  void fitScreen();
+  void scrollContent();
+  /// The size that the user gave the window the last time.
+  void takeMeasures();
+  void keepMeasures();
 
   Form& form;
   QString name;
@@ -60,6 +81,8 @@ class Form::Private {
   QHash<QWidget*, std::function<char16_t(char16_t)>> keyFilters;
   QSet<QWidget*> enterMoves;
   QSet<QWidget*> selects;
+  std::vector<Search> searches;
+  QHash<QLineEdit*, std::function<void(const QStringList&)>> lineTakers;
   std::vector<OverFrame> overFrames;
 
   QPointer<QWidget> current;
@@ -70,6 +93,9 @@ class Form::Private {
   bool shown = false;
   bool closable = true;
   bool mainWindow = false;
+  bool remembers = false;
+  QSize openedSize;
+  QPointer<QAbstractButton> escButton;
   QEventLoop* loop = nullptr;
 };
 

@@ -59,6 +59,8 @@ void GridModel::layOut(std::span<const GridColumn> columns) {
   Q_EMIT currentMoved(row_, col_);
 }
 
+void GridModel::chooseSingleRow() { setRow(rows() == 2 ? 1 : 0); }
+
 int GridModel::width(int column) const {
   return column >= 0 && column < cols() ? columns_[static_cast<std::size_t>(column)].width : 0;
 }

@@ -70,6 +70,8 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] int col() const { return col_; }
   void setRow(int row);
   void setCol(int column);
+  /// After a search: a single row becomes the current one, of several none is.
+  void chooseSingleRow();
   /// First data row in sight.
   [[nodiscard]] int topRow() const { return topRow_; }
   void setTopRow(int row);

@@ -22,10 +22,17 @@ class MaskedBox : public QLineEdit {
   void setBoxText(const QString& text);
   /// "__/__/____" or "__/__/____ __:__".
   [[nodiscard]] QString emptyMask() const;
+  [[nodiscard]] bool isBlank() const { return boxText() == emptyMask(); }
 
   /// As wide as a whole date.
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  /// A slash completes the day or month ("5/" is "05/"), a colon the hour, and goes on behind it.
+  void keyPressEvent(QKeyEvent* event) override;
+  /// A click into an empty box sets the caret to its start.
+  void mousePressEvent(QMouseEvent* event) override;
 
  private:
   bool withTime_ = false;

@@ -10,6 +10,7 @@
 #include <QStyleOption>
 #include <QToolTip>
 #include <QTranslator>
+#include <algorithm>
 
 #include "platform/forms/form.h"
 
@@ -160,9 +161,15 @@ class ProgramStyle : public QProxyStyle {
     const bool over = option.state.testFlag(State_MouseOver);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(kAccent.darker(140), option.state.testFlag(State_HasFocus) ? 2 : 1));
+    painter->setPen(kAccent.darker(140));
     painter->setBrush(down ? kAccent.darker(120) : over ? kAccent.lighter(112) : kAccent);
-    painter->drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), 2.5, 2.5);
+    const QRectF edge = QRectF(option.rect).adjusted(1, 1, -1, -1);
+    painter->drawRoundedRect(edge, 2.5, 2.5);
+    if (option.state.testFlag(State_HasFocus)) {
+      painter->setPen(Qt::white);
+      painter->setBrush(Qt::NoBrush);
+      painter->drawRoundedRect(edge.adjusted(2, 2, -2, -2), 2, 2);
+    }
     painter->restore();
   }
 };
@@ -194,6 +201,14 @@ QPalette programPalette() {
   return palette;
 }
 
+/// The desktop's own size of text, as far as the screens stay whole with it. Without a desktop, the smallest.
+double textSize() {
+  constexpr double smallest = 9;
+  constexpr double largest = 18;
+  if (QApplication::platformName() == u"offscreen") return smallest;
+  return std::clamp(QFontInfo(QApplication::font()).pointSizeF(), smallest, largest);
+}
+
 /// The toolkit's own words (the menus of text boxes) in Portuguese.
 void speakPortuguese() {
   static QTranslator translator;
@@ -211,7 +226,8 @@ void applyStyle() {
   const QPalette palette = programPalette();
   QApplication::setPalette(palette);
   QToolTip::setPalette(palette);
-  QFont font(u"Liberation Sans"_s, 9);
+  QFont font(u"Liberation Sans"_s);
+  font.setPointSizeF(textSize());
   font.setStyleHint(QFont::SansSerif);
   QApplication::setFont(font);
 }

@@ -1,3 +1,6 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QScrollBar>
 #include <QTest>
 
 #include "platform/forms/masked_box.h"
@@ -14,6 +17,44 @@ TEST_F(Controls, AMaskedBoxTakesDigitsAndKeepsItsPromptCharacters) {
   EXPECT_EQ(box.boxText(), u"15/03/____"_s);
   box.setBoxText(u"1_/__/____"_s);
   EXPECT_EQ(box.boxText(), u"1_/__/____"_s);
+  box.setWithTime(true);
+  for (const auto& [typed, shown] : {std::pair(u"5/3/2026"_s, u"05/03/2026 __:__"_s),
+                                     {u"15/12/202610"_s, u"15/12/2026 10:__"_s},
+                                     {u"1/1220269:30"_s, u"01/12/2026 09:30"_s}}) {
+    support::type(&box, typed);
+    EXPECT_EQ(box.boxText(), shown);
+  }
+}
+
+TEST_F(Controls, ACompletingComboTakesTheOneEntryThatATypedBeginningFits) {
+  forms::Combo& combo = *sample.cboC;
+  QObject::connect(&combo, &forms::Combo::dropDown, &combo, [&] {
+    for (const auto* entry : {u"Ana Lima", u"Ana Maria", u"Bia"}) combo.addEntry(QString::fromUtf16(entry));
+  });
+  combo.setCompleting(true);
+  for (const auto& [typed, taken] : {std::pair(u"ana"_s, u"ana"_s),
+                                     {u"ana m"_s, u"Ana Maria"_s},
+                                     {u"ana mx"_s, u"ana mx"_s},
+                                     {u"b"_s, u"Bia"_s}}) {
+    support::type(&combo, typed);
+    EXPECT_EQ(combo.text().toLower(), taken.toLower());
+  }
+  support::key(&combo, Qt::Key_Backspace);
+  EXPECT_EQ(combo.text(), u"B"_s);
+}
+
+TEST_F(Controls, ARemarkShowsItsFirstLineWhenItIsLoadedEnteredAndLeft) {
+  QPlainTextEdit& box = *sample.txtLines;
+  box.setFixedHeight(24);
+  box.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  forms::setControlText(&box, u"one\r\ntwo\r\nthree"_s);
+  support::focus(&box);
+  box.moveCursor(QTextCursor::End);
+  EXPECT_GT(box.verticalScrollBar()->value(), 0);
+  support::key(&box, Qt::Key_X, Qt::AltModifier);  // nobody's access key
+  support::focus(sample.txtA);
+  EXPECT_EQ(box.verticalScrollBar()->value(), 0);
+  EXPECT_EQ(forms::controlText(&box), u"one\r\ntwo\r\nthree"_s);
 }
 
 TEST_F(Controls, AComboKeepsItsTextWhileItsListIsFilled) {
@@ -40,6 +81,17 @@ TEST_F(Controls, AComboKeepsItsTextWhileItsListIsFilled) {
   EXPECT_EQ(fills, 1);
   support::type(&combo, u"x"_s);
   EXPECT_EQ(combo.text(), u"Bia"_s);
+}
+
+TEST_F(Controls, LinesPastedIntoABoxAreTakenOneByOneWhereItIsUnlocked) {
+  QStringList taken;
+  sample.onLinesPasted(sample.txtA, [&](const QStringList& lines) { taken += lines; });
+  QApplication::clipboard()->setText(u"b\r\n \nc\nd\n"_s);
+  support::type(sample.txtA, u"a"_s);
+  support::key(sample.txtA, Qt::Key_V, Qt::ControlModifier);
+  forms::setLocked(sample.txtA, true);
+  support::key(sample.txtA, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(taken, QStringList({u"ab"_s, u"c"_s, u"d"_s}));
 }
 
 TEST_F(Controls, ALimitedBoxRefusesWhatIsTypedOrPastedLast) {

@@ -1,8 +1,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include "platform/forms/measures.h"
 #include "sample_form.h"
 
 using namespace Qt::StringLiterals;
@@ -80,7 +82,30 @@ TEST_F(Grid, ClicksAndKeysSetTheCurrentRowAndEmptyGroundChangesNothing) {
   support::key(sample.Flex, Qt::Key_Return);
   EXPECT_EQ(sample.taken(), u"Flex!!"_s);
   support::key(sample.Flex, Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(QApplication::clipboard()->text(), u"Bia\t4"_s);
+  EXPECT_EQ(QApplication::clipboard()->text(), u"Nome\tValor\nBia\t4"_s);
+  support::key(sample.Flex, Qt::Key_Up, Qt::ShiftModifier);
+  support::key(sample.Flex, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), u"Nome\tValor\nAna\t3\nBia\t4"_s);
+}
+
+TEST_F(Grid, ADraggedWidthOutlivesLayoutAndFormAndAHiddenColumnStaysHidden) {
+  const QTemporaryDir folder;
+  forms::measures::keepIn(folder.filePath(u"m/measures.ini"_s));
+  sample.rememberMeasures();
+  sample.Flex->setSpareColumns({1, 2});
+  sample.Flex->setColumnWidth(2, 123);
+  sample.resize(700, 500);
+  sample.hideForm();
+  forms::registry::clear();
+  auto& again = forms::form<frmSample>();
+  again.rememberMeasures();
+  again.showForm();
+  support::settle();
+  EXPECT_EQ(again.size(), QSize(700, 500));
+  EXPECT_TRUE(again.Flex->isColumnHidden(0));
+  EXPECT_EQ(again.Flex->columnWidth(2), 123);
+  EXPECT_EQ(again.Flex->columnWidth(1) + 123, again.Flex->viewport()->width());
+  forms::measures::keepIn({});
 }
 
 TEST_F(Grid, TopRowFollowsTheViewAndTheOtherWay) {

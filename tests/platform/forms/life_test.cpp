@@ -47,7 +47,9 @@ TEST_F(Life, EscAndXCloseUnlessTheCloseEntryIsGone) {
     support::key(&other, Qt::Key_Escape);
     other.close();
     EXPECT_TRUE(other.isLoaded());
-    other.unload();
+    other.escClicks(other.cmdGo);
+    other.on(other.cmdGo, forms::Event::Click, [&other] { other.unload(); });
+    support::key(&other, Qt::Key_Escape);
   });
   open(script, [](frmOther& other) { support::key(&other, Qt::Key_Escape); });
   EXPECT_EQ(forms::registry::find(u"frmOther"_s), nullptr);
@@ -63,7 +65,8 @@ TEST_F(Life, RealBoxesAnswerToKeys) {
       {Ok, Qt::Key_Escape, forms::Answer::Ok},
       {YesNo, Qt::Key_N, forms::Answer::No},
       {YesNo, Qt::Key_Escape, forms::Answer::Yes},  // Esc leaves a question without Cancel where it is
-      {YesNoCancel, Qt::Key_Escape, forms::Answer::Cancel}};
+      {YesNoCancel, Qt::Key_Escape, forms::Answer::No},
+      {YesNoCancel, Qt::Key_Return, forms::Answer::No}};
   for (const auto& [buttons, key, answer] : cases) {
     QTimer::singleShot(0, &sample, [key] {
       QWidget* box = QApplication::activeModalWidget();

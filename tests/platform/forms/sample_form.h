@@ -26,6 +26,9 @@ class frmSample : public forms::Form {
     selectOnFocus({txtA, cboC});
   }
 
+  using forms::Form::onLinesPasted;
+  using forms::Form::rememberMeasures;
+
   void note(const QString& entry) {
     log << entry;
     if (const auto act = acts.value(entry)) act();
@@ -65,6 +68,7 @@ class frmOther : public forms::Form {
  public:
   static constexpr char16_t Name[] = u"frmOther";
   frmOther() : Form(QString::fromUtf16(Name)) {}
+  using forms::Form::escClicks;
   using forms::Form::on;
   using forms::Form::removeCloseEntry;
 

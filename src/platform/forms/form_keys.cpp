@@ -1,0 +1,72 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <algorithm>
+
+#include "platform/forms/form_private.h"
+#include "platform/forms/process.h"
+
+// Keys between a search's text and its results, and lists that are pasted into a box of one line.
+namespace forms {
+
+void Form::resultsUnder(std::initializer_list<QWidget*> above, std::function<FlexGrid*()> grid) {
+  d_->searches.push_back({above, std::move(grid)});
+}
+
+void Form::onLinesPasted(QLineEdit* box, std::function<void(const QStringList&)> handler) {
+  d_->lineTakers.insert(box, std::move(handler));
+}
+
+bool Form::Private::resultKeyPressed(QWidget* watched, const QKeyEvent* event) {
+  if ((event->modifiers() & ~Qt::KeypadModifier) != 0) return false;
+  for (const Search& search : searches) {
+    FlexGrid* grid = search.grid();
+    if (event->key() == Qt::Key_Up && watched == grid && grid->grid().row() <= 1) {
+      focus(search.above.front());
+      return true;
+    }
+    if (event->key() != Qt::Key_Down || !search.above.contains(watched)) continue;
+    if (grid->grid().rows() > 1) {
+      if (grid->grid().row() < 1) grid->grid().setRow(1);
+      focus(grid);
+    }
+    return true;
+  }
+  return false;
+}
+
+bool Form::Private::pasteLines(QLineEdit* box) {
+  const auto taker = lineTakers.constFind(box);
+  if (taker == lineTakers.cend() || box->isReadOnly()) return false;
+  QString text = box->text();
+  const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
+  text.replace(start, box->selectedText().size(), QApplication::clipboard()->text());
+  QStringList lines = text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
+                          .replace(QLatin1Char('\r'), QLatin1Char('\n'))
+                          .split(QLatin1Char('\n'));
+  if (lines.size() < 2) return false;
+  lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
+  const auto handler = *taker;
+  guarded([&] { handler(lines); });
+  return true;
+}
+
+bool Form::Private::pasteMenu(QLineEdit* box, const QContextMenuEvent* event) {
+  if (!lineTakers.contains(box)) return false;
+  const std::unique_ptr<QMenu> menu(box->createStandardContextMenu());
+  const QString key = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+  for (QAction* action : menu->actions()) {
+    if (!action->text().endsWith(key)) continue;
+    action->disconnect(box);
+    QObject::connect(action, &QAction::triggered, box, [this, box] {
+      if (!pasteLines(box)) box->paste();
+    });
+  }
+  menu->exec(event->globalPos());
+  return true;
+}
+
+}  // namespace forms

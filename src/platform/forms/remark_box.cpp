@@ -1,0 +1,73 @@
+#include "platform/forms/remark_box.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace forms {
+
+namespace {
+
+/// Three dots in the lower right corner of a box.
+class MoreSign : public QWidget {
+ public:
+  explicit MoreSign(QPlainTextEdit* box) : QWidget(box), box_(box) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    box->installEventFilter(this);
+    const auto again = [this] { place(); };
+    connect(box->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+            again);
+    connect(box->verticalScrollBar(), &QScrollBar::valueChanged, this, again);
+    connect(box->verticalScrollBar(), &QScrollBar::rangeChanged, this, again);
+    place();
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange) place();
+    return false;
+  }
+
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), box_->palette().color(QPalette::Highlight));
+    painter.setPen(box_->palette().color(QPalette::HighlightedText));
+    painter.drawText(rect(), Qt::AlignCenter, kDots);
+  }
+
+ private:
+  void place() {
+    const QFontMetrics metrics(box_->font());
+    const int inSight = std::max(1, box_->viewport()->height() / metrics.lineSpacing());
+    // A plain text document counts its height in lines.
+    const double below =
+        box_->document()->size().height() - box_->verticalScrollBar()->value() - static_cast<double>(inSight);
+    setVisible(below > 0 && !box_->verticalScrollBar()->isVisible());
+    const QSize size(metrics.horizontalAdvance(kDots) + 6, metrics.height() * 2 / 3);
+    setGeometry(QRect(QPoint(), size)
+                    .translated(box_->width() - size.width() - 2, box_->height() - size.height() - 2));
+  }
+
+  const QString kDots = u"\u2026"_s;
+  QPlainTextEdit* box_;
+};
+
+}  // namespace
+
+void showFirstLine(QPlainTextEdit* box) {
+  box->moveCursor(QTextCursor::Start);
+  box->verticalScrollBar()->setValue(0);
+}
+
+void markHiddenLines(QPlainTextEdit* box) {
+  constexpr char kMarked[] = "hiddenLinesMarked";
+  if (box->property(kMarked).toBool()) return;
+  box->setProperty(kMarked, true);
+  new MoreSign(box);
+}
+
+}  // namespace forms
