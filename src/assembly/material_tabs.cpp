@@ -13,6 +13,8 @@ void frmMontarProduto::ligaPesquisa() {
   using forms::Event;
   on(cmdPesquisar, Event::Click, &frmMontarProduto::cmdPesquisar_Click);
   on(cmdLimpar, Event::Click, &frmMontarProduto::cmdLimpar_Click);
+  resultsUnder({txtCOD, cmdPesquisar},
+               [this] { return grades()[static_cast<std::size_t>(SSTab1->currentIndex())]; });
   on(txtCOD, Event::LostFocus, [this] { txtCOD->setText(Maiusculas(txtCOD->text())); });
   const auto todas = grades();
   for (std::size_t aba = 0; aba < todas.size(); ++aba)
@@ -59,7 +61,7 @@ void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
   const forms::WaitPointer espera;
   auto& grade = grades()[aba]->grid();
   grade.addRows(data::forEachRow(AbreConsulta(sql), linhaDoArtigo).get());
-  if (grade.rows() >= 3) grade.setRow(0);
+  grade.chooseSingleRow();
 }
 
 void frmMontarProduto::cmdLimpar_Click() {

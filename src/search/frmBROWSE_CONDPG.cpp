@@ -54,6 +54,8 @@ frmBROWSE_CONDPG::frmBROWSE_CONDPG() : Form(QString::fromUtf16(Name)) {
   on(Flex, Event::DoubleClick, &frmBROWSE_CONDPG::Flex_DblClick);
   enterMovesOn({txtCOD, txtMaxReg});
   selectOnFocus({txtCOD, txtMaxReg});
+  resultsUnder({txtCOD, cmdPesquisa}, [this] { return Flex; });
+  rememberMeasures();
 }
 
 void frmBROWSE_CONDPG::Form_Load() {
@@ -90,7 +92,7 @@ void frmBROWSE_CONDPG::cmdPesquisa_Click() {
                          {Descricao, rs.text(u"desc_cond_pgto")},
                          {QtParc, rs.text(u"qtde_parc")},
                          {DtDesativa, rs.formatDate(u"data_desa", u"dd/mm/yyyy")}});
-  if (Flex->grid().rows() >= 3) Flex->grid().setRow(0);
+  Flex->grid().chooseSingleRow();
   lblRegistros->setText(
       pesquisa::contagem(Flex->grid().rows() - 1, u"condição encontrada"_s, u"condições encontradas"_s));
 }

@@ -49,12 +49,17 @@ constexpr Entrega kEntregasKit[] = {
     {u"frmMateriaPrima", u"txtCodProduto", Tela::Codigo, Apara},
 };
 
+/// Houses without raw materials of their own don't search for them.
+bool usaMateriaPrima() {
+  const QString parametro = ParametroEmpresa(u"ORCA_MATE_PRIM"_s);
+  return parametro.isEmpty() || parametro == u"S"_s;
+}
+
 }  // namespace
 
 frmBROWSE_PRODUTO::frmBROWSE_PRODUTO()
     : PesquisaComFotos(QString::fromUtf16(Name),
-                       {Codigo, u"pesquisa_produtos.html", u"produto encontrado", u"produtos encontrados"},
-                       pesquisa::lembrancas().produto) {
+                       {Codigo, u"pesquisa_produtos.html", u"produto encontrado", u"produtos encontrados"}) {
   using forms::Event;
   setupUi(this);
   Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
@@ -72,10 +77,14 @@ frmBROWSE_PRODUTO::frmBROWSE_PRODUTO()
   on(cmdPesquisa, Event::Click, &frmBROWSE_PRODUTO::cmdPesquisa_Click);
   on(cmdLimpar, Event::Click, &frmBROWSE_PRODUTO::cmdLimpar_Click);
   on(cboCole, Event::DropDown, [this] { CarregaColecoes(*this); });
+  resultsUnder({txtCOD, cmdPesquisa}, [this] { return Flex; });
+  enterMovesOn({txtMaxReg, cboCole});
+  selectOnFocus({txtMaxReg, cboCole});
 }
 
 void frmBROWSE_PRODUTO::Form_Load() {
   AplicaTemaPadrao(*this);
+  opBrowseMateriaPrima->setVisible(usaMateriaPrima());
   opQQPosicao->setChecked(true);
   opBrowseTodos->setChecked(true);
   txtMaxReg->setText(u"100"_s);

@@ -1,5 +1,6 @@
 #include "search/frmBROWSE_PropCmrc.h"
 
+#include <QRegularExpression>
 #include <array>
 
 #include "platform/values/dates.h"
@@ -41,6 +42,23 @@ constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmProjetaCompra", u"txtCOD", Tela::Id},
 };
 
+QString anoInteiro(const QString& ano) {
+  if (ano.size() == 4) return ano;
+  return (ano.toInt() < 30 ? u"20"_s : u"19"_s) + ano;
+}
+
+/// What a user types as a date: a day or month of one digit, a year of two (00 to 29 are the 2000s). Empty
+/// for anything else.
+QString dataDoFiltro(const QString& digitada) {
+  static const QRegularExpression forma(u"^(\\d{1,2})/(\\d{1,2})/(\\d{2}|\\d{4})$"_s);
+  const auto partes = forma.match(Apara(digitada).trimmed());
+  const QString texto = partes.hasMatch() ? u"%1/%2/%3"_s.arg(partes.captured(1).rightJustified(2, u'0'),
+                                                              partes.captured(2).rightJustified(2, u'0'),
+                                                              anoInteiro(partes.captured(3)))
+                                          : digitada;
+  return values::isDate(texto) ? values::formatDate(texto, u"yyyymmdd") : QString();
+}
+
 forms::GridRow linhaDoOrcamento(const data::Recordset& rs) {
   return {{Tela::Id, rs.text(u"idPROP_CMRC")},
           {Tela::DtOrcamento, rs.text(u"DATA_PROP_CMRC")},
@@ -62,11 +80,14 @@ frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() : Form(QString::fromUtf16(Name)) {
   on(chkSomenteFechados, Event::Click, [this] { somenteUma(chkSomenteFechados, chkSomenteNaoFechados); });
   on(chkSomenteNaoFechados, Event::Click, [this] { somenteUma(chkSomenteNaoFechados, chkSomenteFechados); });
   on(Flex, Event::DoubleClick, &frmBROWSE_PropCmrc::Flex_DblClick);
-  enterMovesOn({txtCOD, cmdPesquisa});
-  selectOnFocus({txtCOD});
+  enterMovesOn({txtCOD, cmdPesquisa, txtMaxReg});
+  selectOnFocus({txtCOD, txtMaxReg});
+  resultsUnder({txtCOD, cmdPesquisa}, [this] { return Flex; });
   Flex->setLeastText(DtOrcamento, u"00/00/0000 00:00:00"_s);
   for (const Coluna coluna : {DtFechamento, DtEvento, DtValidade})
     Flex->setLeastText(coluna, u"00/00/0000"_s);
+  Flex->setSpareColumns({Descricao, Cliente});
+  rememberMeasures();
 }
 
 void frmBROWSE_PropCmrc::Form_Load() {
@@ -113,8 +134,9 @@ std::optional<QString> frmBROWSE_PropCmrc::montaConsulta() {
   if (!Apara(texto).isEmpty()) {
     for (const auto& filtro : filtros) {
       if (!filtro.opcao->isChecked()) continue;
-      if (filtro.data && !values::isDate(texto)) return std::nullopt;
-      sql += filtro.antes + (filtro.data ? values::formatDate(texto, u"yyyymmdd") : texto) + filtro.depois;
+      const QString valor = filtro.data ? dataDoFiltro(texto) : texto;
+      if (valor.isEmpty()) return std::nullopt;
+      sql += filtro.antes + valor + filtro.depois;
     }
   }
   return sql + u" ORDER BY PROP_CMRC.idPROP_CMRC"_s;
@@ -131,7 +153,7 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
   std::vector<forms::GridRow> linhas;
   for (auto rs = AbreConsulta(*sql); !rs.eof(); rs.moveNext()) linhas.push_back(linhaDoOrcamento(rs));
   grade.addRows(linhas);
-  if (grade.rows() >= 3) grade.setRow(0);
+  grade.chooseSingleRow();
   lblContagem->setText(
       pesquisa::contagem(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));
 }

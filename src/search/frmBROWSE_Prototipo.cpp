@@ -30,8 +30,7 @@ constexpr pesquisa::Entrega kEntregas[] = {
 
 frmBROWSE_Prototipo::frmBROWSE_Prototipo()
     : PesquisaComFotos(QString::fromUtf16(Name),
-                       {Id, u"pesquisa_prototipo.html", u"protótipo encontrado", u"protótipos encontrados"},
-                       pesquisa::lembrancas().prototipo) {
+                       {Id, u"pesquisa_prototipo.html", u"protótipo encontrado", u"protótipos encontrados"}) {
   setupUi(this);
   Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
   liga({Flex,
@@ -45,6 +44,7 @@ frmBROWSE_Prototipo::frmBROWSE_Prototipo()
         nullptr,
         lblContagem},
        {Option1, Option2});
+  resultsUnder({txtCOD, cmdPesquisa}, [this] { return Flex; });
   on(cmdPesquisa, forms::Event::Click, &frmBROWSE_Prototipo::cmdPesquisa_Click);
 }
 

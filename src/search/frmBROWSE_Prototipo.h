@@ -9,6 +9,8 @@ class frmBROWSE_Prototipo : public pesquisa::PesquisaComFotos, public Ui::frmBRO
 
  public:
   static constexpr char16_t Name[] = u"frmBROWSE_Prototipo";
+  /// The remembered search runs at the load, with what the caller has ticked.
+  static constexpr bool kLoadsWhenShown = true;
 
   enum Coluna { Id, Descricao, Produto, DtDesativa };
 

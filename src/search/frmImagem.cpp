@@ -23,7 +23,7 @@ void frmImagem::setPicNormal(const QPixmap& figura) {
   Picture1->setPixmap(figura);
   Picture1->resize(figura.size());
   const int folga = 2 * area->frameWidth();
-  resize((figura.size() + QSize(folga, folga)).expandedTo(minimumSize()).boundedTo(forms::screenSize()));
+  resize((figura.size() + QSize(folga, folga)).expandedTo(minimumSize()));
   CentralizaForm(*this);
 }
 

@@ -39,8 +39,7 @@ void marca(const QList<QRadioButton*>& opcoes, const QString& nome) {
 
 }  // namespace
 
-PesquisaComFotos::PesquisaComFotos(const QString& nome, const Ficha& ficha, Lembranca& lembranca)
-    : Form(nome), ficha_(ficha), lembranca_(lembranca) {}
+PesquisaComFotos::PesquisaComFotos(const QString& nome, const Ficha& ficha) : Form(nome), ficha_(ficha) {}
 
 void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, const Opcoes& tipos) {
   using forms::Event;
@@ -48,6 +47,8 @@ void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, co
   campos_ = campos;
   tipos_ = tipos;
   on(c_.Flex, Event::Click, &PesquisaComFotos::Flex_Click);
+  connect(&c_.Flex->grid(), &forms::GridModel::currentMoved, this,
+          [this] { forms::guarded([this] { acompanhaLinha(); }); });
   on(c_.Flex, Event::DoubleClick, &PesquisaComFotos::Flex_DblClick);
   on(c_.Image1, Event::DoubleClick, &PesquisaComFotos::Image1_DblClick);
   on(c_.SSTab1, Event::Click, &PesquisaComFotos::abrePagina);
@@ -60,6 +61,7 @@ void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, co
   selectOnFocus({c_.txtCOD});
   for (std::size_t vista = 0; vista < kVistas.size(); ++vista)
     on(c_.cmdImagem1[vista], Event::Click, [this, vista] { mostraFoto(vista); });
+  rememberMeasures();
 }
 
 QString PesquisaComFotos::chave() const {
@@ -79,7 +81,7 @@ void PesquisaComFotos::listaResultado(const QString& sql, const Linha& linha, QW
     Aviso(u"Nenhum Registro Localizado com esses parâmetros..."_s);
     return focus(foco);
   }
-  if (grade.rows() >= 3) grade.setRow(0);
+  grade.chooseSingleRow();
   c_.lblContagem->setText(
       contagem(quantos, QString::fromUtf16(ficha_.um), QString::fromUtf16(ficha_.varios)));
 }
@@ -90,22 +92,31 @@ void PesquisaComFotos::Flex_Click() {
   mostraFoto(0);
 }
 
+void PesquisaComFotos::acompanhaLinha() {
+  if (c_.Flex->grid().row() > 0) return mostraFoto(0);
+  auto& globais = lembrancas();
+  globais.ArqImagem.clear();
+  globais.ArqImagem2.clear();
+  c_.Image1->setFoto({});
+}
+
 void PesquisaComFotos::lembraPesquisa() {
-  lembranca_.BrowseOpcao = nomeDaMarcada(campos_);
-  lembranca_.BrowseTexto = c_.txtCOD->text();
-  lembranca_.BrowseAtivos = c_.chkVisualiza->isChecked() ? u"Sim"_s : u"Não"_s;
-  if (c_.cboCole != nullptr) lembranca_.BrowseCombo = c_.cboCole->text();
-  lembranca_.BrowseTipo = nomeDaMarcada(tipos_);
+  auto& lembranca = lembrancas().pesquisa;
+  lembranca.BrowseOpcao = nomeDaMarcada(campos_);
+  lembranca.BrowseTexto = c_.txtCOD->text();
+  lembranca.BrowseAtivos = c_.chkVisualiza->isChecked() ? u"Sim"_s : u"Não"_s;
+  if (c_.cboCole != nullptr) lembranca.BrowseCombo = c_.cboCole->text();
+  if (!tipos_.isEmpty()) lembranca.BrowseTipo = nomeDaMarcada(tipos_);
 }
 
 void PesquisaComFotos::retomaPesquisa() {
-  const auto& antes = lembranca_;
+  const Lembranca& antes = lembrancas().pesquisa;
   if (antes.BrowseOpcao.isEmpty()) return;
   marca(campos_, antes.BrowseOpcao);
   marca(tipos_, antes.BrowseTipo);
   if (!antes.BrowseTexto.isEmpty()) c_.txtCOD->setText(antes.BrowseTexto);
   c_.chkVisualiza->setChecked(antes.BrowseAtivos == u"Sim"_s);
-  if (!antes.BrowseCombo.isEmpty()) c_.cboCole->setText(antes.BrowseCombo);
+  if (c_.cboCole != nullptr && !antes.BrowseCombo.isEmpty()) c_.cboCole->setText(antes.BrowseCombo);
   cmdPesquisa_Click();
   c_.Flex->grid().setTopRow(antes.LinhaBrowse);
 }
@@ -148,7 +159,7 @@ QString PesquisaComFotos::MontaDetalheHTML() const {
 void PesquisaComFotos::Flex_DblClick() {
   auto& grade = c_.Flex->grid();
   if (grade.row() <= 0) return;
-  lembranca_.LinhaBrowse = grade.topRow();
+  lembrancas().pesquisa.LinhaBrowse = grade.topRow();
   entregaEscolha();
   unload();
 }

@@ -50,7 +50,7 @@ class PesquisaComFotos : public forms::Form {
   using Opcoes = QList<QRadioButton*>;
   enum Aba { Grade, Imagens };
 
-  PesquisaComFotos(const QString& nome, const Ficha& ficha, Lembranca& lembranca);
+  PesquisaComFotos(const QString& nome, const Ficha& ficha);
   /// After setupUi: connects what both do alike. The first options name the field, the second the class.
   void liga(const Controles& controles, const Opcoes& campos, const Opcoes& tipos = {});
 
@@ -63,6 +63,8 @@ class PesquisaComFotos : public forms::Form {
   /// Runs a statement and adds a row for each record. Nothing found is told, and the focus goes to `foco`.
   using Linha = std::function<data::Asked<forms::GridRow>(const data::Recordset&)>;
   void listaResultado(const QString& sql, const Linha& linha, QWidget* foco = nullptr);
+  /// The photo of the current row; none where there is none.
+  void acompanhaLinha();
   /// The trimmed key of the current row.
   [[nodiscard]] QString chave() const;
   /// The page of pictures of the rows in the grid.
@@ -77,7 +79,6 @@ class PesquisaComFotos : public forms::Form {
   void Image1_DblClick();  // viewing_photo.cpp
 
   Ficha ficha_;
-  Lembranca& lembranca_;
   Controles c_{};
   Opcoes campos_, tipos_;
 };

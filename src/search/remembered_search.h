@@ -5,7 +5,7 @@
 // What the product and the prototype search keep from one opening to the next.
 namespace pesquisa {
 
-/// The last search that was followed by a click on a row.
+/// The last search that was followed by a click on a row, whichever of the two screens it was on.
 struct Lembranca {
   QString BrowseOpcao;  ///< name of the option of the field searched; empty: nothing to remember
   QString BrowseTexto;
@@ -15,10 +15,8 @@ struct Lembranca {
   int LinhaBrowse = 1;   ///< first row in sight when a row was chosen
 };
 
-/// One for each search, and what both share.
 struct Lembrancas {
-  Lembranca produto;
-  Lembranca prototipo;
+  Lembranca pesquisa;
   QString TipoBrowseProduto;  ///< "KIT" where a caller wants a component
   QString ArqImagem;          ///< file of the last photo found
   QString ArqImagem2;         ///< file of the photo that is shown

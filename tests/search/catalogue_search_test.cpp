@@ -66,11 +66,11 @@ TEST_F(CatalogueSearch, StatementsOfThePrototypeSearch) {
          u"201|202|204"_s);
 }
 
-TEST_F(CatalogueSearch, EachComesBackAsItWasAfterAClickOnARow) {
+TEST_F(CatalogueSearch, TheLastOneComesBackAfterAClickOnARow) {
   const auto search = [](frmBROWSE_PRODUTO& screen) {
     for (auto* option : {screen.Option2, screen.opBrowseMateriaPrima}) option->click();
     screen.chkVisualiza->click();
-    support::type(screen.txtCOD, u"vela"_s);
+    support::type(screen.txtCOD, u"vel"_s);
     screen.cboCole->setText(u"Verão"_s);
     support::click(screen.cmdPesquisa);
     EXPECT_EQ(row(screen.Flex->grid(), 1), u"108|VELA-V|Vela velha||10/01/2024"_s);
@@ -82,7 +82,10 @@ TEST_F(CatalogueSearch, EachComesBackAsItWasAfterAClickOnARow) {
     support::clickRow(screen.Flex, 1);
   });
   open<frmBROWSE_Prototipo>([&](frmBROWSE_Prototipo& screen) {
-    EXPECT_EQ(screen.txtCOD->text(), QString()) << "the other search remembers its own";
+    EXPECT_EQ(row(screen.Flex->grid(), 1), u"205|Caixa velha||10/01/2024"_s) << "both share one memory";
+    EXPECT_EQ(screen.Flex->grid().row(), 1) << "a single result is the current row";
+    screen.chkVisualiza->click();
+    screen.txtCOD->clear();
     support::click(screen.cmdPesquisa);
     EXPECT_EQ(row(screen.Flex->grid(), 1), u"204|Baú||"_s) << "product 0 is none";
     EXPECT_EQ(row(screen.Flex->grid(), 2), u"203|Caixa branca|CX-100|"_s);
@@ -90,7 +93,7 @@ TEST_F(CatalogueSearch, EachComesBackAsItWasAfterAClickOnARow) {
   open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
     EXPECT_TRUE(screen.Option2->isChecked() && screen.opBrowseMateriaPrima->isChecked());
     EXPECT_FALSE(screen.chkVisualiza->isChecked());
-    EXPECT_EQ(screen.txtCOD->text(), u"VELA"_s);
+    EXPECT_EQ(screen.txtCOD->text(), u"VEL"_s);
     EXPECT_EQ(screen.cboCole->text(), u"Verão"_s);
     EXPECT_EQ(column(screen.Flex->grid(), 0), u"108"_s);
   });

@@ -30,6 +30,10 @@ TEST_F(Photos, FollowTheClickedRowAndTheFourButtonsAndOpenInTheirRealSize) {
   open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
     screen.Option1->click();
     support::click(screen.cmdPesquisa);
+    EXPECT_TRUE(screen.Image1->foto().isNull());
+    support::key(screen.cmdPesquisa, Qt::Key_Down);
+    EXPECT_EQ(screen.Image1->foto().width(), 640);
+    EXPECT_TRUE(pesquisa::lembrancas().pesquisa.BrowseOpcao.isEmpty()) << "keys look, they don't choose";
     for (const auto& [row, width] : {std::pair{2, 300}, {3, 10}, {1, 640}}) {
       support::clickRow(screen.Flex, row);
       EXPECT_EQ(screen.Image1->foto().width(), width);
