@@ -9,4 +9,5 @@ frmConfirmaItem::frmConfirmaItem() : Form(QString::fromUtf16(Name)) {
   enterMovesOn({txtQuantidade, txtObservacoes, cmdConfirmar});
   selectOnFocus({txtQuantidade});
   onKeyPress(txtQuantidade, FiltraTeclaDecimal);
+  escClicks(cmdCancelar);
 }

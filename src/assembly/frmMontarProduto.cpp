@@ -51,9 +51,14 @@ frmMontarProduto::frmMontarProduto() : Form(QString::fromUtf16(Name)) {
   selectOnFocus({txtQuantidade});
   // It empties the assembly: off the way from the articles to the lines.
   setTabOrder(cmdCancelar, cmdPesquisa);
+  escClicks(cmdCancelar);
   for (int aba = 0; aba < SSTab1->count(); ++aba) {
     const auto* tecla = new QShortcut(QKeySequence(Qt::ALT | Qt::Key(Qt::Key_1 + aba)), this);
-    connect(tecla, &QShortcut::activated, this, [this, aba] { SSTab1->setCurrentIndex(aba); });
+    connect(tecla, &QShortcut::activated, this, [this, aba] {
+      SSTab1->setCurrentIndex(aba);
+      focus(txtCOD);
+      forms::selectText(txtCOD);
+    });
   }
 }
 

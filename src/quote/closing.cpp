@@ -50,6 +50,7 @@ void frmPropCmrcTL::cmdFechar_Click() {
   }
   BotoesNeutros();
   LimpaTela();
+  focus(txtCodigo);
 }
 
 void frmPropCmrcTL::passaTotaisParaConfirmacao() {
@@ -84,6 +85,7 @@ void frmPropCmrcTL::cmdReabrir_Click() {
   }
   BotoesNeutros();
   LimpaTela();
+  focus(txtCodigo);
 }
 
 /// A closed quote shows its terms for looking only; an open one its text of terms.

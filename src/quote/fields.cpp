@@ -51,7 +51,8 @@ void frmPropCmrcTL::ligaListas() {
       {cboTipoEven, &IdTipoEvento, u"Este Tipo de Evento não Existe!"},
       {cboTipoServ, &IdTipoServico, u"Este Tipo de Serviço não Existe!"},
   };
-  for (const Lista& lista : listas)
+  for (const Lista& lista : listas) {
+    lista.combo->setCompleting(true);
     on(lista.combo, Event::LostFocus, [lista] {
       if (lista.combo->isLocked() || lista.combo->text().isEmpty()) return;
       const forms::WaitPointer espera;
@@ -60,6 +61,7 @@ void frmPropCmrcTL::ligaListas() {
       lista.combo->setText({});
       focus(lista.combo);
     });
+  }
 
   const std::pair<forms::Combo*, void (*)(Form&)> enchidas[] = {{cboTipoEven, &CarregaTiposEvento},
                                                                 {cboTipoServ, &CarregaTiposServico},

@@ -27,8 +27,10 @@ constexpr double kObservaExpandida = 1315;
 constexpr double kDestaque = 1.55;
 /// Letters of an entry of the approval's list, its separators and the arrow.
 constexpr int kLetrasItem = 20 + 38 + 4 + 3 + 5;
-/// Item lines that are in sight at least.
+/// Item lines that are in sight at least; fewer on a low display, so that the totals stay in sight.
 constexpr int kLinhasItens = 6;
+constexpr int kLinhasItensTelaBaixa = 3;
+constexpr int kTelaBaixa = 600;
 
 /// Where the frames open over the form, in twips.
 constexpr int kEsquerdaPainel = 2160;
@@ -53,7 +55,9 @@ frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   Flex->setLeastText(grids::item::Quantidade, u"Quantidade"_s);
   Flex->setLeastText(grids::item::Total, u"Total Produto"_s);
   Flex->setLeastText(grids::item::DtAprov, u"00/00/0000 00:00"_s);
+  Flex->setSpareColumns({grids::item::Descricao, grids::item::Observacao});
   ajustaMedidas();
+  rememberMeasures();
 }
 
 void frmPropCmrcTL::ligaTeclado() {
@@ -144,6 +148,12 @@ void frmPropCmrcTL::ligaItens() {
   };
   for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
   on(Flex, Event::DoubleClick, &frmPropCmrcTL::Flex_DblClick);
+  onLinesPasted(txtNomeHomg, [this](const QStringList& nomes) {
+    for (const QString& nome : nomes) {
+      txtNomeHomg->setText(nome);
+      cmdIncluirHomg_Click();
+    }
+  });
   on(FlexHomg, Event::DoubleClick, &frmPropCmrcTL::FlexHomg_DblClick);
   on(cmdFecharFrameAprova, Event::Click, [this] { closeOverFrame(frameAprova); });
   on(cmdFecharFrameMassa, Event::Click, [this] { closeOverFrame(frameMassa); });
@@ -208,7 +218,8 @@ void frmPropCmrcTL::ajustaMedidas() {
       std::min(QFontMetrics(fixa).averageCharWidth() * kLetrasItem, forms::screenSize().width() * 7 / 10));
 
   const int linha = Flex->verticalHeader()->defaultSectionSize();
-  Flex->setMinimumHeight(Flex->horizontalHeader()->sizeHint().height() + linha * kLinhasItens +
+  const int linhas = forms::screenSize().height() < kTelaBaixa ? kLinhasItensTelaBaixa : kLinhasItens;
+  Flex->setMinimumHeight(Flex->horizontalHeader()->sizeHint().height() + linha * linhas +
                          2 * Flex->frameWidth());
   ajustaObserva();
 }
@@ -218,17 +229,23 @@ void frmPropCmrcTL::alinhaTotais() {
   const auto* titulos = Flex->horizontalHeader();
   const int fim = titulos->sectionPosition(grids::item::Total) + titulos->sectionSize(grids::item::Total);
   const int recuo = Flex->mapTo(conteudo, QPoint()).x() - somas->mapTo(conteudo, QPoint()).x();
-  somas->setFixedWidth(qMax(somas->minimumSizeHint().width(), fim + recuo));
+  // They never widen the screen: what stands beside them keeps its place.
+  int vizinhos = 0;
+  for (const QWidget* rotulo : {rotuloPercDesconto, lblDesconto, rotuloLiquidoTotal, lblTotalLiquido})
+    vizinhos += qMax(rotulo->minimumWidth(), rotulo->sizeHint().width()) + layout16->spacing();
+  const int livre = area->viewport()->width() - 2 * layout16->spacing() - vizinhos;
+  somas->setFixedWidth(qMax(somas->minimumSizeHint().width(), qMin(fim + recuo, livre)));
 }
 
 /// The keys that users of other programs try first. As with an access key, the field is left before the
 /// click.
 void frmPropCmrcTL::ligaAtalhos() {
-  const std::pair<QKeySequence::StandardKey, QAbstractButton*> atalhos[] = {
+  const std::pair<QKeySequence, QAbstractButton*> atalhos[] = {
       {QKeySequence::New, cmdINCLUIR},
       {QKeySequence::Save, cmdSALVAR},
       {QKeySequence::Find, cmdPesquisar_PropCmrc},
-      {QKeySequence::Print, cmdImprimir}};
+      {QKeySequence::Print, cmdImprimir},
+      {QKeySequence(Qt::ALT | Qt::Key_O), cmdExpandirObservacao}};
   for (const auto& [tecla, botao] : atalhos)
     connect(new QShortcut(tecla, this), &QShortcut::activated, this, [this, botao = botao] {
       // While editing, a search by key would drop what was typed; the button stays.

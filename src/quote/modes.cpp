@@ -40,6 +40,8 @@ void frmPropCmrcTL::travaOuDestrava(bool trava) {
   for (QWidget* campo : campos) forms::setLocked(campo, trava);
   for (QWidget* opcao : {opPV, opShowRoom}) opcao->setEnabled(!trava);
   forms::setLocked(txtCodigo, !trava);
+  // While editing, Enter from the number must not load another quote over this one.
+  cmdPesquisar_PropCmrc->setFocusPolicy(trava ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void frmPropCmrcTL::TravaCampos() { travaOuDestrava(true); }
