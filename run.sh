@@ -3,7 +3,7 @@
 #   ./run.sh                       the program; without a display, the guided road
 #   ./run.sh --road FILE [--server]  a road against a fresh copy of the sample company; with --server on the
 #                                  connection that the server.ini named by ZARIM_SERVER_INI tells
-#   ./run.sh --fresh               makes the sample company anew first
+#   ./run.sh --fresh               makes the sample company anew first, and forgets window sizes and column widths
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . setup/common.sh
@@ -57,6 +57,8 @@ free_port() {
 }
 
 if [ -z "$road" ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; }; then
+  # Window sizes and column widths of this desktop user.
+  [ -z "$fresh" ] || rm -f "${XDG_CONFIG_HOME:-$HOME/.config}/zarim/telas.ini"
   build/release/tools/zarim_install --to "$state/drive_c" --mail-server 127.0.0.1:2525 \
     --web-pictures http://127.0.0.1:2580/ ${fresh:+--fresh} >"$state/log/install.log"
   export ZARIM_DRIVE_C=$state/drive_c

@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <QStandardPaths>
 
 #include "build_id.h"
 #include "platform/files/regular_file.h"
+#include "platform/forms/measures.h"
 #include "platform/web/web_pane.h"
 #include "quote/program.h"
 
@@ -12,5 +14,7 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("zarim"));
   QApplication::setApplicationVersion(QStringLiteral(ZARIM_BUILD_ID));
   QApplication::setDesktopFileName(QStringLiteral("zarim"));
+  forms::measures::keepIn(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+                          QStringLiteral("/telas.ini"));
   return runProgram(application, application.arguments().mid(1).join(u' '));
 }

@@ -128,6 +128,25 @@ void checkAll(forms::Form& form, Faults& faults) {
   }
 }
 
+/// Every button can be reached by a key or says what it does, and no two controls in sight share an access
+/// key.
+void checkKeys(forms::Form& form, Faults& faults) {
+  QHash<QString, QString> owners;
+  for (const QWidget* control : form.findChildren<QWidget*>()) {
+    const auto* button = qobject_cast<const QAbstractButton*>(control);
+    const auto* label = qobject_cast<const QLabel*>(control);
+    if (button == nullptr && (label == nullptr || label->buddy() == nullptr)) continue;
+    const QString key = QKeySequence::mnemonic(forms::controlText(control)).toString();
+    const bool push = button != nullptr && button->inherits("QPushButton");
+    if (push && key.isEmpty() && button->toolTip().isEmpty()) faults.add(*control, u"neither key nor tip"_s);
+    if (key.isEmpty() || control->isHidden()) continue;
+    // A told pair: reactivating and leaving.
+    if (owners.contains(key) && control->objectName() != u"cmdSAIR"_s)
+      faults.add(*control, u"shares %1 with %2"_s.arg(key, owners.value(key)));
+    owners.insert(key, control->objectName());
+  }
+}
+
 /// Each page of each tab control and each frame that opens over the form.
 void walk(forms::Form& form, Faults& faults) {
   checkAll(form, faults);
@@ -171,6 +190,7 @@ TEST_P(FormsFit, NothingClippedOverlappingOrOutside) {
   form.showForm();
   Faults faults;
   walk(form, faults);
+  checkKeys(form, faults);
   EXPECT_EQ(faults.text(), "");
 }
 

@@ -8,9 +8,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// No display, a screen of the size that all forms must fit, and a browser engine that runs anywhere.
+/// No display, a screen of the size that all forms must fit (enlarged, that of a small notebook), and a
+/// browser engine that runs anywhere.
 void setEnvironment() {
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tests/support/offscreen.json");
+  const QByteArray screen = qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "laptop.json" : "offscreen.json";
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tests/support/" + screen);
   qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   if (!qEnvironmentVariableIsSet("QTWEBENGINE_CHROMIUM_FLAGS")) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --disable-gpu --lang=pt-BR");

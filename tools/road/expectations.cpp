@@ -47,9 +47,14 @@ void form(const Words& words) {
 
 void caption(const Words& words) { same(u"caption"_s, words.at(1).text, topForm().windowTitle()); }
 
+/// A caption may be given with the sign of its access key or without.
 void text(const Words& words) {
   const QString& name = words.at(1).text;
-  same(u"text of "_s + name, words.at(2).text, forms::controlText(&widgetOf(words)));
+  const QWidget& control = widgetOf(words);
+  QString found = forms::controlText(&control);
+  const bool caption = control.inherits("QAbstractButton") || control.inherits("QLabel");
+  if (caption && !words.at(2).text.contains(u'&')) found.remove(u'&');
+  same(u"text of "_s + name, words.at(2).text, found);
 }
 
 void focus(const Words& words) {
