@@ -189,6 +189,8 @@ TEST_P(FormsFit, NothingClippedOverlappingOrOutside) {
   forms::Form& form = std::get<Screen>(GetParam()).second();
   form.showForm();
   Faults faults;
+  if (const QString folder = qEnvironmentVariable("ZARIM_FORM_PICTURES"); !folder.isEmpty())
+    form.grab().save(folder + u'/' + form.objectName() + u".png"_s);
   walk(form, faults);
   checkKeys(form, faults);
   EXPECT_EQ(faults.text(), "");

@@ -47,7 +47,7 @@ class MoreSign : public QWidget {
     const double below =
         box_->document()->size().height() - box_->verticalScrollBar()->value() - static_cast<double>(inSight);
     setVisible(below > 0 && !box_->verticalScrollBar()->isVisible());
-    const QSize size(metrics.horizontalAdvance(kDots) + 6, metrics.height() * 2 / 3);
+    const QSize size(metrics.horizontalAdvance(kDots) + 6, metrics.height());
     setGeometry(QRect(QPoint(), size)
                     .translated(box_->width() - size.width() - 2, box_->height() - size.height() - 2));
   }
@@ -67,6 +67,8 @@ void markHiddenLines(QPlainTextEdit* box) {
   constexpr char kMarked[] = "hiddenLinesMarked";
   if (box->property(kMarked).toBool()) return;
   box->setProperty(kMarked, true);
+  // A box as high as one line shows that line whole, the one that is being typed too.
+  box->document()->setDocumentMargin(2);
   new MoreSign(box);
 }
 
