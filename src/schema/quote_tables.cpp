@@ -4,8 +4,7 @@ namespace schema {
 
 using enum Type;
 
-// The tables of a quote, which the program writes. Numbers of persons are text: the user may write "80 a
-// 100".
+// The tables of a quote, which the program writes. Numbers of persons are text, as they are typed: "12,5".
 std::vector<Table> quoteTables() {
   return {
       {"prop_cmrc",

@@ -1,9 +1,13 @@
 #include "search/frmBROWSE_PropCmrc.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 #include <array>
+#include <cmath>
+#include <limits>
 
 #include "platform/values/dates.h"
+#include "platform/values/numbers.h"
 #include "run/context.h"
 #include "search/delivery.h"
 #include "shared/lookups.h"
@@ -70,6 +74,14 @@ forms::GridRow linhaDoOrcamento(const data::Recordset& rs) {
           {Tela::DtValidade, rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy")}};
 }
 
+/// What the number filter compares ids with: the number of the text, 0 where there is none. The server
+/// refuses any other text, and the quote that is being typed would be lost.
+QString numeroDoFiltro(const QString& texto) {
+  if (Apara(texto).isEmpty()) return texto;
+  constexpr double kMaior = std::numeric_limits<qint32>::max();
+  return QString::number(values::toInt32(std::clamp(std::ceil(LeNumero(texto)), 0.0, kMaior)));
+}
+
 }  // namespace
 
 frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() : Form(QString::fromUtf16(Name)) {
@@ -130,7 +142,7 @@ std::optional<QString> frmBROWSE_PropCmrc::montaConsulta() {
       {opData, u" And (PROP_CMRC.DATA_PROP_CMRC >= '"_s, u"') "_s, true},
       {opDataFech, u" And (PROP_CMRC.DATA_fech >= '"_s, u"') "_s, true},
   };
-  const QString texto = txtCOD->text();
+  const QString texto = opNumePropCmrc->isChecked() ? numeroDoFiltro(txtCOD->text()) : txtCOD->text();
   if (!Apara(texto).isEmpty()) {
     for (const auto& filtro : filtros) {
       if (!filtro.opcao->isChecked()) continue;
