@@ -26,7 +26,8 @@ forms::GridRow linhaComMascara(const data::Recordset& rs, double quantidade, con
 }
 
 Asked<forms::GridRow> linhaDoPrototipo(data::Recordset rs, double quantidade) {
-  const QString mascara = co_await MascaraUnidade(rs.isNull(u"IDUNID") ? u"0"_s : rs.text(u"IDUNID"));
+  const QString unidade = rs.isNull(u"IDUNID") ? u"0"_s : rs.text(u"IDUNID");
+  const QString mascara = co_await MascaraUnidade(unidade);
   co_return linhaComMascara(rs, quantidade, mascara);
 }
 

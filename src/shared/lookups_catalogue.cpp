@@ -46,7 +46,8 @@ Asked<double> ValorVendaProduto(QString codi_prod) {
       u"select valo_veds, idmoed from prod where codi_prod="_s + lookup::quoted(codi_prod),
       data::Rows::First);
   const double valor = rs.eof() || rs.isNull(u"valo_veds") ? 0.0 : rs.number(u"valo_veds");
-  const double cotacao = co_await UltimaCotacao(rs.eof() ? QString() : rs.text(u"IDMOED"));
+  const QString moeda = rs.eof() ? QString() : rs.text(u"IDMOED");
+  const double cotacao = co_await UltimaCotacao(moeda);
   co_return valor* cotacao;
 }
 
