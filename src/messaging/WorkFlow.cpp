@@ -1,5 +1,8 @@
 #include "messaging/WorkFlow.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "platform/mail/mail_message.h"
 #include "platform/values/numbers.h"
 #include "run/configuration.h"
@@ -11,14 +14,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Addresses of the subscribers with ", " between them; one without an address leaves its place empty.
-QString enderecos(const QString& usuarios, int quantos) {
+/// Addresses of the subscribers with ", " between them; one without an address leaves its place empty. An
+/// empty text when nobody has one.
+QString enderecos(const QString& evento) {
+  const QString usuarios = UsuariosEventoWorkFlow(evento);
+  const int quantos = values::toInt32(LeNumero(PegaCampo(usuarios, 1)));
   std::vector<Asked<QString>> pedidos;
   for (int campo = 2; campo <= quantos + 1; ++campo)
     pedidos.push_back(EmailUsuario(PegaCampo(usuarios, campo)));
   QStringList lista;
   for (auto& pedido : pedidos) lista << pedido.get().toLower();
-  return lista.join(u", "_s);
+  const bool ninguem = std::ranges::all_of(lista, [](const QString& um) { return Apara(um).isEmpty(); });
+  return ninguem ? QString() : lista.join(u", "_s);
 }
 
 }  // namespace
@@ -50,16 +57,16 @@ QString UsuariosEventoWorkFlow(const QString& evento) {
 void EnviaAvisoWorkFlow(forms::Form& /*tela*/, const QString& evento, const QString& tipo,
                         const QString& texto, bool textoNoAssunto, const QString& anexo) {
   if (tipo != u"EMAIL") return;
-  const QString usuarios = UsuariosEventoWorkFlow(evento);
-  const int quantos = values::toInt32(LeNumero(PegaCampo(usuarios, 1)));
-  if (quantos <= 0) return;
-  const QString destinatarios = enderecos(usuarios, quantos);
+  const QString destinatarios = enderecos(evento);
+  if (destinatarios.isEmpty()) return;
   auto pedeDescricao = DescricaoEventoWorkFlow(evento);
   auto pedeTexto = TextoEventoWorkFlow(evento);
   const QString assunto = pedeDescricao.get() + u" "_s + (textoNoAssunto ? texto : QString());
   const QString mensagem = pedeTexto.get() + u"\r "_s + texto;
   EnviaEmailWorkFlow(destinatarios, {}, assunto, mensagem, anexo);
 }
+
+bool TemDestinatarioWorkFlow(const QString& evento) { return !enderecos(evento).isEmpty(); }
 
 void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, const QString& assunto,
                         const QString& mensagem, const QString& anexo) {

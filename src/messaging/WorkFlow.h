@@ -5,15 +5,18 @@
 
 // Notices by e-mail to the users who subscribe to a named event.
 
-/// Sends the notice of an event to its subscribers; with none of them, nothing is sent.
+/// Sends the notice of an event to its subscribers; where none of them has an address, nothing is sent.
 /// tela: the calling screen. tipo: only "EMAIL" does anything. texto: what happened; with textoNoAssunto it
-/// also stands in the subject. anexo: path of a file, or empty. Raises values::RuntimeError when the message
-/// can't be sent.
+/// also stands in the subject. anexo: path of a file, or empty. Raises mail::MailError when the message can't
+/// be sent.
 void EnviaAvisoWorkFlow(forms::Form& tela, const QString& evento, const QString& tipo, const QString& texto,
                         bool textoNoAssunto, const QString& anexo);
 
+/// Whether a notice of this event would go to anybody.
+[[nodiscard]] bool TemDestinatarioWorkFlow(const QString& evento);
+
 /// Sends a plain message from the company's own address. Without server, address, user and password nothing
-/// is sent. Raises values::RuntimeError when it can't be sent.
+/// is sent. Raises mail::MailError when it can't be sent.
 void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, const QString& assunto,
                         const QString& mensagem, const QString& anexo);
 

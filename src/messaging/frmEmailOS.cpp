@@ -6,6 +6,7 @@
 #include "documents/documents.h"
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
+#include "platform/forms/process.h"
 #include "platform/mail/mail_message.h"
 #include "platform/values/numbers.h"
 #include "run/configuration.h"
@@ -46,6 +47,8 @@ frmEmailOS::frmEmailOS() : Form(QString::fromUtf16(Name)) {
   setupUi(this);
   ajustaMedidas();
   on(txtPara, forms::Event::LostFocus, &frmEmailOS::txtPara_LostFocus);
+  on(txtAnexo, forms::Event::LostFocus, &frmEmailOS::txtAnexo_LostFocus);
+  on(cmdAnexo, forms::Event::Click, &frmEmailOS::cmdAnexo_Click);
   on(cmdEnviarEmail, forms::Event::Click, &frmEmailOS::cmdEnviarEmail_Click);
   enterMovesOn({txtPara, txtCC, txtTitulo, txtMsg, txtPassword});
   selectOnFocus({txtPara, txtCC, txtTitulo, txtMsg, txtPassword});
@@ -92,6 +95,18 @@ void frmEmailOS::Form_Load() {
 
 void frmEmailOS::txtPara_LostFocus() { txtPara->setText(PontoVirgulaParaVirgula(txtPara->text())); }
 
+/// A click on the button beside it doesn't leave the box.
+void frmEmailOS::txtAnexo_LostFocus() {
+  const QString caminho = Apara(txtAnexo->text());
+  if (caminho.isEmpty() || files::exists(caminho)) return;
+  Aviso(u"O arquivo do anexo não foi encontrado:\r"_s + caminho);
+}
+
+void frmEmailOS::cmdAnexo_Click() {
+  const QString escolhido = forms::fileBox(u"Anexo"_s, files::resolve(contexto().PathDocs));
+  if (!escolhido.isEmpty()) txtAnexo->setText(escolhido);
+}
+
 bool frmEmailOS::podeEnviar() {
   if (txtPassword->text().isEmpty()) {
     forms::msgBox({.text = QString::fromUtf16(kSemSenha), .title = windowTitle()});
@@ -117,14 +132,26 @@ bool frmEmailOS::podeEnviar() {
 }
 
 void frmEmailOS::cmdEnviarEmail_Click() {
-  if (!podeEnviar()) return;
-  envia();
+  if (!podeEnviar() || !envia()) return;
   Aviso(u"Mensagem Enviada!"_s);
   unload();
 }
 
-void frmEmailOS::envia() {
-  const forms::WaitPointer espera;
+/// Whether it went. An error of the mail component stops the click; what was typed stays, to be mended and
+/// sent again.
+bool frmEmailOS::envia() {
+  forms::WaitPointer espera;
+  try {
+    enviaMensagem();
+    return true;
+  } catch (const mail::MailError& erro) {
+    forms::showRuntimeError(erro);
+    espera.stay();
+    return false;
+  }
+}
+
+void frmEmailOS::enviaMensagem() {
   mail::MailMessage email;
   email.Username = txtUsername->text();
   email.Password = txtPassword->text();

@@ -19,9 +19,12 @@ class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
 
  private:
   void txtPara_LostFocus();
+  void txtAnexo_LostFocus();
+  void cmdAnexo_Click();
   void cmdEnviarEmail_Click();
 
   bool podeEnviar();
-  void envia();
+  bool envia();
+  void enviaMensagem();
   void ajustaMedidas();
 };

@@ -44,8 +44,7 @@ void frmPropCmrcTL::cmdFechar_Click() {
     forms::form<frmConfirmaPropCmrcTL>().showModal();
     CalculaTotais();
     marcaFechamento();
-    avisaFechamento();
-    Aviso(u"Orçamento Fechado com sucesso!\rOrçamento nr."_s + txtRowId->text());
+    if (avisaFechamento()) Aviso(u"Orçamento Fechado com sucesso!\rOrçamento nr."_s + txtRowId->text());
     contexto().ModoOrcamento = u" "_s;
   }
   BotoesNeutros();

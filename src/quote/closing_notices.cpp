@@ -1,43 +1,88 @@
 #include <exception>
+#include <optional>
 
 #include "documents/document_values.h"
 #include "documents/documents.h"
 #include "messaging/WorkFlow.h"
 #include "platform/files/paths.h"
+#include "platform/forms/process.h"
+#include "platform/mail/mail_error.h"
 #include "platform/values/numbers.h"
-#include "platform/values/runtime_error.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
+#include "shared/screen_kit.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
-/// Tells those who subscribe to a closing, and writes the detail file that goes with the full notice. A step
-/// that fails doesn't keep the others from being tried; then the first error is raised.
-void frmPropCmrcTL::avisaFechamento() {
-  const forms::WaitPointer espera;
-  const QString numero = values::format(txtRowId->text(), u"000000");
-  const QString assunto = u"Orçamento Nr.:"_s + numero + u" Aprovado!"_s;
-  QString& arquivo = documento().ArquivoDetalheOrca;
-  std::exception_ptr primeiro;
-  const auto tenta = [&primeiro](const auto& passo) {
-    try {
-      passo();
-    } catch (const values::RuntimeError&) {
-      if (!primeiro) primeiro = std::current_exception();
-    }
-  };
-  const auto avisa = [&](const QString& evento, const QString& anexo) {
-    tenta([&] { EnviaAvisoWorkFlow(*this, evento, u"EMAIL"_s, assunto, true, anexo); });
-  };
+namespace {
 
-  avisa(u"PROJETACOMPRA"_s, {});
-  arquivo = contexto().PathDocs + u"deta_orca_"_s + numero + u".html"_s;
-  tenta([&] {
-    files::removeIfThere(arquivo);
-    MontaDetalheOrcaHTML(values::toInt32(LeNumero(txtRowId->text())), arquivo);
-  });
-  avisa(u"AVISOORCAFECHADO"_s, {});
-  avisa(u"AVISOORCAFECHADOFULL"_s, arquivo);
-  if (primeiro) std::rethrow_exception(primeiro);
+/// The notices of one closing. One that the mail component fails on doesn't keep the others from being tried,
+/// unless the server can't be reached: each would wait as long.
+class Avisos {
+ public:
+  Avisos(forms::Form& tela, const QString& numero)
+      : tela_(tela), numero_(numero), assunto_(u"Orçamento Nr.:"_s + numero + u" Aprovado!"_s) {}
+
+  void envia(const QString& evento, const QString& anexo) {
+    if (erro_ && erro_->serverSilent()) {
+      if (TemDestinatarioWorkFlow(evento)) falta(evento);
+      return;
+    }
+    try {
+      EnviaAvisoWorkFlow(tela_, evento, u"EMAIL"_s, assunto_, true, anexo);
+    } catch (const mail::MailError& erro) {
+      // Among several errors the one of a silent server says why others were not tried.
+      if (!erro_ || erro.serverSilent()) erro_ = erro;
+      falta(evento);
+    }
+  }
+
+  /// Whether all went; else says which did not, and why.
+  bool confere() const {
+    if (!erro_) return true;
+    forms::showRuntimeError(*erro_);
+    Falha(u"O orçamento nr. %1 está fechado. Avisos não enviados: %2"_s.arg(numero_, faltam_.join(u", "_s)));
+    return false;
+  }
+
+ private:
+  void falta(const QString& evento) {
+    const QString descricao = DescricaoEventoWorkFlow(evento).get();
+    faltam_ << (descricao.isEmpty() ? evento : descricao);
+  }
+
+  forms::Form& tela_;
+  QString numero_;
+  QString assunto_;
+  std::optional<mail::MailError> erro_;
+  QStringList faltam_;
+};
+
+}  // namespace
+
+/// Sends the notices of a closing to those who subscribe to them, and writes the detail file that goes with
+/// the full one. A file that can't be written is an error of the program, raised once the notices have been
+/// tried.
+bool frmPropCmrcTL::avisaFechamento() {
+  const QString numero = values::format(txtRowId->text(), u"000000");
+  QString& arquivo = documento().ArquivoDetalheOrca;
+  std::exception_ptr detalhe;
+  Avisos avisos(*this, numero);
+  {
+    const forms::WaitPointer espera;
+    avisos.envia(u"PROJETACOMPRA"_s, {});
+    arquivo = contexto().PathDocs + u"deta_orca_"_s + numero + u".html"_s;
+    try {
+      files::removeIfThere(arquivo);
+      MontaDetalheOrcaHTML(values::toInt32(LeNumero(txtRowId->text())), arquivo);
+    } catch (const values::RuntimeError&) {
+      detalhe = std::current_exception();
+    }
+    avisos.envia(u"AVISOORCAFECHADO"_s, {});
+    avisos.envia(u"AVISOORCAFECHADOFULL"_s, arquivo);
+  }
+  const bool todos = avisos.confere();
+  if (detalhe) std::rethrow_exception(detalhe);
+  return todos;
 }

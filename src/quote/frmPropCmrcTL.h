@@ -171,7 +171,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void cmdCondPgto_Click();
   void passaTotaisParaConfirmacao();
   void marcaFechamento();
-  void avisaFechamento();
+  [[nodiscard]] bool avisaFechamento();
   void cmdImprimir_Click();
 
   QString idCarregado_;  ///< the quote on the screen, as txtRowId names it

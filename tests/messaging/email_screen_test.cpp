@@ -63,9 +63,13 @@ TEST_F(EmailScreen, BodyIsTheDocumentUnlessThereIsAnother) {
   const struct {
     QString ready, typed, listed, attached, body;
   } cases[] = {
-      {{}, u"  "_s, {}, {}, u"text/html: <meta charset=iso-8859-1><body>Orçamento nº 123"_s},
+      {{},
+       u"  "_s,
+       {},
+       {},
+       u"text/plain: Orçamento nº 123\n | text/html: <meta charset=iso-8859-1><body>Orçamento nº 123"_s},
       {{}, u"Segue o orçamento.\n  "_s, {}, {}, u"text/plain: Segue o orçamento.\n"_s},
-      {u"<p>Pronto</p>"_s, u"não"_s, {}, {}, u"text/html: <p>Pronto</p>"_s},
+      {u"<p>Pronto</p>"_s, u"não"_s, {}, {}, u"text/plain: Pronto\n | text/html: <p>Pronto</p>"_s},
       {{}, u"A"_s, u"2^%1^%1^"_s.arg(path), u" %1 "_s.arg(path), u"text/plain: A"_s + file + file + file},
   };
   for (const auto& one : cases) {
@@ -74,7 +78,10 @@ TEST_F(EmailScreen, BodyIsTheDocumentUnlessThereIsAnother) {
     shown([&](frmEmailOS& form) {
       type(form.txtPara, u"a@clara.example;b@clara.example"_s);
       type(form.txtMsg, one.typed);
-      form.txtAnexo->setText(one.attached);
+      if (!one.attached.isEmpty()) {
+        script.input(one.attached);
+        click(form.cmdAnexo);
+      }
       script.box(u"Mensagem Enviada!"_s);
       click(form.cmdEnviarEmail);
     });

@@ -1,7 +1,7 @@
 #include "messaging/WorkFlow.h"
 
 #include "mailing_case.h"
-#include "platform/values/runtime_error.h"
+#include "platform/mail/mail_error.h"
 
 using namespace Qt::StringLiterals;
 using support::SmtpServer;
@@ -48,7 +48,7 @@ TEST_F(Notices, GoToTheSubscribersFromTheCompanysAddress) {
   const QString text = u"text/plain: Produção: iniciar.\n Orçamento Nr.:000123 Aprovado!"_s;
   EXPECT_EQ(full[u"summary"_s].toString(), u"Orçamento fechado Orçamento Nr.:000123 Aprovado! | "_s + text +
                                                u" | text/html: deta_orca_000123.html"_s);
-  EXPECT_EQ(server.messages()[1][u"summary"_s].toString(), u"Orçamento fechado | "_s + text);
+  EXPECT_EQ(server.messages()[1][u"summary"_s].toString(), u"Orçamento fechado | "_s + text + u'\n');
 }
 
 TEST_F(Notices, NothingGoesWithoutSubscribersKindSenderOrFile) {
@@ -59,11 +59,14 @@ TEST_F(Notices, NothingGoesWithoutSubscribersKindSenderOrFile) {
     notice(event);
   }
   notice(u"AVISOORCAFECHADO"_s, u"SMS"_s);
-  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, u"/tmp/gone.html"_s), values::RuntimeError);
+  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s, u"EMAIL"_s, true, u"/tmp/gone.html"_s), mail::MailError);
+  sql(u"update work_even_usen set data_desa = '20240101' where idusen <> 9"_s);
+  notice(u"AVISOORCAFECHADO"_s);  // nobody left has an address
+  sql(u"update work_even_usen set data_desa = null"_s);
   sql(u"update empr set emai_serv = '', emai_empr = null, emai_empr_senh = ''"_s);
   notice(u"AVISOORCAFECHADO"_s);
   EXPECT_TRUE(server.messages().isEmpty());
   // With any of them the message is tried, and what is missing is said.
   sql(u"update empr set emai_empr_senh = 'x'"_s);
-  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s), values::RuntimeError);
+  EXPECT_THROW(notice(u"AVISOORCAFECHADO"_s), mail::MailError);
 }

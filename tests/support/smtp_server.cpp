@@ -50,4 +50,9 @@ QList<QJsonObject> SmtpServer::messages() const {
   }
 }
 
+QByteArray SmtpServer::heard() const {
+  QFile file(folder_.filePath(u"heard"_s));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 }  // namespace support

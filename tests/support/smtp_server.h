@@ -13,8 +13,8 @@ class SmtpServer {
  public:
   enum class Tls { None, StartTls, FromStart };
 
-  /// options: --login user:password, --refuse address (or "message"), --fault gone|stall|mute,
-  /// --port number (which may be taken or forbidden: see listens).
+  /// options: --login user:password, --refuse address (or "message"), --fault gone|stall|mute, --answer
+  /// COMMAND=text (see smtp_server.py), --port number (which may be taken or forbidden: see listens).
   explicit SmtpServer(const QStringList& options = {}, Tls tls = Tls::None);
   ~SmtpServer();
 
@@ -26,6 +26,9 @@ class SmtpServer {
   /// What came, in order, as Python's mail library reads it; keys in smtp_server.py. The
   /// summary is "subject | type: text | type: file name", with as many parts as there are.
   [[nodiscard]] QList<QJsonObject> messages() const;
+
+  /// Every byte that it has read, decrypted.
+  [[nodiscard]] QByteArray heard() const;
 
  private:
   void makeCertificate() const;

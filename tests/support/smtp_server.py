@@ -73,6 +73,11 @@ class Server(SMTP):
 
     fault = ""
 
+    def data_received(self, data):
+        with open(f"{self.event_handler.folder}/heard", "ab") as heard:
+            heard.write(data)
+        super().data_received(data)
+
     async def smtp_DATA(self, argument):
         if not self.fault:
             return await super().smtp_DATA(argument)
@@ -80,6 +85,20 @@ class Server(SMTP):
         if self.fault == "gone":
             self.transport.abort()
         await asyncio.sleep(3600)
+
+
+def canned(text):
+    """A command's answer from the command line: its lines; behind a 334 it waits for a line, said again as {}."""
+
+    async def answer(self, argument):
+        self.session.extended_smtp, self.session.host_name = True, "client"
+        said = b""
+        for line in text.encode().split(b"\n"):
+            await self.push(line.replace(b"{}", said))
+            if line.startswith(b"334"):
+                said = (await self._reader.readline()).strip()
+
+    return answer
 
 
 async def serve(arguments):
@@ -97,6 +116,8 @@ async def serve(arguments):
         options |= {"tls_context": tls, "require_starttls": arguments.login is not None}
     handler = Handler(arguments)
     Server.fault = arguments.fault
+    for command, _, text in (answer.partition("=") for answer in arguments.answer):
+        setattr(Server, "smtp_" + command, canned(text))
     protocol = asyncio.Protocol if arguments.fault == "mute" else lambda: Server(handler, **options)
     at_once = tls if arguments.tls == "at once" else None
     loop = asyncio.get_running_loop()
@@ -111,6 +132,7 @@ def main():
     parser.add_argument("--port", type=int, default=0)
     parser.add_argument("--login", help="user:password, which is then the only one and must be given")
     parser.add_argument("--refuse", default="", help="an address, or 'message'")
+    parser.add_argument("--answer", action="append", default=[], help="COMMAND=lines of its answer")
     parser.add_argument("--fault", default="", choices=["", "gone", "stall", "mute"])
     parser.add_argument("--tls", choices=["offered", "at once"])
     arguments = parser.parse_args()

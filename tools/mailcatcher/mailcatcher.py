@@ -3,7 +3,8 @@
 
 The files are called 0001.eml, 0002.eml, … in the order of arrival and are whole when their name appears. Two
 lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server was told
-them, with ", " between them. Any login is taken, unless --user and --password name the one that is.
+them, with ", " between them. Any login is taken, unless --user and --password name the one that is. Addresses
+whose domain ends in .invalid are refused, as those of mailboxes that aren't there.
 It ends with the process that started it, or on SIGTERM or SIGINT.
 """
 
@@ -30,6 +31,12 @@ class Folder:
     def next_name(self):
         taken = [int(file.stem) for file in self.path.glob("*.eml") if re.fullmatch(r"\d+", file.stem)]
         return f"{max(taken, default=0) + 1:04}.eml"
+
+    async def handle_RCPT(self, server, session, envelope, address, options):
+        if address.lower().rstrip(".").endswith(".invalid"):
+            return f"550 5.1.1 {address}: no such mailbox"
+        envelope.rcpt_tos.append(address)
+        return "250 OK"
 
     async def handle_DATA(self, server, session, envelope):
         head = f"X-Envelope-From: {envelope.mail_from}\r\nX-Envelope-To: {', '.join(envelope.rcpt_tos)}\r\n"

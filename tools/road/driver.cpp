@@ -99,8 +99,7 @@ bool Driver::idle() const {
   if (!working_.empty() && depth() <= working_.back()) return false;
   if (forms::boxesWaiting() > (box ? 1 : 0) || forms::modal::depth() > modalFormsShown()) return false;
   if (box) return true;
-  const QCursor* pointer = QApplication::overrideCursor();
-  if (pointer != nullptr && pointer->shape() == Qt::WaitCursor) return false;
+  if (forms::WaitPointer::isWorking()) return false;
   const QList<forms::Form*> shown = forms::registry::shown();
   if (shown.isEmpty()) return false;
   if (QApplication::activePopupWidget() == nullptr && !shown.last()->isActiveWindow()) {

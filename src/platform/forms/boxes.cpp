@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QInputDialog>
@@ -141,6 +142,21 @@ QString inputBox(const Input& input) {
   window.setOkButtonText(u"&OK"_s);
   window.setCancelButtonText(u"&Cancelar"_s);
   return window.exec() == QDialog::Accepted ? window.textValue() : QString();
+}
+
+QString fileBox(const QString& title, const QString& folder) {
+  ++shownSoFar;
+  if (inputAnswerer) return inputAnswerer({title, title, folder});
+
+  const Interlude interlude;
+  QFileDialog window(interlude.caller(), title, folder);
+  window.setFileMode(QFileDialog::ExistingFile);
+  window.setLabelText(QFileDialog::FileName, u"Arquivo:"_s);
+  window.setLabelText(QFileDialog::FileType, u"Tipo:"_s);
+  window.setLabelText(QFileDialog::LookIn, u"Pasta:"_s);
+  window.setLabelText(QFileDialog::Accept, u"&Abrir"_s);
+  window.setLabelText(QFileDialog::Reject, u"&Cancelar"_s);
+  return window.exec() == QDialog::Accepted ? window.selectedFiles().value(0) : QString();
 }
 
 void setBoxAnswerer(std::function<Answer(const Box&)> answerer) { boxAnswerer = std::move(answerer); }

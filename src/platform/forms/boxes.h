@@ -31,6 +31,10 @@ Answer msgBox(const Box& box);
 /// Asks for a line of text. Cancel gives an empty text.
 [[nodiscard]] QString inputBox(const Input& input);
 
+/// Lets the user choose a file that is there, beginning in a folder of this machine. Cancel gives an empty
+/// text.
+[[nodiscard]] QString fileBox(const QString& title, const QString& folder);
+
 /// Answers boxes in place of a user; an empty function brings the real ones back.
 void setBoxAnswerer(std::function<Answer(const Box&)> answerer);
 void setInputAnswerer(std::function<QString(const Input&)> answerer);

@@ -273,7 +273,4 @@ QSize screenSize() {
   return screen == nullptr ? QSize() : screen->size();
 }
 
-WaitPointer::WaitPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-WaitPointer::~WaitPointer() { QApplication::restoreOverrideCursor(); }
-
 }  // namespace forms

@@ -46,13 +46,4 @@ void setForeColor(QWidget* control, ColorNumber number);
 /// Primary screen in pixels.
 [[nodiscard]] QSize screenSize();
 
-/// The wait pointer while it lives.
-class WaitPointer {
- public:
-  WaitPointer();
-  ~WaitPointer();
-  WaitPointer(const WaitPointer&) = delete;
-  WaitPointer& operator=(const WaitPointer&) = delete;
-};
-
 }  // namespace forms

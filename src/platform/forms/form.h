@@ -11,6 +11,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/masked_box.h"
+#include "platform/forms/wait_pointer.h"
 
 namespace forms {
 

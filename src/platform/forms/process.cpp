@@ -8,7 +8,6 @@
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/modal_loops.h"
-#include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,14 +20,14 @@ std::function<void(int)>& ownEnd() {
   return end;
 }
 
-void tellRuntimeError(const values::RuntimeError& error) {
+}  // namespace
+
+void showRuntimeError(const values::RuntimeError& error) {
   Box box;
   box.text = u"Erro em tempo de execução '%1':\n\n%2"_s.arg(error.number()).arg(error.text());
   box.icon = Icon::Critical;
   msgBox(box);
 }
-
-}  // namespace
 
 void end(int status) {
   if (!ownEnd()) {
@@ -54,10 +53,10 @@ void guarded(const std::function<void()>& handler) {
     try {
       handler();
     } catch (const values::RuntimeError& error) {
-      tellRuntimeError(error);
+      showRuntimeError(error);
       end(1);
     } catch (const std::bad_alloc&) {
-      tellRuntimeError({values::kOutOfMemory, values::standardText(values::kOutOfMemory)});
+      showRuntimeError({values::kOutOfMemory, values::standardText(values::kOutOfMemory)});
       end(1);
     }
   } catch (const Ended&) {

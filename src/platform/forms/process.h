@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "platform/values/runtime_error.h"
+
 // How the process ends, and the edge of the event loop.
 namespace forms {
 
@@ -20,6 +22,9 @@ void endPlainly();
 /// Puts another end in place (tests, guided roads); an empty function brings the real one back.
 /// After the function has run, all modal loops are left and Ended is thrown.
 void setEnd(std::function<void(int)> end);
+
+/// The runtime's error box, with number and text of the error.
+void showRuntimeError(const values::RuntimeError& error);
 
 /// Runs a handler at the edge of the event loop, so that no exception crosses Qt: a values::RuntimeError, and
 /// memory that runs out, show the runtime's error box with its number and text and end the process with

@@ -59,40 +59,11 @@ QByteArray quoted(const QString& text) {
 }
 
 QByteArray displayName(const QString& name) {
-  const QByteArray encoded = encodedText(name);
+  const QByteArray encoded = encodedText(withoutControls(name));
   return encoded.startsWith("=?") ? encoded : quoted(name);
 }
 
-Address parseAddress(const QString& entry) {
-  const qsizetype open = entry.lastIndexOf(u'<');
-  const qsizetype close = entry.lastIndexOf(u'>');
-  if (open < 0 || close < open) return {{}, entry};
-  QString name = entry.first(open).trimmed();
-  if (name.size() >= 2 && name.startsWith(u'"') && name.endsWith(u'"')) name = name.mid(1, name.size() - 2);
-  return {name, entry.mid(open + 1, close - open - 1).trimmed()};
-}
-
 }  // namespace
-
-std::vector<Address> parseAddresses(const QString& list) {
-  std::vector<Address> addresses;
-  QString entry;
-  const auto take = [&] {
-    const Address address = parseAddress(withoutControls(entry));
-    if (!address.address.isEmpty()) addresses.push_back(address);
-    entry.clear();
-  };
-  bool quotes = false;
-  for (const QChar c : list) {
-    if (c == u'"') quotes = !quotes;
-    if (!quotes && (c == u',' || c == u';'))
-      take();
-    else
-      entry += c;
-  }
-  take();
-  return addresses;
-}
 
 QByteArray textHeader(const QByteArray& name, const QString& value) {
   return name + ": " + encodedText(withoutControls(value));
@@ -103,9 +74,9 @@ QByteArray addressHeader(const QByteArray& name, const std::vector<Address>& add
   for (const Address& address : addresses) {
     line += &address == &addresses.front() ? QByteArray(" ") : QByteArray(",") + kFold;
     if (address.name.isEmpty())
-      line += address.address.toUtf8();
+      line += address.address;
     else
-      line += displayName(address.name) + " <" + address.address.toUtf8() + ">";
+      line += displayName(address.name) + " <" + address.address + ">";
   }
   return line;
 }
@@ -117,8 +88,8 @@ QByteArray dateHeader(const QDateTime& when) {
   return "Date: " + withOffset.toString(Qt::RFC2822Date).toLatin1();
 }
 
-QByteArray messageIdHeader(const QString& sender) {
-  const QByteArray domain = QUrl::toAce(sender.section(u'@', -1));
+QByteArray messageIdHeader(const QByteArray& sender) {
+  const QByteArray domain = sender.mid(sender.lastIndexOf('@') + 1);
   return "Message-ID: <" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + "@" +
          (domain.isEmpty() ? QByteArray("localhost") : domain) + ">";
 }

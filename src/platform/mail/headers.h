@@ -5,17 +5,10 @@
 #include <QString>
 #include <vector>
 
+#include "platform/mail/addresses.h"
+
 // The lines at the head of a message and of its parts, as they go over the wire.
 namespace mail {
-
-struct Address {
-  QString name;  ///< display name, may be empty
-  QString address;
-};
-
-/// The addresses of a list separated by commas or semicolons, "name <address>" or bare; empty entries are
-/// left out. A separator inside quotes is none.
-[[nodiscard]] std::vector<Address> parseAddresses(const QString& list);
 
 /// A header line without its line end; a text outside ASCII, or a long one, goes in encoded words of UTF-8
 /// (RFC 2047), folded. Line ends and other control characters in the value become blanks.
@@ -23,7 +16,7 @@ struct Address {
 [[nodiscard]] QByteArray addressHeader(const QByteArray& name, const std::vector<Address>& addresses);
 [[nodiscard]] QByteArray dateHeader(const QDateTime& when);
 /// A fresh identity in the domain of the sender's address.
-[[nodiscard]] QByteArray messageIdHeader(const QString& sender);
+[[nodiscard]] QByteArray messageIdHeader(const QByteArray& sender);
 /// Content-Disposition of an attachment; a name outside ASCII is encoded (RFC 2231).
 [[nodiscard]] QByteArray dispositionHeader(const QString& fileName);
 

@@ -4,7 +4,10 @@
 #include <algorithm>
 
 #include "platform/files/paths.h"
+#include "platform/mail/bodies.h"
 #include "platform/mail/headers.h"
+#include "platform/mail/html_text.h"
+#include "platform/mail/mime.h"
 #include "platform/mail/smtp_transfer.h"
 #include "platform/values/dates.h"
 
@@ -13,8 +16,12 @@ using namespace Qt::StringLiterals;
 namespace mail {
 
 void AttachmentList::Add(const QString& path) {
-  QByteArray content = files::readAll(path);
-  files_.push_back({QFileInfo(files::resolve(path)).fileName(), std::move(content)});
+  try {
+    QByteArray content = files::readAll(path);
+    files_.push_back({QFileInfo(files::resolve(path)).fileName(), std::move(content)});
+  } catch (const values::RuntimeError& error) {
+    throw MailError(error.number(), error.text());
+  }
 }
 
 Settings& settings() {
@@ -29,11 +36,10 @@ std::vector<QByteArray> envelope(const std::vector<Address>& to, const std::vect
   std::vector<QByteArray> recipients;
   for (const auto* list : {&to, &copy}) {
     for (const Address& address : *list) {
-      const QByteArray bytes = address.address.toUtf8();
-      const auto same = [&bytes](const QByteArray& other) {
-        return other.compare(bytes, Qt::CaseInsensitive) == 0;
+      const auto same = [&address](const QByteArray& other) {
+        return other.compare(address.address, Qt::CaseInsensitive) == 0;
       };
-      if (std::ranges::none_of(recipients, same)) recipients.push_back(bytes);
+      if (std::ranges::none_of(recipients, same)) recipients.push_back(address.address);
     }
   }
   return recipients;
@@ -42,31 +48,31 @@ std::vector<QByteArray> envelope(const std::vector<Address>& to, const std::vect
 }  // namespace
 
 void MailMessage::SendEmail() const {
-  const std::vector<Address> from = parseAddresses(MailFrom);
-  const std::vector<Address> to = parseAddresses(SendTo);
-  const std::vector<Address> copy = parseAddresses(SendCC);
+  const std::vector<Address> from = parseAddresses(MailFrom, u"o remetente"_s);
+  const std::vector<Address> to = parseAddresses(SendTo, u"o destinatário"_s);
+  const std::vector<Address> copy = parseAddresses(SendCC, u"o destinatário da cópia"_s);
   if (Server.trimmed().isEmpty()) fail(u"falta o servidor de e-mail"_s);
   if (from.empty()) fail(u"falta o endereço do remetente"_s);
-  if (to.empty() && copy.empty()) fail(u"não há nenhum destinatário"_s);
+  if (to.empty()) fail(u"não há nenhum destinatário"_s);
+
+  std::vector<QByteArray> headers{dateHeader(values::now()), messageIdHeader(from.front().address),
+                                  addressHeader("From", {from.front()}), addressHeader("To", to)};
+  if (!copy.empty()) headers.push_back(addressHeader("Cc", copy));
+  headers.push_back(textHeader("Subject", MessageSubject));
+
+  const bool plain = !MessageText.isEmpty() || MessageHTML.isEmpty();
+  std::vector<Body> bodies{plainBody(plain ? MessageText : textOfHtml(MessageHTML))};
+  if (!MessageHTML.isEmpty()) bodies.push_back(htmlBody(MessageHTML));
 
   Outgoing mail;
   mail.server = Server.trimmed();
-  mail.from = from.front().address.toUtf8();
-  mail.files = Attachments.files();
   if (AuthenticationType == kLogin) {
     mail.username = Username;
     mail.password = Password;
   }
+  mail.from = from.front().address;
   mail.recipients = envelope(to, copy);
-
-  mail.headers = {dateHeader(values::now()), messageIdHeader(from.front().address),
-                  addressHeader("From", {from.front()})};
-  if (!to.empty()) mail.headers.push_back(addressHeader("To", to));
-  if (!copy.empty()) mail.headers.push_back(addressHeader("Cc", copy));
-  mail.headers.push_back(textHeader("Subject", MessageSubject));
-
-  if (!MessageText.isEmpty() || MessageHTML.isEmpty()) mail.bodies.push_back(plainBody(MessageText));
-  if (!MessageHTML.isEmpty()) mail.bodies.push_back(htmlBody(MessageHTML));
+  mail.message = mimeMessage(headers, bodies, Attachments.files());
   transfer(mail, settings());
 }
 

@@ -4,7 +4,10 @@
 #include <QString>
 #include <vector>
 
-// One message by SMTP. The members bear the names by which the program knows its mail component.
+#include "platform/mail/mail_error.h"
+
+// One message by SMTP. The members bear the names by which the program knows its mail component; what fails
+// in it is raised as a MailError.
 namespace mail {
 
 /// Values of AuthenticationType.
@@ -43,19 +46,21 @@ class MailMessage {
   int AuthenticationType = kNoLogin;
   AttachmentList Attachments;
   /// "host" or "host:port"; without a port 25. TLS from the start on port 465, else as soon as the server
-  /// offers it; its certificate must be good.
+  /// offers it, and then nothing is sent without it; its certificate must be good.
   QString Server;
   QString MailFrom;
-  /// Addresses separated by commas or semicolons; empty entries are passed over.
+  /// Addresses separated by commas or semicolons; empty entries are passed over, one that can't be read whole
+  /// fails the message.
   QString SendTo;
   QString SendCC;
   QString MessageSubject;
-  /// Goes out in the character set that its own head declares, UTF-8 without one.
+  /// Goes out in the character set that its own head declares, UTF-8 without one, beside MessageText or,
+  /// where that is empty, beside its own text without the tags.
   QString MessageHTML;
   QString MessageText;
 
-  /// Sends it and waits. Raises values::kMailFailed, whose text says which step failed and what
-  /// the server answered; then nobody got the message.
+  /// Sends it and waits. Raises values::kMailFailed, whose text says which step failed and what the server
+  /// answered; then nobody got the message.
   void SendEmail() const;
 };
 

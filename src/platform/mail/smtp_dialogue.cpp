@@ -2,11 +2,22 @@
 
 #include <array>
 
+#include "platform/mail/answer_text.h"
+
 using namespace Qt::StringLiterals;
 
 namespace mail {
 
 namespace {
+
+constexpr qsizetype kKeptBytes = 4000;
+constexpr int kMostLines = 500;             // an answer of more has no end
+constexpr qint64 kGoodbyePatience = 2'000;  // milliseconds
+constexpr char kStartTls[] = "STARTTLS";
+
+constexpr const char16_t* kLate = u"o servidor de e-mail não respondeu a tempo";
+constexpr const char16_t* kNoSafeLine = u"o servidor não iniciou a conexão segura";
+constexpr const char16_t* kEndless = u"o servidor de e-mail respondeu com linhas demais";
 
 struct Step {
   const char* command;
@@ -16,7 +27,7 @@ struct Step {
 constexpr std::array<Step, 7> kSteps{{
     {"EHLO", u"o servidor recusou a conexão"},
     {"HELO", u"o servidor recusou a conexão"},
-    {"STARTTLS", u"o servidor não iniciou a conexão segura"},
+    {kStartTls, kNoSafeLine},
     {"AUTH", u"o servidor recusou o usuário ou a senha"},
     {"MAIL FROM", u"o servidor recusou o remetente %1"},
     {"RCPT TO", u"o servidor recusou o destinatário %1"},
@@ -34,8 +45,8 @@ constexpr std::array<Fault, 10> kFaults{{
     {CURLE_PEER_FAILED_VERIFICATION, u"o certificado do servidor de e-mail não é de confiança"},
     {CURLE_SSL_CACERT_BADFILE, u"o arquivo de certificados de confiança não pôde ser lido"},
     {CURLE_SSL_CONNECT_ERROR, u"a conexão segura com o servidor de e-mail falhou"},
-    {CURLE_LOGIN_DENIED, u"o servidor recusou o usuário ou a senha"},
-    {CURLE_OPERATION_TIMEDOUT, u"o servidor de e-mail não respondeu a tempo"},
+    {CURLE_LOGIN_DENIED, u"o servidor não aceita o login por usuário e senha"},
+    {CURLE_OPERATION_TIMEDOUT, kLate},
     {CURLE_RECV_ERROR, u"a conexão com o servidor de e-mail caiu"},
     {CURLE_SEND_ERROR, u"a conexão com o servidor de e-mail caiu"},
     {CURLE_GOT_NOTHING, u"a conexão com o servidor de e-mail caiu"},
@@ -53,48 +64,106 @@ QString addressIn(const QByteArray& command) {
   return QString::fromUtf8(command.mid(open + 1, command.indexOf('>', open) - open - 1));
 }
 
+/// Whether a line of the answer to EHLO offers TLS, in whatever letters.
+bool offersTls(const QByteArray& line) {
+  return line.mid(4)
+             .first(std::min<qsizetype>(line.mid(4).size(), 8))
+             .compare(kStartTls, Qt::CaseInsensitive) == 0;
+}
+
 }  // namespace
+
+Dialogue::Dialogue(bool encrypted, const QString& password, int patience)
+    : encrypted_(encrypted), patience_(qint64{1000} * patience) {
+  if (!password.isEmpty()) secrets_ << password;
+}
 
 void Dialogue::listenTo(CURL* handle) {
   curl_easy_setopt(handle, CURLOPT_VERBOSE, 1L);
-  curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, &Dialogue::listen);
+  curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, &Dialogue::overhear);
   curl_easy_setopt(handle, CURLOPT_DEBUGDATA, this);
+  curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &Dialogue::hear);
+  curl_easy_setopt(handle, CURLOPT_HEADERDATA, this);
+  curl_easy_setopt(handle, CURLOPT_NOPROGRESS, 0L);
+  curl_easy_setopt(handle, CURLOPT_XFERINFOFUNCTION, &Dialogue::watch);
+  curl_easy_setopt(handle, CURLOPT_XFERINFODATA, this);
 }
 
-int Dialogue::listen(CURL* /*handle*/, curl_infotype type, char* data, size_t size, void* self) {
+int Dialogue::overhear(CURL* /*handle*/, curl_infotype type, char* data, size_t size, void* self) {
   auto* dialogue = static_cast<Dialogue*>(self);
-  if (dialogue->leaving_) return 0;
-  const QByteArray bytes(data, static_cast<qsizetype>(size));
-  if (type == CURLINFO_HEADER_OUT) dialogue->said(bytes);
-  if (type == CURLINFO_HEADER_IN) dialogue->answer_ += bytes;
+  if (type == CURLINFO_HEADER_OUT) dialogue->said(QByteArray(data, static_cast<qsizetype>(size)));
   if (type == CURLINFO_DATA_OUT) dialogue->answer_.clear();
   return 0;
 }
 
-void Dialogue::said(const QByteArray& command) {
-  leaving_ = command.startsWith("QUIT");
-  if (leaving_) return;
-  answer_.clear();
-  // A line that is no command goes on with the one before it: the parts of a login.
-  for (const Step& step : kSteps) {
-    if (isCommand(command, step.command)) {
-      step_ = QString::fromUtf16(step.failure);
-      if (step_.contains(u"%1")) step_ = step_.arg(addressIn(command));
-    }
+size_t Dialogue::hear(char* line, size_t size, size_t count, void* self) {
+  const size_t bytes = size * count;
+  // The client ends the transfer before it acts on a line that was not taken.
+  return static_cast<Dialogue*>(self)->takes(QByteArray(line, static_cast<qsizetype>(bytes))) ? bytes : 0;
+}
+
+int Dialogue::watch(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t sent) {
+  return static_cast<Dialogue*>(self)->goesOn(sent) ? 0 : 1;
+}
+
+bool Dialogue::goesOn(curl_off_t sent) {
+  if (goodbye_.isValid()) return ended_.isEmpty() && !goodbye_.hasExpired(kGoodbyePatience);
+  if (sent != sent_) moved_.start();
+  sent_ = sent;
+  if (moved_.isValid() && moved_.hasExpired(patience_)) {
+    late_ = true;
+    ended_ = QString::fromUtf16(kLate);
   }
+  return ended_.isEmpty();
+}
+
+void Dialogue::said(const QByteArray& line) {
+  if (goodbye_.isValid()) return;
+  if (line.startsWith("QUIT")) return goodbye_.start();
+  answer_.clear();
+  lines_ = 0;
+  moved_.start();
+  if (command_ == kStartTls) encrypted_ = true;
+  for (const Step& step : kSteps) {
+    if (!isCommand(line, step.command)) continue;
+    command_ = step.command;
+    step_ = QString::fromUtf16(step.failure);
+    if (step_.contains(u"%1")) step_ = step_.arg(addressIn(line));
+    return;
+  }
+  // A line that is no command goes on with the one before it: the parts of a login.
+  if (const QByteArray part = line.trimmed(); !part.isEmpty()) secrets_ << QString::fromUtf8(part);
+}
+
+bool Dialogue::takes(const QByteArray& line) {
+  if (goodbye_.isValid()) return true;
+  if (answer_.size() < kKeptBytes) answer_ += line.first(std::min(line.size(), kKeptBytes));
+  if (++lines_ > kMostLines) ended_ = QString::fromUtf16(kEndless);
+  // What the client passes over would leave the line open: an offer in other letters or behind another
+  // command, a refusal.
+  const bool overlooked = offersTls(line) && !(command_ == "EHLO" && line.mid(4).startsWith(kStartTls));
+  const bool declined = command_ == kStartTls && !line.startsWith("220");
+  if (!encrypted_ && (overlooked || declined)) ended_ = QString::fromUtf16(kNoSafeLine);
+  return ended_.isEmpty();
 }
 
 bool Dialogue::refused() const { return answer_.startsWith('4') || answer_.startsWith('5'); }
 
 QString Dialogue::failure(CURLcode result) const {
+  if (!ended_.isEmpty()) return ended_;
   if (refused() && !step_.isEmpty()) return step_;
   for (const Fault& fault : kFaults)
     if (fault.code == result) return QString::fromUtf16(fault.failure);
   return u"o servidor recusou a conexão"_s;
 }
 
+bool Dialogue::silence(CURLcode result) const {
+  return late_ || result == CURLE_COULDNT_RESOLVE_HOST || result == CURLE_COULDNT_CONNECT ||
+         result == CURLE_OPERATION_TIMEDOUT;
+}
+
 QStringList Dialogue::details(const QString& server) const {
-  const QString answer = QString::fromUtf8(answer_).trimmed().replace(u"\r\n"_s, u"\r"_s);
+  const QString answer = answerText(answer_, secrets_);
   return {u"Servidor: "_s + server, u"Resposta: "_s + (answer.isEmpty() ? u"nenhuma"_s : answer)};
 }
 

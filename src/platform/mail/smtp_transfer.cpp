@@ -2,13 +2,11 @@
 
 #include <curl/curl.h>
 
-#include <QMimeDatabase>
-#include <QStringList>
+#include <algorithm>
 #include <memory>
 
-#include "platform/mail/headers.h"
+#include "platform/mail/mail_error.h"
 #include "platform/mail/smtp_dialogue.h"
-#include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +25,6 @@ struct Releaser {
 };
 using Handle = std::unique_ptr<CURL, Releaser<curl_easy_cleanup>>;
 using Url = std::unique_ptr<CURLU, Releaser<curl_url_cleanup>>;
-using Mime = std::unique_ptr<curl_mime, Releaser<curl_mime_free>>;
 using Text = std::unique_ptr<char, Releaser<curl_free>>;
 
 struct ListReleaser {
@@ -53,6 +50,13 @@ Handle makeHandle() {
   return handle;
 }
 
+QByteArray partOf(CURLU* url, CURLUPart part) {
+  char* text = nullptr;
+  if (curl_url_get(url, part, &text, 0) != CURLUE_OK) return {};
+  const Text owned(text);
+  return text;
+}
+
 /// The server as an address; TLS from the start on its own port.
 Url serverUrl(const QString& server) {
   Url url(curl_url());
@@ -60,38 +64,27 @@ Url serverUrl(const QString& server) {
   const QByteArray text = "smtp://" + server.toUtf8();
   if (curl_url_set(url.get(), CURLUPART_URL, text.constData(), 0) != CURLUE_OK)
     fail(u"o endereço do servidor de e-mail não é válido"_s, {u"Servidor: "_s + server});
-  char* port = nullptr;
-  if (curl_url_get(url.get(), CURLUPART_PORT, &port, 0) == CURLUE_OK) {
-    const Text owned(port);
-    if (QByteArray(port).toInt() == kTlsPort) curl_url_set(url.get(), CURLUPART_SCHEME, "smtps", 0);
-  }
+  if (partOf(url.get(), CURLUPART_PORT).toInt() == kTlsPort)
+    curl_url_set(url.get(), CURLUPART_SCHEME, "smtps", 0);
   return url;
 }
 
-void addData(curl_mimepart* part, const QByteArray& content, const QByteArray& type, const char* encoder) {
-  curl_mime_data(part, content.constData(), static_cast<size_t>(content.size()));
-  curl_mime_type(part, type.constData());
-  curl_mime_encoder(part, encoder);
-}
+bool isEncrypted(CURLU* url) { return partOf(url, CURLUPART_SCHEME) == "smtps"; }
 
-void addBodies(CURL* handle, curl_mime* mime, const std::vector<Body>& bodies) {
-  curl_mime* target = mime;
-  if (bodies.size() > 1) {
-    target = curl_mime_init(handle);
-    curl_mimepart* part = curl_mime_addpart(mime);
-    curl_mime_subparts(part, target);
-    curl_mime_type(part, "multipart/alternative");
+/// Gives the message to the client piece by piece.
+struct Upload {
+  const QByteArray& message;
+  qsizetype sent = 0;
+
+  static size_t read(char* room, size_t size, size_t count, void* self) {
+    auto* upload = static_cast<Upload*>(self);
+    const qsizetype bytes =
+        std::min(upload->message.size() - upload->sent, static_cast<qsizetype>(size * count));
+    std::copy_n(upload->message.constData() + upload->sent, bytes, room);
+    upload->sent += bytes;
+    return static_cast<size_t>(bytes);
   }
-  for (const Body& body : bodies)
-    addData(curl_mime_addpart(target), body.content, body.contentType, "quoted-printable");
-}
-
-void addFile(curl_mime* mime, const AttachmentList::File& file) {
-  curl_mimepart* part = curl_mime_addpart(mime);
-  const QMimeType type = QMimeDatabase().mimeTypeForFile(file.name, QMimeDatabase::MatchExtension);
-  addData(part, file.content, type.name().toLatin1(), "base64");
-  curl_mime_headers(part, makeList({dispositionHeader(file.name)}).release(), 1);
-}
+};
 
 template <class Value>
 void set(CURL* handle, CURLoption option, Value value) {
@@ -99,14 +92,16 @@ void set(CURL* handle, CURLoption option, Value value) {
 }
 
 void setLimits(CURL* handle, const Settings& settings) {
+  // Up to the end of the login; what follows has the dialogue's limits.
   set(handle, CURLOPT_CONNECTTIMEOUT, long{settings.connectTimeout});
-  set(handle, CURLOPT_SERVER_RESPONSE_TIMEOUT, long{settings.stallTimeout});
-  // A server that stops reading in the middle of the message answers nothing that could time out.
-  set(handle, CURLOPT_LOW_SPEED_LIMIT, 1L);
-  set(handle, CURLOPT_LOW_SPEED_TIME, long{settings.stallTimeout});
   set(handle, CURLOPT_NOSIGNAL, 1L);
+  // A name server that doesn't answer is not waited for beyond that time.
+  set(handle, CURLOPT_QUICK_EXIT, 1L);
+  // The line is closed while the dialogue still listens, so that the good-bye has its limit.
+  set(handle, CURLOPT_FORBID_REUSE, 1L);
 }
 
+/// TLS is taken where it is offered; the dialogue sees to it that it succeeds then.
 void setSafety(CURL* handle, const QByteArray& caFile) {
   set(handle, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
   set(handle, CURLOPT_PROXY, "");
@@ -115,20 +110,14 @@ void setSafety(CURL* handle, const QByteArray& caFile) {
 
 }  // namespace
 
-void fail(const QString& step, const QStringList& details) {
-  throw values::RuntimeError(
-      values::kMailFailed,
-      (QStringList{u"O e-mail não foi enviado: "_s + step + u'.'} + details).join(u'\r'));
-}
-
 void transfer(const Outgoing& mail, const Settings& settings) {
   const Url url = serverUrl(mail.server);
   const List recipients = makeList(mail.recipients);
-  const List headers = makeList(mail.headers);
   const QByteArray user = mail.username.toUtf8();
   const QByteArray password = mail.password.toUtf8();
   const QByteArray caFile = settings.caFile.toLocal8Bit();
-  Dialogue dialogue;
+  Upload upload{mail.message};
+  Dialogue dialogue(isEncrypted(url.get()), mail.password, settings.stallTimeout);
 
   const Handle handle = makeHandle();
   CURL* curl = handle.get();
@@ -139,19 +128,20 @@ void transfer(const Outgoing& mail, const Settings& settings) {
   if (!user.isEmpty()) {
     set(curl, CURLOPT_USERNAME, user.constData());
     set(curl, CURLOPT_PASSWORD, password.constData());
+    // The methods that take user and password as they are, whatever else the server offers.
+    set(curl, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
   }
   setLimits(curl, settings);
   setSafety(curl, caFile);
   dialogue.listenTo(curl);
-
-  const Mime mime(curl_mime_init(curl));
-  addBodies(curl, mime.get(), mail.bodies);
-  for (const AttachmentList::File& file : mail.files) addFile(mime.get(), file);
-  set(curl, CURLOPT_MIMEPOST, mime.get());
-  set(curl, CURLOPT_HTTPHEADER, headers.get());
+  set(curl, CURLOPT_UPLOAD, 1L);
+  set(curl, CURLOPT_READFUNCTION, &Upload::read);
+  set(curl, CURLOPT_READDATA, &upload);
+  set(curl, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(mail.message.size()));
 
   const CURLcode result = curl_easy_perform(curl);
-  if (result != CURLE_OK) fail(dialogue.failure(result), dialogue.details(mail.server));
+  if (result != CURLE_OK)
+    fail(dialogue.failure(result), dialogue.details(mail.server), dialogue.silence(result));
 }
 
 }  // namespace mail

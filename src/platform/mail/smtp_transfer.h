@@ -2,10 +2,8 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 #include <vector>
 
-#include "platform/mail/bodies.h"
 #include "platform/mail/mail_message.h"
 
 namespace mail {
@@ -17,15 +15,10 @@ struct Outgoing {
   QString password;
   QByteArray from;                     ///< bare address
   std::vector<QByteArray> recipients;  ///< bare addresses
-  std::vector<QByteArray> headers;     ///< without line ends
-  std::vector<Body> bodies;            ///< the same text in one or more forms, the plainest first
-  std::vector<AttachmentList::File> files;
+  QByteArray message;                  ///< whole, in lines that end in CR LF
 };
 
 /// Hands it to the server and waits. Raises values::kMailFailed, with the step and the server's answer.
 void transfer(const Outgoing& mail, const Settings& settings);
-
-/// Raises values::kMailFailed: what failed, in one line, and the lines that tell more.
-[[noreturn]] void fail(const QString& step, const QStringList& details = {});
 
 }  // namespace mail

@@ -1,0 +1,23 @@
+#pragma once
+
+namespace forms {
+
+/// The wait pointer while it lives.
+class WaitPointer {
+ public:
+  WaitPointer();
+  ~WaitPointer();
+  WaitPointer(const WaitPointer&) = delete;
+  WaitPointer& operator=(const WaitPointer&) = delete;
+
+  /// Work that failed leaves the pointer as it is, until the user's next key or click.
+  void stay();
+
+  /// Whether one lives: the program works. One that stays after its work doesn't count.
+  [[nodiscard]] static bool isWorking();
+
+ private:
+  bool stays_ = false;
+};
+
+}  // namespace forms
