@@ -35,8 +35,8 @@ void prepare() {
   if (done) return;
   done = true;
   addEngineFlags();
-  // Neither a missing graphics card nor how the PDF library found a text is news worth a page of text.
-  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext*=false\ndefault.debug=false"));
+  // That there is no graphics card is no news worth a page of text.
+  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext*=false"));
   if (QCoreApplication::instance() != nullptr) return;  // too late for the rest
   QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   // "c:\pictures\x.jpg" reads as an address of scheme "c".

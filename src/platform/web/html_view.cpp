@@ -19,7 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kPicturePatience = 5'000;  // milliseconds without any progress
+constexpr int kPictureLimit = 20'000;    // milliseconds
 constexpr int kSettling = 100;           // milliseconds
+constexpr int kAfterZoom = 500;          // milliseconds; what comes sooner is of the zoom before
 constexpr int kScrollBar = 15;           // pixels that the engine's own takes
 // What stands for Verdana and Tahoma, and for any other font that the machine lacks.
 constexpr char16_t kPlainFont[] = u"DejaVu Sans";
@@ -56,6 +58,11 @@ void HtmlView::open() {
   connect(page_, &QWebEnginePage::loadProgress, &patience_, qOverload<>(&QTimer::start));
   connect(page_, &QWebEnginePage::loadFinished, this, &HtmlView::stand);
   connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this] { stand(false); });
+  // Pictures that come without end, or ever so slowly, aren't waited for either.
+  QTimer::singleShot(kPictureLimit, page_, [this] {
+    if (!stands_ && leftOut_.isEmpty() && !page_->requests().webPictures().isEmpty())
+      openWithout(page_->requests().webPictures());
+  });
   patience_.start();
   page_->show();
 }
@@ -150,6 +157,8 @@ void HtmlView::setZoom(double factor) {
 
 void HtmlView::fitWidth() {
   fit_ = true;
+  measured_ = 0;
+  settled_.setInterval(kSettling);
   applyZoom(1.0);
   settled_.start();
 }
@@ -170,7 +179,9 @@ void HtmlView::shrinkToWidth() {
   const QSizeF page = page_->contentsSize() / devicePixelRatioF();  // the engine counts the display's own
   const int scrollBar = page.height() > view_->height() ? kScrollBar : 0;
   const double excess = page.width() / (view_->width() - scrollBar);
-  if (excess < 1.005 || zoom_ <= kSmallestFit) return;
+  if (excess < 1.005 || zoom_ <= kSmallestFit || page.width() == measured_) return;
+  measured_ = page.width();
+  settled_.setInterval(kAfterZoom);
   applyZoom(std::max(kSmallestFit, zoom_ / excess));
 }
 

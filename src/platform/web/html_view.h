@@ -46,6 +46,7 @@ class HtmlView : public DocumentView {
   QTimer patience_;  ///< with pictures of the web
   QTimer settled_;   ///< the engine tells a new size in steps, some of them late
   double zoom_ = 1.0;
+  double measured_ = 0;  ///< width of the content at which it was shrunk last
   bool fit_ = false;
   bool stands_ = false;
 };

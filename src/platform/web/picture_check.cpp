@@ -7,13 +7,15 @@
 namespace web {
 
 namespace {
-constexpr int kPatience = 3'000;  // milliseconds for all of them
-}
+constexpr qint64 kLargest = 16 << 20;  // bytes of a picture
+constexpr int kPatience = 3'000;       // milliseconds for all of them
+}  // namespace
 
 PictureCheck::PictureCheck(const QList<QUrl>& addresses, QObject* parent)
     : QObject(parent), missing_(addresses), open_(addresses.size()) {
   for (const QUrl& address : addresses) {
     QNetworkReply* reply = network_.get(QNetworkRequest(address));
+    reply->setReadBufferSize(kLargest);  // one without end never finishes
     connect(reply, &QNetworkReply::finished, this, [this, reply, address] {
       if (reply->error() == QNetworkReply::NoError && !finished_) missing_.removeOne(address);
       if (--open_ == 0) finish();
