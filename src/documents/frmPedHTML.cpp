@@ -73,7 +73,8 @@ void frmPedHTML::Form_Load() {
   const forms::WaitPointer espera;
   montaVias();
   for (web::WebPane* painel : {WebBrowser1, WebBrowser2}) painel->setPictureFolders(PastasDeFiguras());
-  WebBrowser1->navigate(ArqVia1);
+  // A letter without a row leaves no file.
+  WebBrowser1->navigate(ArqVia1, u"Documento não localizado!"_s);
   WebBrowser2->navigate(ArqVia2);
   Option1->setChecked(true);
   SSTab1->setCurrentIndex(0);

@@ -78,6 +78,7 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
        u"Pedido de Venda - 000300"_s},
       {u"COTA_COMPRA"_s, 1234567, u"cota_compra_1234567"_s, {}, u"Prezados,"_s},
       {u"ORDEM_COMPRA"_s, 72, u"ordem_compra_000072"_s, {}, u"Ordem de Compra: 72"_s},
+      {u"ORDEM_COMPRA"_s, 99, u"ordem_compra_000099"_s, {}, u"Documento não localizado!"_s},
       {u"NADA"_s, 72, {}, {}, {}}};
   const auto path = [](const QString& name) {
     return name.isEmpty() ? name : contexto().PathDocs + name + u".html"_s;

@@ -46,6 +46,7 @@ class WebPane::Private {
   DocumentView* view = nullptr;
   PictureFolders folders;
   std::optional<QByteArray> part;
+  QString ifMissing;     ///< what stands in the place of a file that isn't there
   bool pending = false;  ///< not loaded yet
   bool loading = false;
   bool ok = false;
@@ -77,8 +78,9 @@ WebPane::~WebPane() = default;
 
 void WebPane::setPictureFolders(const QStringList& folders) { d_->folders = PictureFolders(folders); }
 
-void WebPane::navigate(const QString& path) {
+void WebPane::navigate(const QString& path, const QString& ifMissing) {
   path_ = path;
+  d_->ifMissing = ifMissing;
   d_->part.reset();
   d_->pending = true;
   if (isVisible()) load();
@@ -113,7 +115,7 @@ void WebPane::load() {
   }
   const std::optional<QByteArray> content = d_->part ? std::exchange(d_->part, {}) : contentOf(path_);
   if (!content) {
-    say(u"O arquivo não foi encontrado:\n%1"_s.arg(path_));
+    say(d_->ifMissing.isEmpty() ? u"O arquivo não foi encontrado:\n%1"_s.arg(path_) : d_->ifMissing);
     return stand(false);
   }
   say(u"Carregando…"_s);
