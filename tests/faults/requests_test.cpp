@@ -73,7 +73,7 @@ QStringList save(frmPropCmrcTL& screen) {
 template <typename Search>
 QStringList found(frmPropCmrcTL&) {
   auto& search = forms::form<Search>();
-  support::click(search.cmdPesquisa);
+  search.cmdPesquisa->click();
   return seen(search.Flex->grid());
 }
 template <typename Search>
@@ -94,7 +94,7 @@ std::vector<Action> actions() {
       {"ArticleSearch", 12, bench::articleRows, [](auto&) { (void)forms::form<frmMontarProduto>(); },
        [](auto&) {
          auto& assembly = forms::form<frmMontarProduto>();
-         support::click(assembly.cmdPesquisar);
+         assembly.cmdPesquisar->click();
          return seen(assembly.Flex1->grid());
        }},
       {"QuoteSearch", 6, [](int count) { return bench::quoteHeaders(100, count); },
@@ -159,20 +159,25 @@ class Requests : public faults::QuoteCase, public ::testing::WithParamInterface<
 };
 
 TEST_P(Requests, DoNotGrowWithTheSizeAndCarryTheSameStatements) {
-  for (const int size : {4, 300}) {
-    SCOPED_TRACE(size);
-    auto& alone = start();
-    const Run one = run(alone, databasePath(), size, nullptr);
+  const std::vector<int> sizes{4, 300};
+  std::vector<Run> alone;
+  for (const int size : sizes) {
+    auto& screen = start();
+    alone.push_back(run(screen, databasePath(), size, nullptr));
+  }
+  for (std::size_t i = 0; i < sizes.size(); ++i) {
+    SCOPED_TRACE(sizes[i]);
     TdsServer server;
-    auto& far = startOn(server);
-    const Run together = run(far, server.databasePath(), size, &server);
-    EXPECT_EQ(together.statements, one.statements);
-    EXPECT_EQ(together.shown, one.shown);
-    EXPECT_EQ(together.stored, one.stored);
+    auto& screen = startOn(server);
+    const Run together = run(screen, server.databasePath(), sizes[i], &server);
+    EXPECT_EQ(together.statements, alone[i].statements);
+    EXPECT_EQ(together.shown, alone[i].shown);
+    EXPECT_EQ(together.stored, alone[i].stored);
     EXPECT_GT(together.requests, 0);
     EXPECT_LE(together.requests, GetParam().most + together.statements.size() / kFullBatch);
-    RecordProperty("requests_" + std::to_string(size), together.requests);
-    RecordProperty("statements_" + std::to_string(size), static_cast<int>(together.statements.size()));
+    const std::string size = std::to_string(sizes[i]);
+    RecordProperty("requests_" + size, together.requests);
+    RecordProperty("statements_" + size, static_cast<int>(together.statements.size()));
   }
 }
 

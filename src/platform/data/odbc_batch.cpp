@@ -1,5 +1,7 @@
 #include "platform/data/odbc_batch.h"
 
+#include <algorithm>
+
 #include "platform/data/one_statement.h"
 
 using namespace Qt::StringLiterals;
@@ -23,6 +25,9 @@ QString requestText(std::span<const Statement> statements, bool liftsLimit) {
   static const QString kNoLimit = u"SET ROWCOUNT 0"_s;
   QStringList lines;
   if (liftsLimit) lines << kNoLimit;
+  // A server can be set up to leave the counts out, by which the results are told apart.
+  const auto writes = [](const Statement& one) { return !isSelect(one.sql); };
+  if (statements.size() > 1 && std::ranges::any_of(statements, writes)) lines << u"SET NOCOUNT OFF"_s;
   bool limited = false;
   for (const Statement& statement : statements) {
     const bool first = statement.rows == Rows::First && !spoilsOthers(statement.sql);
