@@ -48,7 +48,8 @@
 // - A coroutine takes its arguments by value: it goes on when the caller's have long changed. A Recordset
 //   passed on is a cheap copy that stays on its row.
 // - It touches no screen and no file; who takes the answers does, in order.
-// - No co_await inside ?:, and no ?: in what is awaited (its text would be freed twice), none inside braces of
+// - No co_await inside ?:, and no ?: in what is awaited (its text would be freed twice), none inside braces
+// of
 //   a list, in a chain of << or in a lambda with captures: a name for each answer reads better, and the
 //   compiler (g++ 12) is not to be trusted there.
 namespace data {
