@@ -129,6 +129,7 @@ const std::vector<Case>& refusals() {
        {},
        kInsert.arg(u"NOME_CLIE"_s, u"'x'); DELETE FROM PROP_CMRC; --'"_s),
        {}},
+      {"NumberGluedToAText", {}, u"SELECT * FROM PROP_CMRC WHERE NOME_CLIE=''1"_s, {}},
       {"UnknownColumn", {}, u"SELECT * FROM PROP_CMRC ORDER BY RAZAOSOCIAL"_s, {}},
       {"TextIntoWholeNumber", {}, kInsert.arg(u"IDCLIE"_s, u"'abc'"_s), {}, kServer},
       {"FractionIntoWholeNumber", {}, kInsert.arg(u"IDCLIE"_s, u"'1.5'"_s), {}, kServer},

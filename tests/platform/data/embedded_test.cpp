@@ -4,11 +4,8 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <map>
-#include <optional>
 
 #include "platform/data/connection.h"
-#include "platform/data/embedded_template.h"
 #include "platform/data/engine.h"
 #include "support/printing.h"
 
@@ -100,31 +97,6 @@ TEST_F(EmbeddedFile, KeepsCompiledStatementsRightWhenATableChanges) {
   EXPECT_EQ(connection.query(sql).columns(), (QStringList{u"id"_s, u"nome"_s}));
   open().execute(u"ALTER TABLE t ADD COLUMN fone TEXT DEFAULT '55'"_s);
   EXPECT_EQ(connection.query(sql).text(u"fone"), u"55"_s);
-}
-
-TEST(StatementTemplates, TakeOutValuesAndNothingElse) {
-  const std::map<const char*, std::optional<std::string>> forms{
-      {"SELECT A FROM T WHERE ID =12 AND N LIKE '%x%' AND C='it''s'",
-       "SELECT A FROM T WHERE ID =?  AND N LIKE ?  AND C=? "},
-      {"insert into T (a,b) values ('1', 'Ação')", "insert into T (a,b) values (? , ? )"},
-      {"SELECT A AS 'B1', 2 FROM T ORDER BY 2", "SELECT A AS 'B1', 2 FROM T ORDER BY 2"},
-      {"UPDATE T SET A=null, B='' WHERE (ID=7)", "UPDATE T SET A=null, B=?  WHERE (ID=? )"},
-      {"SELECT A FROM T WHERE B > 1.5 AND C2=3e1", "SELECT A FROM T WHERE B > 1.5 AND C2=3e1"},
-      {"SELECT [a 'b], \"c'd\" FROM T WHERE A='x'", "SELECT [a 'b], \"c'd\" FROM T WHERE A=? "},
-      {"SELECT A FROM T WHERE A=''1", "SELECT A FROM T WHERE A=? 1"},
-      {"SELECT A FROM T WHERE A=@a AND B='x'", {}},
-      {"SELECT A FROM T WHERE A=99999999999999999999", "SELECT A FROM T WHERE A=99999999999999999999"},
-      {"SELECT A FROM T WHERE B='x", {}},
-      {"DELETE FROM T; DELETE FROM U", {}},
-      {"SELECT A FROM T WHERE B=1 -- '", {}},
-      {"CREATE TABLE t (a CHECK(a='x'))", {}}};
-  for (const auto& [sql, text] : forms) {
-    const auto form = data::templateOf(QString::fromUtf8(sql));
-    ASSERT_EQ(form.has_value(), text.has_value()) << sql;
-    if (!form) continue;
-    EXPECT_EQ(form->text.toStdString(), *text);
-    EXPECT_EQ(static_cast<qsizetype>(form->values.size()), form->text.count(u'?'));
-  }
 }
 
 }  // namespace
