@@ -1,13 +1,39 @@
 #include "platform/forms/combo.h"
 
 #include <QAbstractItemView>
+#include <QFontMetricsF>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QWheelEvent>
+#include <QtMath>
+#include <algorithm>
 
 namespace forms {
+
+namespace {
+
+/// Width of the widest entry. Each letter is measured once: a list of 20,000 names is ready at once.
+int widestEntry(const QComboBox& list) {
+  const QFontMetricsF metrics(list.view()->font());
+  QHash<QChar, qreal> widths;
+  qreal widest = 0;
+  for (int entry = 0; entry < list.count(); ++entry) {
+    qreal width = 0;
+    for (const QChar letter : list.itemText(entry)) {
+      qreal& known = widths[letter];
+      if (known == 0) known = metrics.horizontalAdvance(letter);
+      width += known;
+    }
+    widest = std::max(widest, width);
+  }
+  return qCeil(widest);
+}
+
+}  // namespace
 
 Combo::Combo(QWidget* parent) : QComboBox(parent) {
   setEditable(true);
@@ -21,6 +47,7 @@ Combo::Combo(QWidget* parent) : QComboBox(parent) {
   setFocusPolicy(Qt::StrongFocus);
   connect(lineEdit(), &QLineEdit::textEdited, this, &Combo::complete);
   connect(this, &QComboBox::activated, this, [this] { lineEdit()->setCursorPosition(0); });
+  if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
 }
 
 void Combo::complete(const QString& typed) {
@@ -56,9 +83,9 @@ void Combo::clearList() {
 
 void Combo::addEntry(const QString& entry) {
   const QSignalBlocker quiet(this);
+  if (count() > 0) return addItem(entry);
   const QString typed = currentText();
   addItem(entry);
-  if (count() > 1) return;
   // The first entry of an empty list selects itself.
   setCurrentIndex(-1);
   setEditText(typed);
@@ -76,8 +103,7 @@ void Combo::showPopup() {
   if (locked_ || !isEnabled() || count() == 0) return;
   setText(currentText());
   // Entries are read whole, however narrow the field is.
-  view()->setMinimumWidth(view()->sizeHintForColumn(modelColumn()) +
-                          2 * view()->verticalScrollBar()->sizeHint().width());
+  view()->setMinimumWidth(widestEntry(*this) + 3 * view()->verticalScrollBar()->sizeHint().width());
   QComboBox::showPopup();
 }
 
