@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
   } subjects[] = {{"start", bench::starting},    {"quotes", bench::openingAndSaving},
                   {"lookups", bench::lookingUp}, {"searches", bench::searching},
                   {"mass", bench::including},    {"documents", bench::documents},
-                  {"pages", bench::picturing}};
+                  {"pages", bench::picturing},   {"server", bench::farServer}};
   for (const auto& subject : subjects)
     if (std::strstr(subject.name, only) != nullptr) subject.run();
   bench::printSummary();
