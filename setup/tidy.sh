@@ -10,5 +10,5 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 [ "$#" -gt 0 ] || mapfile -t sources < <(git ls-files 'src/*.cpp' 'tools/*.cpp' 'sample/*.cpp')
 [ "$#" = 0 ] || sources=("$@")
 printf '%s\n' "${sources[@]}" |
-  xargs -P "$(nproc)" -n 2 clang-tidy -quiet -p build/release 2>"$state/log/tidy.log" ||
+  xargs -P "$(nproc)" -n 2 clang-tidy -quiet -p build/release --extra-arg=-D__cpp_impl_coroutine=201902L 2>"$state/log/tidy.log" ||
   fail "clang-tidy minds the lines above; what it says besides is in $state/log/tidy.log."
