@@ -24,8 +24,9 @@ QString enderecos(const QString& evento) {
     pedidos.push_back(EmailUsuario(PegaCampo(usuarios, campo)));
   QStringList lista;
   for (auto& pedido : pedidos) lista << pedido.get().toLower();
-  const bool ninguem = std::ranges::all_of(lista, [](const QString& um) { return Apara(um).isEmpty(); });
-  return ninguem ? QString() : lista.join(u", "_s);
+  const QString todos = lista.join(u", "_s);
+  const bool ninguem = std::ranges::all_of(todos, [](QChar c) { return u" ,;"_s.contains(c); });
+  return ninguem ? QString() : todos;
 }
 
 }  // namespace

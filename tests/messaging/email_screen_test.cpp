@@ -93,3 +93,21 @@ TEST_F(EmailScreen, BodyIsTheDocumentUnlessThereIsAnother) {
               (QJsonArray{u"a@clara.example"_s, u"b@clara.example"_s, u"vendas@aurora.example"_s}));
   }
 }
+
+TEST_F(EmailScreen, ASendThatFailedLeavesThePointerUntilTheNextKey) {
+  sql(u"update empr set emai_serv = '127.0.0.1:1'"_s);
+  forms::setBoxAnswerer([](const forms::Box& box) {
+    EXPECT_TRUE(box.text.contains(u"não foi possível conectar"_s)) << box.text.toStdString();
+    return forms::Answer::Ok;
+  });
+  shown([](frmEmailOS& form) {
+    type(form.txtPara, u"a@clara.example"_s);
+    type(form.txtMsg, u"A"_s);
+    click(form.cmdEnviarEmail);
+    EXPECT_FALSE(forms::WaitPointer::isWorking());
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QTest::keyClick(form.cmdEnviarEmail, Qt::Key_Tab);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  });
+}

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QList>
 #include <memory>
 
 namespace forms {
@@ -10,14 +11,17 @@ namespace {
 
 int living = 0;
 
-/// Takes the pointer back with the next key or click.
+/// Takes the pointer back with the next key or click, and goes; the application's own until then.
 class Awakening : public QObject {
  public:
-  Awakening() { qApp->installEventFilter(this); }
+  Awakening() : QObject(qApp) { qApp->installEventFilter(this); }
 
  protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (!over_ && (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress)) {
+    // An access key shows as an override alone.
+    static const QList<QEvent::Type> acts{QEvent::KeyPress, QEvent::ShortcutOverride,
+                                          QEvent::MouseButtonPress};
+    if (!over_ && acts.contains(event->type())) {
       over_ = true;
       QApplication::restoreOverrideCursor();
       deleteLater();
@@ -44,7 +48,6 @@ WaitPointer::~WaitPointer() {
 void WaitPointer::stay() {
   if (stays_) return;
   stays_ = true;
-  // Deletes itself once it has done its work.
   static_cast<void>(std::make_unique<Awakening>().release());
 }
 

@@ -16,8 +16,8 @@ namespace {
 
 constexpr qsizetype kShownLength = 200;  // longest entry that an error shows whole
 
-/// Local part, plain or quoted, and domain. A bare local part is a mailbox of the server's own.
-const QString kAddress = uR"((?:"(?:[^"\\<>]|\\.)*+"|[^\s"<>(),;:@\\]++)(?:@[^\s"<>(),;:@\\]++)?+)"_s;
+/// Local part, plain or quoted, and domain. A word alone is the half of a name that a comma cut.
+const QString kAddress = uR"((?:"(?:[^"\\<>]|\\.)*+"|[^\s"<>(),;:@\\]++)@[^\s"<>(),;:@\\]++)"_s;
 
 /// The quotes or brackets that open at `from`, closed; one character where none do.
 QString group(const QString& text, qsizetype from) {
@@ -59,7 +59,7 @@ QString withoutQuotes(const QString& name) {
 /// The address with its domain in ASCII; empty when the domain has no such form.
 QByteArray onWire(const QString& address) {
   const qsizetype at = address.lastIndexOf(u'@');
-  const QString domain = at < 0 ? QString() : address.sliced(at + 1);
+  const QString domain = address.sliced(at + 1);
   if (std::ranges::all_of(domain, [](QChar c) { return c < QChar(0x7F); })) return address.toUtf8();
   const QByteArray ascii = QUrl::toAce(domain);
   return ascii.isEmpty() ? QByteArray() : address.first(at + 1).toUtf8() + ascii;

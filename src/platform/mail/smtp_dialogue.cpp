@@ -64,11 +64,9 @@ QString addressIn(const QByteArray& command) {
   return QString::fromUtf8(command.mid(open + 1, command.indexOf('>', open) - open - 1));
 }
 
-/// Whether a line of the answer to EHLO offers TLS, in whatever letters.
+/// Whether a line of an answer offers TLS, in whatever letters.
 bool offersTls(const QByteArray& line) {
-  return line.mid(4)
-             .first(std::min<qsizetype>(line.mid(4).size(), 8))
-             .compare(kStartTls, Qt::CaseInsensitive) == 0;
+  return line.mid(4).simplified().toUpper().split(' ').first() == kStartTls;
 }
 
 }  // namespace

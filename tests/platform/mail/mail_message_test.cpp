@@ -287,11 +287,9 @@ TEST_F(Mail, FaultsTellTheStepAndTheAnswer) {
 
 TEST_F(Mail, WhatCannotBeSentIsSaidClearly) {
   const std::tuple<QString MailMessage::*, QString, QString> cases[] = {
-      {&MailMessage::SendTo, u" , ;"_s, u"não há nenhum destinatário."_s},
       {&MailMessage::MailFrom, u" "_s, u"falta o endereço do remetente."_s},
       {&MailMessage::Server, {}, u"falta o servidor de e-mail."_s},
       {&MailMessage::Server, u"smtp aurora:x"_s, u"o endereço do servidor de e-mail não é válido."_s},
-      {&MailMessage::Server, u"127.0.0.1:1"_s, u"não foi possível conectar ao servidor de e-mail."_s},
       {&MailMessage::Server, u"smtp.invalid"_s, u"o servidor de e-mail não foi encontrado."_s},
   };
   const SmtpServer server;
@@ -309,7 +307,7 @@ TEST_F(Mail, NobodyGetsItWhenARecipientCannotBeRead) {
        {u"Ana <ana@b.example> Bia <bia@b.example>"_s, u"\"Maria <m@b.example>"_s, u"Ana <ana@b.example"_s,
         u"ana@b.example bia@b.example"_s, u"<>"_s, u"bia@b.example <ana@b.example>"_s,
         u"Ana (bia@b.example; SP) <ana@b.example>"_s, u"\"Bia <b@b.example>, \"Ana <a@b.example>"_s,
-        u"ana@b.example/bia@b.example"_s}) {
+        u"ana@b.example/bia@b.example"_s, u"Silva"_s}) {
     MailMessage email = message(server);
     email.SendTo = u"dora@clara.example, "_s + entry + u", outro@b.example"_s;
     EXPECT_EQ(failure(email),
