@@ -1,5 +1,6 @@
 #include "answers.h"
 
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -9,6 +10,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "platform/files/paths.h"
 #include "stage.h"
 
 using namespace Qt::StringLiterals;
@@ -39,6 +41,8 @@ SeenBox look(QDialog* box) {
     if (message->icon() == QMessageBox::Critical) seen.icon = u"critical"_s;
   } else if (const auto* input = qobject_cast<QInputDialog*>(box)) {
     seen.text = input->labelText();
+  } else if (qobject_cast<QFileDialog*>(box) != nullptr) {
+    seen.text = seen.title;
   }
   return seen;
 }
@@ -92,14 +96,16 @@ void Answers::forgetBoxes() {
 void Answers::give(QDialog* box) {
   const Answer answer = waiting_.front();
   waiting_.pop_front();
-  const bool takesText = qobject_cast<QInputDialog*>(box) != nullptr;
+  const bool takesFile = qobject_cast<QFileDialog*>(box) != nullptr;
+  const bool takesText = takesFile || qobject_cast<QInputDialog*>(box) != nullptr;
   if (answer.typed != takesText) {
     throw Failure(answer.typed ? u"an input box"_s : u"a box with buttons"_s, described(look(box)));
   }
   if (answer.typed && answer.text) {
     clickOn(*box->findChild<QLineEdit*>());
     eraseText();
-    typeText(*answer.text);
+    // The toolkit's own box knows the paths of this machine.
+    typeText(takesFile ? files::resolve(*answer.text) : *answer.text);
     pressKey(u"Return"_s);
   } else if (answer.typed) {
     pressKey(u"Esc"_s);

@@ -1,6 +1,7 @@
 #include "stage.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -24,8 +25,9 @@ forms::Form& topForm() {
 
 QDialog* waitingBox() {
   QWidget* modal = QApplication::activeModalWidget();
-  const bool box =
-      qobject_cast<QMessageBox*>(modal) != nullptr || qobject_cast<QInputDialog*>(modal) != nullptr;
+  const bool box = qobject_cast<QMessageBox*>(modal) != nullptr ||
+                   qobject_cast<QInputDialog*>(modal) != nullptr ||
+                   qobject_cast<QFileDialog*>(modal) != nullptr;
   return box ? qobject_cast<QDialog*>(modal) : nullptr;
 }
 
