@@ -28,29 +28,6 @@ class EmailScreen : public Mailing {
 
 }  // namespace
 
-TEST_F(EmailScreen, RecipientsAndSenderAtTheStart) {
-  const struct {
-    QString gathered, user, shown;
-  } cases[] = {
-      {u" Dora@clara.example, "_s, u"Maria@Aurora.example"_s, u"Dora@clara.example, maria@aurora.example"_s},
-      {u" , "_s, u"maria@aurora.example"_s, u"maria@aurora.example"_s},
-      {{}, {}, {}},
-      {u"a@x"_s, {}, u"a@x, "_s},
-  };
-  sql(u"update empr set emai_orca = 'Orca@Aurora.example', senh_emai_orca = 'SenhA', emai_serv = 'SMTP.Aurora'"_s);
-  for (const auto& one : cases) {
-    documento().DestinatariosEmail = one.gathered;
-    sql(u"update usen set emai_user = '"_s + one.user + u"' where idusen = 7"_s);
-    shown([&](frmEmailOS& form) {
-      EXPECT_EQ(form.txtPara->text(), one.shown);
-      EXPECT_EQ(form.txtServer->text(), u"smtp.aurora"_s);
-      EXPECT_EQ(form.txtMailFrom->text(), u"orca@aurora.example"_s);
-      EXPECT_EQ(form.txtUsername->text(), u"orca@aurora.example"_s);
-      EXPECT_EQ(form.txtPassword->text(), u"SenhA"_s);
-    });
-  }
-}
-
 TEST_F(EmailScreen, BodyIsTheDocumentUnlessThereIsAnother) {
   const SmtpServer server({u"--login"_s, u"orcamentos@aurora.example:senha-orca"_s});
   mailTo(server);
