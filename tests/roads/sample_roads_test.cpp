@@ -24,8 +24,9 @@ std::vector<Walk> walks() {
     const std::string road = info.completeBaseName().toStdString();
     found.emplace_back(road, false);
     QFile file(info.filePath());
-    if (file.open(QIODevice::ReadOnly) && !file.readAll().contains("syntax error"))
-      found.emplace_back(road, true);
+    if (!file.open(QIODevice::ReadOnly)) continue;
+    const QByteArray steps = file.readAll();
+    if (!steps.contains("syntax error") && !steps.contains("no such column")) found.emplace_back(road, true);
   }
   return found;
 }
