@@ -1,5 +1,6 @@
 #include "platform/forms/grid_model.h"
 
+#include <QTextDocument>
 #include <algorithm>
 #include <iterator>
 #include <numeric>
@@ -33,6 +34,11 @@ struct SortKey {
     return kind == 1 ? number < other.number : text < other.text;
   }
 };
+
+/// A tip that shows a text as it is: one that looks like HTML would be read so, with the files that it names.
+QString asTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? QStringLiteral("<qt>") + text.toHtmlEscaped() : text;
+}
 
 bool isDark(const QColor& color) { return qGray(color.rgb()) < 110; }
 
@@ -214,8 +220,9 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || known == nullptr) return {};
   switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
       return known->text;
+    case Qt::ToolTipRole:
+      return asTip(known->text);
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(cellAlignment(index.row() + 1, index.column()));
     case Qt::BackgroundRole:
@@ -230,7 +237,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation == Qt::Vertical) return {};
-  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return text(0, section);
+  if (role == Qt::DisplayRole) return text(0, section);
+  if (role == Qt::ToolTipRole) return asTip(text(0, section));
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(cellAlignment(0, section));
   return {};
 }

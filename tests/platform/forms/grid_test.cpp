@@ -3,6 +3,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocument>
 
 #include "platform/forms/measures.h"
 #include "sample_form.h"
@@ -46,6 +47,13 @@ TEST_F(Grid, KeepsTheCurrentRowAndTheViewFollowsIt) {
   grid().removeItem(1);
   EXPECT_EQ(grid().rows(), 1);
   EXPECT_EQ(grid().row(), 0);
+}
+
+TEST_F(Grid, TipsShowTextsAsTheyAre) {
+  grid().addItem(u"<img src='/etc/hostname'>A&B"_s);
+  QTextDocument tip;
+  tip.setHtml(grid().index(0, 0).data(Qt::ToolTipRole).toString());
+  EXPECT_EQ(tip.toPlainText(), grid().text(1, 0));
 }
 
 TEST_F(Grid, SortsStablyByValueWithBlanksFirstAndFormatsMoveAlong) {
