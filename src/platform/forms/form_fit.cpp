@@ -1,4 +1,5 @@
 #include <QBoxLayout>
+#include <QGuiApplication>
 #include <QScreen>
 #include <QScrollArea>
 #include <QWindow>
