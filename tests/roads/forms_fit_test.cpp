@@ -135,6 +135,8 @@ void checkKeys(forms::Form& form, Faults& faults) {
   for (const QWidget* control : form.findChildren<QWidget*>()) {
     const auto* button = qobject_cast<const QAbstractButton*>(control);
     const auto* label = qobject_cast<const QLabel*>(control);
+    if (label != nullptr && label->buddy() == nullptr && label->text().contains(u'&'))
+      faults.add(*control, u"shows the & of an access key"_s);
     if (button == nullptr && (label == nullptr || label->buddy() == nullptr)) continue;
     const QString key = QKeySequence::mnemonic(forms::controlText(control)).toString();
     const bool push = button != nullptr && button->inherits("QPushButton");
