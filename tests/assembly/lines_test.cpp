@@ -13,9 +13,8 @@ TEST_F(Lines, AreSortedByClassMarkedAndAddedUp) {
   assemble([this](frmMontarProduto& screen) {
     take(screen, 6, u"0,25"_s);
     take(screen, 0, u"2"_s);
-    take(screen, 1, u"x1.5-"_s, [](frmConfirmaItem& dialog) {
-      support::type(dialog.txtObservacoes, u" com fita "_s);
-    });
+    take(screen, 1, u"x1.5-"_s,
+         [](frmConfirmaItem& dialog) { support::type(dialog.txtObservacoes, u" com fita "_s); });
     const auto& grid = screen.Flex->grid();
     EXPECT_EQ(rows(grid),
               QStringList({u"101|CX-100|Caixa branca|2|UN|1|12,50|25,00|PRODUTO||1"_s,
