@@ -1,7 +1,6 @@
 #include "platform/data/odbc_batch.h"
 
 #include <QStringList>
-
 #include <algorithm>
 
 #include "platform/data/one_statement.h"
