@@ -31,6 +31,11 @@ TEST_F(Confirming, WritesTermsAndInstalmentsInThreeTransactions) {
     type(form.txtObservacaoPedido, u" Entregar à tarde\nno portão "_s);
     support::settle();
     (void)statements();
+    form.mskDataBase->setBoxText(QString());
+    script.box(u"Informar data base."_s);
+    click(form.cmdConfirmar);
+    EXPECT_TRUE(form.isVisible() && statements().isEmpty());
+    form.mskDataBase->setBoxText(u"05/03/2024"_s);
     click(form.cmdConfirmar);
     EXPECT_FALSE(form.isVisible());
     const QString insert =
@@ -56,24 +61,4 @@ TEST_F(Confirming, WritesTermsAndInstalmentsInThreeTransactions) {
   // Hidden, not unloaded: the next closing finds it as it was left.
   EXPECT_EQ(instalments().size(), 3);
   EXPECT_TRUE(screen().cmdDesfazer->isEnabled());
-}
-
-TEST_F(Confirming, EmptyChoicesAreWrittenAsSuch) {
-  closingOf(u"200"_s, [this](frmConfirmaPropCmrcTL& form) {
-    terms(form);
-    forms::setControlText(form.cboTransportadora, {});
-    form.txtPercDesc->clear();
-    form.txtDescontoGeral->clear();
-    form.mskDataBase->setBoxText(QString());
-    (void)statements();
-    script.box(u"Informar data base."_s);
-    click(form.cmdConfirmar);
-    EXPECT_TRUE(form.isVisible() && statements().isEmpty());
-    form.mskDataBase->setBoxText(u"05/03/2024"_s);
-    click(form.cmdConfirmar);
-    EXPECT_EQ(statements().filter(u"UPDATE"_s),
-              QStringList{u"UPDATE PROP_CMRC SET idTRPT='', IDCOND_PGTO = '41' , DATA_BASE='20240305' , "
-                          "VALO_DECT='0' , PERC_DECT='0' , OBSE_PEDI_VEDS=null WHERE (idPROP_CMRC=123)"_s});
-  });
-  EXPECT_EQ(quote().lblDesconto->text(), QString());
 }
