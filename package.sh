@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . setup/common.sh
 
-install_packages setup/packages.txt setup/packages_package.txt
+install_packages setup/packages.txt setup/package_packages.txt
 build release zarim_package_files
 rm -rf build/package
 mkdir -p build/package

@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . setup/common.sh
 
 [ "$(id -u)" = 0 ] || fail "packaging/prove.sh wants root: it makes a Debian of its own and enters it."
-install_packages setup/packages.txt setup/packages_package.txt
+install_packages setup/packages.txt setup/package_packages.txt
 package=${1:-}
 [ -n "$package" ] || { ./package.sh >/dev/null && package=$(ls build/package/*.deb); }
 [ -f "$package" ] || fail "There is no package $package."
