@@ -81,11 +81,11 @@ void wordAndPdf() {
     times.push_back(timeOf([] {
       DocumentoWord(u"30"_s, u"c:\\zarim\\documentos\\orca.doc"_s, u"c:\\zarim\\documentos\\orca.pdf"_s);
     }));
-  tell("quote as Word and PDF", 100, median(times), {});
+  record("quote as Word and PDF", 100, median(times), {});
   char line[120];
   std::snprintf(line, sizeof line, "peak memory with the Word and PDF files: %.1f MB more, from %.1f MB",
                 peakMegabytes() - before, before);
-  tellLine(line);
+  addLine(line);
 }
 
 }  // namespace

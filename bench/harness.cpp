@@ -1,7 +1,5 @@
 #include "harness.h"
 
-#include <benchmark/benchmark.h>
-
 #include <QCoreApplication>
 #include <QFile>
 #include <algorithm>
@@ -28,15 +26,6 @@ std::vector<std::string>& summary() {
   static std::vector<std::string> lines;
   return lines;
 }
-
-/// The library's own report without its heading on the machine, which would stand before every measurement.
-class Reporter : public benchmark::ConsoleReporter {
- public:
-  bool ReportContext(const Context& context) override {
-    name_field_width_ = std::max<std::size_t>(context.name_field_width, 60);
-    return true;
-  }
-};
 
 /// Puts a file back as it was, without what a run left in its log.
 void restore(const QString& from, const QString& to) {
@@ -122,34 +111,22 @@ void measure(Bench& company, const Measurement& one) {
 
   std::vector<Times> times;
   std::vector<Times> floors;
-  benchmark::RegisterBenchmark((one.name + "/" + std::to_string(one.size)).c_str(),
-                               [&](benchmark::State& state) {
-                                 for (auto _ : state) {
-                                   floors.push_back(floor.run(kept));
-                                   if (one.floorExtra) {
-                                     const Times extra = timeOf(one.floorExtra);
-                                     floors.back().wall += extra.wall;
-                                     floors.back().cpu += extra.cpu;
-                                   }
-                                   reopen();
-                                   one.prepare();
-                                   times.push_back(timeOf(one.handler));
-                                   state.SetIterationTime(times.back().wall / 1000.0);
-                                 }
-                                 state.counters["statements"] = static_cast<double>(statements.size());
-                                 state.counters["floor_ms"] = median(floors).wall;
-                               })
-      ->UseManualTime()
-      ->Iterations(one.runs)
-      ->Unit(benchmark::kMillisecond);
-  Reporter reporter;
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  benchmark::ClearRegisteredBenchmarks();
-  tell(one.name, one.size, median(times), median(floors));
+  for (int run = 0; run < one.runs; ++run) {
+    floors.push_back(floor.run(kept));
+    if (one.floorExtra) {
+      const Times extra = timeOf(one.floorExtra);
+      floors.back().wall += extra.wall;
+      floors.back().cpu += extra.cpu;
+    }
+    reopen();
+    one.prepare();
+    times.push_back(timeOf(one.handler));
+  }
+  record(one.name, one.size, median(times), median(floors));
   static_cast<void>(company);
 }
 
-void tell(const std::string& name, int size, Times time, Times floor) {
+void record(const std::string& name, int size, Times time, Times floor) {
   const auto ratio = [](double of, double to) { return to > 0 ? of / to : 0.0; };
   char line[200];
   std::snprintf(line, sizeof line, "%-38s %7d %11.2f ms %11.2f ms %7.2f %7.2f", name.c_str(), size, time.wall,
@@ -157,7 +134,7 @@ void tell(const std::string& name, int size, Times time, Times floor) {
   summary().emplace_back(line);
 }
 
-void tellLine(const std::string& line) { summary().push_back(line); }
+void addLine(const std::string& line) { summary().push_back(line); }
 
 void printSummary() {
   std::printf("\n%-38s %7s %14s %14s %7s %7s\n", "measurement", "size", "time", "floor", "ratio", "cpu");

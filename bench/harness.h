@@ -44,14 +44,14 @@ struct Measurement {
 /// the medians.
 void measure(Bench& company, const Measurement& measurement);
 
-/// Keeps a figure that was measured in another way, told on the last lines.
+/// Keeps a figure that was measured in another way, for the last lines.
 struct Times {
   double wall = 0;  // milliseconds
   double cpu = 0;   // milliseconds of this process
 };
-void tell(const std::string& name, int size, Times time, Times floor);
+void record(const std::string& name, int size, Times time, Times floor);
 /// Keeps a line of another kind.
-void tellLine(const std::string& line);
+void addLine(const std::string& line);
 /// Prints one line for each measurement: name, size, time, floor, ratio; last the ratio of the processor's
 /// share, which other programs on the machine don't touch.
 void printSummary();

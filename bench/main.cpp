@@ -1,5 +1,3 @@
-#include <benchmark/benchmark.h>
-
 #include <QApplication>
 #include <cstring>
 
@@ -9,7 +7,7 @@
 
 // Times the handlers of the program beside their floors. "--only WORD" runs the subjects whose name holds it.
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tests/support/offscreen.json");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1366x768.json");
   QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
@@ -17,7 +15,6 @@ int main(int argc, char** argv) {
   if (argc > 1 && std::strcmp(argv[1], "--start") == 0) return bench::startAsChild();
 
   const char* only = argc > 2 && std::strcmp(argv[1], "--only") == 0 ? argv[2] : "";
-  benchmark::Initialize(&argc, argv);
   const struct {
     const char* name;
     void (*run)();

@@ -47,7 +47,7 @@ void searching() {
     browse.cmdPesquisa->click();
     browse.show();
     QCoreApplication::processEvents();
-    tell("page-down in found quotes", count, pageDown(*browse.Flex), {});
+    record("page-down in found quotes", count, pageDown(*browse.Flex), {});
   }
 }
 

@@ -90,7 +90,7 @@ const Action kListActions[] = {
      [] { screen().cmdConfirmarMassa->click(); }},
 };
 
-/// A company with such rows and the picture of the letterhead, on the embedded file or behind a server.
+/// A company with such rows and the picture of the letterhead, on the embedded file or on a server.
 class Company : public Bench {
  public:
   explicit Company(const QStringList& rows, support::TdsServer* server = nullptr) {
@@ -141,14 +141,14 @@ void compare(const Action& action, int size) {
   char line[200];
   std::snprintf(line, sizeof line, "%-38s %7d %11.1f ms %6d requests %11.1f ms on the embedded file",
                 action.name, size, far, requests, here);
-  tellLine(line);
+  addLine(line);
   std::fprintf(stderr, "%s\n", line);
 }
 
 }  // namespace
 
 void farServer() {
-  tellLine("through the driver, with 10 ms of network for each request:");
+  addLine("through the driver, with 10 ms of network for each request:");
   for (const int lines : {10, 100, 1000})
     for (const Action& action : kQuoteActions) compare(action, lines);
   for (const int rows : {100, 1000, 19'660})

@@ -25,7 +25,7 @@ double residentMegabytes() {
   return 0;
 }
 
-/// Runs a program until it says that it is idle; its words behind "idle", and the milliseconds until then.
+/// Runs a program until it says that it is idle; its words after "idle", and the milliseconds until then.
 struct Idle {
   double time = 0;
   QList<QByteArray> words;
@@ -71,10 +71,10 @@ void starting() {
         runUntilIdle(QCoreApplication::applicationDirPath() + u"/zarim_bare"_s, {QString::number(controls)})
             .time);
   }
-  tell("start to idle screen (floor: bare form)", controls, {median(times), 0}, {median(bare), 0});
+  record("start to idle screen (floor: bare form)", controls, {median(times), 0}, {median(bare), 0});
   char line[120];
   std::snprintf(line, sizeof line, "resident memory of the idle screen: %.1f MB", memory);
-  tellLine(line);
+  addLine(line);
 }
 
 }  // namespace bench
