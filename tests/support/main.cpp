@@ -11,8 +11,8 @@ namespace {
 /// No display, a screen of the size that all forms must fit (enlarged, that of a small notebook), and a
 /// browser engine that runs anywhere.
 void setEnvironment() {
-  const QByteArray screen = qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "laptop.json" : "offscreen.json";
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tests/support/" + screen);
+  const QByteArray screen = qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "screen_1024x768.json" : "screen_1366x768.json";
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/" + screen);
   qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   if (!qEnvironmentVariableIsSet("QTWEBENGINE_CHROMIUM_FLAGS")) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --disable-gpu --lang=pt-BR");

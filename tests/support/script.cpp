@@ -3,22 +3,18 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
 
+#include "hands/hands.h"
 #include "platform/forms/process.h"
 
 using namespace Qt::StringLiterals;
 
 namespace support {
 
-namespace {
-
-QString lines(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
-
-}  // namespace
+using hands::placeOf;
 
 Script::Script() {
   forms::setBoxAnswerer([this](const forms::Box& box) { return answer(box); });
@@ -44,19 +40,19 @@ Script::~Script() {
 forms::Answer Script::answer(const forms::Box& box) {
   lastBox_ = box;
   if (boxes_.empty()) {
-    ADD_FAILURE() << "unexpected box: " << lines(box.text).toStdString();
+    ADD_FAILURE() << "unexpected box: " << hands::plainBreaks(box.text).toStdString();
     return box.buttons == forms::Buttons::Ok ? forms::Answer::Ok : forms::Answer::No;
   }
   const auto [text, answer] = boxes_.front();
   boxes_.pop_front();
-  EXPECT_EQ(lines(box.text), lines(text));
+  EXPECT_EQ(hands::plainBreaks(box.text), hands::plainBreaks(text));
   return answer;
 }
 
 QString Script::type(const forms::Input& input) {
   lastInput_ = input;
   if (inputs_.empty()) {
-    ADD_FAILURE() << "unexpected input box: " << lines(input.prompt).toStdString();
+    ADD_FAILURE() << "unexpected input box: " << hands::plainBreaks(input.prompt).toStdString();
     return {};
   }
   const std::optional<QString> typed = inputs_.front();
@@ -120,17 +116,8 @@ void focus(QWidget* control) {
 
 void type(QWidget* control, const QString& text) {
   focus(control);
-  QTest::keyClick(control, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(control, Qt::Key_Delete);
-  for (const QChar character : text) {
-    if (character == u'\n') {
-      QTest::keyClick(control, Qt::Key_Return, Qt::ControlModifier);
-    } else if (character.unicode() < 128) {
-      QTest::keyClick(control, character.toLatin1());
-    } else {
-      QTest::sendKeyEvent(QTest::Click, control, Qt::Key_unknown, QString(character), Qt::NoModifier);
-    }
-  }
+  hands::eraseText(control);
+  hands::typeText(control, text);
   settle();
 }
 
@@ -139,36 +126,16 @@ void key(QWidget* control, Qt::Key key, Qt::KeyboardModifiers modifiers) {
   settle();
 }
 
-namespace {
-
-struct Place {
-  QWidget* widget;
-  QPoint at;
-};
-
-Place placeOf(forms::FlexGrid* grid, int row, int column) {
-  while (grid->isColumnHidden(column) && column + 1 < grid->grid().cols()) ++column;
-  if (row == 0) {
-    QHeaderView* titles = grid->horizontalHeader();
-    return {titles->viewport(), {titles->sectionViewportPosition(column) + 10, titles->height() / 2}};
-  }
-  const QModelIndex index = grid->grid().index(row - 1, column);
-  grid->scrollTo(index);
-  return {grid->viewport(), grid->visualRect(index).topLeft() + QPoint(5, 5)};
-}
-
-}  // namespace
-
 void clickRow(forms::FlexGrid* grid, int row, int column) {
-  const Place place = placeOf(grid, row, column);
-  QTest::mouseClick(place.widget, Qt::LeftButton, {}, place.at);
+  const auto [widget, at] = placeOf(*grid, row, column);
+  QTest::mouseClick(widget, Qt::LeftButton, {}, at);
   settle();
 }
 
 void doubleClick(forms::FlexGrid* grid, int row, int column) {
-  const Place place = placeOf(grid, row, column);
-  QTest::mouseClick(place.widget, Qt::LeftButton, {}, place.at);
-  QTest::mouseDClick(place.widget, Qt::LeftButton, {}, place.at);
+  const auto [widget, at] = placeOf(*grid, row, column);
+  QTest::mouseClick(widget, Qt::LeftButton, {}, at);
+  QTest::mouseDClick(widget, Qt::LeftButton, {}, at);
   settle();
 }
 

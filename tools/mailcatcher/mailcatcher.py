@@ -2,7 +2,7 @@
 """Takes mail by SMTP on loopback and keeps each message as a file.
 
 The files are called 0001.eml, 0002.eml, … in the order of arrival and are whole when their name appears. Two
-lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server was told
+lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server received them
 them, with ", " between them. Any login is taken, unless --user and --password name the one that is. Addresses
 whose domain ends in .invalid are refused, as those of mailboxes that aren't there.
 It ends with the process that started it, or on SIGTERM or SIGINT.

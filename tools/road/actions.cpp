@@ -1,10 +1,10 @@
 #include <QComboBox>
-#include <QHeaderView>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 
 #include "driver.h"
+#include "hands/hands.h"
 #include "stage.h"
 
 using namespace Qt::StringLiterals;
@@ -32,7 +32,7 @@ void type(const Words& words) {
   if (topForm().focusWidget() != &control) clickOn(control);
   requireFocus(words.at(0).text, control);
   eraseText();
-  typeText(withPlainBreaks(words.at(1).text));
+  typeText(hands::plainBreaks(words.at(1).text));
 }
 
 void click(const Words& words) { clickOn(controlNamed<QWidget>(words.at(0).text)); }
@@ -72,16 +72,8 @@ void clickRow(forms::FlexGrid& grid, int row, int column, bool twice) {
   if (row < 0 || row >= grid.grid().rows()) {
     throw Failure(u"row %1"_s.arg(row), u"rows 0 to %1"_s.arg(grid.grid().rows() - 1));
   }
-  while (grid.isColumnHidden(column) && column + 1 < grid.grid().cols()) ++column;
-  constexpr QPoint kInside(6, 6);
-  if (row == 0) {
-    QHeaderView& titles = *grid.horizontalHeader();
-    pressMouse(*titles.viewport(), QPoint(titles.sectionViewportPosition(column), 0) + kInside * 2, twice);
-    return;
-  }
-  const QModelIndex cell = grid.grid().index(row - 1, column);
-  grid.scrollTo(cell);
-  pressMouse(*grid.viewport(), grid.visualRect(cell).topLeft() + kInside, twice);
+  const auto [widget, at] = hands::placeOf(grid, row, column);
+  pressMouse(*widget, at, twice);
 }
 
 void row(const Words& words) {

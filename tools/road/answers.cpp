@@ -10,6 +10,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "hands/hands.h"
 #include "platform/files/paths.h"
 #include "stage.h"
 
@@ -52,13 +53,13 @@ QString described(const SeenBox& box) {
       QString(box.text).replace(u'\n', u"\\n"_s), box.title, box.icon, box.buttons.join(u", "_s));
 }
 
-/// What a step asks of a box, by the words behind the text.
+/// What a step asks of a box, by the words after the text.
 struct Wanted {
   QString text;
   std::optional<QString> title, icon;
   std::optional<QStringList> buttons;
 
-  explicit Wanted(const Words& words) : text(withPlainBreaks(words.first().text)) {
+  explicit Wanted(const Words& words) : text(hands::plainBreaks(words.first().text)) {
     for (qsizetype i = 1; i + 1 < words.size(); i += 2) {
       const QString what = words.at(i).text;
       const QString value = words.at(i + 1).text;

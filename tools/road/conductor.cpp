@@ -23,10 +23,6 @@ namespace {
 constexpr qint64 kPatience = 180'000;
 constexpr int kLook = 200;
 
-constexpr char kScreen[] = R"({"synchronousWindowSystemEvents": false, "windowFrameMargins": false,
-  "screens": [{"name": "screen", "x": 0, "y": 0, "width": 1024, "height": 768,
-               "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
-
 void writeFile(const QString& name, const QByteArray& content) {
   QFile file(name);
   if (file.open(QIODevice::WriteOnly)) file.write(content);
@@ -93,7 +89,7 @@ Progress Progress::read(const QString& name) {
   return progress;
 }
 
-void tell(const Road& road, const Step& step, const Failure& failure) {
+void report(const Road& road, const Step& step, const Failure& failure) {
   const QString text = u"%1:%2: %3\n  expected: %4\n  found:    %5\n"_s.arg(
       road.file, QString::number(step.line), step.text, failure.expected(), failure.found());
   std::fputs(text.toUtf8().constData(), stderr);
@@ -106,8 +102,7 @@ int conduct(const Road& road, const QString& pictures) {
   qputenv("TMPDIR", QFile::encodeName(folder.path()));
   watchSignals();
   const QString progressFile = folder.filePath(u"progress"_s);
-  writeFile(folder.filePath(u"screen.json"_s), kScreen);
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(folder.filePath(u"screen.json"_s)));
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json");
 
   Progress progress;
   progress.write(progressFile);
@@ -121,11 +116,11 @@ int conduct(const Road& road, const QString& pictures) {
     if (askedToEnd != 0) return 128 + askedToEnd;
     const Step& last = stepBefore(road, progress.next);
     if (!moved) {
-      tell(road, last, Failure(u"the program idle"_s, u"busy for %1 s"_s.arg(kPatience / 1000)));
+      report(road, last, Failure(u"the program idle"_s, u"busy for %1 s"_s.arg(kPatience / 1000)));
       return 1;
     }
     if (child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0 || progress.next == before) {
-      tell(road, last, Failure(u"the program running"_s, u"it broke down (%1)"_s.arg(child.exitCode())));
+      report(road, last, Failure(u"the program running"_s, u"it broke down (%1)"_s.arg(child.exitCode())));
       return 1;
     }
   }

@@ -6,7 +6,7 @@
 
 namespace road {
 
-/// What a child process leaves behind: how far it came, and what was set for those that follow.
+/// What a child process leaves for the next: how far it came, and what was set for those that follow.
 struct Progress {
   int next = 0;         ///< the step to go on with
   QString clock;        ///< the clock as last set; empty is the system's
@@ -20,8 +20,8 @@ struct Progress {
   [[nodiscard]] static Progress read(const QString& file);
 };
 
-/// Tells a failure as "file:line: step", what was expected and what was found.
-void tell(const Road& road, const Step& step, const Failure& failure);
+/// Reports a failure as "file:line: step", what was expected and what was found.
+void report(const Road& road, const Step& step, const Failure& failure);
 
 /// Leads a road: a child process for each `start`, and one without the program for the steps between. Returns
 /// the exit status.

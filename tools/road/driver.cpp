@@ -262,11 +262,11 @@ void Driver::requireAnswersTaken(const Step& step) {
 }
 
 void Driver::fail(const Step& step, const Failure& failure) {
-  tell(road_, step, failure);
+  report(road_, step, failure);
   try {
     if (!forms::registry::shown().isEmpty()) takePicture(QDir(pictures_).filePath(u"failed.png"_s));
   } catch (const Failure&) {
-    // The failure that was told counts.
+    // The failure that was reported counts.
   }
   progress_.failed = true;
   leave();

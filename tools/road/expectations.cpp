@@ -4,6 +4,7 @@
 #include "driver.h"
 #include "outside.h"
 #include "platform/web/web_pane.h"
+#include "hands/hands.h"
 #include "stage.h"
 
 using namespace Qt::StringLiterals;
@@ -20,8 +21,8 @@ void require(bool met, const QString& expected, const QString& found) {
 
 /// Compares texts whatever their line breaks.
 void same(const QString& what, const QString& expected, const QString& found) {
-  const QString plain = withPlainBreaks(found);
-  require(plain == withPlainBreaks(expected), what + u' ' + quoted(expected), quoted(plain));
+  const QString plain = hands::plainBreaks(found);
+  require(plain == hands::plainBreaks(expected), what + u' ' + quoted(expected), quoted(plain));
 }
 
 void sameNumber(const QString& what, const Word& expected, qint64 found) {
@@ -100,7 +101,7 @@ void current(const Words& words) {
   sameNumber(u"current row of "_s + words.at(1).text, words.at(2), gridNamed(words.at(1).text).row());
 }
 
-/// The colour that tells something: a label's text, any other control's ground.
+/// The colour that means something: a label's text, any other control's ground.
 void colour(const Words& words) {
   const QWidget& control = widgetOf(words);
   const bool label = qobject_cast<const QLabel*>(&control) != nullptr;

@@ -52,7 +52,7 @@ road::Road roadOf(const QString& name) {
   try {
     return road::readRoad(name, text, line);
   } catch (const road::Failure& failure) {
-    road::tell({name, {}}, {line, {}, {}, text.split(u'\n').at(line - 1).trimmed()}, failure);
+    road::report({name, {}}, {line, {}, {}, text.split(u'\n').at(line - 1).trimmed()}, failure);
     std::exit(1);
   }
 }

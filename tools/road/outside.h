@@ -4,10 +4,10 @@
 
 #include "road/road_file.h"
 
-// What steps do behind the program's back, with a connection of their own.
+// What steps do outside the program, with a connection of their own.
 namespace road {
 
-/// Tells how to find the database while the program isn't running: its command line.
+/// Sets how to find the database while the program isn't running: its command line.
 void setCommandLine(const QString& commandLine);
 
 void runSql(const QString& statement);

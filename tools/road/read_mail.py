@@ -8,7 +8,7 @@ import pathlib
 import sys
 
 
-def told(path):
+def described(path):
     message = email.message_from_bytes(path.read_bytes(), policy=email.policy.default)
     parts = [part for part in message.walk() if not part.is_multipart()]
     files = [part.get_filename() for part in parts if part.get_filename()]
@@ -22,4 +22,4 @@ def told(path):
     }
 
 
-print(json.dumps([told(path) for path in sorted(pathlib.Path(sys.argv[1]).glob("*.eml"))]))
+print(json.dumps([described(path) for path in sorted(pathlib.Path(sys.argv[1]).glob("*.eml"))]))

@@ -9,7 +9,7 @@ namespace road {
 namespace {
 
 struct Shape {
-  qsizetype least, most;  ///< words behind the verb
+  qsizetype least, most;  ///< words after the verb
   const char16_t* usage;
   bool passive;
 };
@@ -65,7 +65,7 @@ const QHash<QString, Shape>& expectShapes() {
   return known;
 }
 
-/// A quoted word; `at` stands behind its opening quote and is moved behind the closing one.
+/// A quoted word; `at` stands after its opening quote and is moved past the closing one.
 Word quotedWord(QStringView text, qsizetype& at) {
   static const QHash<QChar, QChar> escapes{{u'n', u'\n'}, {u't', u'\t'}, {u'"', u'"'}, {u'\\', u'\\'}};
   Word word{{}, {}, true};

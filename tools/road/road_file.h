@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <exception>
 
-// The text of a guided road. docs/roads.md tells the language.
+// The text of a guided road. Its language: docs/roads.md.
 namespace road {
 
 /// A word of a step. What stands in double quotes is one word: \n in it is a line break, \t a tab, \" a quote
@@ -19,7 +19,7 @@ using Words = QList<Word>;
 struct Step {
   int line = 0;
   QString verb;
-  Words words;   ///< behind the verb
+  Words words;   ///< after the verb
   QString text;  ///< the whole line
 };
 
@@ -27,7 +27,7 @@ struct Road {
   QString file;
   QList<Step> steps;
 
-  /// Index of the first `start` at or behind a step; the number of steps if there is none.
+  /// Index of the first `start` at or after a step; the number of steps if there is none.
   [[nodiscard]] int nextStart(int from) const;
 };
 

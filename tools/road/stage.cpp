@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QWindow>
 
+#include "hands/hands.h"
 #include "platform/forms/masked_box.h"
 #include "road/road_file.h"
 
@@ -69,8 +70,6 @@ QString focusedName() {
   return control == nullptr ? u"nothing"_s : control->objectName();
 }
 
-QString withPlainBreaks(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
-
 void requireReachable(QWidget& control, QPoint at) {
   const QString name = control.objectName();
   if (!control.isVisible()) throw Failure(name + u" visible"_s, u"hidden"_s);
@@ -118,23 +117,11 @@ void pressKey(const QString& name) {
   QTest::keyClick(topWindow()->windowHandle(), keys[0].key(), keys[0].keyboardModifiers());
 }
 
-void typeText(const QString& text) {
-  QWindow* window = topWindow()->windowHandle();
-  for (const QChar character : text) {
-    if (character == u'\n') {
-      QTest::keyClick(window, Qt::Key_Return, Qt::ControlModifier);
-    } else if (character.unicode() < 128) {
-      QTest::keyClick(window, character.toLatin1());
-    } else {
-      QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, QString(character), Qt::NoModifier);
-    }
-  }
-}
+void typeText(const QString& text) { hands::typeText(topWindow()->windowHandle(), text); }
 
 void eraseText() {
   QWindow* window = topWindow()->windowHandle();
-  QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(window, Qt::Key_Delete);
+  hands::eraseText(window);
   QTest::keyClick(window, Qt::Key_Home);
 }
 

@@ -24,8 +24,6 @@ template <class T>
 [[nodiscard]] T& controlNamed(const QString& name);
 /// A name for the control that has the focus.
 [[nodiscard]] QString focusedName();
-/// Line breaks as "\n" whatever the control or the box uses.
-[[nodiscard]] QString withPlainBreaks(QString text);
 
 void wrongKind(const QString& name, const QObject& found);
 
