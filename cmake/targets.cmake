@@ -12,7 +12,7 @@ if(ZARIM_SANITIZE)
   target_link_options(zarim_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# zarim_floor(NAME folders... LINKS libraries...): a static library of all sources of the folders.
+# zarim_floor(NAME folders... LINKS libraries...): a layer of the program, a static library of all sources of the folders.
 function(zarim_floor name)
   cmake_parse_arguments(ARG "" "" "FOLDERS;LINKS" ${ARGN})
   set(patterns)
@@ -25,7 +25,8 @@ function(zarim_floor name)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE zarim_options)
-  # The generators of a folder that has been built before don't look at new headers by themselves.
+  # With Ninja the moc step depends only on the files it read last time, not on the list of sources: without this a new
+  # header would never be read (CMake 3.25).
   list(FILTER sources INCLUDE REGEX "\\.(h|ui)$")
   if(NOT "${sources}" STREQUAL "${${name}_headers}")
     file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
