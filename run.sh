@@ -2,7 +2,7 @@
 # Installs what is missing, builds, makes the sample company and starts the program.
 #   ./run.sh                       the program; without a display, the guided road
 #   ./run.sh --road FILE [--server]  a road against a fresh copy of the sample company; with --server on the
-#                                  connection that the server.ini named by ZARIM_SERVER_INI tells
+#                                  connection that the server.ini named by ZARIM_SERVER_INI holds
 #   ./run.sh --fresh               makes the sample company anew first, and forgets window sizes and column widths
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -85,7 +85,7 @@ if [ -n "$server" ]; then
 fi
 start_catcher "$state/road/mail" "$port"
 start_pictures "$pictureport"
-# The browser engine tells of the graphics card that is not there, whatever its settings.
+# The browser engine reports the graphics card that is not there, whatever its settings.
 engine_talk='^$|No suitable graphics backend|--expose_wasm'
 status=0
 QT_QPA_PLATFORM=offscreen ZARIM_MAIL_FOLDER=$state/road/mail \

@@ -13,7 +13,7 @@ build "$preset" all
 results=build/$preset/results
 rm -rf "$results"
 mkdir -p "$results"
-# What a test that is killed leaves behind goes with the next run.
+# What a test that is killed leaves goes with the next run.
 export TMPDIR=$PWD/build/$preset/tmp
 rm -rf "$TMPDIR"
 mkdir -p "$TMPDIR"

@@ -10,13 +10,13 @@ void including();
 void documents();
 /// The picture page of found articles, without the browser.
 void picturing();
-/// The same actions with the database behind the tests' server and a network of 10 ms, beside the embedded
+/// The same actions with the database on the tests' server and a network of 10 ms, beside the embedded
 /// file: time and requests.
 void farServer();
 /// Start to the idle screen and resident memory, each in a process of its own.
 void starting();
 
-/// What the child process of starting() does: starts the program on a company, tells when it is idle, ends.
+/// What the child process of starting() does: starts the program on a company, says when it is idle, ends.
 int startAsChild();
 
 }  // namespace bench

@@ -50,6 +50,6 @@ step "Removed again"
 quietly inside apt-get purge -y zarim
 if inside odbcinst -q -d -n "SQL Server" >>"$log" 2>&1; then fail "The driver's entry is still there."; fi
 left=$(find "$root/etc" "$root/usr" "$root/var/lib/dpkg/info" -iname '*zarim*')
-[ -z "$left" ] || fail "Left behind: $left"
+[ -z "$left" ] || fail "Left over: $left"
 printf 'The package installs, runs and goes. The viewer: %s\n' "$work/viewer.png"
 rm -rf "$root/root/zarim.deb"

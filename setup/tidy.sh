@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs clang-tidy on what users get, by the commands of the release build. Says only what it minds.
+# Runs clang-tidy on what users get, by the commands of the release build. Prints only its findings.
 #   setup/tidy.sh            all sources
 #   setup/tidy.sh FILE...    those
 set -euo pipefail
@@ -11,4 +11,4 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 [ "$#" = 0 ] || sources=("$@")
 printf '%s\n' "${sources[@]}" |
   xargs -P "$(nproc)" -n 2 clang-tidy -quiet -p build/release --extra-arg=-D__cpp_impl_coroutine=201902L 2>"$state/log/tidy.log" ||
-  fail "clang-tidy minds the lines above; what it says besides is in $state/log/tidy.log."
+  fail "clang-tidy found the lines above; the rest of its output is in $state/log/tidy.log."

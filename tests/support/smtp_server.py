@@ -19,7 +19,7 @@ import ssl
 from aiosmtpd.smtp import SMTP, AuthResult
 
 
-def told(part):
+def described(part):
     return part.get_content_type() + ": " + (part.get_filename() or part.get_content().replace("\r\n", "\n"))
 
 
@@ -31,7 +31,7 @@ def read_message(content):
     defects += [] if content.split(b"\r\n\r\n")[0].isascii() else ["a head beyond ASCII"]
     parts = [part for part in message.walk() if not part.is_multipart()]
     return {
-        "summary": " | ".join([str(message["subject"]), *map(told, parts)]),
+        "summary": " | ".join([str(message["subject"]), *map(described, parts)]),
         "headers": {name.lower(): str(value) for name, value in message.items()},
         "charsets": [part.get_content_charset("") for part in parts],
         "contents": [base64.b64encode(part.get_payload(decode=True)).decode() for part in parts],
@@ -88,7 +88,7 @@ class Server(SMTP):
 
 
 def canned(text):
-    """A command's answer from the command line: its lines; behind a 334 it waits for a line, said again as {}."""
+    """A command's answer from the command line: its lines; after a 334 it waits for a line, said again as {}."""
 
     async def answer(self, argument):
         self.session.extended_smtp, self.session.host_name = True, "client"

@@ -46,7 +46,7 @@ class Session {
  private:
   QByteArray receiveBytes(std::size_t count) const;
   Message receive() const;
-  /// whole: nothing comes behind it.
+  /// whole: nothing comes after it.
   void send(const QByteArray& body, bool whole = true) const;
   void answer(const Message& message);
   [[noreturn]] void beSilent() const;

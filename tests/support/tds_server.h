@@ -12,7 +12,7 @@
 
 namespace support {
 
-/// A small server on loopback that speaks the server's protocol, the embedded engine behind it. It takes the
+/// A small server on loopback that speaks the server's protocol on top of the embedded engine. It takes the
 /// server's dialect of CREATE TABLE for the tables of the schema. As on the server, a failing statement rolls
 /// its transaction back and ends its request, an odd quote refuses the whole request, SET ROWCOUNT stays
 /// until it is lifted, and texts are in code page 1252. In a request of several statements each stands on a
@@ -31,7 +31,7 @@ class TdsServer {
   ~TdsServer();
 
   [[nodiscard]] quint16 port() const { return port_; }
-  /// As the program builds it, with the port behind it.
+  /// As the program builds it, with the port added.
   [[nodiscard]] QString connectionString(const QString& password = QString::fromUtf16(Password)) const;
   /// The line of server.ini that leads here; the port goes by TDSPORT.
   [[nodiscard]] static QString configurationLine();
@@ -40,7 +40,7 @@ class TdsServer {
   /// Asked before every statement, "LOGIN", "BEGIN", "COMMIT" and "ROLLBACK" among them.
   void setFault(std::function<Act(const QString&)> fault);
   [[nodiscard]] Act actOn(const QString& statement);
-  /// How many requests came since the last call: messages of the client's behind the login.
+  /// How many requests came since the last call: messages of the client's after the login.
   [[nodiscard]] int requests() { return requests_.exchange(0); }
   void countRequest() { ++requests_; }
   /// Waits so many milliseconds before each answer, as a network does.

@@ -39,7 +39,7 @@ QByteArray wide(const QString& text) {
   return {reinterpret_cast<const char*>(text.utf16()), text.size() * 2};
 }
 
-/// A text behind the count of its characters.
+/// A text after the count of its characters.
 template <typename Count>
 void putText(QByteArray& to, const QString& text) {
   put(to, static_cast<Count>(text.size()));
@@ -53,15 +53,15 @@ QString narrowed(QByteArrayView bytes) {
   return text;
 }
 
-/// A number at a place of a message; 0 behind its end.
+/// A number at a place of a message; 0 past its end.
 template <typename Number>
 Number numberAt(QByteArrayView message, qsizetype at) {
   if (at + static_cast<qsizetype>(sizeof(Number)) > message.size()) return 0;
   return qFromLittleEndian<Number>(message.data() + at);
 }
 
-/// What stands behind the headers of a request, the first of which tells the length of all.
-QByteArrayView behindHeaders(QByteArrayView message) {
+/// What stands after the headers of a request, the first of which is the length of all.
+QByteArrayView afterHeaders(QByteArrayView message) {
   return message.sliced(qMin<qsizetype>(numberAt<quint32>(message, 0), message.size()));
 }
 
@@ -248,10 +248,10 @@ Login parseLogin(const QByteArray& message) {
   return {narrowed(field(40)), narrowed(password), narrowed(field(68))};
 }
 
-QString parseBatch(const QByteArray& message) { return narrowed(behindHeaders(message)); }
+QString parseBatch(const QByteArray& message) { return narrowed(afterHeaders(message)); }
 
 TransactionRequest parseTransaction(const QByteArray& message) {
-  const QByteArrayView request = behindHeaders(message);
+  const QByteArrayView request = afterHeaders(message);
   const auto nameLength = numberAt<quint8>(request, 2);
   return {numberAt<quint16>(request, 0), (numberAt<quint8>(request, 3 + nameLength) & 1) != 0};
 }

@@ -70,7 +70,7 @@ struct Login {
 };
 [[nodiscard]] Login parseLogin(const QByteArray& message);
 
-/// The statement of a batch, behind its headers.
+/// The statement of a batch, after its headers.
 [[nodiscard]] QString parseBatch(const QByteArray& message);
 
 /// What is to become of a transaction.

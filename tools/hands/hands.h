@@ -17,11 +17,12 @@ struct Place {
   QWidget* widget;
   QPoint at;
 };
-/// Where a user clicks on a data row (from 1), scrolled into sight, or on a title (row 0). A hidden column gives way to
-/// the next one in sight.
+/// Where a user clicks on a data row (from 1), scrolled into sight, or on a title (row 0). A hidden column
+/// gives way to the next one in sight.
 [[nodiscard]] Place placeOf(forms::FlexGrid& grid, int row, int column);
 
-/// Types a text with real key events into a widget or into what has the focus of a window; "\n" is Ctrl+Enter.
+/// Types a text with real key events into a widget or into what has the focus of a window; "\n" is
+/// Ctrl+Enter.
 template <class Target>
 void typeText(Target* target, const QString& text) {
   for (const QChar character : text) {

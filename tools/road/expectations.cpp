@@ -2,9 +2,9 @@
 #include <QLabel>
 
 #include "driver.h"
+#include "hands/hands.h"
 #include "outside.h"
 #include "platform/web/web_pane.h"
-#include "hands/hands.h"
 #include "stage.h"
 
 using namespace Qt::StringLiterals;

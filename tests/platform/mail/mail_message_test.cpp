@@ -251,7 +251,7 @@ TEST_F(Mail, TlsFromTheStartOnItsPort) {
   EXPECT_EQ(server.messages().size(), 1);
 }
 
-TEST_F(Mail, FaultsTellTheStepAndTheAnswer) {
+TEST_F(Mail, FaultsNameTheStepAndTheAnswer) {
   const QString late = u"o servidor de e-mail não respondeu a tempo."_s;
   const struct {
     QString option, value, step, answer;
@@ -293,10 +293,10 @@ TEST_F(Mail, WhatCannotBeSentIsSaidClearly) {
       {&MailMessage::Server, u"smtp.invalid"_s, u"o servidor de e-mail não foi encontrado."_s},
   };
   const SmtpServer server;
-  for (const auto& [member, value, told] : cases) {
+  for (const auto& [member, value, reason] : cases) {
     MailMessage email = message(server);
     email.*member = value;
-    EXPECT_EQ(failure(email).section(u": "_s, 1).section(u'\r', 0, 0), told);
+    EXPECT_EQ(failure(email).section(u": "_s, 1).section(u'\r', 0, 0), reason);
   }
   EXPECT_TRUE(server.messages().isEmpty());
 }
