@@ -1,3 +1,5 @@
+#include <QApplication>
+
 #include "mailing_case.h"
 #include "messaging/frmEmailOS.h"
 
@@ -84,7 +86,7 @@ TEST_F(EmailScreen, ASendThatFailedLeavesThePointerUntilTheNextKey) {
     EXPECT_FALSE(forms::WaitPointer::isWorking());
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    QTest::keyClick(form.cmdEnviarEmail, Qt::Key_Tab);
+    support::key(form.cmdEnviarEmail, Qt::Key_Tab);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   });
 }
