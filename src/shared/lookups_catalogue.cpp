@@ -48,13 +48,14 @@ Asked<double> ValorVendaProduto(QString codi_prod) {
   const double valor = rs.eof() || rs.isNull(u"valo_veds") ? 0.0 : rs.number(u"valo_veds");
   const QString moeda = rs.eof() ? QString() : rs.text(u"IDMOED");
   const double cotacao = co_await UltimaCotacao(moeda);
-  co_return valor* cotacao;
+  co_return (valor * cotacao);
 }
 
 Asked<double> UltimaCotacao(QString idmoed) {
-  const QString valor = co_await byNumber({u"select data_camb, valo_camb from camb where idmoed =",
-                                           u"valo_camb", u" and data_desa is null order by data_camb desc"},
-                                          idmoed);
+  auto pedeValor = byNumber({u"select data_camb, valo_camb from camb where idmoed =", u"valo_camb",
+                             u" and data_desa is null order by data_camb desc"},
+                            idmoed);
+  const QString valor = co_await pedeValor;
   co_return valor.isEmpty() ? 1.0 : values::toNumber(valor);
 }
 

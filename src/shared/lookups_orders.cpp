@@ -72,7 +72,8 @@ Asked<QString> DataOrcamento(const QString& idprop_cmrc) {
 }
 
 Asked<int> PessoasOrcamento(QString idprop_cmrc) {
-  const QString pessoas =
-      co_await byNumber({u"select nume_pess from prop_cmrc where idProp_Cmrc = ", u"NUME_PESS"}, idprop_cmrc);
+  auto pedePessoas =
+      byNumber({u"select nume_pess from prop_cmrc where idProp_Cmrc = ", u"NUME_PESS"}, idprop_cmrc);
+  const QString pessoas = co_await pedePessoas;
   co_return values::toInt32(LeNumero(pessoas));
 }
