@@ -5,6 +5,7 @@ namespace bench {
 
 void openingAndSaving();
 void searching();
+void dropping();
 void lookingUp();
 void including();
 void documents();

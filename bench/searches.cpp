@@ -3,6 +3,7 @@
 #include "assembly/frmMontarProduto.h"
 #include "harness.h"
 #include "measurements.h"
+#include "platform/forms/combo.h"
 #include "quote/frmPropCmrcTL.h"
 #include "rows.h"
 #include "run/context.h"
@@ -21,6 +22,20 @@ Times pageDown(QTableView& grid) {
   for (int page = 0; page < 20; ++page) {
     grid.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
     times.push_back(timeOf([&] { static_cast<void>(grid.viewport()->grab()); }));
+  }
+  return median(times);
+}
+
+/// A long list that drops down for the first time.
+Times dropDown(int entries) {
+  std::vector<Times> times;
+  for (int run = 0; run < 5; ++run) {
+    forms::Combo list;
+    for (int i = 1; i <= entries; ++i) list.addEntry(u"Cliente %1 de Souza e Filhos Ltda"_s.arg(i));
+    list.show();
+    QCoreApplication::processEvents();
+    times.push_back(timeOf([&] { list.showPopup(); }));
+    list.hidePopup();
   }
   return median(times);
 }
@@ -50,6 +65,8 @@ void searching() {
     record("page-down in found quotes", count, pageDown(*browse.Flex), {});
   }
 }
+
+void dropping() { tell("drop down a list", 20'000, dropDown(20'000), {}); }
 
 void lookingUp() {
   constexpr int kCount = 10'000;
