@@ -159,7 +159,7 @@ class Requests : public faults::QuoteCase, public ::testing::WithParamInterface<
 };
 
 TEST_P(Requests, DoNotGrowWithTheSizeAndCarryTheSameStatements) {
-  const std::vector<int> sizes{4, 300};
+  const std::vector<int> sizes{10, 100, 1000};
   std::vector<Run> alone;
   for (const int size : sizes) {
     auto& screen = start();
