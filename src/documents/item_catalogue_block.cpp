@@ -69,7 +69,7 @@ QString Impressa(const QStringList& linhas) {
 Asked<QString> Composicao(QString idprot) {
   if (!documento().ExibeComposicao) co_return QString();
   const data::Recordset kit = co_await PedeConsulta(u"select * from prot_kit0 where idprot="_s + idprot);
-  auto pedidas = DeCadaLinha(kit, LinhaDoKit);
+  auto pedidas = data::startEachRow(kit, LinhaDoKit);
   QStringList linhas;
   for (auto& pedida : pedidas) {
     const QString linha = co_await pedida;
@@ -139,8 +139,8 @@ Asked<QString> Caixa(data::Recordset rs, int numero) {
 
 QString ItensOrcaEstilosHTML(const QString& id, const QString&, const QString& caminho) {
   int numero = 0;
-  auto caixas =
-      DeCadaLinha(ItensDoOrcamento(id), [&](const data::Recordset& rs) { return Caixa(rs, ++numero); });
+  auto caixas = data::startEachRow(ItensDoOrcamento(id),
+                                   [&](const data::Recordset& rs) { return Caixa(rs, ++numero); });
   for (auto& caixa : caixas) html::acrescenta(caminho, caixa.get());
   return {};
 }

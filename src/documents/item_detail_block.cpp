@@ -63,7 +63,7 @@ QString ItensOrcaDetalheHTML(const QString& id, const QString&, const QString& c
   if (rs.eof()) return {};
   const bool comPrecos = documento().ExibeMontagem;
   html::acrescenta(caminho, Cabecalho(comPrecos));
-  auto linhas = DeCadaLinha(rs, [&](const data::Recordset& item) { return Linha(item, comPrecos); });
+  auto linhas = data::startEachRow(rs, [&](const data::Recordset& item) { return Linha(item, comPrecos); });
   double unitario = 0;
   double total = 0;
   for (auto& linha : linhas) {

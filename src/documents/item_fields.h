@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <vector>
 
 #include "platform/data/recordset.h"
 #include "shared/lookups.h"
@@ -17,14 +16,6 @@ Asked<ItemDoDocumento> DoProduto(QString idprod);
 Asked<ItemDoDocumento> PorTipo(data::Recordset rs);
 Asked<QString> MascaraDoItem(data::Recordset rs);
 [[nodiscard]] bool EhProduto(const data::Recordset& rs);
-
-/// Starts a routine for each row of a result, so that what all of them ask travels together.
-template <typename Rotina>
-[[nodiscard]] auto DeCadaLinha(data::Recordset rs, Rotina rotina) {
-  std::vector<decltype(rotina(rs))> pedidos;
-  for (; !rs.eof(); rs.moveNext()) pedidos.push_back(rotina(rs));
-  return pedidos;
-}
 
 /// Items of a quote, behind a further condition.
 [[nodiscard]] data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao = {});

@@ -95,7 +95,7 @@ Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString, QString)
   const data::Recordset rs = co_await PedeConsulta(
       u"select * from prop_cmrc_deta_monta where idprop_cmrc="_s + id + u" and idprop_cmrc_deta = "_s +
       idDetalhe + u" and tipo_mate_prima <> 'PRODUTO' "_s);
-  auto linhas = DeCadaLinha(rs, LinhaDoMaterial);
+  auto linhas = data::startEachRow(rs, LinhaDoMaterial);
   QString texto = grade::abreDetalhes();
   if (linhas.empty()) texto += LinhaMaterial({}, dadoOuBranco);
   for (auto& pedida : linhas) {
@@ -111,7 +111,7 @@ QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QStrin
   data::Recordset rs = ItensDoOrcamento(id, aberto ? QString() : u" and (Not data_aprov Is Null) "_s);
   if (rs.eof()) return {};
   auto itens =
-      DeCadaLinha(rs, [&](const data::Recordset& item) { return ItemComMateriais(item, id, fotos); });
+      data::startEachRow(rs, [&](const data::Recordset& item) { return ItemComMateriais(item, id, fotos); });
   double total = 0;
   double quantidade = 0;
   for (auto& item : itens) {

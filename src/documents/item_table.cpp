@@ -120,7 +120,8 @@ QString TabelaComTotais(TabelaDeItens tabela) {
   const Forma forma{tabela};
   QString texto = u"<!--Detalhes - Itens-->"_s + kFim + u"<P>"_s + kFim +
                   u"<table border='1' align='center' width=660>"_s + kFim + Titulos(forma.colunas);
-  auto linhas = DeCadaLinha(tabela.itens, [&](const data::Recordset& rs) { return LinhaDoItem(rs, &forma); });
+  auto linhas =
+      data::startEachRow(tabela.itens, [&](const data::Recordset& rs) { return LinhaDoItem(rs, &forma); });
   double total = 0;
   for (auto& linha : linhas) {
     texto += linha.get();

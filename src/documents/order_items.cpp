@@ -86,8 +86,8 @@ Asked<QString> Caixa(data::Recordset rs, int numero, bool fotos, Aspecto aspecto
 
 QString Caixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
   int item = 0;
-  auto caixas = DeCadaLinha(Itens(numero),
-                            [&](const data::Recordset& rs) { return Caixa(rs, ++item, fotos, aspecto); });
+  auto caixas = data::startEachRow(
+      Itens(numero), [&](const data::Recordset& rs) { return Caixa(rs, ++item, fotos, aspecto); });
   QString texto;
   for (auto& caixa : caixas) texto += caixa.get();
   return texto;

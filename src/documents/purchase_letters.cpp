@@ -88,7 +88,7 @@ void CotacaoCompraHTML(qint32 id, const QString& caminho) {
            u"Data limite para resposta: "_s + rs->formatDate(u"DATA_LIMI_COTA_COMP", u"dd/mm/yyyy")}) +
       grade::abre() +
       grade::linha({titulo(u"70%"_s, u"Descrição"_s), titulo(u"30%"_s, u"Quantidade"_s, kDireita)});
-  for (auto& descricao : DeCadaLinha(*itens, Descricao)) {
+  for (auto& descricao : data::startEachRow(*itens, Descricao)) {
     corpo += grade::linha({dado(u"70%"_s, descricao.get()), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
     itens->moveNext();
   }
@@ -110,7 +110,7 @@ void OrdemCompraHTML(qint32 id, const QString& caminho) {
       grade::linha({titulo(u"55%"_s, u"Descrição"_s), titulo(u"15%"_s, u"Quantidade"_s, kDireita),
                     titulo(u"15%"_s, u"Valor Unit."_s, kDireita),
                     titulo(u"15%"_s, u"Valor Total"_s, kDireita)});
-  for (auto& descricao : DeCadaLinha(*itens, Descricao)) {
+  for (auto& descricao : data::startEachRow(*itens, Descricao)) {
     corpo +=
         grade::linha({dado(u"55%"_s, descricao.get()), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
                       dado(u"15%"_s, Dinheiro(*itens, u"VALO_LIQU"), kDireita),

@@ -81,9 +81,12 @@ double itemsTable(WordProcessor& word, const QString& id) {
   word.setHeadingRow();
   typeCells(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true, Qt::AlignRight);
   double total = 0;
+  qsizetype typed = 0;
   data::Recordset items = ItensDoOrcamento(id);
-  for (auto& asked : DeCadaLinha(items, PorTipo)) {
+  data::Walk walk;
+  for (auto& asked : data::startEachRow(items, PorTipo)) {
     const ItemDoDocumento item = asked.get();
+    walk.done(typed++, items.count());
     word.moveRight();
     typeCells(word,
               {item.codigo, item.descricao, items.text(u"OBSE_PROP_CMRC_DETA"),

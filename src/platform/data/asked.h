@@ -14,18 +14,23 @@
 
 #include "platform/data/recordset.h"
 #include "platform/data/statement.h"
+#include "platform/data/walk.h"
 
 // Statements that travel together. A server answers a request some milliseconds after it was sent, however
 // many statements it holds; so what many rows want to know is asked in few requests, and no row waits alone.
 //
 // A routine that asks the database returns Asked<T> and is a coroutine: it asks, and co_awaits the answers.
 //
+// clang-format off
 //   Asked<GridRow> precoDoItem(data::Recordset item) {
 //     auto pedeCodigo = CodigoProduto(item.text(u"idprod"));    // both are asked here,
-//     auto pedeUnidade = UnidadeProduto(item.text(u"idprod"));  // before the first is waited for: one
-//     request const QString mascara = co_await MascaraUnidade(co_await pedeUnidade); const QString codigo =
-//     co_await pedeCodigo; co_return linhaDoItem(item, codigo, mascara);
+//     auto pedeUnidade = UnidadeProduto(item.text(u"idprod"));  // before the first is waited for: one request
+//     const QString unidade = co_await pedeUnidade;
+//     const QString mascara = co_await MascaraUnidade(unidade);
+//     const QString codigo = co_await pedeCodigo;
+//     co_return linhaDoItem(item, codigo, mascara);
 //   }
+// clang-format on
 //
 // Calling it starts it: it runs to its first open answer, and its statements wait in the connection's queue.
 // The caller starts all its rows, and then takes each in turn: the first get() sends what all of them wait
@@ -38,8 +43,7 @@
 // - Every call runs its own statement; two calls with one key run two, and each takes its own result.
 // - An open answer is no value: only co_await and get() give one. A statement whose text depends on an answer
 //   is not asked before it is there.
-// - On the embedded file the statement runs where it is asked: nothing ever waits, and all is done in one
-// pass.
+// - On the embedded file the statement runs where it is asked: nothing ever waits, all is done in one pass.
 // - Who is no coroutine writes `const QString codigo = CodigoProduto(id);`, which asks and waits.
 // - The error of a failing request leaves the get() that sent it; the rows that waited end with it. Of
 //   several bad statements the first one sent is told. What a row itself raises leaves its own get().
@@ -48,10 +52,9 @@
 // - A coroutine takes its arguments by value: it goes on when the caller's have long changed. A Recordset
 //   passed on is a cheap copy that stays on its row.
 // - It touches no screen and no file; who takes the answers does, in order.
-// - No co_await inside ?:, and no ?: in what is awaited (its text would be freed twice), none inside braces
-// of
-//   a list, in a chain of << or in a lambda with captures: a name for each answer reads better, and the
-//   compiler (g++ 12) is not to be trusted there.
+// - No co_await inside ?:, and no ?: in what is awaited (its text would be freed twice). None in a chain of
+//   <<, in a lambda with captures, inside braces, or with braces in what is awaited: the compiler (g++ 12) is
+//   not to be trusted there, and a name for each answer reads better.
 namespace data {
 
 /// A statement in the queue, later its answer.
@@ -77,6 +80,8 @@ class Questions {
 
   Send send_;
   std::deque<std::shared_ptr<Question>> asked_, answered_;
+  std::optional<Walk> walk_;  ///< from the first question to the last answer
+  qsizetype handedOut_ = 0;   ///< answers of this walk
   std::optional<values::RuntimeError> failure_;
 };
 
@@ -178,14 +183,25 @@ Asked<std::vector<T>> together(std::vector<Asked<T>> asked) {
   co_return answers;
 }
 
+/// Starts a routine for each row of a result, so that what all of them ask travels together. The routine is
+/// called with the Recordset on the row, and returns an Asked.
+template <typename Routine>
+[[nodiscard]] auto startEachRow(Recordset rows, const Routine& routine) {
+  std::vector<std::invoke_result_t<const Routine&, const Recordset&>> asked;
+  const qsizetype count = rows.count();
+  asked.reserve(static_cast<std::size_t>(count));
+  for (Walk walk; !rows.eof(); rows.moveNext()) {
+    walk.done(std::ssize(asked), count);
+    asked.push_back(routine(rows));
+  }
+  return asked;
+}
+
 /// What a routine makes of each row of a result, in their order. All rows are started before the first is
-/// waited for. The routine is called with the Recordset on the row, and returns an Asked.
+/// waited for.
 template <typename Routine>
 auto forEachRow(Recordset rows, const Routine& routine) {
-  std::vector<std::invoke_result_t<Routine, const Recordset&>> asked;
-  asked.reserve(static_cast<std::size_t>(rows.count()));
-  for (; !rows.eof(); rows.moveNext()) asked.push_back(routine(rows));
-  return together(std::move(asked));
+  return together(startEachRow(std::move(rows), routine));
 }
 
 /// An answer that is there already, where a question may not be needed.

@@ -79,11 +79,14 @@ std::vector<Recordset> Session::batch(const std::vector<Statement>& statements) 
   std::vector<Recordset> results;
   results.reserve(statements.size());
   try {
-    if (!sendsTogether())
-      for (const Statement& statement : statements) results.push_back(run(statement));
+    Walk walk;
     while (results.size() < statements.size()) {
+      walk.done(std::ssize(results), std::ssize(statements));
       const auto rest = std::span(statements).subspan(results.size());
-      runTogether(rest.first(std::min(rest.size(), kFullBatch)), results);
+      if (sendsTogether())
+        runTogether(rest.first(std::min(rest.size(), kFullBatch)), results);
+      else
+        results.push_back(run(rest.front()));
     }
   } catch (const values::RuntimeError& error) {
     throw BatchError(error, static_cast<qsizetype>(results.size()));

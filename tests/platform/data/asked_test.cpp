@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QThread>
+#include <tuple>
+
 #include "platform/data/connection.h"
 #include "support/errors.h"
 #include "support/printing.h"
@@ -37,7 +40,8 @@ class AskedTogether : public ::testing::TestWithParam<bool> {
   Asked<QString> pair(data::Recordset row) {
     auto name = value(u"nome"_s, row.text(u"id"));
     auto next = value(u"outra"_s, row.text(u"id"));
-    const QString nextName = co_await value(u"nome"_s, co_await next);
+    const QString nextId = co_await next;
+    const QString nextName = co_await value(u"nome"_s, nextId);
     const QString own = co_await name;
     co_return own + nextName;
   }
@@ -66,12 +70,32 @@ TEST_P(AskedTogether, RowsShareTheirRequestsAndEachStatementRunsForItself) {
   expectRequests(1);
 }
 
-TEST_P(AskedTogether, FullBatchesGoOneByOne) {
+qsizetype walked = 0, walkedOf = 0;
+
+TEST_P(AskedTogether, FullBatchesGoOneByOneAndLongWorkSaysHowFarItIs) {
+  data::Walk::setWatcher([](qsizetype done, qsizetype of) {
+    if (of > 0) std::tie(walked, walkedOf) = std::tie(done, of);
+  });
+  server.setDelay(510);
   std::vector<Asked<QString>> all;
   for (int i = 0; i < 4001; ++i) all.push_back(value(u"id"_s, QString::number(i % 10 + 1)));
   for (int i = 0; i < 4001; ++i)
     ASSERT_EQ(all[static_cast<std::size_t>(i)].get(), QString::number(i % 10 + 1));
   expectRequests(3);
+  if (GetParam()) {
+    EXPECT_EQ(std::pair(walked, walkedOf), std::pair(qsizetype{4000}, qsizetype{4001}));
+  }
+
+  server.setDelay(0);
+  const auto rows = data::forEachRow(connection.query(u"SELECT * FROM nota"_s), [this](data::Recordset row) {
+                      QThread::msleep(120);
+                      return pair(row);
+                    }).get();
+  EXPECT_EQ(rows.size(), 10U);
+  // A server is asked when all rows have been started.
+  EXPECT_EQ(std::pair(walked, walkedOf),
+            GetParam() ? std::pair(qsizetype{0}, qsizetype{20}) : std::pair(qsizetype{9}, qsizetype{10}));
+  data::Walk::setWatcher(nullptr);
 }
 
 TEST_P(AskedTogether, TheFirstBadStatementIsToldAndTheRowsEndWithIt) {

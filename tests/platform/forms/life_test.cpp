@@ -1,6 +1,8 @@
+#include <QLabel>
 #include <QTest>
 #include <QTimer>
 
+#include "platform/data/walk.h"
 #include "platform/forms/process.h"
 #include "sample_form.h"
 
@@ -53,6 +55,27 @@ TEST_F(Life, EscAndXCloseUnlessTheCloseEntryIsGone) {
   });
   open(script, [](frmOther& other) { support::key(&other, Qt::Key_Escape); });
   EXPECT_EQ(forms::registry::find(u"frmOther"_s), nullptr);
+}
+
+TEST_F(Life, LongWorkShowsHowFarItIsAndHandlesNoEvent) {
+  bool handled = false;
+  QTimer::singleShot(0, &sample, [&handled] { handled = true; });
+  const auto shown = [] {
+    for (const auto* label : QApplication::activeWindow()->findChildren<QLabel*>())
+      if (label->isVisible() && label->text().startsWith(u"Processando")) return label->text();
+    return QString();
+  };
+  {
+    const forms::WaitPointer wait;
+    data::Walk walk;
+    walk.done(1, 5000);
+    EXPECT_EQ(shown(), QString());
+    QTest::qSleep(1001);
+    walk.done(1200, 5000);
+    EXPECT_EQ(shown(), u"Processando: 1.200 de 5.000"_s);
+  }
+  EXPECT_EQ(shown(), QString());
+  EXPECT_FALSE(handled);
 }
 
 TEST_F(Life, TheProcessEndsAtOnceWithItsStatus) {
