@@ -113,7 +113,7 @@ void GridModel::setText(int row, int column, const QString& text) {
   cellChanged(row, column);
 }
 
-void GridModel::insertRows(std::vector<Row> added) {
+void GridModel::appendRows(std::vector<Row> added) {
   if (added.empty()) return;
   const int at = rows() - 1;
   beginInsertRows({}, at, at + static_cast<int>(added.size()) - 1);
@@ -121,7 +121,7 @@ void GridModel::insertRows(std::vector<Row> added) {
   endInsertRows();
 }
 
-void GridModel::addItem(const QString& tabSeparated) { insertRows({{tabSeparated, {}}}); }
+void GridModel::addItem(const QString& tabSeparated) { appendRows({{tabSeparated, {}}}); }
 
 void GridModel::addRow(const GridRow& row) { addItem(row.tabSeparated()); }
 
@@ -129,7 +129,7 @@ void GridModel::addRows(const std::vector<GridRow>& rows) {
   std::vector<Row> added;
   added.reserve(rows.size());
   for (const GridRow& row : rows) added.push_back({row.tabSeparated(), {}});
-  insertRows(std::move(added));
+  appendRows(std::move(added));
 }
 
 GridRow GridModel::rowTexts(int row) const {

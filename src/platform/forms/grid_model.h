@@ -105,7 +105,7 @@ class GridModel : public QAbstractTableModel {
     QString whole;
     std::vector<Cell> cells;
   };
-  void insertRows(std::vector<Row> rows);
+  void appendRows(std::vector<Row> rows);
   [[nodiscard]] std::vector<Cell>& cellsOf(Row& row) const;
   [[nodiscard]] const Cell* cell(int row, int column) const;
   [[nodiscard]] Cell* cell(int row, int column);
