@@ -7,6 +7,7 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "draft/keeper.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/icons.h"
 #include "platform/forms/process.h"
@@ -46,6 +47,7 @@ frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   addOverFrame(frameMassa, kEsquerdaPainel, 0, cmdFecharFrameMassa);
   addOverFrame(frameCondPgto, kEsquerdaPainel, 0, cmdFecharFrameCondPgto);
   addOverFrame(frameAprova, kEsquerdaPainel, 0, cmdFecharFrameAprova);
+  ItemNaMontagem.layOut(grids::item::kLayout);
   ligaTeclado();
   ligaAtalhos();
   ligaCampos();
@@ -126,10 +128,13 @@ void frmPropCmrcTL::ligaComandos() {
       {cmdImprimir, &frmPropCmrcTL::cmdImprimir_Click},
       {cmdSAIR, &frmPropCmrcTL::cmdSAIR_Click},
       {cmdPesquisar_PropCmrc, &frmPropCmrcTL::cmdPesquisar_PropCmrc_Click},
+      {cmdRecuperar, &frmPropCmrcTL::cmdRecuperar_Click},
+      {cmdDescartar, &frmPropCmrcTL::cmdDescartar_Click},
       {cmdCondPgto, &frmPropCmrcTL::cmdCondPgto_Click},
   };
   for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
   on(cmdFecharFrameCondPgto, Event::Click, [this] { closeOverFrame(frameCondPgto); });
+  connect(&rascunho::guarda(), &rascunho::Guarda::ofertasMudaram, this, &frmPropCmrcTL::mostraOferta);
 }
 
 void frmPropCmrcTL::ligaItens() {

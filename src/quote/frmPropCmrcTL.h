@@ -1,5 +1,6 @@
 #pragma once
 
+#include "draft/draft_text.h"
 #include "platform/data/asked.h"
 #include "platform/data/recordset.h"
 #include "platform/forms/form.h"
@@ -19,6 +20,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
 
   /// Materials of all items, tied to them by their row number in Flex; never shown.
   forms::GridModel FlexMonta{QStringLiteral("FlexMonta"), this};
+  /// The line that has gone to the assembly screen to be changed, as it was; never shown.
+  forms::GridModel ItemNaMontagem{QStringLiteral("ItemNaMontagem"), this};
 
   /// Empties the fields and lays out the grids, that of the instalments too; txtCodigo stays (clearing.cpp).
   void LimpaTela();
@@ -106,7 +109,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void gravaNovo();
   void gravaAlteracao();
   enum class Caixa { Maiuscula, ComoDigitada };
-  void gravaLinhas(const QString& idOrcamento, Caixa caixa);
+  /// The id of the last line.
+  [[nodiscard]] QString gravaLinhas(const QString& idOrcamento, Caixa caixa);
   [[nodiscard]] QStringList gravaItens(const QString& idOrcamento, Caixa caixa);
   struct Chaves;
   [[nodiscard]] Chaves pedeChaves() const;
@@ -117,6 +121,16 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
                                             int linha) const;
   [[nodiscard]] QString MontaInsertHomenageado(const QString& idOrcamento, int linha) const;
 
+  // What was not saved (recovering.cpp)
+  /// The line beside the title, while nothing is edited.
+  void mostraOferta();
+  void cmdRecuperar_Click();
+  void cmdDescartar_Click();
+  [[nodiscard]] static bool aindaFalta(const rascunho::Rascunho& rascunho);
+  [[nodiscard]] bool carregaAntesDeRecuperar(const rascunho::Rascunho& rascunho);
+  void recupera(const rascunho::Rascunho& rascunho);
+  void reabreMontagem(const QString& retrato);
+
   // Items (item_grid.cpp, item_assembly.cpp)
   void Flex_DblClick();
   void excluiItem();
@@ -126,6 +140,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void passaParaMontagem(int linha);
   void passaMaterial(int linhaMonta, const QString& quantidade);
   void cmdIncluirItem_Click();
+  void mostraMontagem();
 
   // Item panel (item_panel.cpp, item_panel_line.cpp, item_search.cpp)
   void esvaziaItem();

@@ -9,7 +9,16 @@ using namespace Qt::StringLiterals;
 
 void frmPropCmrcTL::cmdIncluirItem_Click() {
   contexto().ModoItem = u"I"_s;
+  mostraMontagem();
+}
+
+void frmPropCmrcTL::mostraMontagem() {
+  forms::GridModel& itens = Flex->grid();
+  const int restantes = itens.rows();
   forms::form<frmMontarProduto>().showModal();
+  // A line without materials has nothing that a cancel could put back.
+  if (itens.rows() == restantes && ItemNaMontagem.rows() > 1) itens.addRow(ItemNaMontagem.rowTexts(1));
+  ItemNaMontagem.layOut(grids::item::kLayout);
   CalculaTotais();
 }
 
@@ -18,17 +27,14 @@ void frmPropCmrcTL::alteraItem() {
   forms::GridModel& itens = Flex->grid();
   const int linha = itens.row();
   if (linha == 0) return;
-  const forms::GridRow comoEra = itens.rowTexts(linha);
+  ItemNaMontagem.layOut(grids::item::kLayout);
+  ItemNaMontagem.addRow(itens.rowTexts(linha));
   passaParaMontagem(linha);
   soltaMateriais(linha, grids::material::VinculoComFlex);
   tiraLinha(linha, grids::material::VinculoComFlex);
   CalculaTotais();
   contexto().ModoItem = u"A"_s;
-  const int restantes = itens.rows();
-  forms::form<frmMontarProduto>().showModal();
-  // A line without materials has nothing that a cancel could put back.
-  if (itens.rows() == restantes) itens.addRow(comoEra);
-  CalculaTotais();
+  mostraMontagem();
 }
 
 void frmPropCmrcTL::passaParaMontagem(int linha) {

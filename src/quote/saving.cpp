@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "documents/document_values.h"
+#include "draft/keeper.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
@@ -36,6 +37,15 @@ QString AprovaPrototipo(const QString& idProt, const QString& idOrcamento, const
   return TiraAcentos(u"UPDATE PROT SET PROP_CMRC_APRV = '"_s + idOrcamento + u"', DATA_APRV = '"_s +
                      values::formatDate(dataAprovacao, u"yyyymmdd hh:mm") + u"' WHERE IDPROT = "_s + idProt);
 }
+
+/// Commits a save; the draft of the quote bears its mark meanwhile.
+void confirma(const rascunho::Gravacao& gravacao) {
+  rascunho::guarda().marcaGravacao(gravacao);
+  contexto().Conexao.commit();
+  rascunho::guarda().gravado();
+}
+
+QString agora() { return values::formatDate(values::now(), u"yyyymmdd hh:mm"); }
 
 void avisaGravado(const QString& id) { Aviso(u"Registro Gravado com sucesso!\rOrçamento nr."_s + id); }
 
@@ -72,12 +82,13 @@ void frmPropCmrcTL::gravaNovo() {
   QString id;
   {
     const forms::WaitPointer espera;
+    const QString desde = agora();
     c.Conexao.begin();
     const auto resultados = executa(
         {{Maiusculas(MontaInsertOrcamento())}, {Maiusculas(u"SELECT @@identity as 'MaxPropCmrc'"_s)}});
     id = numeroGravado(resultados.back(), u"MaxPropCmrc");
-    gravaLinhas(id, Caixa::Maiuscula);
-    c.Conexao.commit();
+    const QString ultimo = gravaLinhas(id, Caixa::Maiuscula);
+    confirma({id, desde, agora(), ultimo});
   }
   avisaGravado(id);
   c.ModoOrcamento = u" "_s;
@@ -96,8 +107,8 @@ void frmPropCmrcTL::gravaAlteracao() {
              {MontaDelete(u"PROP_CMRC_DETA_MONTA"_s, id)},
              {MontaDelete(u"PROP_CMRC_HOMG"_s, id)}});
     // Remarks of items and names of honorees keep their case when a quote is altered.
-    gravaLinhas(id, Caixa::ComoDigitada);
-    c.Conexao.commit();
+    const QString ultimo = gravaLinhas(id, Caixa::ComoDigitada);
+    confirma({id, {}, agora(), ultimo});
   }
   avisaGravado(id);
   c.ModoOrcamento = u" "_s;
@@ -118,7 +129,7 @@ QStringList frmPropCmrcTL::gravaItens(const QString& idOrcamento, Caixa caixa) {
   return ids;
 }
 
-void frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
+QString frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
   using namespace grids;
   const forms::GridModel& itens = Flex->grid();
   const QStringList ids = gravaItens(idOrcamento, caixa);
@@ -136,4 +147,5 @@ void frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
     comandos.push_back({caixa == Caixa::Maiuscula ? Maiusculas(insert) : insert});
   }
   executa(comandos);
+  return ids.last();
 }

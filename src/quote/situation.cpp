@@ -22,6 +22,7 @@ constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 }  // namespace
 
 void frmPropCmrcTL::MostraSituacao() {
+  mostraOferta();
   const Situacao* situacao = nullptr;
   if (cmdSALVAR->isEnabled())
     situacao = contexto().ModoOrcamento == u"I" ? &kNovo : &kAlterando;

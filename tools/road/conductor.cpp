@@ -103,6 +103,8 @@ int conduct(const Road& road, const QString& pictures) {
   watchSignals();
   const QString progressFile = folder.filePath(u"progress"_s);
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json");
+  // What the program keeps of its user's goes with the road.
+  qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(u"data"_s)));
 
   Progress progress;
   progress.write(progressFile);

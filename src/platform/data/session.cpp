@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/data/last_statement.h"
 #include "platform/data/odbc_string.h"
 #include "platform/data/one_statement.h"
 #include "platform/files/paths.h"
@@ -29,6 +30,7 @@ void Session::close() {
 }
 
 void Session::announce(const QString& statement) {
+  lastStatement() = statement;
   if (failure_) throw values::RuntimeError(*failure_);
   if (!engine_) values::raise(values::kClosedObject);
   if (listener_) listener_(statement);
@@ -89,6 +91,7 @@ std::vector<Recordset> Session::batch(const std::vector<Statement>& statements) 
         results.push_back(run(rest.front()));
     }
   } catch (const values::RuntimeError& error) {
+    if (results.size() < statements.size()) lastStatement() = statements[results.size()].sql;
     throw BatchError(error, static_cast<qsizetype>(results.size()));
   }
   return results;

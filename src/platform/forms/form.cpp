@@ -102,7 +102,11 @@ void Form::escClicks(QAbstractButton* button) { d_->escButton = button; }
 
 void Form::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (d_->closable) guarded([this] { closeRequested(); });
+  if (d_->closable) d_->close();
+}
+
+void Form::Private::close() {
+  handle([this] { form.closeRequested(); }, name + QStringLiteral("_QueryUnload"));
 }
 
 void Form::hideEvent(QHideEvent* event) {

@@ -16,13 +16,47 @@
 #include "platform/forms/form_private.h"
 #include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
+#include "platform/forms/rest.h"
+
+using namespace Qt::StringLiterals;
 
 // Handlers of controls, and the mouse and the keyboard on their way to them.
 namespace forms {
 
+namespace {
+
+QString nameOf(Event event) {
+  switch (event) {
+    case Event::Click:
+      return u"Click"_s;
+    case Event::DoubleClick:
+      return u"DblClick"_s;
+    case Event::GotFocus:
+      return u"GotFocus"_s;
+    case Event::LostFocus:
+      return u"LostFocus"_s;
+    case Event::DropDown:
+      return u"DropDown"_s;
+  }
+  return {};
+}
+
+}  // namespace
+
 void Form::Private::run(QWidget* control, Event event) {
   const Handlers known = handlers.value(control).value(event);
-  for (const auto& handler : known) guarded(handler);
+  if (known.empty()) return;
+  const QString where = name + u'.' + control->objectName() + u'_' + nameOf(event);
+  handle(
+      [&known] {
+        for (const auto& handler : known) handler();
+      },
+      where);
+}
+
+void Form::Private::handle(const std::function<void()>& handler, const QString& where) {
+  Work work;
+  if (guarded(handler, where)) work.done();
 }
 
 void Form::on(QWidget* control, Event event, std::function<void()> handler) {
@@ -197,7 +231,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
   } else if (!d_->escButton.isNull()) {
     d_->escButton->click();
   } else if (d_->closable) {
-    guarded([this] { closeRequested(); });
+    d_->close();
   }
 }
 

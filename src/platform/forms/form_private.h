@@ -44,6 +44,10 @@ class Form::Private {
   /// Shows the form and gives it its first focus.
   void present();
   void run(QWidget* control, Event event);
+  /// Runs a handler at the edge of the event loop; `where` is its name for support.
+  static void handle(const std::function<void()>& handler, const QString& where);
+  /// The window's X or Esc.
+  void close();
 
   /// The control of the form that a widget with the focus belongs to.
   [[nodiscard]] QWidget* controlOf(QWidget* widget) const;

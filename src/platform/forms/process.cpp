@@ -6,6 +6,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/data/last_statement.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/modal_loops.h"
 
@@ -20,9 +21,28 @@ std::function<void(int)>& ownEnd() {
   return end;
 }
 
+std::function<void()>& endObserver() {
+  static std::function<void()> observer;
+  return observer;
+}
+
+/// What support needs beside a user's memory of the box.
+void report(const values::RuntimeError& error, const QString& where) {
+  QString line = u"Erro "_s + QString::number(error.number());
+  if (!where.isEmpty()) line += u" em "_s + where;
+  line += u": "_s + error.text();
+  const bool ofStatement =
+      error.number() == values::kStatementFailed || error.number() == values::kConnectionFailed;
+  if (ofStatement && !data::lastStatement().isEmpty()) line += u" | comando: "_s + data::lastStatement();
+  for (QChar& character : line)
+    if (character.category() == QChar::Other_Control) character = u' ';
+  std::fputs((line + u'\n').toUtf8().constData(), stderr);
+}
+
 }  // namespace
 
-void showRuntimeError(const values::RuntimeError& error) {
+void showRuntimeError(const values::RuntimeError& error, const QString& where) {
+  report(error, where);
   Box box;
   box.text = u"Erro em tempo de execução '%1':\n\n%2"_s.arg(error.number()).arg(error.text());
   box.icon = Icon::Critical;
@@ -30,6 +50,7 @@ void showRuntimeError(const values::RuntimeError& error) {
 }
 
 void end(int status) {
+  if (endObserver()) endObserver()();
   if (!ownEnd()) {
     std::fflush(nullptr);
     std::_Exit(status);
@@ -48,20 +69,24 @@ void endPlainly() {
 
 void setEnd(std::function<void(int)> end) { ownEnd() = std::move(end); }
 
-void guarded(const std::function<void()>& handler) {
+void setEndObserver(std::function<void()> observer) { endObserver() = std::move(observer); }
+
+bool guarded(const std::function<void()>& handler, const QString& where) {
   try {
     try {
       handler();
+      return true;
     } catch (const values::RuntimeError& error) {
-      showRuntimeError(error);
+      showRuntimeError(error, where);
       end(1);
     } catch (const std::bad_alloc&) {
-      showRuntimeError({values::kOutOfMemory, values::standardText(values::kOutOfMemory)});
+      showRuntimeError({values::kOutOfMemory, values::standardText(values::kOutOfMemory)}, where);
       end(1);
     }
   } catch (const Ended&) {
     // The handler that ended the process goes no further; the loops it ran in are being left.
   }
+  return false;
 }
 
 }  // namespace forms

@@ -1,0 +1,254 @@
+#include "draft/screen_fields.h"
+
+#include <QCryptographicHash>
+#include <QStringList>
+#include <QTabWidget>
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "platform/forms/form.h"
+#include "quote/grids.h"
+
+using namespace Qt::StringLiterals;
+
+namespace rascunho {
+
+namespace {
+
+enum class Origem { Tela, Banco };
+
+struct Campo {
+  const char16_t* nome;
+  Origem origem = Origem::Tela;  ///< where a quote that was just loaded has it from
+  int colunas = 0;               ///< of a grid, how many come from there; 0 for all
+};
+
+constexpr std::array kOrcamento{
+    Campo{u"txtRowId", Origem::Banco},
+    Campo{u"txtCodigo"},
+    Campo{u"mskDtPropCmrc", Origem::Banco},
+    Campo{u"mskDataEven", Origem::Banco},
+    Campo{u"mskDtValidade", Origem::Banco},
+    Campo{u"mskDtEntrega", Origem::Banco},
+    Campo{u"lblDTDesativa", Origem::Banco},
+    Campo{u"lblDataFechamento", Origem::Banco},
+    Campo{u"lblNumePedido", Origem::Banco},
+    Campo{u"opPV", Origem::Banco},
+    Campo{u"opShowRoom", Origem::Banco},
+    Campo{u"cboCliente", Origem::Banco},
+    Campo{u"txtFoneExtra", Origem::Banco},
+    Campo{u"txtEmailExtra", Origem::Banco},
+    Campo{u"cboClienteContato", Origem::Banco},
+    Campo{u"txtFoneExtraContato", Origem::Banco},
+    Campo{u"txtEmailExtraContato", Origem::Banco},
+    Campo{u"cboVendedor", Origem::Banco},
+    Campo{u"cboRespAtendimento", Origem::Banco},
+    Campo{u"cboLocalVenda", Origem::Banco},
+    Campo{u"cboTipoMktg", Origem::Banco},
+    Campo{u"cboTipoEven", Origem::Banco},
+    Campo{u"cboTipoServ", Origem::Banco},
+    Campo{u"txtNumePess", Origem::Banco},
+    Campo{u"txtDesc", Origem::Banco},
+    Campo{u"txtObserva", Origem::Banco},
+    Campo{u"txtObservacao"},
+    Campo{u"txtCondPagto", Origem::Banco},
+    Campo{u"opPROD"},
+    Campo{u"opPROT"},
+    Campo{u"txtCodProduto"},
+    Campo{u"txtidProdProt"},
+    Campo{u"lblDescProt"},
+    Campo{u"lblVrBrutoProt"},
+    Campo{u"txtDesconto"},
+    Campo{u"lblVrLiqProt"},
+    Campo{u"txtQuantidade"},
+    Campo{u"lblUnidadeMedida"},
+    Campo{u"txtObseDetaItem"},
+    Campo{u"lblTotaGeral"},
+    Campo{u"lblTotaAprov"},
+    Campo{u"lblTotaNaoAprov"},
+    Campo{u"lblDesconto", Origem::Banco},
+    Campo{u"lblPercDesconto", Origem::Banco},
+    Campo{u"lblTotalLiquido"},
+    Campo{u"cboCole"},
+    Campo{u"txtNomeHomg"},
+    Campo{u"Flex", Origem::Banco},
+    // The rows that they are tied to depend on the order in which the items come.
+    Campo{u"FlexMonta", Origem::Banco, grids::material::kAssemblyColumns},
+    Campo{u"FlexHomg", Origem::Banco},
+    Campo{u"ItemNaMontagem"},
+};
+
+constexpr std::array kFechamento{
+    Campo{u"lblVrBrutoTOT"}, Campo{u"txtDescontoGeral"},  Campo{u"txtPercDesc"},
+    Campo{u"lblVrLiqTOT"},   Campo{u"cboTransportadora"}, Campo{u"txtObservacaoPedido"},
+    Campo{u"txtIdCondPg"},   Campo{u"lblParcelas"},       Campo{u"lblPrazos"},
+    Campo{u"mskDataBase"},   Campo{u"txtValorSinal"},     Campo{u"Flex2"},
+};
+
+// What was found on the tabs is no work of the user's: it is found again.
+constexpr std::array kMontagem{
+    Campo{u"SSTab1"},
+    Campo{u"txtCOD"},
+    Campo{u"opDesc"},
+    Campo{u"opCodigo"},
+    Campo{u"txtQuantidade"},
+    Campo{u"txtQuantidadeSombra"},
+    Campo{u"txtObservacoes"},
+    Campo{u"txtObservacoesSombra"},
+    Campo{u"lblTotalUnitarioProduto"},
+    Campo{u"Flex"},
+    Campo{u"FlexSombra"},
+};
+
+struct Tela {
+  const char16_t* nome;
+  std::span<const Campo> campos;
+  bool soAberta = false;  ///< counts only while it is open
+};
+
+constexpr std::array kTelas{
+    Tela{u"frmPropCmrcTL", kOrcamento},
+    Tela{u"frmConfirmaPropCmrcTL", kFechamento},
+    Tela{u"frmMontarProduto", kMontagem, true},
+};
+
+constexpr QChar kTab = u'\t';
+constexpr QChar kFim = u'\n';
+
+bool conta(const Tela& tela) {
+  const forms::Form* form = forms::registry::find(QString::fromUtf16(tela.nome));
+  return form != nullptr && (!tela.soAberta || form->isVisible());
+}
+
+QObject* controle(QStringView tela, QStringView nome) {
+  return forms::findControl(tela.toString(), nome.toString());
+}
+
+forms::GridModel* grade(QObject* controle) {
+  if (auto* vista = qobject_cast<forms::FlexGrid*>(controle)) return &vista->grid();
+  return qobject_cast<forms::GridModel*>(controle);
+}
+
+/// Option buttons are set or not; tabs have a number.
+QString valor(const QObject* controle) {
+  if (const auto* opcao = qobject_cast<const QAbstractButton*>(controle))
+    return opcao->isChecked() ? u"1"_s : u"0"_s;
+  if (const auto* abas = qobject_cast<const QTabWidget*>(controle))
+    return QString::number(abas->currentIndex());
+  return forms::controlText(controle);
+}
+
+void poeValor(QObject* controle, const QString& texto) {
+  if (auto* opcao = qobject_cast<QAbstractButton*>(controle)) {
+    if (texto == u"1") opcao->setChecked(true);
+  } else if (auto* abas = qobject_cast<QTabWidget*>(controle)) {
+    abas->setCurrentIndex(texto.toInt());
+  } else {
+    forms::setControlText(controle, texto);
+  }
+}
+
+QString linhaDaTela(QStringView tela) { return u"tela\t"_s + tela.toString() + kFim; }
+
+void escreveGrade(QString& texto, const forms::GridModel& grade) {
+  texto += QString::number(grade.row()) + kTab + QString::number(grade.rows() - 1) + kFim;
+  for (int linha = 1; linha < grade.rows(); ++linha)
+    texto += emUmaLinha(grade.rowTexts(linha).tabSeparated()) + kFim;
+}
+
+/// The rows that a digest counts, in an order of their own.
+QStringList linhasOrdenadas(const forms::GridModel& grade, int colunas) {
+  QStringList linhas;
+  for (int linha = 1; linha < grade.rows(); ++linha) {
+    forms::RowBuilder celulas;
+    for (int coluna = 0; coluna < (colunas > 0 ? colunas : grade.cols()); ++coluna)
+      celulas << grade.text(linha, coluna);
+    linhas << celulas.text();
+  }
+  std::sort(linhas.begin(), linhas.end());
+  return linhas;
+}
+
+}  // namespace
+
+QString emUmaLinha(const QString& texto) {
+  const auto especial = [](QChar letra) { return letra == u'\\' || letra == kFim || letra == u'\r'; };
+  if (std::none_of(texto.cbegin(), texto.cend(), especial)) return texto;
+  QString linha = texto;
+  return linha.replace(u'\\', u"\\\\"_s).replace(kFim, u"\\n"_s).replace(u'\r', u"\\r"_s);
+}
+
+QString comoEra(QStringView linha) {
+  QString texto;
+  texto.reserve(linha.size());
+  for (qsizetype i = 0; i < linha.size(); ++i) {
+    const bool escapada = linha[i] == u'\\' && i + 1 < linha.size();
+    if (escapada) ++i;
+    texto += !escapada ? linha[i] : linha[i] == u'n' ? kFim : linha[i] == u'r' ? QChar(u'\r') : linha[i];
+  }
+  return texto;
+}
+
+QString retrato() {
+  QString texto;
+  for (const Tela& tela : kTelas) {
+    if (!conta(tela)) continue;
+    texto += linhaDaTela(tela.nome);
+    for (const Campo& campo : tela.campos) {
+      QObject* objeto = controle(tela.nome, campo.nome);
+      texto += QStringView(campo.nome);
+      texto += kTab;
+      if (const forms::GridModel* modelo = grade(objeto))
+        escreveGrade(texto, *modelo);
+      else
+        texto += emUmaLinha(valor(objeto)) + kFim;
+    }
+  }
+  return texto;
+}
+
+bool temTela(const QString& retrato, QStringView tela) {
+  const QString linha = linhaDaTela(tela);
+  return retrato.startsWith(linha) || retrato.contains(kFim + linha);
+}
+
+void repoe(const QString& retrato, QStringView tela) {
+  const QList<QStringView> linhas = QStringView(retrato).split(kFim);
+  bool desta = false;
+  for (qsizetype i = 0; i < linhas.size(); ++i) {
+    const qsizetype meio = linhas[i].indexOf(kTab);
+    if (meio < 0) continue;
+    const QStringView nome = linhas[i].first(meio);
+    const QStringView resto = linhas[i].sliced(meio + 1);
+    if (nome == u"tela") desta = resto == tela;
+    if (!desta || nome == u"tela") continue;
+    QObject* objeto = controle(tela, nome);
+    forms::GridModel* modelo = grade(objeto);
+    if (modelo == nullptr) {
+      if (objeto != nullptr) poeValor(objeto, comoEra(resto));
+      continue;
+    }
+    QStringList itens;
+    const qsizetype ultima = std::min(i + resto.mid(resto.indexOf(kTab) + 1).toInt(), linhas.size() - 1);
+    while (i < ultima) itens << comoEra(linhas[++i]);
+    while (modelo->rows() > 1) modelo->removeItem(modelo->rows() - 1);
+    for (const QString& item : itens) modelo->addItem(item);
+    modelo->setRow(resto.first(std::max<qsizetype>(resto.indexOf(kTab), 0)).toInt());
+  }
+}
+
+QString resumoDoLido() {
+  QCryptographicHash resumo(QCryptographicHash::Sha1);
+  for (const Campo& campo : kOrcamento) {
+    if (campo.origem != Origem::Banco) continue;
+    QObject* objeto = controle(u"frmPropCmrcTL", campo.nome);
+    const forms::GridModel* modelo = grade(objeto);
+    const QString texto =
+        modelo == nullptr ? valor(objeto) : linhasOrdenadas(*modelo, campo.colunas).join(kFim);
+    resumo.addData((texto + u'\0').toUtf8());
+  }
+  return QString::fromLatin1(resumo.result().toHex());
+}
+
+}  // namespace rascunho

@@ -1,0 +1,274 @@
+#include "platform/files/kept_file.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QSet>
+#include <condition_variable>
+#include <cstdio>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using std::chrono::milliseconds;
+
+namespace files {
+
+namespace {
+
+constexpr QFile::Permissions kOwnersFile = QFile::ReadOwner | QFile::WriteOwner;
+constexpr QFile::Permissions kOwnersFolder = kOwnersFile | QFile::ExeOwner;
+/// Another program holds a lock for a moment while it looks.
+constexpr int kLockPatience = 100;
+constexpr milliseconds kEndPatience{2000};
+
+const QString kLockEnding = u".trava"_s;
+
+std::function<void()>& beforeDisk() {
+  static std::function<void()> call;
+  return call;
+}
+
+/// The last line of a file shows that it is whole.
+QByteArray lastLine(const QByteArray& content) {
+  return "fim\t" + QCryptographicHash::hash(content, QCryptographicHash::Sha1).toHex() + '\n';
+}
+
+/// The lock of a file: it goes with the process.
+std::unique_ptr<QLockFile> lockOf(const QString& path) {
+  auto lock = std::make_unique<QLockFile>(path + kLockEnding);
+  lock->setStaleLockTime(0);
+  return lock->tryLock(kLockPatience) ? std::move(lock) : nullptr;
+}
+
+KeptFile::Left readLeft(const QString& path) {
+  KeptFile::Left left{path, QFileInfo(path).lastModified(), {}, false};
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return left;
+  QByteArray all = file.readAll();
+  const QByteArray last = all.sliced(all.lastIndexOf('\n', -2) + 1);
+  all.chop(last.size());
+  left.whole = last == lastLine(all);
+  if (left.whole) left.content = all;
+  return left;
+}
+
+}  // namespace
+
+/// The thread, what it is asked for, and what it holds. The thread keeps it alive: one that the disk holds up
+/// is left behind when the program ends.
+class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
+ public:
+  Keeper(QString folder, QString ending) : folder_(std::move(folder)), ending_(std::move(ending)) {}
+
+  void start() {
+    std::thread([self = shared_from_this()] { self->run(); }).detach();
+  }
+  void end() {
+    {
+      const std::lock_guard guard(mutex_);
+      last_ = true;
+      changed_.notify_all();
+    }
+    waitForDisk(kEndPatience);
+  }
+
+  /// What the file shall hold from here on; nothing where there shall be none.
+  void want(std::optional<QByteArray> content) {
+    const std::lock_guard guard(mutex_);
+    const bool queued = std::exchange(wanted_, std::move(content)).has_value();
+    if (queued) return;
+    jobs_.emplace_back([this] { update(); });
+    changed_.notify_all();
+  }
+  void post(std::function<void()> job) {
+    const std::lock_guard guard(mutex_);
+    jobs_.push_back(std::move(job));
+    changed_.notify_all();
+  }
+  bool waitForDisk(milliseconds patience) {
+    std::unique_lock guard(mutex_);
+    return changed_.wait_for(guard, patience, [this] { return jobs_.empty() && !busy_; });
+  }
+  bool isGood() {
+    const std::lock_guard guard(mutex_);
+    return good_;
+  }
+
+  void look(const std::function<void(const QList<Left>&)>& found);
+  std::optional<Left> take(const QString& path);
+  void giveBack() {
+    lock_.reset();
+    own_.clear();
+  }
+
+ private:
+  void run();
+  void update();
+  [[nodiscard]] bool write(const QByteArray& content);
+  [[nodiscard]] bool remove();
+  bool makeOwn();
+  void tell(const QString& why);
+  QSet<QString> namesThere() const;
+  void sweep(const QString& path) const;
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<std::function<void()>> jobs_;
+  std::optional<std::optional<QByteArray>> wanted_;
+  bool busy_ = false;
+  bool last_ = false;
+  bool good_ = true;  ///< whether the disk took what came last
+
+  // The thread's own.
+  QString folder_, ending_;
+  QString own_;
+  std::unique_ptr<QLockFile> lock_;
+  bool told_ = false;
+};
+
+void KeptFile::Keeper::run() {
+  std::unique_lock guard(mutex_);
+  while (true) {
+    changed_.wait(guard, [this] { return !jobs_.empty() || last_; });
+    if (jobs_.empty()) break;
+    const auto job = std::move(jobs_.front());
+    jobs_.pop_front();
+    busy_ = true;
+    guard.unlock();
+    if (beforeDisk()) beforeDisk()();
+    job();
+    guard.lock();
+    busy_ = false;
+    changed_.notify_all();
+  }
+  lock_.reset();
+}
+
+bool KeptFile::Keeper::makeOwn() {
+  if (lock_ && QFileInfo::exists(own_ + kLockEnding)) return true;
+  QDir().mkpath(folder_);
+  QFile::setPermissions(folder_, kOwnersFolder);
+  own_ = folder_ + u'/' + QDateTime::currentDateTime().toString(u"yyyyMMdd-hhmmss-zzz"_s) + u'-' +
+         QString::number(QCoreApplication::applicationPid()) + ending_;
+  lock_ = lockOf(own_);
+  return lock_ != nullptr;
+}
+
+void KeptFile::Keeper::update() {
+  std::optional<std::optional<QByteArray>> wanted;
+  {
+    const std::lock_guard guard(mutex_);
+    wanted = std::exchange(wanted_, std::nullopt);
+  }
+  const bool good = wanted->has_value() ? write(**wanted) : remove();
+  told_ = !good;
+  const std::lock_guard guard(mutex_);
+  good_ = good;
+}
+
+bool KeptFile::Keeper::write(const QByteArray& content) {
+  if (!makeOwn()) {
+    tell(u"a pasta não pode ser usada"_s);
+    return false;
+  }
+  QSaveFile file(own_);
+  bool good = file.open(QIODevice::WriteOnly);
+  // Nobody else reads it, from the first byte on.
+  if (good) file.setPermissions(kOwnersFile);
+  const QByteArray last = lastLine(content);
+  good = good && file.write(content) == content.size() && file.write(last) == last.size() && file.commit();
+  if (!good) tell(file.errorString());
+  return good;
+}
+
+bool KeptFile::Keeper::remove() {
+  if (!own_.isEmpty() && QFileInfo::exists(own_) && !QFile::remove(own_)) {
+    tell(u"não pode ser removido"_s);
+    return false;
+  }
+  giveBack();
+  return true;
+}
+
+void KeptFile::Keeper::tell(const QString& why) {
+  if (told_) return;
+  std::fputs((u"Rascunho %1: %2\n"_s.arg(own_, why)).toUtf8().constData(), stderr);
+}
+
+/// Paths of the files that are there, or of which something is.
+QSet<QString> KeptFile::Keeper::namesThere() const {
+  QSet<QString> paths;
+  for (const QString& name : QDir(folder_).entryList(QDir::Files | QDir::Hidden)) {
+    const qsizetype end = name.indexOf(ending_);
+    if (end > 0) paths.insert(folder_ + u'/' + name.first(end + ending_.size()));
+  }
+  return paths;
+}
+
+/// What a program leaves when it is killed while it writes.
+void KeptFile::Keeper::sweep(const QString& path) const {
+  const QFileInfo info(path);
+  for (const QString& name : QDir(folder_).entryList({info.fileName() + u".*"_s}, QDir::Files | QDir::Hidden))
+    if (!name.endsWith(kLockEnding)) QFile::remove(folder_ + u'/' + name);
+}
+
+void KeptFile::Keeper::look(const std::function<void(const QList<Left>&)>& found) {
+  QList<Left> all;
+  for (const QString& path : namesThere()) {
+    if (path == own_) continue;
+    const auto lock = lockOf(path);
+    if (!lock) continue;
+    sweep(path);
+    if (QFileInfo::exists(path)) all << readLeft(path);
+  }
+  found(all);
+}
+
+std::optional<KeptFile::Left> KeptFile::Keeper::take(const QString& path) {
+  auto lock = lockOf(path);
+  if (!lock || !QFileInfo::exists(path)) return std::nullopt;
+  own_ = path;
+  lock_ = std::move(lock);
+  return readLeft(path);
+}
+
+KeptFile::KeptFile(const QString& folder, const QString& ending)
+    : keeper_(std::make_shared<Keeper>(folder, ending)) {
+  keeper_->start();
+}
+
+KeptFile::~KeptFile() { keeper_->end(); }
+
+void KeptFile::keep(const QByteArray& content) { keeper_->want(content); }
+
+void KeptFile::drop() { keeper_->want(std::nullopt); }
+
+bool KeptFile::settle(milliseconds patience) { return keeper_->waitForDisk(patience) && keeper_->isGood(); }
+
+void KeptFile::look(std::function<void(const QList<Left>&)> found) {
+  keeper_->post([keeper = keeper_.get(), found = std::move(found)] { keeper->look(found); });
+}
+
+std::optional<KeptFile::Left> KeptFile::take(const QString& path, milliseconds patience) {
+  // A late answer must find a place of its own.
+  const auto taken = std::make_shared<std::optional<Left>>();
+  keeper_->post([keeper = keeper_.get(), taken, path] { *taken = keeper->take(path); });
+  if (keeper_->waitForDisk(patience)) return *taken;
+  giveBack();
+  return std::nullopt;
+}
+
+void KeptFile::giveBack() {
+  keeper_->post([keeper = keeper_.get()] { keeper->giveBack(); });
+}
+
+void KeptFile::setBeforeDisk(std::function<void()> call) { beforeDisk() = std::move(call); }
+
+}  // namespace files

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace files {
+
+/// One file of this program's own that holds what it was last asked to hold. A thread of its own does all
+/// that touches the disk, so that a slow one holds nobody up; a disk that takes nothing is told once on
+/// standard error. The file is whole or not at all and its user's alone to read. It lies in a folder with
+/// those of other running programs, locked as long as its program runs, however that ends.
+class KeptFile {
+ public:
+  /// `ending` with its point, such as ".rascunho". Nothing is made before something is kept.
+  KeptFile(const QString& folder, const QString& ending);
+  /// Waits a little for the disk.
+  ~KeptFile();
+  KeptFile(const KeptFile&) = delete;
+  KeptFile& operator=(const KeptFile&) = delete;
+
+  /// From here on the file shall hold this, whole lines. Of contents that wait for the disk the last one counts.
+  void keep(const QByteArray& content);
+  /// From here on there shall be no file.
+  void drop();
+  /// Waits until the disk has done what was asked for; whether it has, in time and without a fault.
+  [[nodiscard]] bool settle(std::chrono::milliseconds patience);
+
+  /// A file whose program is gone.
+  struct Left {
+    QString path;
+    QDateTime written;
+    QByteArray content;  ///< empty where the file is not whole
+    bool whole = false;
+  };
+  /// Looks for them and sweeps up what killed programs left half made; `found` is called in the other thread.
+  void look(std::function<void(const QList<Left>&)> found);
+  /// Makes one this program's own file in place of the present one; nullopt when it is gone, another program
+  /// has it, or the disk takes too long.
+  [[nodiscard]] std::optional<Left> take(const QString& path, std::chrono::milliseconds patience);
+  /// Leaves the own file to others, as it is.
+  void giveBack();
+
+  /// Seam for tests: called before the disk is touched, in the other thread.
+  static void setBeforeDisk(std::function<void()> call);
+
+ private:
+  class Keeper;
+  std::shared_ptr<Keeper> keeper_;
+};
+
+}  // namespace files

@@ -1,0 +1,93 @@
+#include "platform/forms/rest.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "platform/forms/boxes.h"
+#include "platform/forms/form.h"
+
+namespace forms {
+
+namespace {
+
+int handlersAtWork = 0;
+
+/// Each handler that waits for a modal form waits in its loop as long as the form is shown.
+int modalFormsShown() {
+  const QList<Form*> shown = registry::shown();
+  return static_cast<int>(std::ranges::count_if(shown, [](const Form* form) { return form->isModal(); }));
+}
+
+bool isInput(QEvent::Type type) {
+  switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::InputMethod:
+    case QEvent::Drop:
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// Sees the input of all windows, lists that drop down and menus among them.
+class Watch : public QObject {
+ public:
+  explicit Watch(std::function<void()> observer) : observer_(std::move(observer)) {
+    timer_.setSingleShot(true);
+    timer_.setInterval(kInputRest);
+    timer_.callOnTimeout(this, [this] { observe(); });
+    qApp->installEventFilter(this);
+  }
+
+  void observe() {
+    if (handlersAtWork > modalFormsShown() || boxesWaiting() > 0) return;
+    timer_.stop();
+    observer_();
+  }
+  void observeInput() {
+    if (timer_.isActive()) observe();
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (isInput(event->type()) && !timer_.isActive()) timer_.start();
+    return false;
+  }
+
+ private:
+  std::function<void()> observer_;
+  QTimer timer_;
+};
+
+std::unique_ptr<Watch>& watch() {
+  static std::unique_ptr<Watch> one;
+  return one;
+}
+
+}  // namespace
+
+void setRestObserver(std::function<void()> observer) {
+  watch() = observer ? std::make_unique<Watch>(std::move(observer)) : nullptr;
+}
+
+Work::Work() {
+  // What was typed before a handler that fails is not lost with it.
+  if (watch()) watch()->observeInput();
+  ++handlersAtWork;
+}
+
+Work::~Work() {
+  if (atWork_) --handlersAtWork;
+}
+
+void Work::done() {
+  --handlersAtWork;
+  atWork_ = false;
+  if (watch()) watch()->observe();
+}
+
+}  // namespace forms

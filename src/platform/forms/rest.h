@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+
+// When the program is at rest: no handler is at work, save those that wait for a modal form in sight.
+namespace forms {
+
+/// Longest time that a user's input waits for the observer, in milliseconds.
+inline constexpr int kInputRest = 500;
+
+/// Called at rest: when a handler has come to its end, before one that follows on input which was not
+/// observed yet, and kInputRest behind the first key or click since the last call. Never under a box, nor
+/// behind an error. An empty function ends it.
+void setRestObserver(std::function<void()> observer);
+
+/// A handler at work, while it lives.
+class Work {
+ public:
+  Work();
+  ~Work();
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+  /// The handler has come to its end.
+  void done();
+
+ private:
+  bool atWork_ = true;
+};
+
+}  // namespace forms

@@ -1,0 +1,138 @@
+#include "assembly/frmMontarProduto.h"
+#include "closing/frmConfirmaPropCmrcTL.h"
+#include "draft/keeper.h"
+#include "draft/screen_fields.h"
+#include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
+#include "shared/lookups.h"
+#include "shared/screen_kit.h"
+#include "shared/text.h"
+
+using namespace Qt::StringLiterals;
+using rascunho::guarda;
+using rascunho::Rascunho;
+
+// A quote that was being edited when the program ended: one line beside the title offers it.
+
+namespace {
+
+/// The quote that the draft's save stored, where it came to its end; empty where it did not.
+QString jaGravado(const Rascunho& rascunho) {
+  const auto& [id, desde, ate, ultimo] = rascunho.gravacao;
+  if (id.isEmpty()) return {};
+  if (rascunho.modo == u"I") {
+    const auto rs = AbreConsulta(u"SELECT IDPROP_CMRC FROM PROP_CMRC WHERE IDPROP_CMRC = '"_s + id +
+                                 u"' AND USER_INCL = '"_s + rascunho.usuario + u"' AND DATA_INCL >= '"_s +
+                                 desde + u"' AND DATA_INCL <= '"_s + ate + u"'"_s);
+    return rs.eof() ? QString() : id;
+  }
+  // Each save of a quote gives its lines new ids.
+  const auto rs = AbreConsulta(u"SELECT IDPROP_CMRC_DETA FROM PROP_CMRC_DETA WHERE IDPROP_CMRC = '"_s + id +
+                               u"' AND IDPROP_CMRC_DETA = '"_s + ultimo + u"' AND USER_INCL = '"_s +
+                               rascunho.usuario + u"'"_s);
+  return rs.eof() ? QString() : id;
+}
+
+/// A quote of the same user and customer that was stored behind the draft: the draft of a save that a failing
+/// disk left without its mark, or the same work done again.
+QString gravadoDepois(const Rascunho& rascunho) {
+  const QDateTime quando = QDateTime::fromString(rascunho.quando, Qt::ISODate);
+  auto rs =
+      AbreConsulta(u"SELECT IDPROP_CMRC, NOME_CLIE FROM PROP_CMRC WHERE USER_INCL = '"_s + rascunho.usuario +
+                   u"' AND DATA_INCL >= '"_s + quando.toString(u"yyyyMMdd hh:mm"_s) + u"'"_s);
+  for (; !rs.eof(); rs.moveNext())
+    if (Maiusculas(Apara(rs.text(u"NOME_CLIE"))) == Maiusculas(Apara(rascunho.cliente)))
+      return rs.text(u"IDPROP_CMRC");
+  return {};
+}
+
+const QString kMesmoAssim = u"\r\rDeseja recuperar mesmo assim o que não foi salvo?"_s;
+
+}  // namespace
+
+void frmPropCmrcTL::mostraOferta() {
+  const auto& ofertas = guarda().ofertas();
+  const bool oferece = !ofertas.isEmpty() && !editando();
+  for (QWidget* parte : std::initializer_list<QWidget*>{lblRascunho, cmdRecuperar, cmdDescartar})
+    parte->setVisible(oferece);
+  // Without a quote the dates beside the title are empty, and the line takes their place.
+  const bool semDatas = oferece && txtRowId->text().isEmpty();
+  for (QWidget* parte : std::initializer_list<QWidget*>{rotuloDesativa, lblDTDesativa, rotuloFechamento,
+                                                        lblDataFechamento, rotuloPedido, lblNumePedido})
+    parte->setVisible(!semDatas);
+  if (!oferece) return;
+  QString frase = ofertas.first().frase;
+  if (ofertas.size() > 1) frase += u" (mais "_s + QString::number(ofertas.size() - 1) + u")"_s;
+  lblRascunho->setText(frase);
+  lblRascunho->setToolTip(frase + u'\n' + ofertas.first().caminho);
+  cmdRecuperar->setEnabled(ofertas.first().recuperavel);
+}
+
+void frmPropCmrcTL::cmdRecuperar_Click() {
+  const auto rascunho = guarda().toma();
+  if (!rascunho) return Aviso(u"Este orçamento não salvo não está mais disponível."_s);
+  if (const QString id = jaGravado(*rascunho); !id.isEmpty()) {
+    guarda().apaga();
+    Aviso(u"Este orçamento já foi gravado: nr. "_s + id);
+    txtCodigo->setText(id);
+    return cmdPesquisar_PropCmrc_Click();
+  }
+  const bool segue = rascunho->modo == u"A" ? carregaAntesDeRecuperar(*rascunho) : aindaFalta(*rascunho);
+  if (!segue) return guarda().devolve();
+  recupera(*rascunho);
+}
+
+/// Whether a new quote goes on although one like it was stored since.
+bool frmPropCmrcTL::aindaFalta(const Rascunho& rascunho) {
+  const QString id = gravadoDepois(rascunho);
+  return id.isEmpty() || Pergunta(u"Depois deste foi gravado o orçamento nr. "_s + id +
+                                  u", do mesmo cliente."_s + kMesmoAssim);
+}
+
+/// The stored quote as it is now; whether the draft goes on from there.
+bool frmPropCmrcTL::carregaAntesDeRecuperar(const Rascunho& rascunho) {
+  const QString& id = rascunho.orcamento;
+  txtRowId->clear();
+  txtCodigo->setText(id);
+  cmdPesquisar_PropCmrc_Click();
+  if (txtRowId->text() != id) return false;
+  const QString orcamento = u"O orçamento nr. "_s + id;
+  if (!lblDTDesativa->text().isEmpty() || !lblDataFechamento->text().isEmpty()) {
+    Aviso(orcamento + (lblDTDesativa->text().isEmpty() ? u" foi fechado"_s : u" foi desativado"_s) +
+          u" depois do que não foi salvo.\rPara recuperá-lo, o registro precisa estar aberto e ativo."_s);
+    return false;
+  }
+  const QString lido = rascunho::resumoDoLido();
+  if (lido != rascunho.lido &&
+      !Pergunta(orcamento + u" foi alterado no banco de dados depois do que não foi salvo."_s + kMesmoAssim))
+    return false;
+  guarda().continua(lido);
+  return true;
+}
+
+void frmPropCmrcTL::recupera(const Rascunho& rascunho) {
+  if (rascunho.modo == u"I") LimpaTela();
+  contexto().ModoOrcamento = rascunho.modo;
+  contexto().ModoItem = rascunho.modoItem;
+  botoesEditando();
+  DestravaCampos();
+  for (const char16_t* tela : {Name, frmConfirmaPropCmrcTL::Name}) rascunho::repoe(rascunho.retrato, tela);
+  focus(mskDtPropCmrc);
+  if (rascunho::temTela(rascunho.retrato, frmMontarProduto::Name)) reabreMontagem(rascunho.retrato);
+}
+
+void frmPropCmrcTL::reabreMontagem(const QString& retrato) {
+  auto& tela = forms::form<frmMontarProduto>();
+  rascunho::repoe(retrato, frmMontarProduto::Name);
+  forms::GridModel& linhas = tela.Flex->grid();
+  const int atual = linhas.row();
+  for (int linha = 1; linha < linhas.rows(); ++linha) tela.MarcaLinha(linha);
+  linhas.setRow(atual);
+  mostraMontagem();
+}
+
+void frmPropCmrcTL::cmdDescartar_Click() {
+  const auto& ofertas = guarda().ofertas();
+  if (ofertas.isEmpty() || !Pergunta(ofertas.first().frase + u".\r\rDeseja descartá-lo?"_s)) return;
+  guarda().apaga();
+}

@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <csignal>
+#include <thread>
+
+#include "platform/files/kept_file.h"
+#include "support/printing.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using files::KeptFile;
+
+namespace {
+
+class Kept : public ::testing::Test {
+ protected:
+  ~Kept() override { KeptFile::setBeforeDisk({}); }
+
+  [[nodiscard]] std::unique_ptr<KeptFile> file() const {
+    return std::make_unique<KeptFile>(folder(), u".x"_s);
+  }
+  [[nodiscard]] QString folder() const { return temporary_.path() + u"/a/b"_s; }
+  [[nodiscard]] QStringList names() const { return QDir(folder()).entryList(QDir::Files | QDir::Hidden); }
+  /// What another program finds.
+  [[nodiscard]] QList<KeptFile::Left> left() const {
+    QList<KeptFile::Left> all;
+    const auto other = file();
+    other->look([&all](const auto& found) { all = found; });
+    EXPECT_TRUE(other->settle(20s));
+    return all;
+  }
+
+ private:
+  QTemporaryDir temporary_;
+};
+
+TEST_F(Kept, HoldsWhatCameLastForItsUserAlone) {
+  auto own = file();
+  for (const char* content : {"a\n", "b\n", "c\n"}) own->keep(content);
+  ASSERT_TRUE(own->settle(20s));
+  EXPECT_EQ(left().size(), 0) << "its program runs";
+  for (const QString& name : names().filter(QRegularExpression(u"\\.x$"_s)))
+    EXPECT_EQ(QFile::permissions(folder() + u'/' + name) & 0x0077, QFile::Permissions());
+  own.reset();
+  ASSERT_EQ(left().size(), 1);
+  EXPECT_TRUE(left().first().whole);
+  EXPECT_EQ(left().first().content, "c\n");
+
+  auto one = file();
+  auto two = file();
+  const QString path = left().first().path;
+  EXPECT_TRUE(one->take(path, 20s).has_value());
+  EXPECT_FALSE(two->take(path, 20s).has_value()) << "another program has it";
+  one->keep("d\n");
+  one->giveBack();
+  ASSERT_TRUE(one->settle(20s));
+  EXPECT_EQ(two->take(path, 20s)->content, "d\n");
+  two->keep("e\n");
+  two->drop();
+  two->keep("f\n");
+  two->drop();
+  ASSERT_TRUE(two->settle(20s));
+  EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(Kept, TellsAFileThatIsNotWholeAndSweepsWhatAKilledProgramLeft) {
+  file()->keep("line\nline\n");
+  ASSERT_EQ(left().size(), 1);
+  const QString path = left().first().path;
+  QFile whole(path);
+  ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+  const QByteArray bytes = whole.readAll();
+  const auto put = [](const QString& name, const QByteArray& content) {
+    QFile broken(name);
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write(content);
+  };
+  for (qsizetype size = 0; size < bytes.size(); ++size) {
+    put(path, bytes.first(size));
+    ASSERT_EQ(left().size(), 1);
+    EXPECT_FALSE(left().first().whole) << size;
+  }
+  put(path, bytes);
+  for (const auto& litter : {u".AbCdEf"_s, u".trava"_s}) put(path + litter, "1\nzarim\nmachine\n");
+  put(folder() + u"/other.x.trava"_s, {});
+  EXPECT_TRUE(left().first().whole);
+  EXPECT_EQ(names().size(), 1) << names().join(u' ').toStdString();
+}
+
+TEST_F(Kept, HoldsNobodyUpOnASlowDisk) {
+  KeptFile::setBeforeDisk([] { std::this_thread::sleep_for(300ms); });
+  auto own = file();
+  QElapsedTimer since;
+  since.start();
+  for (int i = 0; i < 100; ++i) own->keep(QByteArray::number(i) + '\n');
+  EXPECT_LT(since.elapsed(), 200);
+  EXPECT_FALSE(own->settle(10ms));
+  ASSERT_TRUE(own->settle(20s));
+  own.reset();
+  EXPECT_EQ(left().first().content, "99\n");
+}
+
+TEST_F(Kept, GoesOnWithoutAFileWhereTheDiskTakesNothing) {
+  auto own = file();
+  own->keep("old\n");
+  ASSERT_TRUE(own->settle(20s));
+  // A full disk: the file can't grow beyond a limit.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const rlimit full{2048, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &full);
+  own->keep(QByteArray(100'000, 'x'));
+  EXPECT_FALSE(own->settle(20s));
+  setrlimit(RLIMIT_FSIZE, &before);
+  own.reset();
+  ASSERT_EQ(names().size(), 1) << names().join(u' ').toStdString();
+  EXPECT_EQ(left().first().content, "old\n") << "the old one stays whole";
+
+  for (const auto& place : {u"/proc/none"_s, u"/dev/null"_s}) {
+    KeptFile nowhere(place, u".x"_s);
+    nowhere.keep("new");
+    EXPECT_FALSE(nowhere.settle(20s));
+    nowhere.drop();
+    EXPECT_TRUE(nowhere.settle(20s));
+  }
+}
+
+}  // namespace
