@@ -180,6 +180,7 @@ std::optional<Rascunho> Guarda::toma() {
   const auto arquivo = arquivo_->take(ofertas_.first().caminho, kEspera);
   const auto lido = arquivo && arquivo->whole ? le(arquivo->content) : std::nullopt;
   tomado_ = lido.has_value();
+  if (tomado_) ofertas_.removeFirst();
   if (arquivo && !lido) arquivo_->giveBack();
   if (!lido) procura();
   return lido;
@@ -192,9 +193,12 @@ void Guarda::devolve() {
 }
 
 void Guarda::apaga() {
-  if (!tomado_ && (ofertas_.isEmpty() || !arquivo_->take(ofertas_.first().caminho, kEspera)))
-    return procura();
+  if (!tomado_) {
+    if (ofertas_.isEmpty() || !arquivo_->take(ofertas_.first().caminho, kEspera)) return procura();
+    ofertas_.removeFirst();
+  }
   encerra();
+  Q_EMIT ofertasMudaram();
 }
 
 }  // namespace rascunho

@@ -26,6 +26,7 @@ constexpr QFile::Permissions kOwnersFile = QFile::ReadOwner | QFile::WriteOwner;
 constexpr QFile::Permissions kOwnersFolder = kOwnersFile | QFile::ExeOwner;
 /// Another program holds a lock for a moment while it looks.
 constexpr int kLockPatience = 100;
+constexpr int kLockFilling = 10'000;
 constexpr milliseconds kEndPatience{2000};
 
 const QString kLockEnding = u".trava"_s;
@@ -43,7 +44,9 @@ QByteArray lastLine(const QByteArray& content) {
 /// The lock of a file: it goes with the process.
 std::unique_ptr<QLockFile> lockOf(const QString& path) {
   auto lock = std::make_unique<QLockFile>(path + kLockEnding);
-  lock->setStaleLockTime(0);
+  // Empty: killed while it made the lock, or just about to fill it.
+  const QFileInfo there(path + kLockEnding);
+  lock->setStaleLockTime(there.exists() && there.size() == 0 ? kLockFilling : 0);
   return lock->tryLock(kLockPatience) ? std::move(lock) : nullptr;
 }
 
@@ -71,12 +74,10 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
     std::thread([self = shared_from_this()] { self->run(); }).detach();
   }
   void end() {
-    {
-      const std::lock_guard guard(mutex_);
-      last_ = true;
-      changed_.notify_all();
-    }
-    waitForDisk(kEndPatience);
+    std::unique_lock guard(mutex_);
+    last_ = true;
+    changed_.notify_all();
+    changed_.wait_for(guard, kEndPatience, [this] { return ended_; });
   }
 
   /// What the file shall hold from here on; nothing where there shall be none.
@@ -124,7 +125,8 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   std::optional<std::optional<QByteArray>> wanted_;
   bool busy_ = false;
   bool last_ = false;
-  bool good_ = true;  ///< whether the disk took what came last
+  bool ended_ = false;  ///< the lock is free again
+  bool good_ = true;    ///< whether the disk took what came last
 
   // The thread's own.
   QString folder_, ending_;
@@ -149,6 +151,8 @@ void KeptFile::Keeper::run() {
     changed_.notify_all();
   }
   lock_.reset();
+  ended_ = true;
+  changed_.notify_all();
 }
 
 bool KeptFile::Keeper::makeOwn() {

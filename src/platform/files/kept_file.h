@@ -24,7 +24,8 @@ class KeptFile {
   KeptFile(const KeptFile&) = delete;
   KeptFile& operator=(const KeptFile&) = delete;
 
-  /// From here on the file shall hold this, whole lines. Of contents that wait for the disk the last one counts.
+  /// From here on the file shall hold this, whole lines. Of contents that wait for the disk the last one
+  /// counts.
   void keep(const QByteArray& content);
   /// From here on there shall be no file.
   void drop();

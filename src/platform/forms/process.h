@@ -24,13 +24,14 @@ void endPlainly();
 /// After the function has run, all modal loops are left and Ended is thrown.
 void setEnd(std::function<void(int)> end);
 
-/// The runtime's error box, with number and text of the error. A line on standard error says number, text, the
-/// statement that failed and the handler (`where`, which may be empty).
+/// The runtime's error box, with number and text of the error. A line on standard error says number, text,
+/// the statement that failed and the handler (`where`, which may be empty).
 void showRuntimeError(const values::RuntimeError& error, const QString& where = {});
 
 /// Runs a handler at the edge of the event loop, so that no exception crosses Qt: a values::RuntimeError, and
 /// memory that runs out, show the runtime's error box with its number and text and end the process with
-/// status 1. `where` names the handler in the line on standard error. Returns whether the handler came to its end.
+/// status 1. `where` names the handler in the line on standard error. Returns whether the handler came to its
+/// end.
 bool guarded(const std::function<void()>& handler, const QString& where = {});
 
 /// Called when the process is about to end by end(), for what must still reach the disk; an empty function

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
+#include <QSysInfo>
 #include <QTemporaryDir>
 #include <csignal>
 #include <thread>
@@ -87,8 +89,15 @@ TEST_F(Kept, TellsAFileThatIsNotWholeAndSweepsWhatAKilledProgramLeft) {
     EXPECT_FALSE(left().first().whole) << size;
   }
   put(path, bytes);
-  for (const auto& litter : {u".AbCdEf"_s, u".trava"_s}) put(path + litter, "1\nzarim\nmachine\n");
-  put(folder() + u"/other.x.trava"_s, {});
+  for (const auto& litter : {u".AbCdEf"_s, u".trava"_s})
+    put(path + litter, "1\nzarim\n" + QSysInfo::machineHostName().toUtf8() + '\n');
+  const QString empty = folder() + u"/other.x.trava"_s;
+  put(empty, {});
+  QFile aged(empty);
+  ASSERT_TRUE(aged.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(aged.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFile::FileModificationTime));
+  aged.close();
+  ASSERT_EQ(left().size(), 1);
   EXPECT_TRUE(left().first().whole);
   EXPECT_EQ(names().size(), 1) << names().join(u' ').toStdString();
 }
