@@ -66,7 +66,7 @@ void searching() {
   }
 }
 
-void dropping() { tell("drop down a list", 20'000, dropDown(20'000), {}); }
+void dropping() { record("drop down a list", 20'000, dropDown(20'000), {}); }
 
 void lookingUp() {
   constexpr int kCount = 10'000;
