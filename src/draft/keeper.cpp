@@ -178,7 +178,7 @@ void Guarda::recebe(const QList<files::KeptFile::Left>& arquivos) {
 std::optional<Rascunho> Guarda::toma() {
   if (ofertas_.isEmpty()) return std::nullopt;
   const auto arquivo = arquivo_->take(ofertas_.first().caminho, kEspera);
-  const auto lido = arquivo && arquivo->whole ? le(arquivo->content) : std::nullopt;
+  auto lido = arquivo && arquivo->whole ? le(arquivo->content) : std::nullopt;
   tomado_ = lido.has_value();
   if (tomado_) ofertas_.removeFirst();
   if (arquivo && !lido) arquivo_->giveBack();

@@ -13,9 +13,9 @@ QSize ElidedLabel::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * kFewLetters, QLabel::minimumSizeHint().height()};
 }
 
-void ElidedLabel::paintEvent(QPaintEvent* event) {
-  QFrame::paintEvent(event);
+void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
+  drawFrame(&painter);
   const QString fitting = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
                         fitting, foregroundRole());
