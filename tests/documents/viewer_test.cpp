@@ -113,7 +113,8 @@ TEST_F(Viewer, TwoProgramsWriteOneDocument) {
     try {
       connect();
       for (;;) write();
-    } catch (const values::RuntimeError&) {
+    } catch (const values::RuntimeError& error) {
+      std::fprintf(stderr, "The other program: %d %s\n", error.number(), qPrintable(error.text()));
       _exit(1);
     }
   }

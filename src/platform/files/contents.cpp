@@ -60,10 +60,14 @@ void remove(const QString& path) {
 }
 
 void removeIfThere(const QString& path) {
-  try {
-    if (exists(path)) remove(path);
-  } catch (const values::RuntimeError&) {
-    if (exists(path)) throw;
+  // Another program may take it away, and put a new one there, between the look and the removal.
+  constexpr int kTries = 20;
+  for (int tries = 1; exists(path); ++tries) {
+    try {
+      return remove(path);
+    } catch (const values::RuntimeError&) {
+      if (tries == kTries) throw;
+    }
   }
 }
 

@@ -64,13 +64,16 @@ QStringList partsBelowDrive(const QString& path) {
   return parts;
 }
 
-/// Whether a path stays in a folder when links are followed. Of a path that isn't there, the part that is.
+/// Whether a path stays in a folder when links are followed. Of a path that isn't there, the part that is; a
+/// file can go at any moment, so each part is looked at once. A link to nowhere leads out.
 bool staysIn(const QString& folder, const QString& path) {
   const QString home = QFileInfo(folder).canonicalFilePath();
-  QFileInfo there(path);
-  while (!there.exists() && !there.isSymLink() && there.filePath() != folder) there.setFile(there.path());
-  const QString real = there.canonicalFilePath();  // of a link to nowhere, nothing
-  return real == home || real.startsWith(home.endsWith(u'/') ? home : home + u'/');
+  for (QFileInfo there(path);; there.setFile(there.path())) {
+    const QString real = there.canonicalFilePath();
+    if (there.filePath() == folder || !real.isEmpty())
+      return real == home || real.startsWith(home.endsWith(u'/') ? home : home + u'/');
+    if (there.isSymLink()) return false;
+  }
 }
 
 bool hasDrive(const QString& path) {
