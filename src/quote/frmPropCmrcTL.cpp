@@ -238,7 +238,9 @@ void frmPropCmrcTL::alinhaTotais() {
   int vizinhos = 0;
   for (const QWidget* rotulo : {rotuloPercDesconto, lblDesconto, rotuloLiquidoTotal, lblTotalLiquido})
     vizinhos += qMax(rotulo->minimumWidth(), rotulo->sizeHint().width()) + layout16->spacing();
-  const int livre = area->viewport()->width() - 2 * layout16->spacing() - vizinhos;
+  const QMargins margens = conteudo->layout()->contentsMargins();
+  const int livre =
+      area->viewport()->width() - margens.left() - margens.right() - 3 * layout16->spacing() - vizinhos;
   somas->setFixedWidth(qMax(somas->minimumSizeHint().width(), qMin(fim + recuo, livre)));
 }
 
