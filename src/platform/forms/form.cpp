@@ -45,6 +45,34 @@ void Form::showForm() {
   d_->present();
 }
 
+namespace {
+
+/// Keeps a modal window over its caller's. The browser engine makes a window anew when its first pane comes
+/// up, and the new one would open under all others.
+class OverCaller : public QObject {
+ public:
+  OverCaller(QWidget& form, QWidget* caller) : form_(&form), caller_(caller) {
+    form.installEventFilter(this);
+    apply();
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == form_ && event->type() == QEvent::WinIdChange) apply();
+    return false;
+  }
+
+ private:
+  void apply() {
+    if (!form_.isNull() && !caller_.isNull() && form_->windowHandle() != nullptr)
+      form_->windowHandle()->setTransientParent(caller_->windowHandle());
+  }
+
+  QPointer<QWidget> form_, caller_;
+};
+
+}  // namespace
+
 void Form::showModal() {
   const QList<Form*> before = registry::shown();
   const QPointer<Form> caller = before.isEmpty() ? nullptr : before.last();
@@ -53,7 +81,7 @@ void Form::showModal() {
 
   setWindowModality(Qt::ApplicationModal);
   winId();
-  if (!caller.isNull()) windowHandle()->setTransientParent(caller->windowHandle());
+  const OverCaller over(*this, caller);
   QEventLoop loop;
   d_->loop = &loop;
   const QPointer<Form> self(this);
