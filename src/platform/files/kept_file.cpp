@@ -159,8 +159,11 @@ bool KeptFile::Keeper::makeOwn() {
   if (lock_ && QFileInfo::exists(own_ + kLockEnding)) return true;
   QDir().mkpath(folder_);
   QFile::setPermissions(folder_, kOwnersFolder);
-  own_ = folder_ + u'/' + QDateTime::currentDateTime().toString(u"yyyyMMdd-hhmmss-zzz"_s) + u'-' +
-         QString::number(QCoreApplication::applicationPid()) + ending_;
+  const QString name = folder_ + u'/' + QDateTime::currentDateTime().toString(u"yyyyMMdd-hhmmss-zzz"_s) +
+                       u'-' + QString::number(QCoreApplication::applicationPid());
+  own_ = name + ending_;
+  // One that this program gave back in the same millisecond keeps its name.
+  for (int next = 2; QFileInfo::exists(own_); ++next) own_ = name + u'-' + QString::number(next) + ending_;
   lock_ = lockOf(own_);
   return lock_ != nullptr;
 }
