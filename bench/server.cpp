@@ -8,7 +8,7 @@
 #include "documents/word.h"
 #include "harness.h"
 #include "measurements.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "quote/frmPropCmrcTL.h"
 #include "rows.h"
 #include "run/context.h"

@@ -4,7 +4,7 @@
 #include <QFile>
 
 #include "platform/data/engine.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/values/runtime_error.h"
 #include "run/configuration.h"
 #include "run/context.h"

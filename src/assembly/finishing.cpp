@@ -4,6 +4,7 @@
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 // Leaving the assembly: the composite goes to the quote as one item and its materials, or what was there
 // before goes back.

@@ -4,6 +4,7 @@
 
 #include "assembly/kit.h"
 #include "run/context.h"
+#include "run/program_title.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 

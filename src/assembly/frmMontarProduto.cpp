@@ -3,9 +3,9 @@
 #include <QShortcut>
 #include <algorithm>
 
+#include "run/program_title.h"
 #include "shared/column_lengths.h"
 #include "shared/screen_kit.h"
-#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 

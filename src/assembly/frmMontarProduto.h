@@ -9,7 +9,7 @@
 #include "ui_frmMontarProduto.h"
 
 /// The line that a composite has its identity from: that of class "PRODUTO", the first one where there is
-/// none.
+/// none (finishing.cpp).
 [[nodiscard]] int LinhaProduto(const forms::GridModel& materiais);
 
 /// The assembly screen: a composite product of a quote is put together from one finished product and raw

@@ -2,6 +2,7 @@
 #include "platform/values/numbers.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 // Changing and removing lines of the assembly, and their sum.
 

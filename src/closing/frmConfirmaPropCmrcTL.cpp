@@ -4,8 +4,9 @@
 
 #include "platform/values/numbers.h"
 #include "quote/grids.h"
-#include "shared/screen_kit.h"
+#include "shared/lists.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   setupUi(this);

@@ -24,29 +24,35 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   void LimpaFechamento();
   /// Lays the list of instalments out, empty.
   void PreparaGradeParcelas();
-  /// Gross from the quote screen, discount from the percent where there is one, net from the two.
+  /// Gross from the quote screen, discount from the percent where there is one, net from the two
+  /// (discount.cpp).
   void RecalculaLiquido();
 
  protected:
-  void Form_Load() override;
+  void Form_Load() override;  // discount.cpp
   void changeEvent(QEvent* event) override;
 
  private:
   void cboTransportadora_DropDown();
   void mskDataBase_LostFocus();
+  void ajustaMedidas();
+
+  // Discount (discount.cpp)
   void txtDescontoGeral_LostFocus();
   void txtPercDesc_LostFocus();
+  bool descontoPassaDoBruto();
+
+  // Condition and instalments (choosing_condition.cpp, instalments.cpp)
   void cmdPesquisa_CondPg_Click();
   void cmdConfirmaCondPg_Click();
   void cmdDesfazer_Click();
-  void cmdConfirmar_Click();
-
   bool podeProcessar();
   void congelaCondicao(bool congelada);
   void montaParcelas(double liquido);
   void acertaResto(double liquido);
-  bool descontoPassaDoBruto();
-  void ajustaMedidas();
+
+  // Leaving (confirming.cpp)
+  void cmdConfirmar_Click();
   bool podeConfirmar();
   void passaDescontoParaOrcamento();
   [[nodiscard]] QString montaUpdateCondicao();

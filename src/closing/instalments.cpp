@@ -5,9 +5,10 @@
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
 #include "quote/grids.h"
-#include "run/configuration.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/fields.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using namespace grids::instalment;

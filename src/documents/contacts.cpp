@@ -1,9 +1,11 @@
 #include "documents/contacts.h"
 
 #include "documents/company_texts.h"
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "run/configuration.h"
-#include "shared/text.h"
+#include "text/fields.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

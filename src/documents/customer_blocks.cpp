@@ -4,9 +4,8 @@
 #include "documents/html_text.h"
 #include "documents/party_lines.h"
 #include "documents/quote_blocks.h"
-#include "run/configuration.h"
 #include "shared/lookups.h"
-#include "shared/text.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 using grade::rotulada;

@@ -6,14 +6,7 @@
 // must not exist before; a begun file is removed when an error ends the routine. A query without a row leaves
 // its block empty. Raises the runtime's errors for the file (76, 70, 61, 75) and for statements.
 
-/// An id in at least six digits, "000123".
-[[nodiscard]] QString NumeroDocumento(qint32 id);
-
-/// The day of a date text, "05/03/2024" of "05/03/2024 10:30:00".
-[[nodiscard]] QString DiaDaData(const QString& data);
-
-/// Name of a document's file: PathDocs, the stem, "_", the id in at least six digits, the ending (".html").
-[[nodiscard]] QString ArquivoDocumento(const QString& tronco, qint32 id, const QString& extensao);
+// Quotes (quote_document.cpp)
 
 /// A quote in the model that the parameter MODELO_PROP_CMRC names.
 void MontaOrcaHTML(qint32 id, const QString& caminho);
@@ -22,10 +15,10 @@ void MontaOrcaHTML(qint32 id, const QString& caminho);
 void MontaOrcaGradeHTML(qint32 id, const QString& caminho);
 /// The detail that goes with the notice of a closing, in the model of MODELO_PROP_CMRC.
 void MontaDetalheOrcaHTML(qint32 id, const QString& caminho);
-/// An order, by MODELO_PEDI_VEDS and MODELO_PEDIDO_VEDS; its id is the number of the order.
+/// An order (order_document.cpp), by MODELO_PEDI_VEDS and MODELO_PEDIDO_VEDS; its id is the number of the order.
 void MontaPedidoHTML(qint32 id, const QString& caminho);
 
-/// Letters to suppliers, written in one piece. A failing query is told to the user and nothing is written; a
+/// Letters to suppliers (purchase_letters.cpp), written in one piece. A failing query is told to the user and nothing is written; a
 /// document without a row writes nothing.
 void CotacaoCompraHTML(qint32 id, const QString& caminho);
 void OrdemCompraHTML(qint32 id, const QString& caminho);

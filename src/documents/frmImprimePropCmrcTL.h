@@ -13,7 +13,7 @@ class frmImprimePropCmrcTL : public forms::Form, public Ui::frmImprimePropCmrcTL
   frmImprimePropCmrcTL();
 
  protected:
-  void Form_Load() override;
+  void Form_Load() override;  // printing_quote.cpp, as all below
 
  private:
   void cmdImprimirPedido_Click();

@@ -3,7 +3,9 @@
 #include <QFile>
 #include <QUuid>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
+#include "platform/values/html_bytes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -81,7 +83,7 @@ QString quadroEstilos(const Quadro& quadro, const QString& classeTitulo, const Q
 QString ouBranco(const QString& dado) { return dado.isEmpty() ? u"&nbsp"_s : escapado(dado); }
 
 void acrescenta(const QString& caminho, const QString& texto) {
-  files::append(caminho, files::toHtmlLatin1(texto + kFim));
+  files::append(caminho, values::toHtmlLatin1(texto + kFim));
 }
 
 Iniciado::Iniciado(const QString& caminho)

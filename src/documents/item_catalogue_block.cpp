@@ -8,6 +8,7 @@
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using html::fixo;

@@ -8,7 +8,7 @@
 #include "documents/texts_frame.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using html::atributo;

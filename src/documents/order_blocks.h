@@ -9,7 +9,7 @@
 [[nodiscard]] QString DadosGeraisPedidoHTML(const QString& numero);
 [[nodiscard]] QString DadosGeraisPedidoEstilosHTML(const QString& numero);
 
-// Items; photos go by ExibeFotos whatever the flag.
+// Items (order_items.cpp); photos go by ExibeFotos whatever the flag.
 [[nodiscard]] QString ItensPedidoHTML(const QString& numero, QString fotos);
 [[nodiscard]] QString ItensPedidoEstilosHTML(const QString& numero, QString fotos);
 [[nodiscard]] QString ItensPedidoFotoHTML(const QString& numero, QString fotos);

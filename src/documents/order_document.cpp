@@ -2,6 +2,7 @@
 // items, conditions and signature.
 #include <array>
 
+#include "documents/document_names.h"
 #include "documents/documents.h"
 #include "documents/html_text.h"
 #include "documents/kit.h"

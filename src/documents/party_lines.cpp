@@ -1,8 +1,8 @@
 #include "documents/party_lines.h"
 
 #include "documents/html_text.h"
-#include "run/configuration.h"
 #include "shared/lookups.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 

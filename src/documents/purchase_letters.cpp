@@ -2,6 +2,7 @@
 #include <optional>
 
 #include "documents/company_texts.h"
+#include "documents/document_names.h"
 #include "documents/document_values.h"
 #include "documents/documents.h"
 #include "documents/grid_table.h"

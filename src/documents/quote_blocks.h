@@ -20,7 +20,8 @@
 [[nodiscard]] QString DadosGeraisOrcaEstilosHTML(const QString& id);
 [[nodiscard]] QString DadosGeraisOrcaResumoHTML(const QString& id);
 
-// Items. The flag says "S" for photos; most blocks go by ExibeFotos or show none.
+// Items (item_grid_blocks.cpp, item_detail_block.cpp, item_catalogue_block.cpp, item_table.cpp). The flag
+// says "S" for photos; most blocks go by ExibeFotos or show none.
 [[nodiscard]] QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QString& caminho);
 [[nodiscard]] QString ItensOrcaDetalheHTML(const QString& id, const QString& fotos, const QString& caminho);
 [[nodiscard]] QString ItensOrcaEstilosHTML(const QString& id, const QString& fotos, const QString& caminho);
@@ -34,9 +35,10 @@ Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString idProdPro
 [[nodiscard]] QString CondicoesOrcaHTML(const QString& id);
 [[nodiscard]] QString CondPgtoOrcaHTML(const QString& id);
 
-/// The quote's row.
+/// The quote's row (customer_blocks.cpp).
 [[nodiscard]] data::Recordset OrcamentoDoDocumento(const QString& id);
-/// Payment text of a quote: its own or the usual one; that of a closed quote is CondPgtoOrcamento.
+/// Payment text of a quote: its own or the usual one; that of a closed quote is CondPgtoOrcamento
+/// (condition_blocks.cpp).
 Asked<QString> TextoPagamento(data::Recordset orcamento, QString id);
-/// "Condição de Pagamento: " with instalments and days, "-" without a condition.
+/// "Condição de Pagamento: " with instalments and days, "-" without a condition (general_blocks.cpp).
 Asked<QString> CondicaoPagamento(data::Recordset rs);

@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "documents/document_names.h"
 #include "documents/document_values.h"
 #include "documents/documents.h"
 #include "documents/html_text.h"

@@ -1,11 +1,11 @@
 // Writes the files of the document that is to be viewed.
 #include <array>
 
+#include "documents/document_names.h"
 #include "documents/document_values.h"
 #include "documents/documents.h"
 #include "documents/frmPedHTML.h"
-#include "platform/files/paths.h"
-#include "platform/values/numbers.h"
+#include "platform/files/contents.h"
 #include "run/context.h"
 
 using namespace Qt::StringLiterals;
@@ -39,14 +39,6 @@ QString CaminhoDaVia(const char16_t* tronco) {
 }
 
 }  // namespace
-
-QString NumeroDocumento(qint32 id) { return values::format(id, u"000000"); }
-
-QString DiaDaData(const QString& data) { return data.section(u' ', 0, 0); }
-
-QString ArquivoDocumento(const QString& tronco, qint32 id, const QString& extensao) {
-  return contexto().PathDocs + tronco + u'_' + NumeroDocumento(id) + extensao;
-}
 
 void frmPedHTML::montaVias() {
   for (const TipoDeDocumento& tipo : kTipos) {

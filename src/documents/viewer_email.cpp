@@ -1,8 +1,8 @@
 // Hands the shown document over to the e-mail screen.
 #include <array>
 
+#include "documents/document_names.h"
 #include "documents/document_values.h"
-#include "documents/documents.h"
 #include "documents/frmPedHTML.h"
 #include "messaging/frmEmailOS.h"
 #include "shared/lookups.h"

@@ -1,9 +1,9 @@
 // The Word and PDF files of the quote on view.
+#include "documents/document_names.h"
 #include "documents/document_values.h"
-#include "documents/documents.h"
 #include "documents/frmPedHTML.h"
 #include "documents/word.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/forms/controls.h"
 
 using namespace Qt::StringLiterals;

@@ -7,10 +7,10 @@
 #include "platform/office/word_processor.h"
 #include "platform/values/numbers.h"
 #include "quote/default_terms.h"
-#include "run/configuration.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 using office::WordProcessor;

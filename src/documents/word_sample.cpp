@@ -1,12 +1,12 @@
 #include <span>
 
+#include "documents/document_names.h"
 #include "documents/document_values.h"
-#include "documents/documents.h"
 #include "documents/word.h"
 #include "platform/office/word_processor.h"
 #include "platform/values/numbers.h"
-#include "run/configuration.h"
 #include "shared/lookups.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 using office::WordProcessor;

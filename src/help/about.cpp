@@ -2,8 +2,9 @@
 
 #include <QCoreApplication>
 
+#include "platform/forms/boxes.h"
 #include "run/context.h"
-#include "shared/screen_kit.h"
+#include "run/program_title.h"
 
 using namespace Qt::StringLiterals;
 

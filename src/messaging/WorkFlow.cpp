@@ -5,10 +5,11 @@
 
 #include "platform/mail/mail_message.h"
 #include "platform/values/numbers.h"
-#include "run/configuration.h"
 #include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
+#include "text/fields.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

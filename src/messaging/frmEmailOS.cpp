@@ -2,18 +2,21 @@
 
 #include <QEvent>
 
+#include "documents/document_names.h"
 #include "documents/document_values.h"
-#include "documents/documents.h"
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "platform/mail/mail_message.h"
 #include "platform/values/numbers.h"
-#include "run/configuration.h"
 #include "run/context.h"
+#include "run/program_title.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/fields.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

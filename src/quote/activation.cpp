@@ -2,7 +2,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "shared/screen_kit.h"
-#include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
-#include "run/configuration.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "documents/document_values.h"
 #include "documents/documents.h"
 #include "messaging/WorkFlow.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/forms/process.h"
 #include "platform/mail/mail_error.h"
 #include "platform/values/numbers.h"

@@ -1,8 +1,10 @@
 #include "platform/values/dates.h"
 #include "quote/frmPropCmrcTL.h"
+#include "shared/lists.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using forms::Event;

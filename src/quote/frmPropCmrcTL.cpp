@@ -14,6 +14,7 @@
 #include "run/context.h"
 #include "shared/column_lengths.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using forms::Event;

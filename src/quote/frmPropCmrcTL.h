@@ -31,8 +31,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void CalculaTotais();
 
  protected:
-  void Form_Load() override;
-  /// The window's X does what cmdSAIR does.
+  void Form_Load() override;  // starting.cpp
+  /// The window's X does what cmdSAIR does (modes.cpp).
   void closeRequested() override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -58,11 +58,10 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void ligaTeclado();
   void ligaAtalhos();
   void ligaCampos();
-  void ligaListas();
-  void ligaDatas();
   void ligaComandos();
   void ligaItens();
   void alinhaTotais();
+  void cmdExpandirObservacao_Click();
   void ajustaObserva();
   void ajustaMedidas();
 
@@ -78,13 +77,14 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void cmdSAIR_Click();
 
   // Fields (fields.cpp)
+  void ligaListas();
+  void ligaDatas();
   void txtCodigo_LostFocus();
   void cboCliente_DropDown();
   void cboCliente_LostFocus();
   void cboClienteContato_DropDown();
   void cboClienteContato_LostFocus();
   void confirmaSemCadastro(const QString& aviso);
-  void cmdExpandirObservacao_Click();
 
   // Loading (finding.cpp, loading.cpp)
   void cmdPesquisar_PropCmrc_Click();

@@ -1,5 +1,6 @@
 #include "quote/frmPropCmrcTL.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,6 +2,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

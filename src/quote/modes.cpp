@@ -2,8 +2,8 @@
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
+#include "run/program_title.h"
 #include "shared/screen_kit.h"
-#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 

@@ -7,6 +7,7 @@
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,6 +5,7 @@
 #include "quote/sql_text.h"
 #include "run/context.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,8 +3,10 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/configuration.h"
 #include "run/context.h"
+#include "shared/lists.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,14 +4,16 @@
 #include <array>
 #include <chrono>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
-#include "shared/screen_kit.h"
-#include "shared/text.h"
+#include "run/program_title.h"
+#include "text/fields.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 
 #include "schema/tables.h"
 
-// The tables by subject; tables() is all of them.
+// The tables by subject, each in a file of that name (quote_tables.cpp); tables() is all of them.
 namespace schema {
 
 [[nodiscard]] std::vector<Table> quoteTables();

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "run/context.h"
+#include "run/program_title.h"
 #include "search/delivery.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"

@@ -1,10 +1,12 @@
 #include "search/frmBROWSE_PRODUTO.h"
 
 #include "run/context.h"
+#include "run/program_title.h"
 #include "search/delivery.h"
+#include "shared/lists.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
-#include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,10 +9,12 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "run/context.h"
+#include "run/program_title.h"
 #include "search/delivery.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,7 @@
 #include "search/frmImagem.h"
 
 #include "run/context.h"
+#include "run/program_title.h"
 #include "search/photo.h"
 #include "search/remembered_search.h"
 #include "shared/screen_kit.h"

@@ -2,10 +2,11 @@
 
 #include <QPainter>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
-#include "shared/text.h"
+#include "text/trim.h"
 
 namespace pesquisa {
 

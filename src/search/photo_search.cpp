@@ -7,8 +7,9 @@
 #include <QTabWidget>
 
 #include "documents/html_text.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/forms/process.h"
+#include "platform/values/html_bytes.h"
 #include "platform/web/web_pane.h"
 #include "run/context.h"
 #include "search/delivery.h"
@@ -17,6 +18,7 @@
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 
@@ -135,7 +137,7 @@ void PesquisaComFotos::abrePagina() {
   if (c_.SSTab1->currentIndex() != Imagens) return;
   const forms::WaitPointer espera;
   const QString pagina = MontaDetalheHTML();
-  const QByteArray bytes = files::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina);
+  const QByteArray bytes = values::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina);
   files::write(arquivo, bytes);
   c_.WebBrowser1->setPictureFolders(PastasDeFiguras());
   c_.folhas->abre(*c_.WebBrowser1, arquivo, bytes);

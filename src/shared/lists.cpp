@@ -1,10 +1,10 @@
+#include "shared/lists.h"
+
 #include "platform/forms/combo.h"
+#include "platform/forms/wait_pointer.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
 
 using namespace Qt::StringLiterals;
-
-// What fills the lists of the combos.
 
 namespace {
 

@@ -1,19 +1,11 @@
 #include "shared/lookup_query.h"
 
 #include "platform/values/numbers.h"
-#include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
-
-data::Recordset AbreConsulta(const QString& sql, data::Rows linhas) {
-  return contexto().Conexao.query(Maiusculas(sql), linhas);
-}
-
-data::Asked<data::Recordset> PedeConsulta(const QString& sql, data::Rows linhas) {
-  return contexto().Conexao.ask(Maiusculas(sql), linhas);
-}
 
 namespace lookup {
 

@@ -2,7 +2,7 @@
 
 #include "shared/lookup_query.h"
 #include "shared/lookups.h"
-#include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using lookup::byNumber;

@@ -16,8 +16,10 @@
 
 #include "platform/values/numbers.h"
 #include "run/context.h"
+#include "run/program_title.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

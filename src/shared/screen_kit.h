@@ -5,7 +5,6 @@
 
 // What all screens of the program share: theme, lists, messages.
 
-inline constexpr const char16_t* kTitulo = u"Zarim 1.2";
 /// Back colours of boxes that wait for input, and of frozen ones.
 inline constexpr forms::ColorNumber kCorEntrada = 0xC0FFFF;
 inline constexpr forms::ColorNumber kCorCongelada = 0x80000000;
@@ -34,17 +33,3 @@ void AplicaTemaPadrao(forms::Form& form);
 
 /// Sets top and left to the middle of the screen.
 void CentralizaForm(forms::Form& form);
-
-// Fill a combo of the form, found by its name, from the database; a filter text narrows it.
-void CarregaVendedores(forms::Form& form, const QString& filtro);
-void CarregaTransportadoras(forms::Form& form, const QString& filtro);
-void CarregaTiposMarketing(forms::Form& form);
-void CarregaLocaisVenda(forms::Form& form);
-void CarregaTiposEvento(forms::Form& form);
-void CarregaTiposServico(forms::Form& form);
-void CarregaColecoes(forms::Form& form);
-void CarregaUsuarios(forms::Form& form);
-enum class FiltroCliente { Nome, Documento };
-void CarregaClientes(forms::Form& form, const QString& filtro, FiltroCliente por = FiltroCliente::Nome);
-/// Contacts of a customer by its name, narrowed by the contact's own text.
-void CarregaContatos(forms::Form& form, const QString& cliente, const QString& filtro);

@@ -1,16 +1,15 @@
 #include "shared/text.h"
 
-#include <QApplication>
 #include <QDesktopServices>
 #include <QUrl>
 #include <algorithm>
 #include <limits>
 
-#include "platform/forms/controls.h"
 #include "platform/forms/masked_box.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "run/context.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,8 +35,6 @@ char16_t FiltraTeclaNumerica(char16_t tecla) {
 }
 
 char16_t FiltraTeclaDecimal(char16_t tecla) { return FiltraTeclaNumerica(tecla == u'.' ? u',' : tecla); }
-
-void SelecionaTextoAtivo() { forms::selectText(QApplication::focusWidget()); }
 
 QString MascaraDecimais(const QString& casas) {
   const int decimais = static_cast<int>(std::clamp(LeNumero(casas), 0.0, 4.0));
@@ -98,17 +95,4 @@ QString Maiusculas(const QString& texto) {
   QString alto = texto;
   for (QChar& c : alto) c = c.toUpper();
   return alto;
-}
-
-QString Apara(const QString& texto) {
-  const QString direita = AparaDireita(texto);
-  qsizetype inicio = 0;
-  while (inicio < direita.size() && direita[inicio] == u' ') ++inicio;
-  return direita.sliced(inicio);
-}
-
-QString AparaDireita(const QString& texto) {
-  qsizetype fim = texto.size();
-  while (fim > 0 && texto[fim - 1] == u' ') --fim;
-  return texto.first(fim);
 }

@@ -23,9 +23,6 @@ inline constexpr const char16_t* kMascaraMoeda = u"###0.00";
 /// The same with "." turned into "," first.
 [[nodiscard]] char16_t FiltraTeclaDecimal(char16_t tecla);
 
-/// Selects all the text of the control that has the focus.
-void SelecionaTextoAtivo();
-
 /// "###0" with as many zeros behind the point as there are decimals, 0 to 4; an empty text is 0 decimals.
 [[nodiscard]] QString MascaraDecimais(const QString& casas);
 
@@ -54,6 +51,3 @@ void AbreMailto(const QString& endereco);
 
 /// Upper case, one character for one ("ß" stays).
 [[nodiscard]] QString Maiusculas(const QString& texto);
-/// Trims blanks (only U+0020) on both sides, or on the right.
-[[nodiscard]] QString Apara(const QString& texto);
-[[nodiscard]] QString AparaDireita(const QString& texto);

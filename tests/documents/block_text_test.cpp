@@ -1,4 +1,5 @@
 // What the blocks of the other models tell, in its order, as the browser engine shows it.
+#include "platform/files/contents.h"
 #include "platform/web/web_pane.h"
 #include "quote_rows.h"
 

@@ -4,6 +4,7 @@
 #include <QImage>
 
 #include "documents/word.h"
+#include "platform/files/contents.h"
 #include "quote_rows.h"
 #include "support/tds_server.h"
 

@@ -10,6 +10,7 @@
 #include <QWebEngineView>
 
 #include "documents/frmPedHTML.h"
+#include "platform/files/contents.h"
 #include "platform/web/find_bar.h"
 #include "quote_rows.h"
 #include "support/errors.h"

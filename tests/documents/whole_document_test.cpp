@@ -1,6 +1,7 @@
 // Whole documents, byte for byte.
 #include <QFile>
 
+#include "platform/files/contents.h"
 #include "quote_rows.h"
 #include "support/errors.h"
 

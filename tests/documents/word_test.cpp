@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QProcess>
 
+#include "platform/files/contents.h"
 #include "platform/office/printers.h"
 #include "platform/office/word_processor.h"
 #include "platform/values/runtime_error.h"

@@ -7,9 +7,10 @@
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
 #include "road/road_file.h"
-#include "run/configuration.h"
 #include "shared/text.h"
 #include "support/printing.h"
+#include "text/fields.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

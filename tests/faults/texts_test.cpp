@@ -3,6 +3,7 @@
 #include "shared/text.h"
 #include "support/printing.h"
 #include "support/script.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,6 +2,7 @@
 
 #include "mailing_case.h"
 #include "messaging/frmEmailOS.h"
+#include "platform/files/contents.h"
 
 using namespace Qt::StringLiterals;
 using support::click;

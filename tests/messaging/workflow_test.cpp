@@ -1,6 +1,7 @@
 #include "messaging/WorkFlow.h"
 
 #include "mailing_case.h"
+#include "platform/files/contents.h"
 #include "platform/mail/mail_error.h"
 
 using namespace Qt::StringLiterals;

@@ -1,7 +1,7 @@
 #include <QTcpServer>
 
 #include "closing/frmConfirmaPropCmrcTL.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/mail/mail_message.h"
 #include "quote_case.h"
 

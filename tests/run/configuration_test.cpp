@@ -7,13 +7,14 @@
 #include <csignal>
 #include <optional>
 
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "run/context.h"
 #include "support/company.h"
 #include "support/script.h"
 #include "support/tds_server.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 

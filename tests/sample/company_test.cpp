@@ -11,7 +11,7 @@
 #include <memory>
 
 #include "platform/data/connection.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "run/configuration.h"
 #include "run/context.h"
 #include "sample/rows.h"

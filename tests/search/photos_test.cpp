@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QToolButton>
 
+#include "platform/files/contents.h"
 #include "platform/web/web_pane.h"
 #include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmBROWSE_Prototipo.h"

@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QTest>
 
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "screens/screen_case.h"
 #include "search/remembered_search.h"
 

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
 #include "support/company.h"

@@ -10,6 +10,7 @@
 
 #include "platform/forms/combo.h"
 #include "run/context.h"
+#include "shared/lists.h"
 #include "support/company.h"
 
 using namespace Qt::StringLiterals;

@@ -70,4 +70,5 @@ TEST(Text, MailProgram) {
 
 }  // namespace
 
+#include "text/trim.h"
 #include "text_test.moc"

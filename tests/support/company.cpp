@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 
 #include "platform/data/engine.h"
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/forms/form.h"
 #include "platform/values/dates.h"
 #include "run/configuration.h"

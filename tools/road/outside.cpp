@@ -6,10 +6,12 @@
 #include <QProcess>
 
 #include "platform/data/connection.h"
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
 #include "run/configuration.h"
 #include "run/context.h"
+#include "text/fields.h"
 
 using namespace Qt::StringLiterals;
 

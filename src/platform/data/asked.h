@@ -64,7 +64,7 @@ struct Question {
   std::coroutine_handle<> waiting;  ///< who goes on when the answer is there
 };
 
-/// The queue of a connection: what was asked and is not sent, what was answered and not handed out.
+/// The queue of a connection (questions.cpp): what was asked and is not sent, what was answered and not handed out.
 class Questions {
  public:
   using Send = std::function<std::vector<Recordset>(const std::vector<Statement>&)>;

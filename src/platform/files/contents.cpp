@@ -1,3 +1,5 @@
+#include "platform/files/contents.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -128,18 +130,6 @@ void write(const QString& path, const QByteArray& bytes, Readers readers) {
   if (readers == Readers::Nobody) file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
   file.write(bytes);
   if (!file.commit()) raiseFor(faultOf(file.error()), found);
-}
-
-QByteArray toHtmlLatin1(const QString& text) {
-  QByteArray out;
-  out.reserve(text.size());
-  for (const uint code : text.toUcs4()) {
-    if (code < 0x100)
-      out += static_cast<char>(code);
-    else
-      out += "&#" + QByteArray::number(code) + ';';
-  }
-  return out;
 }
 
 }  // namespace files

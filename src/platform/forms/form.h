@@ -150,7 +150,7 @@ void writeControl(const QString& formName, const QString& controlName, const QSt
 /// Seam for tests and roads: called when a modal form has been shown and had its first focus.
 void setModalObserver(std::function<void(Form&)> observer);
 
-/// Style, font and spacing that all screens share; once, before the first form.
+/// Style, font and spacing that all screens share; once, before the first form (style.cpp).
 void applyStyle();
 
 }  // namespace forms

@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 
-#include "platform/files/paths.h"
+#include "platform/values/html_bytes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,19 +22,6 @@ QByteArray declaredCharset(const QString& html) {
   return match.captured(1).toLatin1().toLower();
 }
 
-/// ASCII, with numeric references for all other characters: right in every set that a document may declare.
-QByteArray asciiHtml(const QString& html) {
-  QByteArray bytes;
-  bytes.reserve(html.size());
-  for (const uint code : html.toUcs4()) {
-    if (code < 0x80)
-      bytes += static_cast<char>(code);
-    else
-      bytes += "&#" + QByteArray::number(code) + ';';
-  }
-  return bytes;
-}
-
 QString networkLineEnds(QString text) {
   return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\n', u"\r\n"_s);
 }
@@ -47,7 +34,7 @@ Body htmlBody(const QString& html) {
   if (charset.isEmpty() || charset == "utf-8" || charset == "utf8")
     return {"text/html; charset=UTF-8", text.toUtf8()};
   const QByteArray type = "text/html; charset=" + charset;
-  return {type, charset == "iso-8859-1" ? files::toHtmlLatin1(text) : asciiHtml(text)};
+  return {type, charset == "iso-8859-1" ? values::toHtmlLatin1(text) : values::toHtmlAscii(text)};
 }
 
 Body plainBody(const QString& text) { return {"text/plain; charset=UTF-8", networkLineEnds(text).toUtf8()}; }

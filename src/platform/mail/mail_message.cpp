@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/mail/bodies.h"
 #include "platform/mail/headers.h"

@@ -6,6 +6,7 @@
 #include <QPrinterInfo>
 #include <optional>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/office/print_layout.h"
 #include "platform/values/runtime_error.h"

@@ -5,6 +5,7 @@
 #include <QImageReader>
 #include <algorithm>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/office/printers.h"
 #include "platform/office/rtf_writer.h"

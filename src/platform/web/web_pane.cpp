@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
 #include "platform/web/find_bar.h"

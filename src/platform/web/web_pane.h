@@ -12,7 +12,8 @@ namespace web {
 class DocumentView;
 
 /// Makes the engine fit for this machine (no sandbox as root, no GPU, Brazilian pages of its own) and lets
-/// pictures be named by a path with a drive letter. Before the application object is made; once is enough.
+/// pictures be named by a path with a drive letter. Before the application object is made; once is enough
+/// (engine_setup.cpp).
 void prepare();
 
 /// What became of a document that was to be printed.

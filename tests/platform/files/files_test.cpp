@@ -8,6 +8,7 @@
 #include <csignal>
 #include <functional>
 
+#include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "support/errors.h"
 

@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <ctime>
 
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"
 #include "support/printing.h"

@@ -7,7 +7,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include "platform/files/paths.h"
+#include "platform/files/contents.h"
 #include "platform/office/printers.h"
 #include "platform/office/rtf_writer.h"
 #include "platform/values/runtime_error.h"

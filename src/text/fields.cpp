@@ -1,5 +1,6 @@
-#include "run/configuration.h"
-#include "shared/text.h"
+#include "text/fields.h"
+
+#include "text/trim.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "platform/files/paths.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 

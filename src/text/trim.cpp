@@ -1,0 +1,14 @@
+#include "text/trim.h"
+
+QString Apara(const QString& texto) {
+  const QString direita = AparaDireita(texto);
+  qsizetype inicio = 0;
+  while (inicio < direita.size() && direita[inicio] == u' ') ++inicio;
+  return direita.sliced(inicio);
+}
+
+QString AparaDireita(const QString& texto) {
+  qsizetype fim = texto.size();
+  while (fim > 0 && texto[fim - 1] == u' ') --fim;
+  return texto.first(fim);
+}
