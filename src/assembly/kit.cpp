@@ -37,5 +37,4 @@ void CarregaKit(forms::GridModel& grade, const QString& codigo) {
       AbreConsulta(u"select * from prod_kit0 where idprod = "_s + produto + u" and data_desa is null"_s);
   grade.addRows(data::forEachRow(rs, linhaDoKit).get());
   grade.sortAscending(Codigo);
-  if (grade.rows() > 2) grade.setRow(0);
 }

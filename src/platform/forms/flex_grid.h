@@ -20,7 +20,6 @@ class FlexGrid : public QTableView {
 
   [[nodiscard]] GridModel& grid() { return grid_; }
   [[nodiscard]] const GridModel& grid() const { return grid_; }
-  GridModel* operator->() { return &grid_; }
 
   /// A column is wide enough for a text, whatever its layout says; holds for later layouts too.
   void setLeastText(int column, const QString& sample);
