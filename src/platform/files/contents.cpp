@@ -10,6 +10,7 @@
 
 #include "platform/files/paths.h"
 #include "platform/files/regular_file.h"
+#include "platform/values/line_ends.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -85,8 +86,7 @@ QByteArray readAll(const QString& path) {
 }
 
 QStringList readLines(const QString& path) {
-  QString text = decode(readAll(path));
-  text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+  QString text = values::withPlainLineEnds(decode(readAll(path)));
   if (text.endsWith(u'\n'))
     text.chop(1);
   else if (text.isEmpty())

@@ -16,6 +16,7 @@
 
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
 
@@ -29,8 +30,6 @@ constexpr int kBoxMargin = 12;
 
 int shownSoFar = 0;
 int waitingNow = 0;
-
-QString withLineBreaks(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
 
 /// While a box is up the pointer is the ordinary one; afterwards the caller's window is active again.
 class Interlude {
@@ -106,7 +105,7 @@ Answer msgBox(const Box& box) {
   const Interlude interlude;
   QMessageBox window(interlude.caller());
   window.setTextFormat(Qt::PlainText);
-  window.setText(withLineBreaks(box.text));
+  window.setText(values::withPlainLineEnds(box.text));
   window.setWindowTitle(box.title.value_or(QApplication::applicationName()));
   if (box.icon == Icon::Information) window.setIcon(QMessageBox::Information);
   if (box.icon == Icon::Critical) window.setIcon(QMessageBox::Critical);
@@ -136,7 +135,7 @@ QString inputBox(const Input& input) {
   QInputDialog window(interlude.caller());
   window.setInputMode(QInputDialog::TextInput);
   window.setWindowTitle(input.title);
-  window.setLabelText(withLineBreaks(input.prompt));
+  window.setLabelText(values::withPlainLineEnds(input.prompt));
   window.setTextValue(input.initial);
   window.setMinimumWidth(titleWidth(window));
   window.setOkButtonText(u"&OK"_s);

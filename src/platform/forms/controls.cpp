@@ -19,6 +19,7 @@
 #include "platform/forms/combo.h"
 #include "platform/forms/masked_box.h"
 #include "platform/forms/remark_box.h"
+#include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,8 +34,6 @@ constexpr ColorNumber kButtonText = 0x80000012;
 
 constexpr char kBackProperty[] = "backColor";
 constexpr char kForeProperty[] = "foreColor";
-
-QString lines(QString text) { return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n'); }
 
 /// A line break is stored as two characters.
 qsizetype storedLength(QStringView text) { return text.size() + text.count(u'\n'); }
@@ -143,10 +142,11 @@ void setControlText(QObject* control, const QString& text) {
   if (auto* button = qobject_cast<QAbstractButton*>(control)) return button->setText(text);
   if (auto* frame = qobject_cast<QGroupBox*>(control)) return frame->setTitle(text);
   if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
-    plain->setPlainText(lines(text));
+    plain->setPlainText(values::withPlainLineEnds(text));
     return showFirstLine(plain);
   }
-  if (auto* rich = qobject_cast<QTextEdit*>(control)) return rich->setPlainText(lines(text));
+  if (auto* rich = qobject_cast<QTextEdit*>(control))
+    return rich->setPlainText(values::withPlainLineEnds(text));
   if (auto* form = qobject_cast<QDialog*>(control)) return form->setWindowTitle(text);
   if (auto* line = qobject_cast<QLineEdit*>(control)) {
     line->setText(text);

@@ -3,6 +3,7 @@
 #include <QRegularExpression>
 
 #include "platform/values/html_bytes.h"
+#include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,8 +23,8 @@ QByteArray declaredCharset(const QString& html) {
   return match.captured(1).toLatin1().toLower();
 }
 
-QString networkLineEnds(QString text) {
-  return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\n', u"\r\n"_s);
+QString networkLineEnds(const QString& text) {
+  return values::withPlainLineEnds(text).replace(u'\n', u"\r\n"_s);
 }
 
 }  // namespace

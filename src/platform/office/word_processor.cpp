@@ -9,6 +9,7 @@
 #include "platform/files/paths.h"
 #include "platform/office/printers.h"
 #include "platform/office/rtf_writer.h"
+#include "platform/values/line_ends.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -88,9 +89,7 @@ void WordProcessor::setAlignment(Qt::Alignment alignment) {
 void WordProcessor::keepWithNext() { paragraph().keepWithNext = true; }
 
 void WordProcessor::typeText(const QString& text) {
-  QString lines = text;
-  lines.replace("\r\n"_L1, "\n"_L1).replace(u'\r', u'\n');
-  const QStringList parts = lines.split(u'\n');
+  const QStringList parts = values::withPlainLineEnds(text).split(u'\n');
   for (qsizetype i = 0; i < parts.size(); ++i) {
     if (i > 0) typeParagraph();
     Paragraph& here = paragraph();
