@@ -132,15 +132,13 @@ QString TabelaComTotais(TabelaDeItens tabela) {
          Totais(total, descontosDosItens + LeNumero(DescontoPedido(tabela.numero)));
 }
 
-QString FlagFotos() { return documento().ExibeFotos ? u"S"_s : u"N"_s; }
-
 namespace {
 
-QString TabelaDoOrcamento(data::Recordset itens, const QString& id, const QString& fotos, bool embarques) {
+QString TabelaDoOrcamento(data::Recordset itens, const QString& id, bool embarques) {
   return TabelaComTotais({.itens = std::move(itens),
                           .item = PorTipo,
                           .campoProduto = u"idprodprot",
-                          .fotos = fotos == u"S",
+                          .fotos = documento().ExibeFotos,
                           .embarques = embarques,
                           .numero = id});
 }
@@ -148,12 +146,10 @@ QString TabelaDoOrcamento(data::Recordset itens, const QString& id, const QStrin
 }  // namespace
 
 // Photos follow the flag of the run, whatever the caller asks for.
-QString ItensOrcaHTML(const QString& id, QString fotos) {
-  fotos = FlagFotos();
-  return TabelaDoOrcamento(ItensDoOrcamento(u'\'' + id + u'\''), id, fotos, false);
+QString ItensOrcaHTML(const QString& id, const QString&) {
+  return TabelaDoOrcamento(ItensDoOrcamento(u'\'' + id + u'\''), id, false);
 }
 
-QString ItensOrcaFotoHTML(const QString& id, QString fotos) {
-  fotos = FlagFotos();
-  return TabelaDoOrcamento(ItensDoOrcamento(id), id, fotos, true);
+QString ItensOrcaFotoHTML(const QString& id, const QString&) {
+  return TabelaDoOrcamento(ItensDoOrcamento(id), id, true);
 }

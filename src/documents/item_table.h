@@ -17,5 +17,3 @@ struct TabelaDeItens {
 };
 /// The table and the line of totals under it; empty without items.
 [[nodiscard]] QString TabelaComTotais(TabelaDeItens tabela);
-/// "S" when photos are shown, "N" when not.
-[[nodiscard]] QString FlagFotos();

@@ -10,6 +10,6 @@
 [[nodiscard]] QString DadosGeraisPedidoEstilosHTML(const QString& numero);
 
 // Items (order_items.cpp); photos go by ExibeFotos whatever the flag.
-[[nodiscard]] QString ItensPedidoHTML(const QString& numero, QString fotos);
-[[nodiscard]] QString ItensPedidoEstilosHTML(const QString& numero, QString fotos);
-[[nodiscard]] QString ItensPedidoFotoHTML(const QString& numero, QString fotos);
+[[nodiscard]] QString ItensPedidoHTML(const QString& numero, const QString& fotos);
+[[nodiscard]] QString ItensPedidoEstilosHTML(const QString& numero, const QString& fotos);
+[[nodiscard]] QString ItensPedidoFotoHTML(const QString& numero, const QString& fotos);

@@ -1,4 +1,5 @@
 // Items of an order: one box for each, or the table with the shipments.
+#include "documents/document_values.h"
 #include "documents/html_text.h"
 #include "documents/item_fields.h"
 #include "documents/item_table.h"
@@ -95,22 +96,19 @@ QString Caixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
 
 }  // namespace
 
-QString ItensPedidoHTML(const QString& numero, QString fotos) {
-  fotos = FlagFotos();
-  return Caixas(numero, fotos == u"S", kEmLinha);
+QString ItensPedidoHTML(const QString& numero, const QString&) {
+  return Caixas(numero, documento().ExibeFotos, kEmLinha);
 }
 
-QString ItensPedidoEstilosHTML(const QString& numero, QString fotos) {
-  fotos = FlagFotos();
-  return Caixas(numero, fotos == u"S", kDeClasse);
+QString ItensPedidoEstilosHTML(const QString& numero, const QString&) {
+  return Caixas(numero, documento().ExibeFotos, kDeClasse);
 }
 
-QString ItensPedidoFotoHTML(const QString& numero, QString fotos) {
-  fotos = FlagFotos();
+QString ItensPedidoFotoHTML(const QString& numero, const QString&) {
   return TabelaComTotais({.itens = Itens(numero),
                           .item = [](const data::Recordset& rs) { return DoProduto(rs.text(u"idprod")); },
                           .campoProduto = u"idprod",
-                          .fotos = fotos == u"S",
+                          .fotos = documento().ExibeFotos,
                           .embarques = true,
                           .numero = numero});
 }

@@ -25,8 +25,8 @@
 [[nodiscard]] QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QString& caminho);
 [[nodiscard]] QString ItensOrcaDetalheHTML(const QString& id, const QString& fotos, const QString& caminho);
 [[nodiscard]] QString ItensOrcaEstilosHTML(const QString& id, const QString& fotos, const QString& caminho);
-[[nodiscard]] QString ItensOrcaHTML(const QString& id, QString fotos);
-[[nodiscard]] QString ItensOrcaFotoHTML(const QString& id, QString fotos);
+[[nodiscard]] QString ItensOrcaHTML(const QString& id, const QString& fotos);
+[[nodiscard]] QString ItensOrcaFotoHTML(const QString& id, const QString& fotos);
 /// Materials of one assembled item, its product left out.
 Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString idProdProt, QString fotos);
 
