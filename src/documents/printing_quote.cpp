@@ -3,6 +3,7 @@
 #include "documents/frmImprimePropCmrcTL.h"
 #include "documents/frmPedHTML.h"
 #include "platform/values/numbers.h"
+#include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
@@ -14,8 +15,8 @@ void frmImprimePropCmrcTL::Form_Load() {
   AplicaCoresForm(*this);
   adjustSize();
   CentralizaForm(*this);
-  if (contexto().TelaChamadora != u"frmPropCmrcTL") return;
-  const QString codigo = forms::controlText(forms::findControl(contexto().TelaChamadora, u"txtCodigo"_s));
+  if (contexto().TelaChamadora != frmPropCmrcTL::Name) return;
+  const QString codigo = forms::form<frmPropCmrcTL>().txtCodigo->text();
   if (!Apara(codigo).isEmpty()) txtPedido->setText(codigo);
   opInterno->setChecked(true);
 }
