@@ -1,7 +1,6 @@
 // Hands the shown document over to the e-mail screen.
-#include <array>
-
 #include "documents/document_names.h"
+#include "documents/document_types.h"
 #include "documents/document_values.h"
 #include "documents/frmPedHTML.h"
 #include "messaging/frmEmailOS.h"
@@ -12,26 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Assunto {
-  const char16_t* tipo;
-  const char16_t* prefixo;
-};
-
-constexpr std::array<Assunto, 4> kAssuntos{{
-    {u"PEDIDO_VENDAS", u"Pedido - "},
-    {u"ORCA_VENDAS", u"Orçamento - "},
-    {u"COTA_COMPRA", u"Cotação de Compras - "},
-    {u"ORDEM_COMPRA", u"Ordem de Compras - "},
-}};
-
 /// Prefix of the subject; a null text for an unknown type. A closed quote goes out as an order.
 QString Prefixo(const DocumentValues& valores) {
   if (valores.TipoDocumento == u"ORCA_VENDAS" &&
       !DataFechamentoOrcamento(QString::number(valores.IdDocumento)).get().isEmpty())
     return u"Pedido - "_s;
-  for (const Assunto& assunto : kAssuntos)
-    if (valores.TipoDocumento == QStringView(assunto.tipo)) return QString::fromUtf16(assunto.prefixo);
-  return {};
+  const TipoDeDocumento* tipo = TipoDoDocumento();
+  return tipo == nullptr ? QString() : QString::fromUtf16(tipo->assunto);
 }
 
 }  // namespace
