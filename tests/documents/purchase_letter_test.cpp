@@ -1,4 +1,5 @@
 // The two letters to suppliers.
+#include "platform/files/paths.h"
 #include "quote_rows.h"
 
 using namespace Qt::StringLiterals;

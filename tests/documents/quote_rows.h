@@ -1,6 +1,7 @@
 #pragma once
 
 #include "documents/document_values.h"
+#include "documents/documents.h"
 #include "platform/files/contents.h"
 #include "screens/screen_case.h"
 #include "shared/lookups.h"

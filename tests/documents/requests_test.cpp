@@ -5,6 +5,7 @@
 
 #include "documents/word.h"
 #include "platform/files/contents.h"
+#include "platform/files/paths.h"
 #include "quote_rows.h"
 #include "support/tds_server.h"
 

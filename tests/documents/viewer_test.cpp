@@ -11,6 +11,7 @@
 
 #include "documents/frmPedHTML.h"
 #include "platform/files/contents.h"
+#include "platform/files/paths.h"
 #include "platform/web/find_bar.h"
 #include "quote_rows.h"
 #include "support/errors.h"

@@ -2,6 +2,7 @@
 #include <QFile>
 
 #include "platform/files/contents.h"
+#include "platform/files/paths.h"
 #include "quote_rows.h"
 #include "support/errors.h"
 

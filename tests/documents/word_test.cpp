@@ -6,6 +6,7 @@
 #include <QProcess>
 
 #include "platform/files/contents.h"
+#include "platform/files/paths.h"
 #include "platform/office/printers.h"
 #include "platform/office/word_processor.h"
 #include "platform/values/runtime_error.h"

@@ -2,6 +2,7 @@
 #include <QToolButton>
 
 #include "platform/files/contents.h"
+#include "platform/files/paths.h"
 #include "platform/web/web_pane.h"
 #include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmBROWSE_Prototipo.h"
