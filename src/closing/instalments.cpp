@@ -19,7 +19,7 @@ constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 
 bool vazio(const QString& texto) { return Apara(texto).isEmpty(); }
 
-/// Days of the n-th instalment; one that the condition does not tell falls on the base date.
+/// Days of the n-th instalment; one that the condition does not give falls on the base date.
 qint32 diasDaParcela(const QString& prazos, int parcela) {
   return values::toInt32(LeNumero(PegaCampoDelimitado(prazos, parcela, u'/')));
 }

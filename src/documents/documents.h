@@ -15,10 +15,11 @@ void MontaOrcaHTML(qint32 id, const QString& caminho);
 void MontaOrcaGradeHTML(qint32 id, const QString& caminho);
 /// The detail that goes with the notice of a closing, in the model of MODELO_PROP_CMRC.
 void MontaDetalheOrcaHTML(qint32 id, const QString& caminho);
-/// An order (order_document.cpp), by MODELO_PEDI_VEDS and MODELO_PEDIDO_VEDS; its id is the number of the order.
+/// An order (order_document.cpp), by MODELO_PEDI_VEDS and MODELO_PEDIDO_VEDS; its id is the number of the
+/// order.
 void MontaPedidoHTML(qint32 id, const QString& caminho);
 
-/// Letters to suppliers (purchase_letters.cpp), written in one piece. A failing query is told to the user and nothing is written; a
-/// document without a row writes nothing.
+/// Letters to suppliers (purchase_letters.cpp), written in one piece. A failing query is shown to the user
+/// and nothing is written; a document without a row writes nothing.
 void CotacaoCompraHTML(qint32 id, const QString& caminho);
 void OrdemCompraHTML(qint32 id, const QString& caminho);

@@ -20,7 +20,7 @@ struct Celula {
 };
 [[nodiscard]] QString linha(const std::vector<Celula>& celulas);
 
-/// A bold label, its value behind it, both plain text.
+/// A bold label, its value after it, both plain text.
 [[nodiscard]] Celula rotulada(const QString& largura, const QString& rotulo, const QString& valor,
                               const char16_t* alinhamento = u"left");
 /// Plain text.

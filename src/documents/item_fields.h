@@ -17,7 +17,7 @@ Asked<ItemDoDocumento> PorTipo(data::Recordset rs);
 Asked<QString> MascaraDoItem(data::Recordset rs);
 [[nodiscard]] bool EhProduto(const data::Recordset& rs);
 
-/// Items of a quote, behind a further condition.
+/// Items of a quote that meet a further condition.
 [[nodiscard]] data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao = {});
 
 /// Number of a field, 0 where it is null.

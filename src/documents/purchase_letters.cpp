@@ -24,7 +24,7 @@ namespace {
 
 constexpr const char16_t* kDireita = u"right";
 
-/// Reads a result; a failing statement is told to the user and gives nothing.
+/// Reads a result; a failing statement is shown to the user and gives nothing.
 std::optional<data::Recordset> Consulta(const QString& sql) {
   try {
     return AbreConsulta(sql);

@@ -6,7 +6,7 @@
 #include "shared/lookups.h"
 
 // The blocks of a quote document, each by the quote's id. A block returns its text, lines ended by CR LF;
-// those that take a path append their items to it one at a time and return what comes behind them. No row
+// those that take a path append their items to it one at a time and return what comes after them. No row
 // gives an empty text.
 
 // Customer (customer_blocks.cpp)

@@ -25,5 +25,5 @@ data::Asked<QString> DescricaoEventoWorkFlow(const QString& evento);
 data::Asked<QString> TextoEventoWorkFlow(const QString& evento);
 data::Asked<QString> IdEventoWorkFlow(const QString& evento);
 
-/// Subscribers whose subscription has not ended: their count and each id, with "^" behind each ("2^7^9^").
+/// Subscribers whose subscription has not ended: their count and each id, with "^" after each ("2^7^9^").
 [[nodiscard]] QString UsuariosEventoWorkFlow(const QString& evento);

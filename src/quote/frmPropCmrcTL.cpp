@@ -273,7 +273,7 @@ void frmPropCmrcTL::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange && isLoaded()) ajustaMedidas();
 }
 
-/// A double click on the form's ground tells support staff the screen's resolution.
+/// A double click on the form's ground shows the screen's resolution, for support staff.
 void frmPropCmrcTL::mouseDoubleClickEvent(QMouseEvent* event) {
   const QWidget* alvo = childAt(event->position().toPoint());
   if (alvo == nullptr || alvo == conteudo || alvo == area->viewport())

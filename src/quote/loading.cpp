@@ -53,7 +53,7 @@ struct ItemLido {
   std::vector<GridRow> materiais;
 };
 
-/// What the lookups tell of an item.
+/// What the lookups give for an item.
 struct DadosDoItem {
   QString codigo, descricao, unidade, mascara;
 };

@@ -4,7 +4,7 @@ namespace schema {
 
 using enum Type;
 
-// Lists of choices, the company, its users and the events that are told to them.
+// Lists of choices, the company, its users and the events that they are notified of.
 std::vector<Table> companyTables() {
   return {
       {"loca_veds",

@@ -8,7 +8,7 @@ namespace schema {
 
 namespace {
 
-/// One word of each dialect for a type; the embedded one tells the affinity and, for dates, the meaning.
+/// One word of each dialect for a type; the embedded one gives the affinity and, for dates, the meaning.
 QString typeText(const Column& column, Dialect dialect) {
   const bool embedded = dialect == Dialect::Embedded;
   switch (column.type) {

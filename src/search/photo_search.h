@@ -42,7 +42,7 @@ class PesquisaComFotos : public forms::Form {
   };
   /// What sets the one apart from the other.
   struct Ficha {
-    int colunaChave;                ///< names the photo; the column behind it is the description
+    int colunaChave;                ///< names the photo; the column after it is the description
     const char16_t* arquivoPagina;  ///< page of pictures, in PathDocs
     const char16_t* um;             ///< "produto encontrado"
     const char16_t* varios;
@@ -60,7 +60,8 @@ class PesquisaComFotos : public forms::Form {
 
   /// Sets the remembered search again and runs it, if there is one.
   void retomaPesquisa();
-  /// Runs a statement and adds a row for each record. Nothing found is told, and the focus goes to `foco`.
+  /// Runs a statement and adds a row for each record. Nothing found is announced, and the focus goes to
+  /// `foco`.
   using Linha = std::function<data::Asked<forms::GridRow>(const data::Recordset&)>;
   void listaResultado(const QString& sql, const Linha& linha, QWidget* foco = nullptr);
   /// The photo of the current row; none where there is none.

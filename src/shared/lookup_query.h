@@ -9,7 +9,7 @@
 // How every lookup asks: one statement, one column of its first row.
 namespace lookup {
 
-/// A statement with a place for its key: what stands before it, and behind it.
+/// A statement with a place for its key: what stands before it, and after it.
 struct Query {
   QStringView before;
   QStringView column;

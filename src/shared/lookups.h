@@ -23,7 +23,7 @@ using data::Asked;
 /// The same, to travel with others.
 Asked<data::Recordset> PedeConsulta(const QString& sql, data::Rows linhas = data::Rows::All);
 
-/// User name; a lost connection (-2147467259) is told and ends the program, any other error is ignored and
+/// User name; a lost connection (-2147467259) is shown and ends the program, any other error is ignored and
 /// gives `atual`.
 [[nodiscard]] QString NomeUsuario(const QString& idusen, const QString& atual);
 Asked<QString> UsuarioAtual(const QString& idusen);
@@ -65,7 +65,7 @@ Asked<QString> FonesCliente(QString idclie);
 Asked<QString> EmailCliente(const QString& idclie);
 Asked<QString> FoneContato(const QString& idpess_cont);
 Asked<QString> EmailContato(const QString& idpess_cont);
-/// The columns of its statement in their order, each with "^" behind it and any "^" inside turned into a
+/// The columns of its statement in their order, each with "^" after it and any "^" inside turned into a
 /// blank: name, address, city, state, postcode, IE or RG, CNPJ or CPF, district.
 Asked<QString> EnderecoCliente(QString idclie);
 
@@ -116,7 +116,7 @@ Asked<QString> EmailEmpresa();
 Asked<QString> SenhaEmailEmpresa();
 Asked<QString> EmailOrcamento();
 Asked<QString> SenhaEmailOrcamento();
-/// Company data, each field with "^" behind it: name, CNPJ, IE, address, city, state, postcode, phone 1,
+/// Company data, each field with "^" after it: name, CNPJ, IE, address, city, state, postcode, phone 1,
 /// phone 2, e-mail, site. Empty without a company row.
 Asked<QString> DadosEmpresaTexto();
 

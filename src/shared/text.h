@@ -23,7 +23,7 @@ inline constexpr const char16_t* kMascaraMoeda = u"###0.00";
 /// The same with "." turned into "," first.
 [[nodiscard]] char16_t FiltraTeclaDecimal(char16_t tecla);
 
-/// "###0" with as many zeros behind the point as there are decimals, 0 to 4; an empty text is 0 decimals.
+/// "###0" with as many zeros after the point as there are decimals, 0 to 4; an empty text is 0 decimals.
 [[nodiscard]] QString MascaraDecimais(const QString& casas);
 
 void RestauraMascara(forms::MaskedBox* caixa);

@@ -46,7 +46,7 @@
 // - On the embedded file the statement runs where it is asked: nothing ever waits, all is done in one pass.
 // - Who is no coroutine writes `const QString codigo = CodigoProduto(id);`, which asks and waits.
 // - The error of a failing request leaves the get() that sent it; the rows that waited end with it. Of
-//   several bad statements the first one sent is told. What a row itself raises leaves its own get().
+//   several bad statements the first one sent is reported. What a row itself raises leaves its own get().
 //
 // What to keep to:
 // - A coroutine takes its arguments by value: it goes on when the caller's have long changed. A Recordset
@@ -64,7 +64,8 @@ struct Question {
   std::coroutine_handle<> waiting;  ///< who goes on when the answer is there
 };
 
-/// The queue of a connection (questions.cpp): what was asked and is not sent, what was answered and not handed out.
+/// The queue of a connection (questions.cpp): what was asked and is not sent, what was answered and not
+/// handed out.
 class Questions {
  public:
   using Send = std::function<std::vector<Recordset>(const std::vector<Statement>&)>;

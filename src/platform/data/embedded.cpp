@@ -103,7 +103,7 @@ class EmbeddedEngine final : public Engine {
 
   QString path_;
   Database database_;
-  std::unordered_map<QString, Compiled> kept_;  // behind the database: they end first
+  std::unordered_map<QString, Compiled> kept_;  // after the database: they end first
 };
 
 EmbeddedEngine::EmbeddedEngine(QString path) : path_(std::move(path)), database_(openLibrary(path_)) {}

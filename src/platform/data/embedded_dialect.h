@@ -10,7 +10,7 @@ namespace data {
 /// ("MaxPropCmrc" of "SELECT @@identity as 'MaxPropCmrc'"); nothing for any other statement.
 [[nodiscard]] std::optional<QString> identityColumn(const QString& sql);
 
-/// The statement with a FROM behind a DELETE that has none.
+/// The statement with a FROM after a DELETE that has none.
 [[nodiscard]] QString toEmbeddedDialect(const QString& sql);
 
 }  // namespace data

@@ -24,7 +24,7 @@ quint32 big32(const QByteArray& header, qsizetype at) {
   return qFromBigEndian<quint32>(header.constData() + at);
 }
 
-/// Size that the header tells; 0 where it does not know.
+/// Size recorded in the header; 0 if unknown.
 qint64 toldSize(const QByteArray& header) {
   if (big32(header, kChangeCounterAt) != big32(header, kPageCountValidForAt)) return 0;
   const quint16 pageSize = qFromBigEndian<quint16>(header.constData() + kPageSizeAt);

@@ -16,7 +16,7 @@ bool isComparison(const SqlToken& token) {
   return token.isSign(u'=') || token.isSign(u'<') || token.isSign(u'>');
 }
 
-/// Whether a quoted text behind the token is a value.
+/// Whether a quoted text after the token is a value.
 bool isBeforeText(const SqlToken& token) {
   return isComparison(token) || token.isSign(u'(') || token.isSign(u',') || token.isWord(u"LIKE") ||
          token.isWord(u"AND");

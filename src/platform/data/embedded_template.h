@@ -18,7 +18,7 @@ struct Template {
 };
 
 /// The template of a SELECT, INSERT, UPDATE or DELETE. Nothing for any other text, and for one with comments,
-/// variables or a ";". A quoted text counts as a value behind = < > ( , LIKE and AND, a number behind = < >:
+/// variables or a ";". A quoted text counts as a value after = < > ( , LIKE and AND, a number after = < >:
 /// elsewhere it is a name or a place.
 [[nodiscard]] std::optional<Template> templateOf(const QString& sql);
 

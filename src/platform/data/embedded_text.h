@@ -9,7 +9,7 @@ struct sqlite3;
 // How the embedded file compares texts and dates. Texts are UTF-8.
 namespace data {
 
-/// Order of two texts: without regard to case, trailing blanks ignored; a letter with an accent stands behind
+/// Order of two texts: without regard to case, trailing blanks ignored; a letter with an accent stands after
 /// the same letter without one. Below, at or above 0.
 [[nodiscard]] int compareTexts(std::string_view left, std::string_view right);
 

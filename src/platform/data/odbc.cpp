@@ -25,7 +25,7 @@ QString words(const QSqlError& error) {
   return text.isEmpty() ? error.text() : text;
 }
 
-/// Whether an error of a statement tells that the server is gone.
+/// Whether an error of a statement means that the server is gone.
 bool isConnectionLost(const QSqlError& error) {
   // Numbers of the client library: its own server messages have other ones.
   static const QStringList kNumbers{u"20003"_s, u"20004"_s, u"20006"_s, u"20009"_s,
@@ -38,7 +38,7 @@ bool isConnectionLost(const QSqlError& error) {
     if (kNumbers.contains(number.trimmed())) return true;
   for (const QString& text : kTexts)
     if (error.text().contains(text, Qt::CaseInsensitive)) return true;
-  // What is left of the driver's words behind a result that was cut.
+  // What is left of the driver's words after a result that was cut.
   return error.nativeErrorCode() == u"0" && error.text().contains(u"Unknown error"_s);
 }
 
@@ -70,7 +70,7 @@ class OdbcEngine final : public Engine {
   QSqlQuery send(const QString& text);
   Recordset readRows(QSqlQuery& query, Rows rows);
   void walkResults(QSqlQuery& query, std::span<const Statement> statements, std::vector<Recordset>& results);
-  /// Goes to the next result of a request; false behind the last one.
+  /// Goes to the next result of a request; false after the last one.
   bool moveOn(QSqlQuery& query);
   [[noreturn]] void fail(const QSqlError& error);
 

@@ -26,7 +26,7 @@ QString requestText(std::span<const Statement> statements, bool liftsLimit) {
   static const QString kNoLimit = u"SET ROWCOUNT 0"_s;
   QStringList lines;
   if (liftsLimit) lines << kNoLimit;
-  // A server can be set up to leave the counts out, by which the results are told apart.
+  // A server can be set up to leave the counts out, by which the results are distinguished.
   const auto writes = [](const Statement& one) { return !isSelect(one.sql); };
   if (statements.size() > 1 && std::ranges::any_of(statements, writes)) lines << u"SET NOCOUNT OFF"_s;
   bool limited = false;

@@ -17,7 +17,7 @@ namespace data {
 /// have been left behind by a request that failed, and goes first.
 [[nodiscard]] QString requestText(std::span<const Statement> statements, bool liftsLimit);
 
-/// Whether a statement gives rows, which tells its result from the counts that others leave on the way.
+/// Whether a statement gives rows, which sets its result apart from the counts that others leave on the way.
 [[nodiscard]] bool isSelect(const QString& sql);
 
 }  // namespace data

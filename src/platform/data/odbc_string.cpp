@@ -25,7 +25,7 @@ QString odbcString(const QString& connectionString, const QString& portOfEnviron
 #ifndef Q_OS_WIN
   if (isServerString(text)) {
     // This driver has no default port, hangs on a silent server unless the version is pinned, and takes
-    // accents by the C locale unless told otherwise.
+    // accents by the C locale unless set otherwise.
     if (portOfEnvironment.isEmpty() && !keyValue(text, u"port")) text += "port=1433;"_L1;
     if (!keyValue(text, u"TDS_Version")) text += "TDS_Version=7.4;"_L1;
     if (!keyValue(text, u"Timeout")) text += u"Timeout=%1;"_s.arg(timeout);

@@ -11,7 +11,7 @@ namespace data {
 /// The value of a key of a connection string, whatever its case; nothing without it.
 [[nodiscard]] std::optional<QString> keyValue(const QString& connectionString, QStringView key);
 
-/// The string that goes to the driver manager: the given one with what the driver needs put behind it.
+/// The string that goes to the driver manager: the given one with what the driver needs put after it.
 /// portOfEnvironment is what TDSPORT holds; timeout, in seconds, is how long a statement may go unanswered.
 [[nodiscard]] QString odbcString(const QString& connectionString, const QString& portOfEnvironment,
                                  int timeout);

@@ -103,7 +103,7 @@ class Look {
   int depth_ = 0;                // of "("
   int cases_ = 0;                // CASE without its END
   bool opensSubselect_ = false;  // the last "(" may
-  bool mayTakeSelect_ = false;   // in place of VALUES, or behind the tables of a WITH
+  bool mayTakeSelect_ = false;   // in place of VALUES, or after the tables of a WITH
   bool mayTakeSet_ = false;
   bool ended_ = false;  // by ";"
 };

@@ -3,7 +3,7 @@
 #include <QString>
 
 // The look at a statement before it is sent. Texts go into statements as they are, so a quote mark in one can
-// end it early; what stands behind must not become a statement of its own.
+// end it early; what stands after must not become a statement of its own.
 namespace data {
 
 /// How a database would read a text.

@@ -17,7 +17,7 @@ namespace data {
 class Recordset {
  public:
   Recordset() = default;
-  /// columns in the order of the statement; the values of all rows one behind the other.
+  /// columns in the order of the statement; the values of all rows one after the other.
   Recordset(QStringList columns, ResultValues values);
 
   [[nodiscard]] bool isOpen() const { return open_; }
@@ -30,7 +30,7 @@ class Recordset {
   [[nodiscard]] const QStringList& columns() const;
 
   /// Longest text that a column takes by the database's own definition; 0 without a limit, where the database
-  /// doesn't tell, and for an unknown name. Told of results without rows ("… WHERE 1=0") alone.
+  /// gives none, and for an unknown name. Known for results without rows ("… WHERE 1=0") alone.
   [[nodiscard]] int longest(QStringView field) const;
   /// One number for each column.
   void setLongest(QList<int> longest) { longest_ = std::move(longest); }

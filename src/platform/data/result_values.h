@@ -8,7 +8,7 @@
 
 namespace data {
 
-/// The values of a result, as the database gave them, one behind the other: most of a long result is never
+/// The values of a result, as the database gave them, one after the other: most of a long result is never
 /// looked at, so a text is made of a value only when it is asked for. Numbered from 0.
 class ResultValues {
  public:

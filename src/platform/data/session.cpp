@@ -104,7 +104,7 @@ Asked<Recordset> Session::ask(Statement statement) {
 }
 
 void Session::begin() {
-  inTransaction_ = true;  // a begin that fails counts too: what came behind it would commit by itself
+  inTransaction_ = true;  // a begin that fails counts too: what came after it would commit by itself
   announce(u"BEGIN"_s);
   guarded([&] { engine_->begin(); });
 }

@@ -28,7 +28,7 @@ class Session {
 
  private:
   [[nodiscard]] bool sendsTogether() const { return engine_ && engine_->sendsTogether(); }
-  /// Raises what forbids the use of the connection; tells the listener of what is about to run.
+  /// Raises what forbids the use of the connection; passes to the listener what is about to run.
   void announce(const QString& statement);
   /// One request.
   void runTogether(std::span<const Statement> request, std::vector<Recordset>& results);

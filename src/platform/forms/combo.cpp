@@ -63,7 +63,7 @@ void Combo::complete(const QString& typed) {
   if (entry.isEmpty()) return;
   setText(entry);
   const auto length = static_cast<int>(entry.size());
-  // From the end backwards: the next letter goes on behind what was typed.
+  // From the end backwards: the next letter goes on after what was typed.
   lineEdit()->setSelection(length, static_cast<int>(typed.size()) - length);
 }
 

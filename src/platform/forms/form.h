@@ -94,7 +94,7 @@ class Form : public QDialog {
   /// lines, without blank ones. Locked boxes take none.
   void onLinesPasted(QLineEdit* box, std::function<void(const QStringList&)> handler);
   /// The window's size and the widths of its grids' columns outlive the form (see measures.h). In the
-  /// constructor, behind setupUi.
+  /// constructor, after setupUi.
   void rememberMeasures();
   /// GotFocus selects all the text.
   void selectOnFocus(std::initializer_list<QWidget*> controls);

@@ -31,7 +31,7 @@ void Form::Private::noteFocus(QWidget* now) {
   // An option that gets the focus takes its place in the chain of Tab, asked or not.
   if (control->property(kOffChain).toBool()) control->setFocusPolicy(Qt::ClickFocus);
   if (control == current) return;
-  // Where a handler sends the focus back, the control that it had gone to was never told that it had it.
+  // Where a handler sends the focus back, the control that it had gone to never got the event that it had it.
   const auto untold = std::ranges::find_if(waiting, [this](const FocusEvent& event) {
     return flushing && event.event == Event::GotFocus && event.control == current;
   });

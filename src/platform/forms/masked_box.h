@@ -29,7 +29,7 @@ class MaskedBox : public QLineEdit {
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
-  /// A slash completes the day or month ("5/" is "05/"), a colon the hour, and goes on behind it.
+  /// A slash completes the day or month ("5/" is "05/"), a colon the hour, and goes on after it.
   void keyPressEvent(QKeyEvent* event) override;
   /// A click into an empty box sets the caret to its start.
   void mousePressEvent(QMouseEvent* event) override;

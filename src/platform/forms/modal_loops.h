@@ -6,7 +6,7 @@
 // The event loops of modal forms, innermost last.
 namespace forms::modal {
 
-/// Runs the opening and, if that gives true, the loop until it is told to exit. Throws Ended where the
+/// Runs the opening and, if that gives true, the loop until its exit is called. Throws Ended where the
 /// process has ended meanwhile.
 void run(QEventLoop& loop, const std::function<bool()>& opening);
 
@@ -19,7 +19,7 @@ void leaveAll();
 /// How many modal forms have been opened so far.
 [[nodiscard]] int runs();
 
-/// Counts the ends so far, so that a routine can tell whether one happened in a handler it ran.
+/// Counts the ends so far, so that a routine can find out whether one happened in a handler it ran.
 [[nodiscard]] int ends();
 
 }  // namespace forms::modal

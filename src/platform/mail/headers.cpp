@@ -82,7 +82,7 @@ QByteArray addressHeader(const QByteArray& name, const std::vector<Address>& add
 }
 
 QByteArray dateHeader(const QDateTime& when) {
-  // The program's clock tells the wall's time without a zone; a message needs the zone of the place.
+  // The program's clock gives local time without a zone; a message needs the zone of the place.
   const QDateTime local(when.date(), when.time(), Qt::LocalTime);
   const QDateTime withOffset = local.toOffsetFromUtc(local.offsetFromUtc());
   return "Date: " + withOffset.toString(Qt::RFC2822Date).toLatin1();

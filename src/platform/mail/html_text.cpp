@@ -34,7 +34,7 @@ QString tagAt(const QString& html, qsizetype at) {
   return html.sliced(at + 1, end - at - 1).toLower();
 }
 
-/// Where the text goes on behind the tag that begins at a "<"; the end of the document if the tag has none.
+/// Where the text goes on after the tag that begins at a "<"; the end of the document if the tag has none.
 qsizetype behindTag(const QString& html, qsizetype at, const QString& tag) {
   static const QStringList unseen{u"head"_s, u"style"_s, u"script"_s, u"title"_s};
   const auto behind = [&html](QStringView end, qsizetype from) {

@@ -18,7 +18,7 @@ class MailError : public values::RuntimeError {
   bool serverSilent_;
 };
 
-/// Raises values::kMailFailed: what failed, in one line, and the lines that tell more.
+/// Raises values::kMailFailed: what failed, in one line, and the lines with details.
 [[noreturn]] void fail(const QString& step, const QStringList& details = {}, bool serverSilent = false);
 
 }  // namespace mail

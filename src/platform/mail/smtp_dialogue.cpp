@@ -137,7 +137,7 @@ bool Dialogue::takes(const QByteArray& line) {
   if (goodbye_.isValid()) return true;
   if (answer_.size() < kKeptBytes) answer_ += line.first(std::min(line.size(), kKeptBytes));
   if (++lines_ > kMostLines) ended_ = QString::fromUtf16(kEndless);
-  // What the client passes over would leave the line open: an offer in other letters or behind another
+  // What the client passes over would leave the line open: an offer in other letters or after another
   // command, a refusal.
   const bool overlooked = offersTls(line) && !(command_ == "EHLO" && line.mid(4).startsWith(kStartTls));
   const bool declined = command_ == kStartTls && !line.startsWith("220");

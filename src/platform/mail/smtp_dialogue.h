@@ -34,7 +34,7 @@ class Dialogue {
   static int watch(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t sent);
 
   void said(const QByteArray& line);
-  /// Whether the transfer may go on behind this line of an answer.
+  /// Whether the transfer may go on after this line of an answer.
   [[nodiscard]] bool takes(const QByteArray& line);
   /// Whether it may go on when so many bytes of the message have gone.
   [[nodiscard]] bool goesOn(curl_off_t sent);

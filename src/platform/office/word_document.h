@@ -31,7 +31,7 @@ struct Paragraph {
   std::vector<std::variant<Run, Picture>> content;
   Qt::Alignment alignment = Qt::AlignLeft;
   Font font;                  ///< of an empty paragraph's line
-  bool keepWithNext = false;  ///< stands on the page of the paragraph behind it
+  bool keepWithNext = false;  ///< stands on the page of the paragraph after it
 };
 
 struct Cell {

@@ -22,9 +22,9 @@ class WordProcessor {
 
   void setFont(const QString& name, double size, bool bold = false);
   void setBold(bool bold);
-  /// Of the paragraph that the selection stands in, and of those typed behind it.
+  /// Of the paragraph that the selection stands in, and of those typed after it.
   void setAlignment(Qt::Alignment alignment);
-  /// Keeps the current paragraph on the page of the one behind it.
+  /// Keeps the current paragraph on the page of the one after it.
   void keepWithNext();
 
   /// Types into the current paragraph; CR LF, CR and LF start a new one.

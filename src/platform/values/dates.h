@@ -19,13 +19,13 @@ namespace values {
 [[nodiscard]] QDateTime toDate(QStringView text);
 
 /// A date in one of the program's forms: "dd/mm/yyyy", "dd/mm/yyyy hh:mm", "yyyymmdd", "yyyymmdd hh:mm",
-/// "yyyy/mm/dd", "dd/mm". mm behind hh is minutes. An invalid date gives an empty text.
+/// "yyyy/mm/dd", "dd/mm". mm after hh is minutes. An invalid date gives an empty text.
 [[nodiscard]] QString formatDate(const QDateTime& date, QStringView form);
 
 /// The same for a text that is a date; any other text comes back as it stands.
 [[nodiscard]] QString formatDate(const QString& text, QStringView form);
 
-/// The plain conversion of a date to text: "dd/mm/yyyy", with " hh:mm:ss" behind it unless it is midnight.
+/// The plain conversion of a date to text: "dd/mm/yyyy", with " hh:mm:ss" after it unless it is midnight.
 [[nodiscard]] QString toText(const QDateTime& date);
 
 /// Present local date and time, to the second, from the clock below.

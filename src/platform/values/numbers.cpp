@@ -117,7 +117,7 @@ Decimal decompose(double number) {
   return out;
 }
 
-/// Keeps that many digits behind the point, half away from zero.
+/// Keeps that many digits after the point, half away from zero.
 void roundTo(Decimal& number, int decimals) {
   const int keep = number.point + decimals;
   if (keep >= number.size) return;
@@ -134,9 +134,9 @@ void roundTo(Decimal& number, int decimals) {
   }
 }
 
-/// Digits before the point, at least that many, and exactly so many behind it.
+/// Digits before the point, at least that many, and exactly so many after it.
 QString plain(const Decimal& number, int leastDigits, int decimals) {
-  const auto digit = [&](int place) {  // place 0 stands right behind the point
+  const auto digit = [&](int place) {  // place 0 stands right after the point
     const int at = number.point + place;
     return QChar(QLatin1Char(at >= 0 && at < number.size ? number.at(at) : '0'));
   };

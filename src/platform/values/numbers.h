@@ -32,7 +32,7 @@ namespace values {
 [[nodiscard]] QString toText(double number);
 
 /// A number in a mask such as "###0.00", "000000" or "###0": zeros before the point are least digits, zeros
-/// behind it are decimals; the separator that comes out is the comma. Rounds half away from zero on the
+/// after it are decimals; the separator that comes out is the comma. Rounds half away from zero on the
 /// number's decimal text of 15 significant digits (1,005 gives "1,01"). "-0,00" comes out as "0,00".
 [[nodiscard]] QString format(double number, QStringView mask);
 

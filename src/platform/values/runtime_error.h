@@ -50,7 +50,7 @@ class RuntimeError : public std::exception {
 /// The runtime's own text for a number, in Portuguese ("Tipos incompatíveis" for 13).
 [[nodiscard]] QString standardText(int number);
 
-/// Raises the error with its standard text, or with a detail behind it ("Arquivo não encontrado: x").
+/// Raises the error with its standard text, or with a detail after it ("Arquivo não encontrado: x").
 [[noreturn]] void raise(int number, const QString& detail = {});
 
 }  // namespace values

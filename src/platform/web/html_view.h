@@ -44,7 +44,7 @@ class HtmlView : public DocumentView {
   QWebEngineView* view_ = nullptr;
   Page* page_ = nullptr;
   QTimer patience_;  ///< with pictures of the web
-  QTimer settled_;   ///< the engine tells a new size in steps, some of them late
+  QTimer settled_;   ///< the engine reports a new size in steps, some of them late
   double zoom_ = 1.0;
   double measured_ = 0;  ///< width of the content at which it was shrunk last
   bool fit_ = false;

@@ -38,7 +38,7 @@ QByteArray preface(const QString& folder) {
          "<style>@media print { tr, img { break-inside: avoid } }</style>";
 }
 
-/// The document with its preface, behind the document type where there is one.
+/// The document with its preface, after the document type where there is one.
 QByteArray guarded(const QByteArray& html, const QString& folder) {
   static const QRegularExpression type(
       uR"(^(?:\s|<!--.*?-->)*<!DOCTYPE[^>]*>)"_s,

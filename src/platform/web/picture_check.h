@@ -7,7 +7,7 @@
 
 namespace web {
 
-/// Asks the web for pictures and tells after a few seconds at most which of them no server gives.
+/// Asks the web for pictures and reports within a few seconds which of them no server gives.
 class PictureCheck : public QObject {
   Q_OBJECT
 
