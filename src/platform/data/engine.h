@@ -50,12 +50,12 @@ class Engine {
 // | SET ROWCOUNT cuts a result to its first row           | its other rows are not read                                |
 // clang-format on
 
-/// The embedded file on the SQLite library (embedded.cpp). Raises -2147467259 when the file is missing, not a database,
-/// damaged or can't be opened, with a text that says what to do.
+/// The embedded file on the SQLite library (embedded.cpp). Raises -2147467259 when the file is missing, not a
+/// database, damaged or can't be opened, with a text that says what to do.
 [[nodiscard]] std::unique_ptr<Engine> openEmbedded(const QString& path);
 
-/// Makes an empty embedded file (embedded.cpp), for who installs the schema on it. Its user alone may read it: passwords
-/// stand in it. Raises 75 when it can't be made or the path is taken.
+/// Makes an empty embedded file (embedded.cpp), for who installs the schema on it. Its user alone may read
+/// it: passwords stand in it. Raises 75 when it can't be made or the path is taken.
 void createEmbedded(const QString& path);
 
 /// Any ODBC data source through the driver manager (odbc.cpp). timeout in seconds.
