@@ -7,6 +7,7 @@
 
 #include "platform/values/dates.h"
 #include "run/context.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 
@@ -70,5 +71,4 @@ TEST(Text, MailProgram) {
 
 }  // namespace
 
-#include "text/trim.h"
 #include "text_test.moc"
