@@ -11,7 +11,7 @@
 #include "platform/values/dates.h"
 #include "quote/grids.h"
 #include "run/context.h"
-#include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -7,6 +7,7 @@
 #include "shared/lookups.h"
 #include "shared/screen_kit.h"
 #include "shared/text.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 using rascunho::guarda;
