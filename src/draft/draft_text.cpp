@@ -1,9 +1,11 @@
 #include "draft/draft_text.h"
 
+#include <QList>
+#include <algorithm>
 #include <utility>
 
 #include "draft/screen_fields.h"
-#include "shared/screen_kit.h"
+#include "run/program_title.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,7 @@
 #include "platform/values/html_bytes.h"
 
+#include <QList>
+
 namespace values {
 
 namespace {
