@@ -35,7 +35,7 @@ void openPrintedQuote() {
   documento().IdDocumento = 30;
   documento().ExibeComposicao = true;
   documento().ExibeMontagem = true;
-  documento().RsImpressao = AbreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc=30"_s);
+  documento().rsImpressao = abreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc=30"_s);
 }
 
 void htmlOf(int lines) {

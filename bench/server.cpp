@@ -51,7 +51,7 @@ void openPrinted() {
   documento().IdDocumento = kQuote;
   documento().ExibeComposicao = true;
   documento().ExibeMontagem = true;
-  documento().RsImpressao = AbreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc=30"_s);
+  documento().rsImpressao = abreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc=30"_s);
   for (const char16_t* copy : kCopies) files::removeIfThere(QString::fromUtf16(copy));
 }
 

@@ -16,5 +16,5 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("zarim"));
   forms::measures::keepIn(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
                           QStringLiteral("/telas.ini"));
-  return runProgram(application, application.arguments().mid(1).join(u' '));
+  return executaPrograma(application, application.arguments().mid(1).join(u' '));
 }

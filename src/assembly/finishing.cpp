@@ -2,7 +2,7 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -10,7 +10,7 @@
 // before goes back.
 
 using namespace Qt::StringLiterals;
-using grids::material::Column;
+using grades::material::Column;
 
 namespace {
 
@@ -23,15 +23,15 @@ struct ItemMontado {
 /// Adds the item as the last of the quote, and its materials tied to it.
 void entregaItem(const ItemMontado& montado) {
   auto& orcamento = forms::form<frmPropCmrcTL>();
-  const int produto = LinhaProduto(montado.origem);
+  const int produto = linhaProduto(montado.origem);
   const auto celula = [&](Column coluna) { return montado.origem.text(produto, coluna); };
-  using namespace grids;
+  using namespace grades;
   orcamento.Flex->grid().addRow({{item::Id, celula(Column::Id)},
                                  {item::Tipo, QString::fromUtf16(kProduto)},
                                  {item::Codigo, celula(Column::Codigo)},
                                  {item::Descricao, celula(Column::Descricao)},
                                  {item::VrBruto, montado.unitario},
-                                 {item::Desconto, Moeda(0.0)},
+                                 {item::Desconto, emMoeda(0.0)},
                                  {item::VrUnit, montado.unitario},
                                  {item::Quantidade, montado.quantidade},
                                  {item::Total, montado.total},
@@ -48,7 +48,7 @@ void entregaItem(const ItemMontado& montado) {
 
 }  // namespace
 
-int LinhaProduto(const forms::GridModel& materiais) {
+int linhaProduto(const forms::GridModel& materiais) {
   for (int linha = 1; linha < materiais.rows(); ++linha)
     if (materiais.text(linha, Column::Tipo) == kTipoProduto) return linha;
   return 1;
@@ -57,37 +57,37 @@ int LinhaProduto(const forms::GridModel& materiais) {
 QString frmMontarProduto::totalDoItem() const {
   const auto& grade = Flex->grid();
   // The unit of the prototype of that number gives the decimals; without one the quantity counts as whole.
-  const QString mascara = MascaraUnidade(UnidadePrototipo(grade.text(LinhaProduto(grade), Column::Id)));
-  return Moeda(LeNumero(values::format(txtQuantidade->text(), mascara)) *
-               LeNumero(Moeda(lblTotalUnitarioProduto->text())));
+  const QString mascara = mascaraUnidade(UnidadePrototipo(grade.text(linhaProduto(grade), Column::Id)));
+  return emMoeda(leNumero(values::format(txtQuantidade->text(), mascara)) *
+                 leNumero(emMoeda(lblTotalUnitarioProduto->text())));
 }
 
 void frmMontarProduto::cmdConfirmar_Click() {
   const auto& grade = Flex->grid();
-  const int produto = LinhaProduto(grade);
+  const int produto = linhaProduto(grade);
   if (grade.text(produto, Column::Tipo) != kTipoProduto)
-    return Aviso(u"Não é possível finalizar, pois falta item do tipo PRODUTO"_s, windowTitle());
+    return avisa(u"Não é possível finalizar, pois falta item do tipo PRODUTO"_s, windowTitle());
   // Reading stops at a comma: "0,5" is none.
   if (values::leadingNumber(txtQuantidade->text()) <= 0)
-    return Aviso(u"Quantidade Inválida!"_s, txtQuantidade);
+    return avisa(u"Quantidade Inválida!"_s, txtQuantidade);
 
-  entregaItem({grade, Moeda(lblTotalUnitarioProduto->text()), txtQuantidade->text(), totalDoItem(),
-               Apara(grade.text(produto, Column::Observacao))});
+  entregaItem({grade, emMoeda(lblTotalUnitarioProduto->text()), txtQuantidade->text(), totalDoItem(),
+               apara(grade.text(produto, Column::Observacao))});
   PreparaGradeMontagem();
   preparaGradesPesquisa();
   unload();
 }
 
 void frmMontarProduto::cmdCancelar_Click() {
-  if (!Pergunta(u"Tem certeza que deseja cancelar a operação? (S/N)"_s, windowTitle())) return;
+  if (!pergunta(u"Tem certeza que deseja cancelar a operação? (S/N)"_s, windowTitle())) return;
   if (FlexSombra.rows() > 1) {
     // The materials go back as they were; quantity, price and observation stay as they stand now.
     const QString unitario = lblTotalUnitarioProduto->text();
-    const int produto = LinhaProduto(FlexSombra);
+    const int produto = linhaProduto(FlexSombra);
     const bool tem = FlexSombra.text(produto, Column::Tipo) == kTipoProduto;
-    entregaItem({FlexSombra, Moeda(unitario), txtQuantidade->text(),
-                 Moeda(LeValor(txtQuantidade->text()) * LeValor(unitario)),
-                 Apara(tem ? txtObservacoes->text() : FlexSombra.text(produto, Column::Observacao))});
+    entregaItem({FlexSombra, emMoeda(unitario), txtQuantidade->text(),
+                 emMoeda(leValor(txtQuantidade->text()) * leValor(unitario)),
+                 apara(tem ? txtObservacoes->text() : FlexSombra.text(produto, Column::Observacao))});
   }
   PreparaGradeMontagem();
   preparaGradesPesquisa();

@@ -6,7 +6,7 @@
 #include "run/context.h"
 #include "run/program_title.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -43,5 +43,5 @@ void frmComposicaoProduto::PreparaGradeComposicao() { Flex->grid().layOut(kLayou
 void frmComposicaoProduto::cmdPesquisa_Click() {
   const forms::WaitPointer espera;
   PreparaGradeComposicao();
-  CarregaKit(Flex->grid(), contexto().CodProdutoComposicao);
+  carregaKit(Flex->grid(), contexto().CodProdutoComposicao);
 }

@@ -8,6 +8,6 @@ frmConfirmaItem::frmConfirmaItem() : Form(QString::fromUtf16(Name)) {
   on(cmdCancelar, forms::Event::Click, [this] { unload(); });
   enterMovesOn({txtQuantidade, txtObservacoes, cmdConfirmar});
   selectOnFocus({txtQuantidade});
-  onKeyPress(txtQuantidade, FiltraTeclaDecimal);
+  onKeyPress(txtQuantidade, filtraTeclaDecimal);
   escClicks(cmdCancelar);
 }

@@ -5,7 +5,7 @@
 
 #include "run/program_title.h"
 #include "shared/column_lengths.h"
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,10 +16,10 @@ using forms::kRight;
 
 /// The first eleven columns of the quote's materials, with the titles and widths that differ here.
 constexpr auto materiais(const char16_t* observacao, int larguraOrdem) {
-  std::array<GridColumn, grids::material::kAssemblyColumns> colunas{};
-  std::copy_n(grids::material::kQuoteLayout.begin(), colunas.size(), colunas.begin());
-  colunas[grids::material::Observacao].title = observacao;
-  colunas[grids::material::Ordem].width = larguraOrdem;
+  std::array<GridColumn, grades::material::kColunasDaMontagem> colunas{};
+  std::copy_n(grades::material::kLayoutDoOrcamento.begin(), colunas.size(), colunas.begin());
+  colunas[grades::material::Observacao].title = observacao;
+  colunas[grades::material::Ordem].width = larguraOrdem;
   return colunas;
 }
 constexpr auto kMontagem = materiais(u"Observações", 500);
@@ -46,7 +46,7 @@ frmMontarProduto::frmMontarProduto() : Form(QString::fromUtf16(Name)) {
   on(cmdPesquisa, forms::Event::Click, &frmMontarProduto::cmdPesquisa_Click);
   on(cmdConfirmar, forms::Event::Click, &frmMontarProduto::cmdConfirmar_Click);
   on(cmdCancelar, forms::Event::Click, &frmMontarProduto::cmdCancelar_Click);
-  LimitaPelaColuna(txtObservacoes, u"obse_prop_cmrc_deta");
+  limitaPelaColuna(txtObservacoes, u"obse_prop_cmrc_deta");
   enterMovesOn({txtCOD, txtQuantidade, txtObservacoes, cmdPesquisa, cmdConfirmar});
   selectOnFocus({txtQuantidade});
   // It empties the assembly: off the way from the articles to the lines.
@@ -71,12 +71,12 @@ void frmMontarProduto::Form_Load() {
   PreparaGradeSombra();
   if (txtQuantidade->text().isEmpty()) txtQuantidade->setText(u"1"_s);
   opDesc->setChecked(true);
-  AplicaTemaPadrao(*this);
+  aplicaTemaPadrao(*this);
   forms::setBackColor(txtCOD, kCorEntrada);
   SSTab1->setCurrentIndex(0);
 }
 
-std::array<forms::FlexGrid*, kMaterialClasses.size()> frmMontarProduto::grades() const {
+std::array<forms::FlexGrid*, kClassesDeMaterial.size()> frmMontarProduto::grades() const {
   return {Flex1, Flex2, Flex3, Flex4, Flex5, Flex6, Flex7};
 }
 
@@ -90,8 +90,8 @@ void frmMontarProduto::preparaGradesPesquisa() {
   for (auto* grade : grades()) PreparaGradePesquisa(grade);
 }
 
-void frmMontarProduto::MarcaLinha(int linha) {
-  using namespace grids::material;
+void frmMontarProduto::marcaLinha(int linha) {
+  using namespace grades::material;
   auto& grade = Flex->grid();
   const bool produto = grade.text(linha, Tipo) == kTipoProduto;
   grade.setRow(linha);

@@ -10,7 +10,7 @@
 
 /// The line that a composite has its identity from: that of class "PRODUTO", the first one where there is
 /// none (finishing.cpp).
-[[nodiscard]] int LinhaProduto(const forms::GridModel& materiais);
+[[nodiscard]] int linhaProduto(const forms::GridModel& materiais);
 
 /// The assembly screen: a composite product of a quote is put together from one finished product and raw
 /// materials of six classes. Flex holds the lines of the product, Flex1 to Flex7 what was found on each tab.
@@ -35,7 +35,7 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
 
   /// Makes a line of Flex the current one and gives it its display marks: the code of the product line stands
   /// on orange, those of the materials on the right.
-  void MarcaLinha(int linha);
+  void marcaLinha(int linha);
 
   /// Adds the lines up into lblTotalUnitarioProduto (line_editing.cpp).
   void RecalculaTotalProduto();
@@ -44,7 +44,7 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   void Form_Load() override;
 
  private:
-  [[nodiscard]] std::array<forms::FlexGrid*, kMaterialClasses.size()> grades() const;
+  [[nodiscard]] std::array<forms::FlexGrid*, kClassesDeMaterial.size()> grades() const;
   void preparaGradesPesquisa();
 
   // Finding and choosing articles (material_tabs.cpp)

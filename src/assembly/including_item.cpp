@@ -5,14 +5,15 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
+#include "shared/theme.h"
 #include "text/trim.h"
 
 // An article becomes a line of the assembly.
 
 using namespace Qt::StringLiterals;
-using grids::material::Column;
+using grades::material::Column;
 
 namespace {
 
@@ -34,7 +35,7 @@ void frmConfirmaItem::Form_Load() {
   txtQuantidade->setText(u"1"_s);
   txtObservacoes->setMaxLength(250);
   forms::setLocked(txtObservacoes, lblTipo->text() == kTipoProduto);
-  AplicaTemaPadrao(*this);
+  aplicaTemaPadrao(*this);
   forms::setBackColor(txtQuantidade, kCorEntrada);
   forms::setBackColor(txtObservacoes, kCorEntrada);
   (forms::form<frmPropCmrcTL>().opPV->isChecked() ? opPV : opShowRoom)->setChecked(true);
@@ -44,7 +45,7 @@ void frmConfirmaItem::cmdConfirmar_Click() {
   const QString quantidade = txtQuantidade->text();
   // The keys let "12%" through, which is no number; an empty box ends in the runtime's own error.
   const bool numero = quantidade.isEmpty() || values::isNumeric(quantidade);
-  if (!numero || values::toNumber(quantidade) == 0) return Aviso(u"Valor inválido!"_s, windowTitle());
+  if (!numero || values::toNumber(quantidade) == 0) return avisa(u"Valor inválido!"_s, windowTitle());
   if (recusaArtigo()) return unload();
   if (opShowRoom->isChecked()) aplicaShowRoom();
   incluiLinha();
@@ -68,7 +69,7 @@ bool frmConfirmaItem::recusaArtigo() {
 }
 
 void frmConfirmaItem::recusa(const QString& motivo, const QString& conselho) {
-  Aviso(u"Item: "_s + lblCod->text() + u"\r"_s + motivo + u"\r"_s + conselho);
+  avisa(u"Item: "_s + lblCod->text() + u"\r"_s + motivo + u"\r"_s + conselho);
 }
 
 void frmConfirmaItem::aplicaShowRoom() {
@@ -77,7 +78,7 @@ void frmConfirmaItem::aplicaShowRoom() {
   double fator = percentual.isEmpty() ? 1 : values::toNumber(percentual);
   if (fator == 0) fator = 1;
   lblValor->setText(values::toText(values::toNumber(lblValor->text()) * fator));
-  lblValor->setText(Moeda(lblValor->text()));
+  lblValor->setText(emMoeda(lblValor->text()));
 }
 
 void frmConfirmaItem::incluiLinha() {
@@ -91,13 +92,13 @@ void frmConfirmaItem::incluiLinha() {
                 {Column::Unidade, lblUnidadeMedida->text()},
                 {Column::QtUnidade, lblQtUnidadeMedida->text()},
                 {Column::ValorUnitario, lblValor->text()},
-                {Column::Total, Moeda(total)},
+                {Column::Total, emMoeda(total)},
                 {Column::Tipo, lblTipo->text()},
-                {Column::Observacao, Apara(txtObservacoes->text())},
+                {Column::Observacao, apara(txtObservacoes->text())},
                 {Column::Ordem, lblOrdem->text()}});
-  montagem.MarcaLinha(grade.rows() - 1);
+  montagem.marcaLinha(grade.rows() - 1);
   grade.sortAscending(Column::Ordem);
 
   auto* soma = montagem.lblTotalUnitarioProduto;
-  soma->setText(Moeda(values::toText(LeValor(soma->text()) + total)));
+  soma->setText(emMoeda(values::toText(leValor(soma->text()) + total)));
 }

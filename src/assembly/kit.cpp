@@ -30,11 +30,11 @@ Asked<forms::GridRow> linhaDoKit(data::Recordset rs) {
 
 }  // namespace
 
-void CarregaKit(forms::GridModel& grade, const QString& codigo) {
+void carregaKit(forms::GridModel& grade, const QString& codigo) {
   if (codigo.isEmpty()) return;
   const QString produto = IdProdutoPorCodigo(codigo);
   const data::Recordset rs =
-      AbreConsulta(u"select * from prod_kit0 where idprod = "_s + produto + u" and data_desa is null"_s);
+      abreConsulta(u"select * from prod_kit0 where idprod = "_s + produto + u" and data_desa is null"_s);
   grade.addRows(data::forEachRow(rs, linhaDoKit).get());
   grade.sortAscending(Codigo);
 }

@@ -1,21 +1,22 @@
 #include "assembly/frmMontarProduto.h"
+#include "platform/forms/boxes.h"
 #include "platform/values/numbers.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
 // Changing and removing lines of the assembly, and their sum.
 
 using namespace Qt::StringLiterals;
-using grids::material::Column;
+using grades::material::Column;
 
 void frmMontarProduto::RecalculaTotalProduto() {
   const auto& grade = Flex->grid();
   lblTotalUnitarioProduto->setText(values::toText(0));
   for (int linha = 1; linha < grade.rows(); ++linha)
     lblTotalUnitarioProduto->setText(
-        values::toText(LeValor(lblTotalUnitarioProduto->text()) + LeValor(grade.text(linha, Column::Total))));
-  lblTotalUnitarioProduto->setText(Moeda(lblTotalUnitarioProduto->text()));
+        values::toText(leValor(lblTotalUnitarioProduto->text()) + leValor(grade.text(linha, Column::Total))));
+  lblTotalUnitarioProduto->setText(emMoeda(lblTotalUnitarioProduto->text()));
 }
 
 void frmMontarProduto::Flex_DblClick() {
@@ -48,29 +49,29 @@ void frmMontarProduto::alteraLinha() {
   const QString valor = grade.text(linha, Column::ValorUnitario);
 
   const QString atual = grade.text(linha, Column::Quantidade);
-  const QString quantidade = Apara(forms::inputBox(
+  const QString quantidade = apara(forms::inputBox(
       {u"Quantidade Atual:"_s + atual + u"\rInformar nova quantidade:"_s, windowTitle(), atual}));
   if (quantidade.isEmpty() || !quantidadeValida(quantidade)) return;
   grade.setText(linha, Column::Quantidade, quantidade);
-  grade.setText(linha, Column::Total, Moeda(values::toNumber(quantidade) * LeValor(valor)));
+  grade.setText(linha, Column::Total, emMoeda(values::toNumber(quantidade) * leValor(valor)));
   RecalculaTotalProduto();
 
   const QString anterior = grade.text(linha, Column::Observacao);
   const QString observacao =
-      Apara(forms::inputBox({u"Observação Atual:\r"_s + anterior + u"\rInformar nova observação:"_s,
+      apara(forms::inputBox({u"Observação Atual:\r"_s + anterior + u"\rInformar nova observação:"_s,
                              windowTitle(), anterior}))
           .left(250);
   // An observation can be changed but not blanked.
-  if (!observacao.isEmpty()) grade.setText(linha, Column::Observacao, Maiusculas(observacao));
+  if (!observacao.isEmpty()) grade.setText(linha, Column::Observacao, maiusculas(observacao));
 }
 
 bool frmMontarProduto::quantidadeValida(const QString& quantidade) {
   if (!values::isNumeric(quantidade) || values::toNumber(quantidade) == 0) {
-    Aviso(u"Valor inválido!"_s, windowTitle());
+    avisa(u"Valor inválido!"_s, windowTitle());
     return false;
   }
   if (quantidade.contains(u'.')) {
-    Aviso(u"Valor inválido!\rUsar vírgula no lugar de ponto!"_s, windowTitle());
+    avisa(u"Valor inválido!\rUsar vírgula no lugar de ponto!"_s, windowTitle());
     return false;
   }
   return true;

@@ -5,12 +5,12 @@
 
 /// The seven classes of material, in the order of the assembly screen's tabs: class text on a line, sort
 /// number.
-struct MaterialClass {
-  const char16_t* text;   ///< TIPO_MATE_PRIMA
-  const char16_t* order;  ///< ORDEM_MATE_PRIMA, "1" to "7"
+struct ClasseDeMaterial {
+  const char16_t* texto;  ///< TIPO_MATE_PRIMA
+  const char16_t* ordem;  ///< ORDEM_MATE_PRIMA, "1" to "7"
 };
 
-inline constexpr std::array<MaterialClass, 7> kMaterialClasses{{
+inline constexpr std::array<ClasseDeMaterial, 7> kClassesDeMaterial{{
     {u"PRODUTO", u"1"},
     {u"CONTEÚDO COMESTÍVEL", u"2"},
     {u"CONTEÚDO NÃO COMESTÍVEL", u"3"},
@@ -21,11 +21,11 @@ inline constexpr std::array<MaterialClass, 7> kMaterialClasses{{
 }};
 
 /// The class of a line that is a product by itself.
-inline constexpr QStringView kTipoProduto(kMaterialClasses.front().text);
+inline constexpr QStringView kTipoProduto(kClassesDeMaterial.front().texto);
 
 /// Sort number of a class text, "8" for any other.
-[[nodiscard]] inline QString OrdemDoTipo(QStringView text) {
-  for (const auto& one : kMaterialClasses)
-    if (text == QStringView(one.text)) return QString::fromUtf16(one.order);
+[[nodiscard]] inline QString ordemDoTipo(QStringView texto) {
+  for (const auto& uma : kClassesDeMaterial)
+    if (texto == QStringView(uma.texto)) return QString::fromUtf16(uma.ordem);
   return QStringLiteral("8");
 }

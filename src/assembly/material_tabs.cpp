@@ -15,7 +15,7 @@ void frmMontarProduto::ligaPesquisa() {
   on(cmdLimpar, Event::Click, &frmMontarProduto::cmdLimpar_Click);
   resultsUnder({txtCOD, cmdPesquisar},
                [this] { return grades()[static_cast<std::size_t>(SSTab1->currentIndex())]; });
-  on(txtCOD, Event::LostFocus, [this] { txtCOD->setText(Maiusculas(txtCOD->text())); });
+  on(txtCOD, Event::LostFocus, [this] { txtCOD->setText(maiusculas(txtCOD->text())); });
   const auto todas = grades();
   for (std::size_t aba = 0; aba < todas.size(); ++aba)
     on(todas[aba], Event::DoubleClick, [this, aba] { escolheMaterial(aba); });
@@ -41,7 +41,7 @@ Asked<forms::GridRow> frmMontarProduto::linhaDoArtigo(data::Recordset rs) {
   linha.set(Descricao, rs.text(u"desc_prod"));
   linha.set(Unidade, unidade);
   linha.set(QtUnidade, rs.text(u"qtde_unid"));
-  linha.set(Valor, Moeda(valor));
+  linha.set(Valor, emMoeda(valor));
   co_return linha;
 }
 
@@ -52,7 +52,7 @@ void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
     sql += u"and PROD_MATE_PRIM = 'P' "_s;
   else
     sql += u"and PROD_MATE_PRIM = 'M' and tipo_mate_prima = '"_s +
-           QString::fromUtf16(kMaterialClasses[aba].text) + u"' "_s;
+           QString::fromUtf16(kClassesDeMaterial[aba].texto) + u"' "_s;
   sql += u"and PROD.data_desa is null "_s;
   sql += (opCodigo->isChecked() ? u"and PROD.codi_prod like '%"_s : u"and PROD.desc_prod like '%"_s) + texto +
          u"%' "_s;
@@ -60,7 +60,7 @@ void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
 
   const forms::WaitPointer espera;
   auto& grade = grades()[aba]->grid();
-  grade.addRows(data::forEachRow(AbreConsulta(sql), linhaDoArtigo).get());
+  grade.addRows(data::forEachRow(abreConsulta(sql), linhaDoArtigo).get());
   grade.chooseSingleRow();
 }
 
@@ -83,12 +83,12 @@ void frmMontarProduto::escolheMaterial(std::size_t aba) {
   };
   // The title row is handed over like any other.
   for (const auto& [coluna, rotulo] : destinos) rotulo->setText(grade.text(grade.row(), coluna));
-  item.lblTipo->setText(QString::fromUtf16(kMaterialClasses[aba].text));
-  item.lblOrdem->setText(QString::fromUtf16(kMaterialClasses[aba].order));
+  item.lblTipo->setText(QString::fromUtf16(kClassesDeMaterial[aba].texto));
+  item.lblOrdem->setText(QString::fromUtf16(kClassesDeMaterial[aba].ordem));
   item.showModal();
 }
 
 void frmMontarProduto::cmdPesquisa_Click() {
   PreparaGradeMontagem();
-  CarregaKit(Flex->grid(), contexto().CodProdutoComposicao);
+  carregaKit(Flex->grid(), contexto().CodProdutoComposicao);
 }

@@ -3,7 +3,7 @@
 #include "closing/frmConfirmaPropCmrcTL.h"
 #include "search/frmBROWSE_CONDPG.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
@@ -13,12 +13,12 @@ void frmConfirmaPropCmrcTL::cmdPesquisa_CondPg_Click() {
     forms::form<frmBROWSE_CONDPG>().showModal();
     return;
   }
-  const auto naoLocalizada = [this] { Aviso(u"Condição de Pagamento não localizado!"_s, txtIdCondPg); };
+  const auto naoLocalizada = [this] { avisa(u"Condição de Pagamento não localizado!"_s, txtIdCondPg); };
   lblPrazos->clear();
-  if (!PodeSerId(txtIdCondPg->text())) return naoLocalizada();
+  if (!podeSerId(txtIdCondPg->text())) return naoLocalizada();
   const forms::WaitPointer espera;
   const data::Recordset rs =
-      AbreConsulta(u"SELECT * FROM cond_pgto WHERE idcond_pgto="_s + txtIdCondPg->text());
+      abreConsulta(u"SELECT * FROM cond_pgto WHERE idcond_pgto="_s + txtIdCondPg->text());
   if (rs.eof()) return naoLocalizada();
   lblParcelas->setText(rs.text(u"qtde_parc"));
   lblPrazos->setText(DiasCondPgto(rs.text(u"idcond_pgto")));

@@ -8,7 +8,7 @@
 #include "quote/sql_text.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -23,7 +23,7 @@ void zeroSeVazio(QLineEdit* caixa) {
 }
 
 QString insertParcela(const forms::GridModel& grade, int linha) {
-  using namespace grids::instalment;
+  using namespace grades::parcela;
   return u"INSERT INTO PROP_CMRC_PARC (idPROP_CMRC, NUME_PARC, QTDE_DIAS, VALO_PARC, DATA_VENC) VALUES "_s +
          u"('"_s + idOrcamento() + u"', "_s +                              //
          u"'"_s + grade.text(linha, Parcela) + u"', "_s +                  //
@@ -46,17 +46,17 @@ void frmConfirmaPropCmrcTL::cmdConfirmar_Click() {
 }
 
 bool frmConfirmaPropCmrcTL::podeConfirmar() {
-  if (Apara(txtIdCondPg->text()).isEmpty()) {
-    Aviso(u"Campo Obrigatório [Condição de Pagamento]"_s, windowTitle());
+  if (apara(txtIdCondPg->text()).isEmpty()) {
+    avisa(u"Campo Obrigatório [Condição de Pagamento]"_s, windowTitle());
     focus(txtIdCondPg);
     return false;
   }
   if (Flex2->grid().rows() <= 1) {
-    Aviso(u"Falta processar a condição de pagamento."_s, txtIdCondPg);
+    avisa(u"Falta processar a condição de pagamento."_s, txtIdCondPg);
     return false;
   }
   if (!values::isDate(mskDataBase->boxText())) {
-    Aviso(u"Informar data base."_s, mskDataBase);
+    avisa(u"Informar data base."_s, mskDataBase);
     return false;
   }
   return true;
@@ -64,7 +64,7 @@ bool frmConfirmaPropCmrcTL::podeConfirmar() {
 
 void frmConfirmaPropCmrcTL::passaDescontoParaOrcamento() {
   auto& orcamento = forms::form<frmPropCmrcTL>();
-  orcamento.lblDesconto->setText(FormataLido(txtDescontoGeral->text(), kMascaraMoeda));
+  orcamento.lblDesconto->setText(formataLido(txtDescontoGeral->text(), kMascaraMoeda));
   orcamento.lblPercDesconto->setText(txtPercDesc->text());
 }
 
@@ -72,16 +72,16 @@ QString frmConfirmaPropCmrcTL::montaUpdateCondicao() {
   zeroSeVazio(txtDescontoGeral);
   zeroSeVazio(txtPercDesc);
   // The one text that is escaped: nothing else stands between an apostrophe and the middle of a closing.
-  const QString observacao = SubstituiTexto(Apara(forms::controlText(txtObservacaoPedido)), u"'"_s, u"''"_s);
+  const QString observacao = SubstituiTexto(apara(forms::controlText(txtObservacaoPedido)), u"'"_s, u"''"_s);
 
-  const QString transportadora = IdTransportadora(Apara(cboTransportadora->text()));
+  const QString transportadora = IdTransportadora(apara(cboTransportadora->text()));
 
   QString sql = u"UPDATE PROP_CMRC SET "_s;
   sql += u"idTRPT='"_s + transportadora + u"', "_s;
   sql += u"IDCOND_PGTO = '"_s + txtIdCondPg->text() + u"' "_s;
   sql += u", DATA_BASE='"_s + values::formatDate(mskDataBase->boxText(), u"yyyymmdd") + u"' "_s;
-  sql += u", VALO_DECT="_s + NumeroSql(txtDescontoGeral->text()) + u" "_s;
-  sql += u", PERC_DECT="_s + NumeroSql(txtPercDesc->text()) + u" "_s;
+  sql += u", VALO_DECT="_s + numeroSql(txtDescontoGeral->text()) + u" "_s;
+  sql += u", PERC_DECT="_s + numeroSql(txtPercDesc->text()) + u" "_s;
   sql += observacao.isEmpty() ? u", OBSE_PEDI_VEDS=null "_s : u", OBSE_PEDI_VEDS='"_s + observacao + u"' "_s;
   return sql + u"WHERE (idPROP_CMRC="_s + idOrcamento() + u")"_s;
 }
@@ -105,7 +105,7 @@ void frmConfirmaPropCmrcTL::gravaParcelas() {
   const forms::GridModel& grade = Flex2->grid();
   std::vector<data::Statement> parcelas;
   for (int linha = 1; linha < grade.rows(); ++linha)
-    parcelas.push_back({Maiusculas(insertParcela(grade, linha))});
+    parcelas.push_back({maiusculas(insertParcela(grade, linha))});
   conexao.batch(parcelas);
   conexao.commit();
 }

@@ -5,8 +5,9 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
+#include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +16,7 @@ void frmConfirmaPropCmrcTL::Form_Load() {
   contexto().TelaChamadora = u"frmPropCmrcTL"_s;
   CentralizaForm(*this);
   LimpaFechamento();
-  AplicaTemaPadrao(*this);
+  aplicaTemaPadrao(*this);
   forms::setBackColor(txtObservacaoPedido, kCorJanela);
   forms::setBackColor(txtDescontoGeral, kCorJanela);
   forms::setBackColor(txtPercDesc, kCorJanela);
@@ -26,26 +27,26 @@ void frmConfirmaPropCmrcTL::Form_Load() {
 }
 
 void frmConfirmaPropCmrcTL::RecalculaLiquido() {
-  lblVrBrutoTOT->setText(Moeda(forms::form<frmPropCmrcTL>().lblTotaAprov->text()));
-  const double bruto = LeNumero(lblVrBrutoTOT->text());
+  lblVrBrutoTOT->setText(emMoeda(forms::form<frmPropCmrcTL>().lblTotaAprov->text()));
+  const double bruto = leNumero(lblVrBrutoTOT->text());
   // A percent in place rules: the money value follows it.
   if (txtPercDesc->text().size() >= 2 && lblVrBrutoTOT->text().size() >= 2)
-    txtDescontoGeral->setText(Moeda(LeNumero(txtPercDesc->text()) * bruto / 100));
-  lblVrLiqTOT->setText(Moeda(bruto - LeNumero(txtDescontoGeral->text())));
+    txtDescontoGeral->setText(emMoeda(leNumero(txtPercDesc->text()) * bruto / 100));
+  lblVrLiqTOT->setText(emMoeda(bruto - leNumero(txtDescontoGeral->text())));
 }
 
 bool frmConfirmaPropCmrcTL::descontoPassaDoBruto() {
-  if (LeNumero(lblVrBrutoTOT->text()) >= LeNumero(txtDescontoGeral->text())) return false;
+  if (leNumero(lblVrBrutoTOT->text()) >= leNumero(txtDescontoGeral->text())) return false;
   // Either box sends the user to the money value, which is the one that is compared.
-  Aviso(u"O desconto nao pode ser maior que o valor bruto!"_s, txtDescontoGeral);
+  avisa(u"O desconto nao pode ser maior que o valor bruto!"_s, txtDescontoGeral);
   return true;
 }
 
 void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
   if (descontoPassaDoBruto()) return;
-  txtDescontoGeral->setText(FormataLido(txtDescontoGeral->text(), kMascaraMoeda));
-  const double desconto = LeNumero(txtDescontoGeral->text());
-  const double bruto = LeNumero(lblVrBrutoTOT->text());
+  txtDescontoGeral->setText(formataLido(txtDescontoGeral->text(), kMascaraMoeda));
+  const double desconto = leNumero(txtDescontoGeral->text());
+  const double bruto = leNumero(lblVrBrutoTOT->text());
   if (desconto > 0 && bruto > 0)
     txtPercDesc->setText(values::format(desconto / bruto * 100, kMascaraPercentual));
   RecalculaLiquido();
@@ -53,10 +54,10 @@ void frmConfirmaPropCmrcTL::txtDescontoGeral_LostFocus() {
 
 void frmConfirmaPropCmrcTL::txtPercDesc_LostFocus() {
   if (descontoPassaDoBruto()) return;
-  txtPercDesc->setText(FormataLido(txtPercDesc->text(), kMascaraPercentual));
-  const double bruto = LeNumero(lblVrBrutoTOT->text());
+  txtPercDesc->setText(formataLido(txtPercDesc->text(), kMascaraPercentual));
+  const double bruto = leNumero(lblVrBrutoTOT->text());
   // With no money value yet, RecalculaLiquido makes it.
-  if (LeNumero(txtDescontoGeral->text()) > 0 && bruto > 0)
-    txtDescontoGeral->setText(Moeda(bruto * LeNumero(txtPercDesc->text()) / 100));
+  if (leNumero(txtDescontoGeral->text()) > 0 && bruto > 0)
+    txtDescontoGeral->setText(emMoeda(bruto * leNumero(txtPercDesc->text()) / 100));
   RecalculaLiquido();
 }

@@ -26,8 +26,8 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) 
   forms::limitText(txtObservacaoPedido, 250);
   forms::limitToDigits(txtIdCondPg, 10);
 
-  onKeyPress(txtDescontoGeral, FiltraTeclaDecimal);
-  onKeyPress(txtPercDesc, FiltraTeclaDecimal);
+  onKeyPress(txtDescontoGeral, filtraTeclaDecimal);
+  onKeyPress(txtPercDesc, filtraTeclaDecimal);
   selectOnFocus({txtDescontoGeral, txtPercDesc, cboTransportadora, txtObservacaoPedido, txtIdCondPg,
                  mskDataBase, txtValorSinal});
   enterMovesOn({txtDescontoGeral, txtPercDesc, cboTransportadora, txtObservacaoPedido, txtIdCondPg,
@@ -57,10 +57,10 @@ void frmConfirmaPropCmrcTL::changeEvent(QEvent* event) {
 }
 
 void frmConfirmaPropCmrcTL::LimpaFechamento() {
-  txtDescontoGeral->setText(Moeda(0.0));
+  txtDescontoGeral->setText(emMoeda(0.0));
   txtPercDesc->setText(values::format(0.0, kMascaraPercentual));
-  lblVrBrutoTOT->setText(Moeda(0.0));
-  lblVrLiqTOT->setText(Moeda(0.0));
+  lblVrBrutoTOT->setText(emMoeda(0.0));
+  lblVrLiqTOT->setText(emMoeda(0.0));
   txtIdCondPg->clear();
   lblParcelas->clear();
   lblPrazos->clear();
@@ -68,10 +68,10 @@ void frmConfirmaPropCmrcTL::LimpaFechamento() {
   PreparaGradeParcelas();
 }
 
-void frmConfirmaPropCmrcTL::PreparaGradeParcelas() { Flex2->grid().layOut(grids::instalment::kLayout); }
+void frmConfirmaPropCmrcTL::PreparaGradeParcelas() { Flex2->grid().layOut(grades::parcela::kLayout); }
 
 void frmConfirmaPropCmrcTL::cboTransportadora_DropDown() {
-  CarregaTransportadoras(*this, Apara(cboTransportadora->text()));
+  CarregaTransportadoras(*this, apara(cboTransportadora->text()));
 }
 
 void frmConfirmaPropCmrcTL::mskDataBase_LostFocus() {

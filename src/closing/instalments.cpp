@@ -5,50 +5,51 @@
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
 #include "quote/grids.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
+#include "shared/theme.h"
 #include "text/fields.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
-using namespace grids::instalment;
+using namespace grades::parcela;
 
 namespace {
 
 constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 
-bool vazio(const QString& texto) { return Apara(texto).isEmpty(); }
+bool vazio(const QString& texto) { return apara(texto).isEmpty(); }
 
 /// Days of the n-th instalment; one that the condition does not give falls on the base date.
 qint32 diasDaParcela(const QString& prazos, int parcela) {
-  return values::toInt32(LeNumero(PegaCampoDelimitado(prazos, parcela, u'/')));
+  return values::toInt32(leNumero(PegaCampoDelimitado(prazos, parcela, u'/')));
 }
 
 }  // namespace
 
 void frmConfirmaPropCmrcTL::cmdConfirmaCondPg_Click() {
   if (!podeProcessar()) return;
-  const double liquido = LeNumero(lblVrLiqTOT->text());
+  const double liquido = leNumero(lblVrLiqTOT->text());
   congelaCondicao(true);
   montaParcelas(liquido);
   acertaResto(liquido);
 }
 
 bool frmConfirmaPropCmrcTL::podeProcessar() {
-  if (LeNumero(lblVrLiqTOT->text()) <= 0) {
-    Aviso(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
+  if (leNumero(lblVrLiqTOT->text()) <= 0) {
+    avisa(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
     return false;
   }
   if (!values::isDate(mskDataBase->boxText())) {
-    Aviso(u"Informe Data Base!"_s, mskDataBase);
+    avisa(u"Informe Data Base!"_s, mskDataBase);
     return false;
   }
   if (vazio(txtIdCondPg->text()) || vazio(lblParcelas->text()) || vazio(lblPrazos->text())) {
-    Aviso(u"Falta Definir Condições de Pagamento!"_s, txtIdCondPg);
+    avisa(u"Falta Definir Condições de Pagamento!"_s, txtIdCondPg);
     return false;
   }
-  if (!PodeSerId(txtIdCondPg->text())) {
-    Aviso(u"Condição de Pagamento não localizado!"_s, txtIdCondPg);
+  if (!podeSerId(txtIdCondPg->text())) {
+    avisa(u"Condição de Pagamento não localizado!"_s, txtIdCondPg);
     return false;
   }
   return true;
@@ -65,9 +66,9 @@ void frmConfirmaPropCmrcTL::congelaCondicao(bool congelada) {
 }
 
 void frmConfirmaPropCmrcTL::montaParcelas(double liquido) {
-  const int parcelas = values::toInt16(LeNumero(lblParcelas->text()));
-  const QString prazos = AparaDireita(lblPrazos->text());
-  const double sinal = LeNumero(txtValorSinal->text());
+  const int parcelas = values::toInt16(leNumero(lblParcelas->text()));
+  const QString prazos = aparaDireita(lblPrazos->text());
+  const double sinal = leNumero(txtValorSinal->text());
   const double saldo = liquido - sinal;
   const QDateTime base = values::toDate(mskDataBase->boxText());
 
@@ -75,7 +76,7 @@ void frmConfirmaPropCmrcTL::montaParcelas(double liquido) {
     const qint32 dias = diasDaParcela(prazos, parcela);
     Flex2->grid().addRow({{Parcela, QString::number(parcela)},
                           {Dias, QString::number(dias)},
-                          {Valor, Moeda(valor)},
+                          {Valor, emMoeda(valor)},
                           {Vencimento, values::formatDate(base.addDays(dias), u"dd/mm/yyyy")}});
   };
 
@@ -98,12 +99,12 @@ void frmConfirmaPropCmrcTL::acertaResto(double liquido) {
   const int ultima = grade.rows() - 1;
   if (ultima < 1) return;
   double soma = 0;
-  for (int linha = 1; linha <= ultima; ++linha) soma += LeNumero(grade.text(linha, Valor));
-  grade.setText(ultima, Valor, Moeda(LeNumero(grade.text(ultima, Valor)) + (liquido - soma)));
+  for (int linha = 1; linha <= ultima; ++linha) soma += leNumero(grade.text(linha, Valor));
+  grade.setText(ultima, Valor, emMoeda(leNumero(grade.text(ultima, Valor)) + (liquido - soma)));
 }
 
 void frmConfirmaPropCmrcTL::cmdDesfazer_Click() {
-  if (!Pergunta(u"Deseja Realmente Desfazer o Calculo de Condições de Pagamento?"_s)) return;
+  if (!pergunta(u"Deseja Realmente Desfazer o Calculo de Condições de Pagamento?"_s)) return;
   PreparaGradeParcelas();
   congelaCondicao(false);
   focus(txtIdCondPg);

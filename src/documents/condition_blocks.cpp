@@ -11,26 +11,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString Linha(const QString& html, const char16_t* alinhamento) {
+QString montaLinha(const QString& html, const char16_t* alinhamento) {
   return u"    <tr><td width=100% align='"_s + QString::fromUtf16(alinhamento) +
          u"' ><font face='Verdana' size='1'>"_s + html + u"</font></td></tr>"_s;
 }
 
-QString Tabela(const QStringList& linhas, const char16_t* alinhamento) {
+QString montaTabela(const QStringList& linhas, const char16_t* alinhamento) {
   QString texto = u"<table border='0' width='400'>"_s;
-  for (const QString& linha : linhas) texto += Linha(linha, alinhamento);
+  for (const QString& linha : linhas) texto += montaLinha(linha, alinhamento);
   return texto + u"</table>"_s;
 }
 
-QString Clausulas() {
+QString montaClausulas() {
   QString texto;
-  for (const char16_t* clausula : company::kClausulas) texto += Linha(QString::fromUtf16(clausula), u"left");
+  for (const char16_t* clausula : company::kClausulas)
+    texto += montaLinha(QString::fromUtf16(clausula), u"left");
   return texto;
 }
 
 }  // namespace
 
-Asked<QString> TextoPagamento(data::Recordset orcamento, QString id) {
+Asked<QString> textoPagamento(data::Recordset orcamento, QString id) {
   QString texto =
       orcamento.isNull(u"txt_cond_pgto") ? kCondPagtoPadrao.toString() : orcamento.text(u"txt_cond_pgto");
   // A closed quote is paid by the condition agreed on.
@@ -41,9 +42,9 @@ Asked<QString> TextoPagamento(data::Recordset orcamento, QString id) {
 
 // One line in the file, but for the line ends of the payment text.
 QString CondicoesOrcaHTML(const QString& id) {
-  if (OrcamentoDoDocumento(id).eof()) return {};
+  if (orcamentoDoDocumento(id).eof()) return {};
   const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,
-                              html::escapado(TextoPagamento(documento().RsImpressao, id).get()),
+                              html::escapado(textoPagamento(documento().rsImpressao, id).get()),
                               u"&nbsp"_s,
                               u"Validade da proposta:"_s + QString::fromUtf16(company::kValidade),
                               u"Dados bancários:"_s + QString::fromUtf16(company::kBanco),
@@ -51,16 +52,17 @@ QString CondicoesOrcaHTML(const QString& id) {
                               QString::fromUtf16(company::kDepartamento)};
   QStringList aprovacao{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s};
   for (const char16_t* linha : company::kAssinatura) aprovacao << QString::fromUtf16(linha);
-  return u"<BR><table border='0' width='800' align='center'>"_s + Linha(u"<b>Observações</b>"_s, u"center") +
-         Clausulas() + u"</table><BR><!-- CondiÃ§Ãµes de pagamento -->"_s +
+  return u"<BR><table border='0' width='800' align='center'>"_s +
+         montaLinha(u"<b>Observações</b>"_s, u"center") + montaClausulas() +
+         u"</table><BR><!-- CondiÃ§Ãµes de pagamento -->"_s +
          u"<table border='0' width='800' align='center'><tr><td width=50% valign='top' >"_s +
-         Tabela(pagamento, u"left") + u"</td><td width=50% valign='top' >"_s + Tabela(aprovacao, u"center") +
-         u"</td></tr></table>"_s;
+         montaTabela(pagamento, u"left") + u"</td><td width=50% valign='top' >"_s +
+         montaTabela(aprovacao, u"center") + u"</td></tr></table>"_s;
 }
 
 QString CondPgtoOrcaHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return grade::abreDetalhes() + grade::linha({grade::dado(u"100%"_s, TextoPagamento(rs, id))}) +
+  return grade::abreDetalhes() + grade::linha({grade::dado(u"100%"_s, textoPagamento(rs, id))}) +
          grade::fecha();
 }

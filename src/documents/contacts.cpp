@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 namespace company {
 
 Contatos contatos() {
-  const QString arquivo = ArquivoConfiguracao(u"casa.ini"_s);
+  const QString arquivo = arquivoConfiguracao(u"casa.ini"_s);
   const QString linha = files::exists(arquivo) ? files::readLines(arquivo).value(0) : QString();
   const auto campo = [&linha](int n, const char16_t* daCasa) {
-    const QString valor = Apara(PegaCampo(linha, n));
+    const QString valor = apara(PegaCampo(linha, n));
     return valor.isEmpty() || valor == u"." ? QString::fromUtf16(daCasa) : valor;
   };
   return {campo(1, kSite), campo(2, kEmail)};

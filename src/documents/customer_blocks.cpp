@@ -11,46 +11,46 @@ using namespace Qt::StringLiterals;
 using grade::rotulada;
 using html::kFim;
 
-data::Recordset OrcamentoDoDocumento(const QString& id) {
-  return AbreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc="_s + id);
+data::Recordset orcamentoDoDocumento(const QString& id) {
+  return abreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc="_s + id);
 }
 
 namespace {
 
-QStringList LinhasComContato(const data::Recordset& rs, const Parte& parte) {
+QStringList linhasComContato(const data::Recordset& rs, const Parte& parte) {
   return {u"Nome: "_s + parte.nome,
           u"Fone: "_s + rs.text(u"fone_CLIE"),
           u"e-mail: "_s + rs.text(u"emai_CLIE"),
           u"Contato: "_s + html::juntos({rs.text(u"NOME_CLIE_CONT"), rs.text(u"fone_CLIE_CONT"),
                                          rs.text(u"emai_CLIE_CONT")}),
           u"Endereço: "_s + parte.endereco,
-          html::juntos({parte.bairro, parte.Localidade()}),
+          html::juntos({parte.bairro, parte.localidade()}),
           u"CNPJ/CPF: "_s + parte.documento};
 }
 
 }  // namespace
 
 QString DadosClienteOrcaHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return QuadroCliente(LinhasComContato(rs, LeParte(rs.text(u"idClie"))));
+  return quadroCliente(linhasComContato(rs, leParte(rs.text(u"idClie"))));
 }
 
 QString DadosClienteOrcaEstilosHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return QuadroClienteEstilos(LinhasComContato(rs, LeParte(rs.text(u"idClie"))));
+  return quadroClienteEstilos(linhasComContato(rs, leParte(rs.text(u"idClie"))));
 }
 
 QString DadosClienteOrcaResumoHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return QuadroCliente(
-      LinhasDaParte(LeParte(rs.text(u"idClie")), rs.text(u"fone_CLIE"), rs.text(u"emai_CLIE")));
+  return quadroCliente(
+      linhasDaParte(leParte(rs.text(u"idClie")), rs.text(u"fone_CLIE"), rs.text(u"emai_CLIE")));
 }
 
 QString DadosClienteOrcaGradeHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
   auto cliente = EnderecoCliente(rs.text(u"idClie"));
   // The number is an order's once the document being viewed is closed.

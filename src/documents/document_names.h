@@ -3,10 +3,10 @@
 #include <QString>
 
 /// An id in at least six digits, "000123".
-[[nodiscard]] QString NumeroDocumento(qint32 id);
+[[nodiscard]] QString numeroDocumento(qint32 id);
 
 /// The day of a date text, "05/03/2024" of "05/03/2024 10:30:00".
-[[nodiscard]] QString DiaDaData(const QString& data);
+[[nodiscard]] QString diaDaData(const QString& data);
 
 /// Name of a document's file: PathDocs, the stem, "_", the id in at least six digits, the ending (".html").
-[[nodiscard]] QString ArquivoDocumento(const QString& tronco, qint32 id, const QString& extensao);
+[[nodiscard]] QString arquivoDocumento(const QString& tronco, qint32 id, const QString& extensao);

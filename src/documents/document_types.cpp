@@ -9,21 +9,21 @@
 
 namespace {
 
-void MontaOrcamento(qint32 id, const QString& caminho) {
+void montaOrcamento(qint32 id, const QString& caminho) {
   const bool daTelaDeOrcamento = contexto().TelaChamadora == u"frmPropCmrcTL";
   (daTelaDeOrcamento ? MontaOrcaGradeHTML : MontaOrcaHTML)(id, caminho);
 }
 
 constexpr std::array<TipoDeDocumento, 4> kTipos{{
     {u"PEDIDO_VENDAS", MontaPedidoHTML, u"pedido_cliente", u"pedido_empresa", u"Pedido - "},
-    {u"ORCA_VENDAS", MontaOrcamento, u"orca_cliente", u"orca_empresa", u"Orçamento - "},
+    {u"ORCA_VENDAS", montaOrcamento, u"orca_cliente", u"orca_empresa", u"Orçamento - "},
     {u"COTA_COMPRA", CotacaoCompraHTML, u"cota_compra", nullptr, u"Cotação de Compras - "},
     {u"ORDEM_COMPRA", OrdemCompraHTML, u"ordem_compra", nullptr, u"Ordem de Compras - "},
 }};
 
 }  // namespace
 
-const TipoDeDocumento* TipoDoDocumento() {
+const TipoDeDocumento* tipoDoDocumento() {
   const auto* const tipo = std::ranges::find_if(
       kTipos, [](const TipoDeDocumento& um) { return documento().TipoDocumento == QStringView(um.tipo); });
   return tipo == kTipos.end() ? nullptr : tipo;

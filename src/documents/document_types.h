@@ -14,4 +14,4 @@ struct TipoDeDocumento {
 };
 
 /// That of the document which documento() names; nullptr for an unknown type.
-[[nodiscard]] const TipoDeDocumento* TipoDoDocumento();
+[[nodiscard]] const TipoDeDocumento* tipoDoDocumento();

@@ -3,12 +3,12 @@
 #include <memory>
 
 namespace {
-std::unique_ptr<DocumentValues>& instance() {
-  static auto values = std::make_unique<DocumentValues>();
-  return values;
+std::unique_ptr<ValoresDoDocumento>& instancia() {
+  static auto valores = std::make_unique<ValoresDoDocumento>();
+  return valores;
 }
 }  // namespace
 
-DocumentValues& documento() { return *instance(); }
+ValoresDoDocumento& documento() { return *instancia(); }
 
-void reiniciaDocumento() { instance() = std::make_unique<DocumentValues>(); }
+void reiniciaDocumento() { instancia() = std::make_unique<ValoresDoDocumento>(); }

@@ -11,7 +11,7 @@
 /// A quote in the model that the parameter MODELO_PROP_CMRC names.
 void MontaOrcaHTML(qint32 id, const QString& caminho);
 /// A quote, or a closed one as an order, in the fixed sequence of the document in daily use. The payment text
-/// comes from documento().RsImpressao, which must be open.
+/// comes from documento().rsImpressao, which must be open.
 void MontaOrcaGradeHTML(qint32 id, const QString& caminho);
 /// The detail that goes with the notice of a closing, in the model of MODELO_PROP_CMRC.
 void MontaDetalheOrcaHTML(qint32 id, const QString& caminho);

@@ -12,7 +12,7 @@
 #include "platform/files/paths.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
 using forms::Event;
@@ -72,10 +72,10 @@ void frmPedHTML::Form_Load() {
   CentralizaForm(*this);
   const forms::WaitPointer espera;
   montaVias();
-  for (web::WebPane* painel : {WebBrowser1, WebBrowser2}) painel->setPictureFolders(PastasDeFiguras());
+  for (web::WebPane* painel : {WebBrowser1, WebBrowser2}) painel->setPictureFolders(pastasDeFiguras());
   // A letter without a row leaves no file.
-  WebBrowser1->navigate(ArqVia1, u"Documento não localizado!"_s);
-  WebBrowser2->navigate(ArqVia2);
+  WebBrowser1->navigate(arqVia1, u"Documento não localizado!"_s);
+  WebBrowser2->navigate(arqVia2);
   Option1->setChecked(true);
   SSTab1->setCurrentIndex(0);
   mostraArquivo();

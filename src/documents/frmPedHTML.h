@@ -13,7 +13,7 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
 
   frmPedHTML();
 
-  QString ArqVia1, ArqVia2;  ///< paths of the copies; empty where there is none
+  QString arqVia1, arqVia2;  ///< paths of the copies; empty where there is none
 
   /// The pane of the tab that is shown, and the path of what it shows.
   [[nodiscard]] web::WebPane& painelAtual() const;

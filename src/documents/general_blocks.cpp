@@ -9,11 +9,11 @@ namespace {
 
 constexpr const char16_t* kComentario = u"Dados Gerais";
 
-html::Quadro Dados(const QStringList& linhas) {
+html::Quadro quadroGeral(const QStringList& linhas) {
   return {kComentario, QString::fromUtf16(kComentario), linhas};
 }
 
-QStringList EventoEServico(const data::Recordset& rs) {
+QStringList linhasDoEvento(const data::Recordset& rs) {
   auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
   auto servico = DescricaoTipoServico(rs.text(u"idtipo_serv"));
   return {u"Tipo Evento: "_s + evento.get(), u"Tipo Serviço: "_s + servico.get(),
@@ -22,7 +22,7 @@ QStringList EventoEServico(const data::Recordset& rs) {
 
 }  // namespace
 
-Asked<QString> CondicaoPagamento(data::Recordset rs) {
+Asked<QString> condicaoPagamento(data::Recordset rs) {
   if (rs.isNull(u"idcond_pgto")) co_return u"Condição de Pagamento: -"_s;
   const QString id = rs.text(u"idcond_pgto");
   auto pedeParcelas = ParcelasCondPgto(id);
@@ -32,25 +32,26 @@ Asked<QString> CondicaoPagamento(data::Recordset rs) {
 }
 
 QString DadosGeraisOrcaHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return html::quadro(Dados({CondicaoPagamento(rs).get(), u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")}));
+  return html::quadro(
+      quadroGeral({condicaoPagamento(rs).get(), u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")}));
 }
 
 QString DadosGeraisOrcaEstilosHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
   auto atendente = UsuarioAtual(rs.text(u"IDRESV_PROP_CMRC"));
-  const QStringList eventoEServico = EventoEServico(rs);
+  const QStringList eventoEServico = linhasDoEvento(rs);
   const QStringList linhas{u"Data/Hora do Evento: "_s + rs.formatDate(u"DATA_even", u"dd/mm/yyyy hh:mm") +
                                u" - Número de Pessoas: "_s + rs.text(u"NUME_PESS") +
                                u" - Validade do Orçamento: "_s + rs.formatDate(u"DATA_vali", u"dd/mm/yyyy"),
                            u"Resp.Atendimento: "_s + atendente.get()};
-  return html::quadroEstilos(Dados(linhas + eventoEServico), u"titulo3"_s, u"dados1b"_s);
+  return html::quadroEstilos(quadroGeral(linhas + eventoEServico), u"titulo3"_s, u"dados1b"_s);
 }
 
 QString DadosGeraisOrcaResumoHTML(const QString& id) {
-  const data::Recordset rs = OrcamentoDoDocumento(id);
+  const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return html::quadro(Dados(EventoEServico(rs)));
+  return html::quadro(quadroGeral(linhasDoEvento(rs)));
 }

@@ -23,11 +23,11 @@ constexpr std::array<forms::GridColumn, 4> kLayout{{{u"", 0}, {u"", 0}, {u"", 0}
 }  // namespace composicao
 
 // An article that is not in the catalogue stands there as free text.
-Asked<QString> LinhaDoKit(data::Recordset kit) {
+Asked<QString> linhaDoKit(data::Recordset kit) {
   QString codigo = u"NPROD"_s;
   QString descricao = kit.text(u"DESC_NPROD");
   QString idunid = kit.text(u"idunid_nprod");
-  if (Valor(kit, u"idprod") != 0) {
+  if (valorOuZero(kit, u"idprod") != 0) {
     const QString idprod = kit.text(u"idprod");
     auto pedeUnidade = UnidadeProduto(idprod);
     auto pedeCodigo = CodigoProduto(idprod);
@@ -44,7 +44,7 @@ Asked<QString> LinhaDoKit(data::Recordset kit) {
   co_return linha.text();
 }
 
-QString Impressa(const QStringList& linhas) {
+QString composicaoImpressa(const QStringList& linhas) {
   forms::GridModel& grid = documento().FlexTemp;
   grid.layOut(composicao::kLayout);
   for (const QString& linha : linhas) grid.addItem(linha);
@@ -67,38 +67,38 @@ QString Impressa(const QStringList& linhas) {
   return texto + u"</table>"_s + kFim;
 }
 
-Asked<QString> Composicao(QString idprot) {
+Asked<QString> montaComposicao(QString idprot) {
   if (!documento().ExibeComposicao) co_return QString();
-  const data::Recordset kit = co_await PedeConsulta(u"select * from prot_kit0 where idprot="_s + idprot);
-  auto pedidas = data::startEachRow(kit, LinhaDoKit);
+  const data::Recordset kit = co_await pedeConsulta(u"select * from prot_kit0 where idprot="_s + idprot);
+  auto pedidas = data::startEachRow(kit, linhaDoKit);
   QStringList linhas;
   for (auto& pedida : pedidas) {
     const QString linha = co_await pedida;
     linhas.append(linha);
   }
-  co_return Impressa(linhas);
+  co_return composicaoImpressa(linhas);
 }
 
-Asked<QString> Observacao(data::Recordset rs) {
-  if (EhProduto(rs)) co_return QString();
+Asked<QString> observacaoDe(data::Recordset rs) {
+  if (ehProduto(rs)) co_return QString();
   co_return co_await ObservacaoPrototipo(rs.text(u"idprodprot"));
 }
 
-QString Foto(const QString& codigo) {
+QString montaFoto(const QString& codigo) {
   if (documento().PublicacaoExterna && !LocalizaImagemPrototipo(codigo))
     return u"<td align='center'><img border='0' src='"_s +
            html::atributo(contexto().PathWeb + u"imagem_branco.jpg"_s) + u"'></td>"_s;
-  return CelulaFoto(codigo);
+  return celulaFoto(codigo);
 }
 
-QString Fotos(const QString& codigo) {
+QString montaFotos(const QString& codigo) {
   QString texto = fixo(u"<td width=270px align=center valign=top>\n<table border='0' align='center'>\n");
   for (const char16_t* sufixo : {u"", u"_2", u"_3", u"_4"})
-    texto += u"<tr>"_s + Foto(Apara(codigo) + QString::fromUtf16(sufixo)) + u"</tr>"_s + kFim;
+    texto += u"<tr>"_s + montaFoto(apara(codigo) + QString::fromUtf16(sufixo)) + u"</tr>"_s + kFim;
   return texto + u"</table>"_s + kFim + u"</td>"_s + kFim;
 }
 
-QString Valores(const data::Recordset& rs, const ItemDoDocumento& item, const QString& observacao) {
+QString montaValores(const data::Recordset& rs, const ItemDoDocumento& item, const QString& observacao) {
   return fixo(
              uR"(<table border='0' width=400 cellspacing=0 cellpadding=2>
 <tr><td><span class='dados1a'>Quantidade: %1</span></td></tr>
@@ -107,14 +107,14 @@ QString Valores(const data::Recordset& rs, const ItemDoDocumento& item, const QS
 <tr><td><span class='dados1a'>Observações: %4</span></td></tr>
 </table>
 )")
-      .arg(rs.format(u"QTDE", item.mascara), Dinheiro(rs, u"VALO_LIQU"), Dinheiro(rs, u"VALO_TOTA"),
+      .arg(rs.format(u"QTDE", item.mascara), dinheiro(rs, u"VALO_LIQU"), dinheiro(rs, u"VALO_TOTA"),
            html::escapado(observacao));
 }
 
-Asked<QString> Caixa(data::Recordset rs, int numero) {
-  auto pedeItem = PorTipo(rs);
-  auto pedeComposicao = Composicao(rs.text(u"idprodprot"));
-  const QString observacao = co_await Observacao(rs);
+Asked<QString> montaCaixa(data::Recordset rs, int numero) {
+  auto pedeItem = itemPorTipo(rs);
+  auto pedeComposicao = montaComposicao(rs.text(u"idprodprot"));
+  const QString observacao = co_await observacaoDe(rs);
   const QString composicao = co_await pedeComposicao;
   const ItemDoDocumento item = co_await pedeItem;
   QString texto = fixo(
@@ -130,9 +130,9 @@ Asked<QString> Caixa(data::Recordset rs, int numero) {
 </td></tr>
 </table>
 )")
-                      .arg(NumeroDoItem(numero), html::escapado(item.descricao), html::escapado(item.codigo));
-  texto += composicao + Valores(rs, item, observacao) + u"</td>"_s + kFim;
-  if (documento().ExibeFotos) texto += Fotos(item.codigo);
+                      .arg(numeroDoItem(numero), html::escapado(item.descricao), html::escapado(item.codigo));
+  texto += composicao + montaValores(rs, item, observacao) + u"</td>"_s + kFim;
+  if (documento().ExibeFotos) texto += montaFotos(item.codigo);
   co_return texto + fixo(u"</tr>\n</table>\n");
 }
 
@@ -140,8 +140,8 @@ Asked<QString> Caixa(data::Recordset rs, int numero) {
 
 QString ItensOrcaEstilosHTML(const QString& id, const QString&, const QString& caminho) {
   int numero = 0;
-  auto caixas = data::startEachRow(ItensDoOrcamento(id),
-                                   [&](const data::Recordset& rs) { return Caixa(rs, ++numero); });
+  auto caixas = data::startEachRow(itensDoOrcamento(id),
+                                   [&](const data::Recordset& rs) { return montaCaixa(rs, ++numero); });
   for (auto& caixa : caixas) html::acrescenta(caminho, caixa.get());
   return {};
 }

@@ -11,12 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Asked<QString> MascaraDaUnidade(Asked<QString> unidade) {
+Asked<QString> mascaraDaUnidade(Asked<QString> unidade) {
   const QString idunid = co_await unidade;
-  co_return co_await MascaraUnidade(idunid);
+  co_return co_await mascaraUnidade(idunid);
 }
 
-Asked<ItemDoDocumento> Junta(Asked<QString> codigo, Asked<QString> descricao, Asked<QString> mascara) {
+Asked<ItemDoDocumento> junta(Asked<QString> codigo, Asked<QString> descricao, Asked<QString> mascara) {
   ItemDoDocumento item;
   item.codigo = co_await codigo;
   item.descricao = co_await descricao;
@@ -26,51 +26,52 @@ Asked<ItemDoDocumento> Junta(Asked<QString> codigo, Asked<QString> descricao, As
 
 }  // namespace
 
-Asked<ItemDoDocumento> DoProduto(QString idprod) {
+Asked<ItemDoDocumento> itemDoProduto(QString idprod) {
   auto codigo = CodigoProduto(idprod);
   auto descricao = DescricaoProduto(idprod);
-  auto mascara = MascaraDaUnidade(UnidadeProduto(idprod));
-  return Junta(std::move(codigo), std::move(descricao), std::move(mascara));
+  auto mascara = mascaraDaUnidade(UnidadeProduto(idprod));
+  return junta(std::move(codigo), std::move(descricao), std::move(mascara));
 }
 
-bool EhProduto(const data::Recordset& rs) { return rs.text(u"prod_prot").toUpper() == u"PROD"; }
+bool ehProduto(const data::Recordset& rs) { return rs.text(u"prod_prot").toUpper() == u"PROD"; }
 
-Asked<ItemDoDocumento> PorTipo(data::Recordset rs) {
+Asked<ItemDoDocumento> itemPorTipo(data::Recordset rs) {
   const QString id = rs.text(u"idprodprot");
-  if (EhProduto(rs)) return DoProduto(id);
+  if (ehProduto(rs)) return itemDoProduto(id);
   auto codigo = ValidaPrototipo(id);
   auto descricao = DescricaoPrototipo(id);
-  return Junta(std::move(codigo), std::move(descricao), MascaraDoItem(rs));
+  return junta(std::move(codigo), std::move(descricao), mascaraDoItem(rs));
 }
 
-Asked<QString> MascaraDoItem(data::Recordset rs) {
+Asked<QString> mascaraDoItem(data::Recordset rs) {
   const QString id = rs.text(u"idprodprot");
-  return MascaraDaUnidade(EhProduto(rs) ? UnidadeProduto(id) : UnidadePrototipo(id));
+  return mascaraDaUnidade(ehProduto(rs) ? UnidadeProduto(id) : UnidadePrototipo(id));
 }
 
-data::Recordset ItensDoOrcamento(const QString& id, const QString& condicao) {
-  return AbreConsulta(u"SELECT * FROM prop_cmrc_deta where idprop_cmrc="_s + id + condicao);
+data::Recordset itensDoOrcamento(const QString& id, const QString& condicao) {
+  return abreConsulta(u"SELECT * FROM prop_cmrc_deta where idprop_cmrc="_s + id + condicao);
 }
 
-double Valor(const data::Recordset& rs, QStringView campo) {
+double valorOuZero(const data::Recordset& rs, QStringView campo) {
   return rs.isNull(campo) ? 0.0 : rs.number(campo);
 }
 
-QString Dinheiro(const data::Recordset& rs, QStringView campo) { return rs.format(campo, kMascaraMoeda); }
+QString dinheiro(const data::Recordset& rs, QStringView campo) { return rs.format(campo, kMascaraMoeda); }
 
 double SomaDescontoPedido(data::Recordset itens) {
   double soma = 0;
-  for (; !itens.eof(); itens.moveNext()) soma += Valor(itens, u"valo_dect") * Valor(itens, u"qtde");
+  for (; !itens.eof(); itens.moveNext())
+    soma += valorOuZero(itens, u"valo_dect") * valorOuZero(itens, u"qtde");
   return soma;
 }
 
-QString NumeroDoItem(int item) { return values::format(item, u"000"); }
+QString numeroDoItem(int item) { return values::format(item, u"000"); }
 
-QString CelulaFoto(const QString& codigo) {
+QString celulaFoto(const QString& codigo) {
   if (!documento().PublicacaoExterna)
     return u"            <td width='25%' align='center'><IMG SRC='"_s +
            html::atributo(LocalizaImagemProduto(codigo)) + u"'></td>"_s;
-  const RunContext& c = contexto();
+  const Contexto& c = contexto();
   return u"            <td width='25%' align='center'><a TARGET='_blank' href='"_s +
          html::atributo(c.PathLink + codigo + c.ExtImagens2) + u"'><img border='0' src='"_s +
          html::atributo(c.PathWeb + codigo + c.ExtImagens) + u"'></a></td>"_s;

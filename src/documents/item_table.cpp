@@ -28,13 +28,13 @@ constexpr std::array<Embarque, 3> kEmbarques{{
     {u"data_stby", u"qtde_stby"},
 }};
 
-QString Celula(const char16_t* largura, const QString& html, const char16_t* alinhamento, bool negrito) {
+QString montaCelula(const char16_t* largura, const QString& html, const char16_t* alinhamento, bool negrito) {
   return u"            <td width='"_s + QString::fromUtf16(largura) + u"' align='"_s +
          QString::fromUtf16(alinhamento) + u"' style='"_s + estilo(8, negrito) + u"'>"_s + html + u"</td>"_s +
          kFim;
 }
 
-QString Linha(const QString& celulas) {
+QString montaLinha(const QString& celulas) {
   return u"        <tr>"_s + kFim + celulas + u"        </tr>"_s + kFim;
 }
 
@@ -44,7 +44,7 @@ struct Coluna {
   const char16_t* alinhamento;
 };
 
-std::vector<Coluna> Colunas(const TabelaDeItens& tabela) {
+std::vector<Coluna> colunasDe(const TabelaDeItens& tabela) {
   std::vector<Coluna> colunas;
   if (tabela.fotos) colunas.push_back({u"Foto", u"25%", u"center"});
   colunas.push_back({u"Codigo", u"15%", u"left"});
@@ -57,14 +57,14 @@ std::vector<Coluna> Colunas(const TabelaDeItens& tabela) {
   return colunas;
 }
 
-QString Titulos(const std::vector<Coluna>& colunas) {
+QString montaTitulos(const std::vector<Coluna>& colunas) {
   QString celulas;
   for (const Coluna& coluna : colunas)
-    celulas += Celula(coluna.largura, QString::fromUtf16(coluna.titulo), coluna.alinhamento, true);
-  return Linha(celulas);
+    celulas += montaCelula(coluna.largura, QString::fromUtf16(coluna.titulo), coluna.alinhamento, true);
+  return montaLinha(celulas);
 }
 
-QString Embarques(const data::Recordset& rs, const QString& mascara) {
+QString montaEmbarques(const data::Recordset& rs, const QString& mascara) {
   QString texto = u"<table border='0' width='100%' style='"_s + estilo(8, false) +
                   u"'><tr><td>Data</td><td align='right'>Qtde</td></tr>"_s;
   for (const Embarque& um : kEmbarques)
@@ -73,7 +73,7 @@ QString Embarques(const data::Recordset& rs, const QString& mascara) {
   return texto + u"</table>"_s;
 }
 
-Asked<QString> Ncm(QString idprod) {
+Asked<QString> ncmDe(QString idprod) {
   const QString classe = co_await ClassFiscalProduto(idprod);
   co_return co_await CodigoComTributacao(classe);
 }
@@ -81,62 +81,62 @@ Asked<QString> Ncm(QString idprod) {
 /// What the rows of one table have in common.
 struct Forma {
   const TabelaDeItens& tabela;
-  const std::vector<Coluna> colunas = Colunas(tabela);
+  const std::vector<Coluna> colunas = colunasDe(tabela);
 };
 
 /// The form outlives its rows.
-Asked<QString> LinhaDoItem(data::Recordset rs, const Forma* forma) {
+Asked<QString> linhaDoItem(data::Recordset rs, const Forma* forma) {
   const auto& [tabela, colunas] = *forma;
   auto pedeItem = tabela.item(rs);
-  const QString ncm = co_await Ncm(rs.text(tabela.campoProduto));
+  const QString ncm = co_await ncmDe(rs.text(tabela.campoProduto));
   const ItemDoDocumento item = co_await pedeItem;
   QStringList textos{
       escapado(item.codigo),      escapado(item.descricao),  escapado(ncm), rs.format(u"QTDE", item.mascara),
-      Dinheiro(rs, u"VALO_LIQU"), Dinheiro(rs, u"VALO_TOTA")};
-  if (tabela.embarques) textos << Embarques(rs, item.mascara);
-  QString celulas = tabela.fotos ? CelulaFoto(item.codigo) + kFim : QString();
+      dinheiro(rs, u"VALO_LIQU"), dinheiro(rs, u"VALO_TOTA")};
+  if (tabela.embarques) textos << montaEmbarques(rs, item.mascara);
+  QString celulas = tabela.fotos ? celulaFoto(item.codigo) + kFim : QString();
   std::size_t coluna = tabela.fotos ? 1 : 0;
   for (const QString& texto : textos) {
-    celulas += Celula(colunas[coluna].largura, texto, colunas[coluna].alinhamento, false);
+    celulas += montaCelula(colunas[coluna].largura, texto, colunas[coluna].alinhamento, false);
     ++coluna;
   }
-  co_return Linha(celulas);
+  co_return montaLinha(celulas);
 }
 
-QString Totais(double total, double descontos) {
+QString montaTotais(double total, double descontos) {
   return u"<table border='0' align='center' width=660>"_s + kFim +
-         Linha(Celula(u"100%",
-                      u"Total Geral: "_s + Moeda(total) + u" - Descontos: "_s + Moeda(descontos) +
-                          u" - Total Liquido: "_s + Moeda(total - descontos),
-                      u"center", true)) +
+         montaLinha(montaCelula(u"100%",
+                                u"Total Geral: "_s + emMoeda(total) + u" - Descontos: "_s +
+                                    emMoeda(descontos) + u" - Total Liquido: "_s + emMoeda(total - descontos),
+                                u"center", true)) +
          u"</table>"_s + kFim;
 }
 
 }  // namespace
 
-QString TabelaComTotais(TabelaDeItens tabela) {
+QString tabelaComTotais(TabelaDeItens tabela) {
   if (tabela.itens.eof()) return {};
   const double descontosDosItens = SomaDescontoPedido(tabela.itens);
   const Forma forma{tabela};
   QString texto = u"<!--Detalhes - Itens-->"_s + kFim + u"<P>"_s + kFim +
-                  u"<table border='1' align='center' width=660>"_s + kFim + Titulos(forma.colunas);
+                  u"<table border='1' align='center' width=660>"_s + kFim + montaTitulos(forma.colunas);
   auto linhas =
-      data::startEachRow(tabela.itens, [&](const data::Recordset& rs) { return LinhaDoItem(rs, &forma); });
+      data::startEachRow(tabela.itens, [&](const data::Recordset& rs) { return linhaDoItem(rs, &forma); });
   double total = 0;
   for (auto& linha : linhas) {
     texto += linha.get();
-    total += Valor(tabela.itens, u"VALO_TOTA");
+    total += valorOuZero(tabela.itens, u"VALO_TOTA");
     tabela.itens.moveNext();
   }
   return texto + u"</table>"_s + kFim +
-         Totais(total, descontosDosItens + LeNumero(DescontoPedido(tabela.numero)));
+         montaTotais(total, descontosDosItens + leNumero(DescontoPedido(tabela.numero)));
 }
 
 namespace {
 
-QString TabelaDoOrcamento(data::Recordset itens, const QString& id, bool embarques) {
-  return TabelaComTotais({.itens = std::move(itens),
-                          .item = PorTipo,
+QString tabelaDoOrcamento(data::Recordset itens, const QString& id, bool embarques) {
+  return tabelaComTotais({.itens = std::move(itens),
+                          .item = itemPorTipo,
                           .campoProduto = u"idprodprot",
                           .fotos = documento().ExibeFotos,
                           .embarques = embarques,
@@ -147,9 +147,9 @@ QString TabelaDoOrcamento(data::Recordset itens, const QString& id, bool embarqu
 
 // Photos follow the flag of the run, whatever the caller asks for.
 QString ItensOrcaHTML(const QString& id, const QString&) {
-  return TabelaDoOrcamento(ItensDoOrcamento(u'\'' + id + u'\''), id, false);
+  return tabelaDoOrcamento(itensDoOrcamento(u'\'' + id + u'\''), id, false);
 }
 
 QString ItensOrcaFotoHTML(const QString& id, const QString&) {
-  return TabelaDoOrcamento(ItensDoOrcamento(id), id, true);
+  return tabelaDoOrcamento(itensDoOrcamento(id), id, true);
 }

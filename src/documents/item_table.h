@@ -16,4 +16,4 @@ struct TabelaDeItens {
   QString numero;          ///< asked for the discount of the document as a whole
 };
 /// The table and the line of totals under it; empty without items.
-[[nodiscard]] QString TabelaComTotais(TabelaDeItens tabela);
+[[nodiscard]] QString tabelaComTotais(TabelaDeItens tabela);

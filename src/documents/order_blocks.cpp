@@ -10,24 +10,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-data::Recordset Pedido(const QString& numero) {
-  return AbreConsulta(u"SELECT * FROM pedi_veds where nume_pedi='"_s + numero + u'\'');
+data::Recordset abrePedido(const QString& numero) {
+  return abreConsulta(u"SELECT * FROM pedi_veds where nume_pedi='"_s + numero + u'\'');
 }
 
-QStringList LinhasDoCliente(const QString& numero) {
+QStringList linhasDoCliente(const QString& numero) {
   const QString cliente = ClienteDoPedido(IdPedidoPorNumero(numero));
   if (cliente.isEmpty()) return {};
   auto fones = FonesCliente(cliente);
   auto email = EmailCliente(cliente);
-  return LinhasDaParte(LeParte(cliente), fones, email);
+  return linhasDaParte(leParte(cliente), fones, email);
 }
 
-QStringList LinhasGerais(const QString& numero) {
-  const data::Recordset rs = Pedido(numero);
+QStringList linhasGerais(const QString& numero) {
+  const data::Recordset rs = abrePedido(numero);
   if (rs.eof()) return {};
   auto transportadora = NomeTransportadora(rs.text(u"idtrpt"));
   auto fone = FoneTransportadora(rs.text(u"idtrpt"));
-  auto condicao = CondicaoPagamento(rs);
+  auto condicao = condicaoPagamento(rs);
   auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
   auto servico = DescricaoTipoServico(rs.text(u"idtipo_serv"));
   return {u"Transportadora: "_s + transportadora.get() + u" - Fone: "_s + fone.get(),
@@ -40,28 +40,28 @@ QStringList LinhasGerais(const QString& numero) {
 
 constexpr const char16_t* kGerais = u"Dados Gerais";
 
-html::Quadro Gerais(const QStringList& linhas) { return {kGerais, QString::fromUtf16(kGerais), linhas}; }
+html::Quadro quadroGeral(const QStringList& linhas) { return {kGerais, QString::fromUtf16(kGerais), linhas}; }
 
 }  // namespace
 
 QString DadosClientePedidoHTML(const QString& numero) {
-  const QStringList linhas = LinhasDoCliente(numero);
-  return linhas.isEmpty() ? QString() : QuadroCliente(linhas);
+  const QStringList linhas = linhasDoCliente(numero);
+  return linhas.isEmpty() ? QString() : quadroCliente(linhas);
 }
 
 QString DadosClientePedidoEstilosHTML(const QString& numero) {
-  const QStringList linhas = LinhasDoCliente(numero);
-  return linhas.isEmpty() ? QString() : QuadroClienteEstilos(linhas);
+  const QStringList linhas = linhasDoCliente(numero);
+  return linhas.isEmpty() ? QString() : quadroClienteEstilos(linhas);
 }
 
 QString DadosGeraisPedidoHTML(const QString& numero) {
   // The general data of an order are the same in all models.
   [[maybe_unused]] const QString modelo = ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s);
-  const QStringList linhas = LinhasGerais(numero);
-  return linhas.isEmpty() ? QString() : html::quadro(Gerais(linhas));
+  const QStringList linhas = linhasGerais(numero);
+  return linhas.isEmpty() ? QString() : html::quadro(quadroGeral(linhas));
 }
 
 QString DadosGeraisPedidoEstilosHTML(const QString& numero) {
-  const QStringList linhas = LinhasGerais(numero);
-  return linhas.isEmpty() ? QString() : html::quadroEstilos(Gerais(linhas), u"titulo3"_s, u"dados1b"_s);
+  const QStringList linhas = linhasGerais(numero);
+  return linhas.isEmpty() ? QString() : html::quadroEstilos(quadroGeral(linhas), u"titulo3"_s, u"dados1b"_s);
 }

@@ -4,8 +4,8 @@
 
 #include "documents/document_names.h"
 #include "documents/documents.h"
+#include "documents/frame_blocks.h"
 #include "documents/html_text.h"
-#include "documents/kit.h"
 #include "documents/order_blocks.h"
 #include "shared/lookups.h"
 
@@ -56,7 +56,7 @@ constexpr std::array<Bloco, 3> kAssinatura{
     kNaoEscrito,
 };
 
-Modelo ModeloDe(const QString& parametro) {
+Modelo modeloDe(const QString& parametro) {
   if (parametro.isEmpty() || parametro == u"1") return Caixas;
   return parametro == u"2" ? Importados : Outro;
 }
@@ -65,10 +65,10 @@ Modelo ModeloDe(const QString& parametro) {
 
 void MontaPedidoHTML(qint32 id, const QString& caminho) {
   const Aspecto aspecto = ParametroEmpresa(u"MODELO_PEDI_VEDS"_s) == u"2" ? Estilos : EmLinha;
-  const Modelo modelo = ModeloDe(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s));
+  const Modelo modelo = modeloDe(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s));
   const QString numero = QString::number(id);
-  const QString titulo = u"Pedido de Venda - "_s + NumeroDocumento(id);
-  const Dados dados{numero, titulo, titulo + u" - "_s + DiaDaData(DataPedido(numero))};
+  const QString titulo = u"Pedido de Venda - "_s + numeroDocumento(id);
+  const Dados dados{numero, titulo, titulo + u" - "_s + diaDaData(DataPedido(numero))};
 
   html::Iniciado arquivo(caminho);
   const auto escreve = [&](Bloco bloco) {

@@ -12,8 +12,8 @@ using html::kFim;
 
 namespace {
 
-data::Recordset Itens(const QString& numero) {
-  return AbreConsulta(u"SELECT * FROM pedi_veds_deta where idpedi_veds='"_s + IdPedidoPorNumero(numero) +
+data::Recordset itensDoPedido(const QString& numero) {
+  return abreConsulta(u"SELECT * FROM pedi_veds_deta where idpedi_veds='"_s + IdPedidoPorNumero(numero) +
                       u'\'');
 }
 
@@ -24,49 +24,50 @@ struct Aspecto {
   QString (*dado)(const QString&);
 };
 
-QString EmLinha(int pontos, bool negrito, const QString& texto) {
+QString emLinha(int pontos, bool negrito, const QString& texto) {
   return u"<span style='"_s + html::estilo(pontos, negrito) + u"'>"_s + html::escapado(texto) + u"</span>"_s;
 }
-QString DeClasse(const QString& classe, const QString& texto) {
+QString deClasse(const QString& classe, const QString& texto) {
   return u"<span class='"_s + classe + u"'>"_s + html::escapado(texto) + u"</span>"_s;
 }
 
-QString TituloEmLinha(const QString& texto) {
+QString tituloEmLinha(const QString& texto) {
   return u"        <td style='"_s + html::estilo(12, true) + u"' align='center'>"_s + kFim + u"        "_s +
          texto;
 }
-QString TituloDeClasse(const QString& texto) {
-  return u"        <td align='center'>"_s + kFim + u"        "_s + DeClasse(u"titulo2"_s, texto);
+QString tituloDeClasse(const QString& texto) {
+  return u"        <td align='center'>"_s + kFim + u"        "_s + deClasse(u"titulo2"_s, texto);
 }
 
-constexpr Aspecto kEmLinha{TituloEmLinha, [](const QString& t) { return EmLinha(8, true, t); },
-                           [](const QString& t) { return EmLinha(8, false, t); }};
-constexpr Aspecto kDeClasse{TituloDeClasse, [](const QString& t) { return DeClasse(u"dados2"_s, t); },
-                            [](const QString& t) { return DeClasse(u"dados1a"_s, t); }};
+constexpr Aspecto kEmLinha{tituloEmLinha, [](const QString& t) { return emLinha(8, true, t); },
+                           [](const QString& t) { return emLinha(8, false, t); }};
+constexpr Aspecto kDeClasse{tituloDeClasse, [](const QString& t) { return deClasse(u"dados2"_s, t); },
+                            [](const QString& t) { return deClasse(u"dados1a"_s, t); }};
 
-QString Celula(const QString& largura, const QString& alinhamento, const QString& texto) {
+QString montaCelula(const QString& largura, const QString& alinhamento, const QString& texto) {
   return u"            <td width='"_s + largura + u"' align='"_s + alinhamento + u"'>"_s + texto +
          u"</td>"_s + kFim;
 }
 
-QString Linha(const QString& celulas) {
+QString montaLinha(const QString& celulas) {
   return u"        <tr>"_s + kFim + celulas + u"        </tr>"_s + kFim;
 }
 
 // Without a photo the description takes its width.
-Asked<QString> Caixa(data::Recordset rs, int numero, bool fotos, Aspecto aspecto) {
-  const ItemDoDocumento item = co_await DoProduto(rs.text(u"idprod"));
+Asked<QString> montaCaixa(data::Recordset rs, int numero, bool fotos, Aspecto aspecto) {
+  const ItemDoDocumento item = co_await itemDoProduto(rs.text(u"idprod"));
   const QString larguraDescricao = fotos ? u"45%"_s : u"70%"_s;
-  const QString titulos = (fotos ? Celula(u"25%"_s, u"center"_s, aspecto.rotulo(u"Foto"_s)) : QString()) +
-                          Celula(u"15%"_s, u"left"_s, aspecto.rotulo(u"Codigo"_s)) +
-                          Celula(larguraDescricao, u"left"_s, aspecto.rotulo(u"Descrição"_s)) +
-                          Celula(u"15%"_s, u"right"_s, aspecto.rotulo(u"Quant."_s));
-  const QString dados = (fotos ? CelulaFoto(item.codigo) + kFim : QString()) +
-                        Celula(u"15%"_s, u"left"_s, aspecto.dado(item.codigo)) +
-                        Celula(larguraDescricao, u"left"_s, aspecto.dado(item.descricao)) +
-                        Celula(u"15%"_s, u"right"_s, aspecto.dado(rs.format(u"QTDE", item.mascara)));
+  const QString titulos =
+      (fotos ? montaCelula(u"25%"_s, u"center"_s, aspecto.rotulo(u"Foto"_s)) : QString()) +
+      montaCelula(u"15%"_s, u"left"_s, aspecto.rotulo(u"Codigo"_s)) +
+      montaCelula(larguraDescricao, u"left"_s, aspecto.rotulo(u"Descrição"_s)) +
+      montaCelula(u"15%"_s, u"right"_s, aspecto.rotulo(u"Quant."_s));
+  const QString dados = (fotos ? celulaFoto(item.codigo) + kFim : QString()) +
+                        montaCelula(u"15%"_s, u"left"_s, aspecto.dado(item.codigo)) +
+                        montaCelula(larguraDescricao, u"left"_s, aspecto.dado(item.descricao)) +
+                        montaCelula(u"15%"_s, u"right"_s, aspecto.dado(rs.format(u"QTDE", item.mascara)));
   const QString valores =
-      u"Valor Unitário: R$ "_s + Dinheiro(rs, u"VALO_LIQU") + u" - Total: R$ "_s + Dinheiro(rs, u"VALO_TOTA");
+      u"Valor Unitário: R$ "_s + dinheiro(rs, u"VALO_LIQU") + u" - Total: R$ "_s + dinheiro(rs, u"VALO_TOTA");
   co_return fixo(
       uR"(<!--Detalhes - Itens 1-->
 <P>
@@ -81,14 +82,15 @@ Asked<QString> Caixa(data::Recordset rs, int numero, bool fotos, Aspecto aspecto
     </tr>
 </table>
 )")
-      .arg(aspecto.titulo(u"Produto - "_s + NumeroDoItem(numero)), Linha(titulos) + Linha(dados),
-           Linha(Celula(u"100%"_s, u"center"_s, aspecto.rotulo(valores))));
+      .arg(aspecto.titulo(u"Produto - "_s + numeroDoItem(numero)), montaLinha(titulos) + montaLinha(dados),
+           montaLinha(montaCelula(u"100%"_s, u"center"_s, aspecto.rotulo(valores))));
 }
 
-QString Caixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
+QString montaCaixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
   int item = 0;
-  auto caixas = data::startEachRow(
-      Itens(numero), [&](const data::Recordset& rs) { return Caixa(rs, ++item, fotos, aspecto); });
+  auto caixas = data::startEachRow(itensDoPedido(numero), [&](const data::Recordset& rs) {
+    return montaCaixa(rs, ++item, fotos, aspecto);
+  });
   QString texto;
   for (auto& caixa : caixas) texto += caixa.get();
   return texto;
@@ -97,16 +99,16 @@ QString Caixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
 }  // namespace
 
 QString ItensPedidoHTML(const QString& numero, const QString&) {
-  return Caixas(numero, documento().ExibeFotos, kEmLinha);
+  return montaCaixas(numero, documento().ExibeFotos, kEmLinha);
 }
 
 QString ItensPedidoEstilosHTML(const QString& numero, const QString&) {
-  return Caixas(numero, documento().ExibeFotos, kDeClasse);
+  return montaCaixas(numero, documento().ExibeFotos, kDeClasse);
 }
 
 QString ItensPedidoFotoHTML(const QString& numero, const QString&) {
-  return TabelaComTotais({.itens = Itens(numero),
-                          .item = [](const data::Recordset& rs) { return DoProduto(rs.text(u"idprod")); },
+  return tabelaComTotais({.itens = itensDoPedido(numero),
+                          .item = [](const data::Recordset& rs) { return itemDoProduto(rs.text(u"idprod")); },
                           .campoProduto = u"idprod",
                           .fotos = documento().ExibeFotos,
                           .embarques = true,

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char16_t* kComentario = u"Dados do Cliente";
 
-html::Quadro Cliente(const QStringList& linhas) {
+html::Quadro quadroDe(const QStringList& linhas) {
   return {.comentario = kComentario,
           .titulo = QString::fromUtf16(kComentario),
           .linhas = linhas,
@@ -19,9 +19,9 @@ html::Quadro Cliente(const QStringList& linhas) {
 
 }  // namespace
 
-QString Parte::Localidade() const { return html::juntos({cidade, uf, cep}); }
+QString Parte::localidade() const { return html::juntos({cidade, uf, cep}); }
 
-Parte LeParte(const QString& idclie) {
+Parte leParte(const QString& idclie) {
   const QString texto = EnderecoCliente(idclie);
   Parte parte;
   int campo = 0;
@@ -31,15 +31,15 @@ Parte LeParte(const QString& idclie) {
   return parte;
 }
 
-QStringList LinhasDaParte(const Parte& parte, const QString& fone, const QString& email) {
+QStringList linhasDaParte(const Parte& parte, const QString& fone, const QString& email) {
   return {
       u"Nome: "_s + parte.nome, u"Fone: "_s + fone, u"e-mail: "_s + email,
-      u"Endereço: "_s + html::juntos({parte.endereco + u" - Bairro: "_s + parte.bairro, parte.Localidade()}),
+      u"Endereço: "_s + html::juntos({parte.endereco + u" - Bairro: "_s + parte.bairro, parte.localidade()}),
       u"CNPJ/CPF: "_s + parte.documento + u" - I.E./RG: "_s + parte.inscricao};
 }
 
-QString QuadroCliente(const QStringList& linhas) { return html::quadro(Cliente(linhas)); }
+QString quadroCliente(const QStringList& linhas) { return html::quadro(quadroDe(linhas)); }
 
-QString QuadroClienteEstilos(const QStringList& linhas) {
-  return html::quadroEstilos(Cliente(linhas), u"titulo3"_s, u"dados1b"_s);
+QString quadroClienteEstilos(const QStringList& linhas) {
+  return html::quadroEstilos(quadroDe(linhas), u"titulo3"_s, u"dados1b"_s);
 }

@@ -8,13 +8,13 @@
 struct Parte {
   QString nome, endereco, cidade, uf, cep, inscricao, documento, bairro;
   /// "São Paulo - SP - 01000-000", without what is empty.
-  [[nodiscard]] QString Localidade() const;
+  [[nodiscard]] QString localidade() const;
 };
 /// Name and address of a customer.
-[[nodiscard]] Parte LeParte(const QString& idclie);
+[[nodiscard]] Parte leParte(const QString& idclie);
 
 /// Plain text: name, phone, e-mail, address with district, documents.
-[[nodiscard]] QStringList LinhasDaParte(const Parte& parte, const QString& fone, const QString& email);
+[[nodiscard]] QStringList linhasDaParte(const Parte& parte, const QString& fone, const QString& email);
 
-[[nodiscard]] QString QuadroCliente(const QStringList& linhas);
-[[nodiscard]] QString QuadroClienteEstilos(const QStringList& linhas);
+[[nodiscard]] QString quadroCliente(const QStringList& linhas);
+[[nodiscard]] QString quadroClienteEstilos(const QStringList& linhas);

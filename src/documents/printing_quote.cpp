@@ -6,7 +6,8 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
+#include "shared/theme.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -17,17 +18,17 @@ void frmImprimePropCmrcTL::Form_Load() {
   CentralizaForm(*this);
   if (contexto().TelaChamadora != frmPropCmrcTL::Name) return;
   const QString codigo = forms::form<frmPropCmrcTL>().txtCodigo->text();
-  if (!Apara(codigo).isEmpty()) txtPedido->setText(codigo);
+  if (!apara(codigo).isEmpty()) txtPedido->setText(codigo);
   opInterno->setChecked(true);
 }
 
 void frmImprimePropCmrcTL::cmdImprimirPedido_Click() {
-  if (txtPedido->text().isEmpty()) return Aviso(u"Informe o Nr. do Documento!"_s, txtPedido);
-  DocumentValues& valores = documento();
-  data::Recordset& rs = valores.RsImpressao;
-  rs = AbreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + Apara(txtPedido->text()) + u'\'');
+  if (txtPedido->text().isEmpty()) return avisa(u"Informe o Nr. do Documento!"_s, txtPedido);
+  ValoresDoDocumento& valores = documento();
+  data::Recordset& rs = valores.rsImpressao;
+  rs = abreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + apara(txtPedido->text()) + u'\'');
   if (rs.eof()) {
-    Aviso(u"Documento não localizado!"_s, txtPedido);
+    avisa(u"Documento não localizado!"_s, txtPedido);
     rs.close();
     return;
   }

@@ -5,13 +5,13 @@
 #include "documents/document_names.h"
 #include "documents/document_values.h"
 #include "documents/documents.h"
+#include "documents/frame_blocks.h"
 #include "documents/grid_table.h"
 #include "documents/html_text.h"
 #include "documents/item_fields.h"
-#include "documents/kit.h"
 #include "platform/values/runtime_error.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
@@ -25,16 +25,16 @@ namespace {
 constexpr const char16_t* kDireita = u"right";
 
 /// Reads a result; a failing statement is shown to the user and gives nothing.
-std::optional<data::Recordset> Consulta(const QString& sql) {
+std::optional<data::Recordset> consultaOuAvisa(const QString& sql) {
   try {
-    return AbreConsulta(sql);
+    return abreConsulta(sql);
   } catch (const values::RuntimeError&) {
-    Falha(u"Problemas no Sistema. Avise o suporte técnico"_s);
+    avisaFalha(u"Problemas no Sistema. Avise o suporte técnico"_s);
     return {};
   }
 }
 
-QString Paragrafos(const QStringList& linhas) {
+QString montaParagrafos(const QStringList& linhas) {
   QString texto = fixo(u"<table border='0' width='800' align='center'>\n");
   for (const QString& linha : linhas)
     texto += u"    <tr><td><font face='Verdana' size='2'>"_s + html::escapado(linha) +
@@ -42,18 +42,18 @@ QString Paragrafos(const QStringList& linhas) {
   return texto + fixo(u"</table>\n<br>\n");
 }
 
-QString Despedida(QStringList antes) {
+QString montaDespedida(QStringList antes) {
   return u"<br>"_s + kFim +
-         Paragrafos(antes << u"Atenciosamente,"_s << QString::fromUtf16(company::kMarca)
-                          << u"Departamento de Compras"_s);
+         montaParagrafos(antes << u"Atenciosamente,"_s << QString::fromUtf16(company::kMarca)
+                               << u"Departamento de Compras"_s);
 }
 
-Asked<QString> Descricao(data::Recordset rs) {
-  if (Valor(rs, u"idprod") > 0) co_return co_await DescricaoProduto(rs.text(u"idprod"));
+Asked<QString> descricaoDe(data::Recordset rs) {
+  if (valorOuZero(rs, u"idprod") > 0) co_return co_await DescricaoProduto(rs.text(u"idprod"));
   co_return rs.text(u"DESC_NPROD");
 }
 
-void Grava(const QString& caminho, const QString& tituloDaPagina, const QString& corpo) {
+void grava(const QString& caminho, const QString& tituloDaPagina, const QString& corpo) {
   html::Iniciado arquivo(caminho);
   html::acrescenta(arquivo.parte(),
                    AbreDocumentoHTML(tituloDaPagina) + CabecalhoFixoHTML() + corpo + FechaDocumentoHTML());
@@ -65,8 +65,8 @@ struct Fornecedor {
   QString nome, contato;
 };
 
-Fornecedor FornecedorDaLetra(const data::Recordset& rs) {
-  const QString letra = documento().LetraFornecedor;
+Fornecedor fornecedorDaLetra(const data::Recordset& rs) {
+  const QString letra = documento().letraFornecedor;
   if (letra.size() != 1 || !u"ABCDE"_s.contains(letra)) return {};
   const QString id = u"IDFORN_"_s + letra;
   return {rs.isNull(id) ? QString() : NomeFornecedor(rs.text(id)), rs.text(u"CONT_FORN_"_s + letra)};
@@ -76,50 +76,52 @@ Fornecedor FornecedorDaLetra(const data::Recordset& rs) {
 
 void CotacaoCompraHTML(qint32 id, const QString& caminho) {
   const QString chave = QString::number(id);
-  const auto rs = Consulta(u"SELECT * From cota_comp Where idcota_comp = '"_s + chave + u'\'');
+  const auto rs = consultaOuAvisa(u"SELECT * From cota_comp Where idcota_comp = '"_s + chave + u'\'');
   if (!rs || rs->eof()) return;
-  const Fornecedor fornecedor = FornecedorDaLetra(*rs);
-  auto itens = Consulta(u"SELECT * From cota_comp_deta Where idcota_comp = '"_s + chave + u'\'');
+  const Fornecedor fornecedor = fornecedorDaLetra(*rs);
+  auto itens = consultaOuAvisa(u"SELECT * From cota_comp_deta Where idcota_comp = '"_s + chave + u'\'');
   if (!itens) return;
 
   QString corpo =
-      Paragrafos(
+      montaParagrafos(
           {u"À"_s + fornecedor.nome, fornecedor.contato, u"Prezados,"_s,
            u"Favor encaminhar seu orçamento e melhores condições de fornecimento para os itens abaixo:"_s,
            u"Data limite para resposta: "_s + rs->formatDate(u"DATA_LIMI_COTA_COMP", u"dd/mm/yyyy")}) +
       grade::abre() +
       grade::linha({titulo(u"70%"_s, u"Descrição"_s), titulo(u"30%"_s, u"Quantidade"_s, kDireita)});
-  for (auto& descricao : data::startEachRow(*itens, Descricao)) {
+  for (auto& descricao : data::startEachRow(*itens, descricaoDe)) {
     corpo += grade::linha({dado(u"70%"_s, descricao.get()), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
     itens->moveNext();
   }
-  Grava(caminho, u"Cotação de Compras - "_s + NumeroDocumento(id), corpo + grade::fecha() + Despedida({}));
+  grava(caminho, u"Cotação de Compras - "_s + numeroDocumento(id),
+        corpo + grade::fecha() + montaDespedida({}));
 }
 
 void OrdemCompraHTML(qint32 id, const QString& caminho) {
   const QString chave = QString::number(id);
-  const auto rs = Consulta(u"SELECT * From pedi_comp Where idpedi_comp = '"_s + chave + u'\'');
+  const auto rs = consultaOuAvisa(u"SELECT * From pedi_comp Where idpedi_comp = '"_s + chave + u'\'');
   if (!rs || rs->eof()) return;
   const QString fornecedor = rs->isNull(u"idforn") ? QString() : NomeFornecedor(rs->text(u"idforn"));
-  auto itens = Consulta(u"SELECT * From pedi_comp_deta Where idpedi_comp = "_s + chave);
+  auto itens = consultaOuAvisa(u"SELECT * From pedi_comp_deta Where idpedi_comp = "_s + chave);
   if (!itens) return;
 
   QString corpo =
-      Paragrafos({u"À"_s + fornecedor, u"Ordem de Compra: "_s + rs->text(u"idpedi_comp"), u"Prezados,"_s,
-                  u"Seu orçamento foi aprovado. Confirmamos a compra dos itens abaixo:"_s}) +
+      montaParagrafos({u"À"_s + fornecedor, u"Ordem de Compra: "_s + rs->text(u"idpedi_comp"), u"Prezados,"_s,
+                       u"Seu orçamento foi aprovado. Confirmamos a compra dos itens abaixo:"_s}) +
       grade::abre() +
       grade::linha({titulo(u"55%"_s, u"Descrição"_s), titulo(u"15%"_s, u"Quantidade"_s, kDireita),
                     titulo(u"15%"_s, u"Valor Unit."_s, kDireita),
                     titulo(u"15%"_s, u"Valor Total"_s, kDireita)});
-  for (auto& descricao : data::startEachRow(*itens, Descricao)) {
-    corpo +=
-        grade::linha({dado(u"55%"_s, descricao.get()), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
-                      dado(u"15%"_s, Dinheiro(*itens, u"VALO_LIQU"), kDireita),
-                      dado(u"15%"_s, Moeda(Valor(*itens, u"QTDE") * Valor(*itens, u"VALO_LIQU")), kDireita)});
+  for (auto& descricao : data::startEachRow(*itens, descricaoDe)) {
+    corpo += grade::linha(
+        {dado(u"55%"_s, descricao.get()), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
+         dado(u"15%"_s, dinheiro(*itens, u"VALO_LIQU"), kDireita),
+         dado(u"15%"_s, emMoeda(valorOuZero(*itens, u"QTDE") * valorOuZero(*itens, u"VALO_LIQU")),
+              kDireita)});
     itens->moveNext();
   }
-  Grava(caminho, u"Ordem de Compras - "_s + NumeroDocumento(id),
+  grava(caminho, u"Ordem de Compras - "_s + numeroDocumento(id),
         corpo + grade::fecha() +
-            Despedida({u"Favor informar o número desta Ordem de Compra em sua NF."_s,
-                       u"Data de Entrega: "_s + rs->formatDate(u"data_prev_entg", u"dd/mm/yyyy")}));
+            montaDespedida({u"Favor informar o número desta Ordem de Compra em sua NF."_s,
+                            u"Data de Entrega: "_s + rs->formatDate(u"data_prev_entg", u"dd/mm/yyyy")}));
 }

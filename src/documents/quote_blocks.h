@@ -31,14 +31,14 @@
 Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString idProdProt, QString fotos);
 
 // Conditions (condition_blocks.cpp)
-/// Clauses, payment, place for the approval. Reads the payment text from documento().RsImpressao.
+/// Clauses, payment, place for the approval. Reads the payment text from documento().rsImpressao.
 [[nodiscard]] QString CondicoesOrcaHTML(const QString& id);
 [[nodiscard]] QString CondPgtoOrcaHTML(const QString& id);
 
 /// The quote's row (customer_blocks.cpp).
-[[nodiscard]] data::Recordset OrcamentoDoDocumento(const QString& id);
+[[nodiscard]] data::Recordset orcamentoDoDocumento(const QString& id);
 /// Payment text of a quote: its own or the usual one; that of a closed quote is CondPgtoOrcamento
 /// (condition_blocks.cpp).
-Asked<QString> TextoPagamento(data::Recordset orcamento, QString id);
+Asked<QString> textoPagamento(data::Recordset orcamento, QString id);
 /// "Condição de Pagamento: " with instalments and days, "-" without a condition (general_blocks.cpp).
-Asked<QString> CondicaoPagamento(data::Recordset rs);
+Asked<QString> condicaoPagamento(data::Recordset rs);

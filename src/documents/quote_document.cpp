@@ -7,8 +7,8 @@
 #include "documents/document_names.h"
 #include "documents/document_values.h"
 #include "documents/documents.h"
+#include "documents/frame_blocks.h"
 #include "documents/html_text.h"
-#include "documents/kit.h"
 #include "documents/quote_blocks.h"
 #include "shared/lookups.h"
 
@@ -93,7 +93,7 @@ constexpr std::array<Bloco, 8> kGrade{kHeadSimples, kFixo,       kSemRelatorio, 
                                       kVazio,       kItensGrade, kCondicoes,    kSemRodape};
 
 /// Writes one block after the other, and the closing.
-void Escreve(std::span<const Bloco> blocos, Dados dados) {
+void escreve(std::span<const Bloco> blocos, Dados dados) {
   html::Iniciado arquivo(dados.caminho);
   dados.caminho = arquivo.parte();
   QString texto;
@@ -106,7 +106,7 @@ void Escreve(std::span<const Bloco> blocos, Dados dados) {
 }
 
 /// The same by the model of the company. An unknown model has the blocks that all have, the others are empty.
-void EscreveModelo(std::span<const Passo> passos, const QString& modelo, const Dados& dados) {
+void escreveModelo(std::span<const Passo> passos, const QString& modelo, const Dados& dados) {
   const qsizetype coluna = QStringList{u""_s, u"1"_s, u"2"_s, u"3"_s}.indexOf(modelo);
   std::vector<Bloco> blocos;
   for (const Passo& passo : passos) {
@@ -116,33 +116,33 @@ void EscreveModelo(std::span<const Passo> passos, const QString& modelo, const D
     else
       blocos.push_back(kVazio);
   }
-  Escreve(blocos, dados);
+  escreve(blocos, dados);
 }
 
-QString Modelo() { return ParametroEmpresa(u"MODELO_PROP_CMRC"_s); }
+QString modeloDaEmpresa() { return ParametroEmpresa(u"MODELO_PROP_CMRC"_s); }
 
-QString ComData(const QString& titulo, const QString& id) {
-  return titulo + u" - "_s + DiaDaData(DataOrcamento(id));
+QString comData(const QString& titulo, const QString& id) {
+  return titulo + u" - "_s + diaDaData(DataOrcamento(id));
 }
 
 }  // namespace
 
 void MontaOrcaHTML(qint32 id, const QString& caminho) {
-  const QString modelo = Modelo();
+  const QString modelo = modeloDaEmpresa();
   const QString chave = QString::number(id);
-  const QString titulo = u"Orçamento de Venda - "_s + NumeroDocumento(id);
-  EscreveModelo(kOrcamento, modelo, {chave, caminho, titulo, ComData(titulo, chave)});
+  const QString titulo = u"Orçamento de Venda - "_s + numeroDocumento(id);
+  escreveModelo(kOrcamento, modelo, {chave, caminho, titulo, comData(titulo, chave)});
 }
 
 void MontaOrcaGradeHTML(qint32 id, const QString& caminho) {
   const QString chave = QString::number(id);
   const bool aberto = DataFechamentoOrcamento(chave).get().isEmpty();
   const QString titulo =
-      (aberto ? u"Orçamento de Venda - "_s : u"Pedido de Venda - "_s) + NumeroDocumento(id);
-  Escreve(kGrade, {chave, caminho, titulo, ComData(titulo, chave)});
+      (aberto ? u"Orçamento de Venda - "_s : u"Pedido de Venda - "_s) + numeroDocumento(id);
+  escreve(kGrade, {chave, caminho, titulo, comData(titulo, chave)});
 }
 
 void MontaDetalheOrcaHTML(qint32 id, const QString& caminho) {
-  EscreveModelo(kDetalhe, Modelo(),
-                {QString::number(id), caminho, u"Detalhe Orçamento de Venda - "_s + NumeroDocumento(id), {}});
+  escreveModelo(kDetalhe, modeloDaEmpresa(),
+                {QString::number(id), caminho, u"Detalhe Orçamento de Venda - "_s + numeroDocumento(id), {}});
 }

@@ -9,19 +9,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString CaminhoDaVia(const char16_t* tronco) {
+QString caminhoDaVia(const char16_t* tronco) {
   if (tronco == nullptr) return {};
-  return ArquivoDocumento(QString::fromUtf16(tronco), documento().IdDocumento, u".html"_s);
+  return arquivoDocumento(QString::fromUtf16(tronco), documento().IdDocumento, u".html"_s);
 }
 
 }  // namespace
 
 void frmPedHTML::montaVias() {
-  const TipoDeDocumento* tipo = TipoDoDocumento();
+  const TipoDeDocumento* tipo = tipoDoDocumento();
   if (tipo == nullptr) return;
-  ArqVia1 = CaminhoDaVia(tipo->via1);
-  ArqVia2 = CaminhoDaVia(tipo->via2);
-  QStringList vias{ArqVia1, ArqVia2};
+  arqVia1 = caminhoDaVia(tipo->via1);
+  arqVia2 = caminhoDaVia(tipo->via2);
+  QStringList vias{arqVia1, arqVia2};
   vias.removeAll(QString());
   for (const QString& via : vias) files::removeIfThere(via);
   for (const QString& via : vias) tipo->monta(documento().IdDocumento, via);

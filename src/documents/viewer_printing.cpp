@@ -3,19 +3,19 @@
 
 #include "documents/frmPedHTML.h"
 #include "platform/forms/boxes.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-web::PrintReport Imprime(web::WebPane& painel) {
+web::PrintReport imprime(web::WebPane& painel) {
   const forms::WaitPointer espera;
   return painel.print();
 }
 
 /// Why a copy wasn't printed; empty when it was.
-QString Recusa(web::Printed resultado) {
+QString motivoDaRecusa(web::Printed resultado) {
   switch (resultado) {
     case web::Printed::Sent:
       break;
@@ -30,13 +30,13 @@ QString Recusa(web::Printed resultado) {
 }
 
 /// Names the pictures that a copy was printed without.
-void AvisaFiguras(const QStringList& faltam) {
+void avisaFiguras(const QStringList& faltam) {
   constexpr qsizetype kNomes = 5;
   if (faltam.isEmpty()) return;
   QString texto = u"O documento foi impresso sem figuras que o servidor da internet não entregou:\r"_s +
                   faltam.first(std::min(kNomes, faltam.size())).join(u'\r');
   if (faltam.size() > kNomes) texto += u"\re mais %1"_s.arg(faltam.size() - kNomes);
-  Aviso(texto);
+  avisa(texto);
 }
 
 }  // namespace
@@ -46,10 +46,10 @@ void frmPedHTML::cmdImprimir_Click() {
   if (Option1->isChecked() || Option3->isChecked()) vias << WebBrowser1;
   if (Option2->isChecked() || Option3->isChecked()) vias << WebBrowser2;
   for (web::WebPane* via : vias) {
-    const auto [resultado, faltam] = Imprime(*via);
-    const QString recusa = Recusa(resultado);
-    if (!recusa.isEmpty()) Aviso(recusa);
-    if (resultado == web::Printed::Sent) AvisaFiguras(faltam);
+    const auto [resultado, faltam] = imprime(*via);
+    const QString recusa = motivoDaRecusa(resultado);
+    if (!recusa.isEmpty()) avisa(recusa);
+    if (resultado == web::Printed::Sent) avisaFiguras(faltam);
     if (resultado == web::Printed::NoPrinter) break;
   }
   forms::msgBox({.text = u"Impressão Encerrada"_s, .icon = forms::Icon::Information});

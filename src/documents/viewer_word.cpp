@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 void frmPedHTML::cmdPDF_Click() {
   const qint32 id = documento().IdDocumento;
   // The stem is the customer's copy whatever is on view.
-  const QString doc = ArquivoDocumento(u"orca_cliente"_s, id, u".doc"_s);
-  const QString pdf = ArquivoDocumento(u"orca_cliente"_s, id, u".pdf"_s);
+  const QString doc = arquivoDocumento(u"orca_cliente"_s, id, u".doc"_s);
+  const QString pdf = arquivoDocumento(u"orca_cliente"_s, id, u".pdf"_s);
   files::removeIfThere(doc);
   files::removeIfThere(pdf);
   {
@@ -26,6 +26,6 @@ void frmPedHTML::cmdPDF_Click() {
 
 void frmPedHTML::cmdWord_Click() {
   const forms::WaitPointer espera;
-  DocumentoWordAmostra();
+  gravaAmostraWord();
   mostraCaminho(QString::fromUtf16(kArquivoAmostra), u"Word gravado em:"_s);
 }

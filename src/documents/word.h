@@ -8,9 +8,9 @@
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf);
 
 /// "Office 2007" for 12 and so on down to 8; empty for a version that is not known.
-[[nodiscard]] QString NomeVersaoWord(double versao);
+[[nodiscard]] QString nomeVersaoWord(double versao);
 
 /// Fixed path of the layout trial.
 inline constexpr char16_t kArquivoAmostra[] = u"C:\\ZARIM\\TESTE_ORCA9.DOC";
 /// The layout trial behind cmdWord: company data and sample lines, saved at its fixed path.
-void DocumentoWordAmostra();
+void gravaAmostraWord();

@@ -17,26 +17,26 @@ using office::WordProcessor;
 
 namespace {
 
-constexpr double kNameSize = 10;  // the name fills one line of the letterhead
-constexpr double kCellSize = 8, kClauseSize = 7;
+constexpr double kLetraNome = 10;  // the name fills one line of the letterhead
+constexpr double kLetraCelula = 8, kLetraClausula = 7;
 
 /// Releases before 2007 get their margins and table widths by number; from then on the defaults stand.
-bool setsMeasures(const WordProcessor& word) { return word.version() < 12; }
+bool defineMedidas(const WordProcessor& word) { return word.version() < 12; }
 
 /// Types cells one after the other, moving on between them; the last one can be a number, on the right.
-void typeCells(WordProcessor& word, const QStringList& texts, bool bold = false,
-               Qt::Alignment lastOne = Qt::AlignLeft) {
-  for (qsizetype i = 0; i < texts.size(); ++i) {
+void digitaCelulas(WordProcessor& word, const QStringList& textos, bool negrito = false,
+                   Qt::Alignment ultima = Qt::AlignLeft) {
+  for (qsizetype i = 0; i < textos.size(); ++i) {
     if (i > 0) word.moveRight();
-    word.setFont(u"Arial"_s, kCellSize, bold);
-    word.setAlignment(i + 1 < texts.size() ? Qt::AlignLeft : lastOne);
-    word.typeText(texts[i]);
+    word.setFont(u"Arial"_s, kLetraCelula, negrito);
+    word.setAlignment(i + 1 < textos.size() ? Qt::AlignLeft : ultima);
+    word.typeText(textos[i]);
   }
 }
 
-void letterhead(WordProcessor& word) {
+void timbre(WordProcessor& word) {
   word.addTable(1, 2, false);
-  if (setsMeasures(word)) {
+  if (defineMedidas(word)) {
     word.setColumnWidth(0, 200);
     word.setColumnWidth(1, 248.9);
   }
@@ -44,174 +44,175 @@ void letterhead(WordProcessor& word) {
   word.addPicture(contexto().PathImagens + QString::fromUtf16(company::kLogoFixo));
   word.moveRight();
   word.setAlignment(Qt::AlignLeft);
-  word.setFont(u"Arial"_s, kNameSize, true);
+  word.setFont(u"Arial"_s, kLetraNome, true);
   word.typeText(QString::fromUtf16(company::kNome));
   word.setFont(u"Arial"_s, 9);
-  for (const QString& line :
+  for (const QString& linha :
        {QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
         u"Site: "_s + company::contatos().site, QString::fromUtf16(company::kFoneFax)}) {
     word.typeParagraph();
-    word.typeText(line);
+    word.typeText(linha);
   }
   word.moveAfterTable();
-  word.setFont(u"Arial"_s, kCellSize);
+  word.setFont(u"Arial"_s, kLetraCelula);
 }
 
-void customerTable(WordProcessor& word, const data::Recordset& quote) {
-  auto customer = EnderecoCliente(quote.text(u"idClie"));
-  auto attendant = UsuarioAtual(quote.text(u"IDRESV_PROP_CMRC"));
-  auto attendantEmail = EmailUsuario(quote.text(u"IDRESV_PROP_CMRC"));
-  auto event = DescricaoTipoEvento(quote.text(u"idtipo_even"));
+void tabelaDoCliente(WordProcessor& word, const data::Recordset& orcamento) {
+  auto cliente = EnderecoCliente(orcamento.text(u"idClie"));
+  auto atendente = UsuarioAtual(orcamento.text(u"IDRESV_PROP_CMRC"));
+  auto emailAtendente = EmailUsuario(orcamento.text(u"IDRESV_PROP_CMRC"));
+  auto evento = DescricaoTipoEvento(orcamento.text(u"idtipo_even"));
   word.addTable(1, 3, true);
-  typeCells(word,
-            {u"Cliente: "_s + PegaCampo(customer.get(), 1),
-             u"Orçamento: "_s + quote.format(u"idprop_cmrc", u"000000"),
-             u"Data: "_s + quote.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
-             u"Fone: "_s + quote.text(u"fone_CLIE"), u"E-mail: "_s + quote.text(u"emai_CLIE").toLower(),
-             u"Atendimento: "_s + attendant.get(), u"E-mail: "_s + attendantEmail.get(),
-             u"Evento: "_s + event.get(), u"Data Evento: "_s + quote.formatDate(u"DATA_even", u"dd/mm/yyyy"),
-             u"Entrega: "_s + quote.formatDate(u"DATA_ENTG", u"dd/mm/yyyy")});
+  digitaCelulas(
+      word,
+      {u"Cliente: "_s + PegaCampo(cliente.get(), 1),
+       u"Orçamento: "_s + orcamento.format(u"idprop_cmrc", u"000000"),
+       u"Data: "_s + orcamento.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
+       u"Fone: "_s + orcamento.text(u"fone_CLIE"), u"E-mail: "_s + orcamento.text(u"emai_CLIE").toLower(),
+       u"Atendimento: "_s + atendente.get(), u"E-mail: "_s + emailAtendente.get(),
+       u"Evento: "_s + evento.get(), u"Data Evento: "_s + orcamento.formatDate(u"DATA_even", u"dd/mm/yyyy"),
+       u"Entrega: "_s + orcamento.formatDate(u"DATA_ENTG", u"dd/mm/yyyy")});
   word.moveAfterTable();
 }
 
 /// The items without their prices, and a last row with the sum, which is returned.
-double itemsTable(WordProcessor& word, const QString& id) {
+double tabelaDosItens(WordProcessor& word, const QString& id) {
   word.addTable(1, 4, true);
   word.setColumnShares({15, 43, 28, 14});
   word.setHeadingRow();
-  typeCells(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true, Qt::AlignRight);
+  digitaCelulas(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true, Qt::AlignRight);
   double total = 0;
-  qsizetype typed = 0;
-  data::Recordset items = ItensDoOrcamento(id);
-  data::Walk walk;
-  for (auto& asked : data::startEachRow(items, PorTipo)) {
-    const ItemDoDocumento item = asked.get();
-    walk.done(typed++, items.count());
+  qsizetype digitados = 0;
+  data::Recordset itens = itensDoOrcamento(id);
+  data::Walk andamento;
+  for (auto& pedido : data::startEachRow(itens, itemPorTipo)) {
+    const ItemDoDocumento item = pedido.get();
+    andamento.done(digitados++, itens.count());
     word.moveRight();
-    typeCells(word,
-              {item.codigo, item.descricao, items.text(u"OBSE_PROP_CMRC_DETA"),
-               items.format(u"QTDE", item.mascara)},
-              false, Qt::AlignRight);
-    total += Valor(items, u"VALO_TOTA");
-    items.moveNext();
+    digitaCelulas(word,
+                  {item.codigo, item.descricao, itens.text(u"OBSE_PROP_CMRC_DETA"),
+                   itens.format(u"QTDE", item.mascara)},
+                  false, Qt::AlignRight);
+    total += valorOuZero(itens, u"VALO_TOTA");
+    itens.moveNext();
   }
   word.moveRight();
-  typeCells(word, {QString(), QString(), u"Total Unitário"_s, Moeda(total)}, true, Qt::AlignRight);
+  digitaCelulas(word, {QString(), QString(), u"Total Unitário"_s, emMoeda(total)}, true, Qt::AlignRight);
   word.moveAfterTable();
   return total;
 }
 
-void requestedTable(WordProcessor& word, int persons, double total) {
+void tabelaDaQuantidade(WordProcessor& word, int pessoas, double total) {
   word.addTable(1, 2, true);
-  typeCells(word,
-            {u"Quantidade Solicitada: "_s + QString::number(persons),
-             u"Total Geral - R$ "_s + Moeda(persons * total)},
-            false, Qt::AlignRight);
+  digitaCelulas(word,
+                {u"Quantidade Solicitada: "_s + QString::number(pessoas),
+                 u"Total Geral - R$ "_s + emMoeda(pessoas * total)},
+                false, Qt::AlignRight);
   word.moveAfterTable();
 }
 
-void clauses(WordProcessor& word) {
-  word.setFont(u"Arial"_s, kCellSize, true);
+void clausulas(WordProcessor& word) {
+  word.setFont(u"Arial"_s, kLetraCelula, true);
   word.setAlignment(Qt::AlignHCenter);
   word.typeText(u"Observações"_s);
   word.keepWithNext();
-  for (const char16_t* clause : company::kClausulas) {
-    word.setFont(u"Arial"_s, kClauseSize);
+  for (const char16_t* clausula : company::kClausulas) {
+    word.setFont(u"Arial"_s, kLetraClausula);
     word.typeParagraph();
     word.setAlignment(Qt::AlignLeft);
-    word.typeText(QString::fromUtf16(clause));
+    word.typeText(QString::fromUtf16(clausula));
   }
   word.typeParagraph();
   word.typeParagraph();
 }
 
-void labelled(WordProcessor& word, const QString& label, const QString& text) {
-  word.setFont(u"Arial"_s, kCellSize, true);
-  word.typeText(label);
+void rotulado(WordProcessor& word, const QString& rotulo, const QString& texto) {
+  word.setFont(u"Arial"_s, kLetraCelula, true);
+  word.typeText(rotulo);
   word.setBold(false);
-  word.typeText(text);
+  word.typeText(texto);
   word.typeParagraph();
 }
 
-void approvalTable(WordProcessor& word, const QString& payment) {
+void tabelaDaAprovacao(WordProcessor& word, const QString& pagamento) {
   word.addTable(1, 2, true);
   word.setAlignment(Qt::AlignLeft);
-  labelled(word, u"Forma de Pagamento"_s, {});
-  word.typeText(payment);
+  rotulado(word, u"Forma de Pagamento"_s, {});
+  word.typeText(pagamento);
   word.typeParagraph();
-  labelled(word, u"Validade da proposta: "_s, QString::fromUtf16(company::kValidade));
-  labelled(word, u"Dados bancários: "_s, QString::fromUtf16(company::kBanco));
-  labelled(word, u"Razão Social: "_s, QString::fromUtf16(company::kNome));
+  rotulado(word, u"Validade da proposta: "_s, QString::fromUtf16(company::kValidade));
+  rotulado(word, u"Dados bancários: "_s, QString::fromUtf16(company::kBanco));
+  rotulado(word, u"Razão Social: "_s, QString::fromUtf16(company::kNome));
   word.typeText(QString::fromUtf16(company::kDepartamento));
   word.moveRight();
   word.setAlignment(Qt::AlignHCenter);
-  word.setFont(u"Arial"_s, kCellSize);
+  word.setFont(u"Arial"_s, kLetraCelula);
   word.typeText(u"Aprovação\nData ____ /____ /________"_s);
-  for (const char16_t* line : company::kAssinatura) {
+  for (const char16_t* linha : company::kAssinatura) {
     word.typeParagraph();
-    word.typeText(QString::fromUtf16(line));
+    word.typeText(QString::fromUtf16(linha));
   }
   word.moveAfterTable();
 }
 
 /// Prints on the silent PDF printer, which is the default while it does so.
-void printToPdf(WordProcessor& word, const QString& pdf, const QString& firstPrinter) {
-  const std::pair<const char16_t*, QString> settings[] = {{u"output", pdf},
-                                                          {u"showsettings", u"never"_s},
-                                                          {u"ShowPDF", u"no"_s},
-                                                          {u"ShowSaveAS", u"never"_s},
-                                                          {u"ShowProgress", u"no"_s},
-                                                          {u"ShowProgressFinished", u"no"_s},
-                                                          {u"ConfirmOverwrite", u"no"_s}};
-  office::PdfPrinterSettings printer;
-  for (const auto& [name, value] : settings) printer.setValue(QString::fromUtf16(name), value);
-  printer.writeSettings();
-  const QString pdfPrinter = QString::fromUtf16(office::kPdfPrinter);
-  if (office::printers().contains(pdfPrinter)) office::setDefaultPrinter(pdfPrinter);
-  word.setActivePrinter(pdfPrinter);
+void imprimeEmPdf(WordProcessor& word, const QString& pdf, const QString& primeiraImpressora) {
+  const std::pair<const char16_t*, QString> ajustes[] = {{u"output", pdf},
+                                                         {u"showsettings", u"never"_s},
+                                                         {u"ShowPDF", u"no"_s},
+                                                         {u"ShowSaveAS", u"never"_s},
+                                                         {u"ShowProgress", u"no"_s},
+                                                         {u"ShowProgressFinished", u"no"_s},
+                                                         {u"ConfirmOverwrite", u"no"_s}};
+  office::PdfPrinterSettings impressora;
+  for (const auto& [nome, valor] : ajustes) impressora.setValue(QString::fromUtf16(nome), valor);
+  impressora.writeSettings();
+  const QString impressoraPdf = QString::fromUtf16(office::kPdfPrinter);
+  if (office::printers().contains(impressoraPdf)) office::setDefaultPrinter(impressoraPdf);
+  word.setActivePrinter(impressoraPdf);
   word.printOut();
   word.closeDocument();
-  office::setDefaultPrinter(firstPrinter);
-  word.setActivePrinter(firstPrinter);
+  office::setDefaultPrinter(primeiraImpressora);
+  word.setActivePrinter(primeiraImpressora);
   word.quit();
 }
 
 }  // namespace
 
-QString NomeVersaoWord(double versao) {
-  static constexpr std::pair<double, const char16_t*> kReleases[] = {{8, u"Office 97"},
-                                                                     {9, u"Office 2000"},
-                                                                     {10, u"Office XP (2002)"},
-                                                                     {11, u"Office 2003"},
-                                                                     {12, u"Office 2007"}};
-  for (const auto& [number, name] : kReleases)
-    if (number == versao) return QString::fromUtf16(name);
+QString nomeVersaoWord(double versao) {
+  static constexpr std::pair<double, const char16_t*> kVersoes[] = {{8, u"Office 97"},
+                                                                    {9, u"Office 2000"},
+                                                                    {10, u"Office XP (2002)"},
+                                                                    {11, u"Office 2003"},
+                                                                    {12, u"Office 2007"}};
+  for (const auto& [numero, nome] : kVersoes)
+    if (numero == versao) return QString::fromUtf16(nome);
   return {};
 }
 
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf) {
   // Read for the record: one layout serves all models, and of the release only the number counts.
-  [[maybe_unused]] const QString model = ParametroEmpresa(u"MODELO_PROP_CMRC"_s);
-  const QString firstPrinter = office::defaultPrinter();
+  [[maybe_unused]] const QString modelo = ParametroEmpresa(u"MODELO_PROP_CMRC"_s);
+  const QString primeiraImpressora = office::defaultPrinter();
   WordProcessor word;
-  [[maybe_unused]] const QString release = NomeVersaoWord(word.version());
+  [[maybe_unused]] const QString nomeVersao = nomeVersaoWord(word.version());
   word.addDocument(u"Orçamento de Venda - "_s + values::format(values::leadingNumber(id), u"000000"));
-  if (setsMeasures(word)) {
+  if (defineMedidas(word)) {
     word.setTopMargin(2);
     word.setBottomMargin(1.5);
   }
-  letterhead(word);
-  const data::Recordset quote = OrcamentoDoDocumento(id);
-  QString payment = kCondPagtoPadrao.toString();
-  if (!quote.eof()) {
-    customerTable(word, quote);
-    if (!quote.isNull(u"txt_cond_pgto")) payment = quote.text(u"txt_cond_pgto");
+  timbre(word);
+  const data::Recordset orcamento = orcamentoDoDocumento(id);
+  QString pagamento = kCondPagtoPadrao.toString();
+  if (!orcamento.eof()) {
+    tabelaDoCliente(word, orcamento);
+    if (!orcamento.isNull(u"txt_cond_pgto")) pagamento = orcamento.text(u"txt_cond_pgto");
   }
-  const double total = itemsTable(word, id);
-  if (const int persons = PessoasOrcamento(id); persons > 0) requestedTable(word, persons, total);
-  clauses(word);
-  approvalTable(word, payment);
+  const double total = tabelaDosItens(word, id);
+  if (const int pessoas = PessoasOrcamento(id); pessoas > 0) tabelaDaQuantidade(word, pessoas, total);
+  clausulas(word);
+  tabelaDaAprovacao(word, pagamento);
   word.setVisible(true);
   word.saveAs(documento);
-  printToPdf(word, pdf, firstPrinter);
+  imprimeEmPdf(word, pdf, primeiraImpressora);
 }

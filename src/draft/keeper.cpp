@@ -32,7 +32,7 @@ bool editando() {
 
 /// The database of this run, without its name.
 QString bancoAtual() {
-  const RunContext& c = contexto();
+  const Contexto& c = contexto();
   const QString nome = c.NomeServidor + u'^' + c.NomeBanco;
   return QString::fromLatin1(QCryptographicHash::hash(nome.toUtf8(), QCryptographicHash::Sha1).toHex());
 }
@@ -46,7 +46,7 @@ bool meu(const Rascunho& rascunho) {
 QString frase(const Rascunho& rascunho) {
   const QDateTime quando = QDateTime::fromString(rascunho.quando, Qt::ISODate);
   QString frase = u"Orçamento não salvo de "_s + quando.toString(u"dd/MM hh:mm"_s);
-  if (!Apara(rascunho.cliente).isEmpty()) frase += u", "_s + Apara(rascunho.cliente);
+  if (!apara(rascunho.cliente).isEmpty()) frase += u", "_s + apara(rascunho.cliente);
   return frase + u", "_s + rascunho.itens + (rascunho.itens == u"1" ? u" item"_s : u" itens"_s);
 }
 
@@ -123,7 +123,7 @@ void Guarda::encerra() {
 }
 
 QByteArray Guarda::textoDoRascunho(const Gravacao& gravacao) const {
-  const RunContext& c = contexto();
+  const Contexto& c = contexto();
   const auto* itens = qobject_cast<const forms::FlexGrid*>(forms::findControl(kTela, u"Flex"_s));
   return texto({.versao = versaoDoPrograma(),
                 .usuario = QString::number(c.IdUsuarioAtual),

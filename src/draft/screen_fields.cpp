@@ -74,7 +74,7 @@ constexpr std::array kOrcamento{
     Campo{u"txtNomeHomg"},
     Campo{u"Flex", Origem::Banco},
     // The rows that they are tied to depend on the order in which the items come.
-    Campo{u"FlexMonta", Origem::Banco, grids::material::kAssemblyColumns},
+    Campo{u"FlexMonta", Origem::Banco, grades::material::kColunasDaMontagem},
     Campo{u"FlexHomg", Origem::Banco},
     Campo{u"ItemNaMontagem"},
 };

@@ -12,8 +12,8 @@ namespace {
 
 /// The server and its database; of a connection string given whole, which may hold a password, the kind
 /// alone.
-QString Banco() {
-  const RunContext& c = contexto();
+QString nomeDoBanco() {
+  const Contexto& c = contexto();
   if (!c.Conexao.isOpen()) return u"sem conexão"_s;
   if (c.TipoBanco == u"FIREBIRD") return c.TipoBanco;
   return u"%1 %2 (%3)"_s.arg(c.NomeServidor, c.NomeBanco, c.TipoBanco);
@@ -21,15 +21,15 @@ QString Banco() {
 
 }  // namespace
 
-QString TextoSobre() {
-  const RunContext& c = contexto();
+QString textoSobre() {
+  const Contexto& c = contexto();
   const QString build = QCoreApplication::applicationVersion();
   const QStringList linhas{
       QString::fromUtf16(kTitulo),
       {},
       u"Versão: " ZARIM_VERSION ""_s,
       u"Compilação: "_s + (build.isEmpty() ? u"de desenvolvimento"_s : build),
-      u"Banco de dados: "_s + Banco(),
+      u"Banco de dados: "_s + nomeDoBanco(),
       u"Ambiente: "_s + c.Ambiente,
       u"Usuário: %1 - %2"_s.arg(c.IdUsuarioAtual).arg(c.NomeUsuarioAtual),
       u"Tela: "_s + ResolucaoTela(),
@@ -37,6 +37,6 @@ QString TextoSobre() {
   return linhas.join(u'\r');
 }
 
-void MostraSobre() {
-  forms::msgBox({.text = TextoSobre(), .title = u"Sobre o Zarim"_s, .icon = forms::Icon::Information});
+void mostraSobre() {
+  forms::msgBox({.text = textoSobre(), .title = u"Sobre o Zarim"_s, .icon = forms::Icon::Information});
 }

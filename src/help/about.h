@@ -4,7 +4,7 @@
 
 /// What support asks first, a line each: version, build, database, environment, user. Never a password or a
 /// whole connection string.
-[[nodiscard]] QString TextoSobre();
+[[nodiscard]] QString textoSobre();
 
 /// Shows it in a box that can be copied.
-void MostraSobre();
+void mostraSobre();

@@ -7,7 +7,7 @@
 #include "platform/forms/form.h"
 #include "platform/forms/process.h"
 
-bool HelpKeys::eventFilter(QObject* watched, QEvent* event) {
+bool TeclasDeAjuda::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
   const auto* key = static_cast<QKeyEvent*>(event);
   const auto held = key->modifiers() & ~Qt::KeypadModifier;
@@ -17,9 +17,9 @@ bool HelpKeys::eventFilter(QObject* watched, QEvent* event) {
   if (form == nullptr) return false;
   forms::guarded([&] {
     if (held == Qt::ShiftModifier)
-      MostraSobre();
+      mostraSobre();
     else
-      AbreManual(form->objectName());
+      abreManual(form->objectName());
   });
   return true;
 }

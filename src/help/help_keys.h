@@ -4,7 +4,7 @@
 
 /// F1 on a screen opens its page of the manual, Shift+F1 shows what support asks for. Heard before the
 /// controls, so that it works wherever the focus is; while a box is up the keys do nothing.
-class HelpKeys : public QObject {
+class TeclasDeAjuda : public QObject {
   Q_OBJECT
 
  public:

@@ -5,11 +5,11 @@
 #include <QFileInfo>
 #include <QHash>
 
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 
 using namespace Qt::StringLiterals;
 
-QString PaginaDoManual(const QString& formulario) {
+QString paginaDoManual(const QString& formulario) {
   static const QHash<QString, QString> kPaginas{{u"frmPropCmrcTL"_s, u"orcamento_novo.html"_s},
                                                 {u"frmMontarProduto"_s, u"montagem.html"_s},
                                                 {u"frmConfirmaItem"_s, u"montagem.html"_s},
@@ -26,7 +26,7 @@ QString PaginaDoManual(const QString& formulario) {
   return kPaginas.value(formulario, u"index.html"_s);
 }
 
-QUrl EnderecoDoManual(const QString& pagina) {
+QUrl enderecoDoManual(const QString& pagina) {
   const QString aqui = QCoreApplication::applicationDirPath();
   for (const QString& pasta : {aqui + u"/../share/doc/zarim/manual/"_s, aqui + u"/../manual/"_s}) {
     const QFileInfo arquivo(pasta + pagina);
@@ -35,9 +35,9 @@ QUrl EnderecoDoManual(const QString& pagina) {
   return {};
 }
 
-void AbreManual(const QString& formulario) {
-  const QUrl endereco = EnderecoDoManual(PaginaDoManual(formulario));
-  if (endereco.isEmpty()) return Aviso(u"O manual não está instalado neste computador."_s);
+void abreManual(const QString& formulario) {
+  const QUrl endereco = enderecoDoManual(paginaDoManual(formulario));
+  if (endereco.isEmpty()) return avisa(u"O manual não está instalado neste computador."_s);
   if (!QDesktopServices::openUrl(endereco))
-    Aviso(u"O manual não pôde ser aberto no navegador:\r"_s + endereco.toLocalFile());
+    avisa(u"O manual não pôde ser aberto no navegador:\r"_s + endereco.toLocalFile());
 }

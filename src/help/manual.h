@@ -7,11 +7,11 @@
 
 /// Name of the page of a screen by the form's name ("frmPedHTML": "documentos.html"); the first page for a
 /// form that has none.
-[[nodiscard]] QString PaginaDoManual(const QString& formulario);
+[[nodiscard]] QString paginaDoManual(const QString& formulario);
 
 /// Address of a page where the manual is installed or was built beside the program; empty where there is
 /// none.
-[[nodiscard]] QUrl EnderecoDoManual(const QString& pagina);
+[[nodiscard]] QUrl enderecoDoManual(const QString& pagina);
 
 /// Opens the page of a screen in the system's browser; says so where there is no manual.
-void AbreManual(const QString& formulario);
+void abreManual(const QString& formulario);

@@ -19,7 +19,7 @@ namespace {
 /// empty text when nobody has one.
 QString enderecos(const QString& evento) {
   const QString usuarios = UsuariosEventoWorkFlow(evento);
-  const int quantos = values::toInt32(LeNumero(PegaCampo(usuarios, 1)));
+  const int quantos = values::toInt32(leNumero(PegaCampo(usuarios, 1)));
   std::vector<Asked<QString>> pedidos;
   for (int campo = 2; campo <= quantos + 1; ++campo)
     pedidos.push_back(EmailUsuario(PegaCampo(usuarios, campo)));
@@ -33,24 +33,24 @@ QString enderecos(const QString& evento) {
 }  // namespace
 
 Asked<QString> DescricaoEventoWorkFlow(const QString& evento) {
-  return lookup::byText({u"select desc_work_even from work_even where codi_work_even = ", u"desc_work_even"},
-                        evento);
+  return consulta::porTexto(
+      {u"select desc_work_even from work_even where codi_work_even = ", u"desc_work_even"}, evento);
 }
 
 Asked<QString> TextoEventoWorkFlow(const QString& evento) {
-  return lookup::byText({u"select text_work_even from work_even where codi_work_even = ", u"text_work_even"},
-                        evento);
+  return consulta::porTexto(
+      {u"select text_work_even from work_even where codi_work_even = ", u"text_work_even"}, evento);
 }
 
 Asked<QString> IdEventoWorkFlow(const QString& evento) {
-  return lookup::byText({u"select idwork_even from work_even where codi_work_even = ", u"idwork_even"},
-                        evento);
+  return consulta::porTexto({u"select idwork_even from work_even where codi_work_even = ", u"idwork_even"},
+                            evento);
 }
 
 QString UsuariosEventoWorkFlow(const QString& evento) {
-  const QString id = lookup::number(IdEventoWorkFlow(evento));
+  const QString id = consulta::numero(IdEventoWorkFlow(evento));
   QString ids;
-  data::Recordset rs = AbreConsulta(u"select idusen from work_even_usen where idwork_even = "_s + id +
+  data::Recordset rs = abreConsulta(u"select idusen from work_even_usen where idwork_even = "_s + id +
                                     u" and data_desa is null"_s);
   for (; !rs.eof(); rs.moveNext()) ids += rs.text(u"idusen") + u'^';
   return QString::number(rs.count()) + u'^' + ids;
@@ -68,7 +68,7 @@ void EnviaAvisoWorkFlow(forms::Form& /*tela*/, const QString& evento, const QStr
   EnviaEmailWorkFlow(destinatarios, {}, assunto, mensagem, anexo);
 }
 
-bool TemDestinatarioWorkFlow(const QString& evento) { return !enderecos(evento).isEmpty(); }
+bool temDestinatarioWorkFlow(const QString& evento) { return !enderecos(evento).isEmpty(); }
 
 void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, const QString& assunto,
                         const QString& mensagem, const QString& anexo) {
@@ -88,10 +88,10 @@ void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, cons
   email.AuthenticationType = mail::kLogin;
   email.Server = servidor;
   email.MailFrom = remetente;
-  email.SendTo = Apara(destinatarios);
-  if (const QString aparada = Apara(copia); !aparada.isEmpty()) email.SendCC = aparada;
+  email.SendTo = apara(destinatarios);
+  if (const QString aparada = apara(copia); !aparada.isEmpty()) email.SendCC = aparada;
   email.MessageSubject = assunto;
   email.MessageText = mensagem;
-  if (const QString aparado = Apara(anexo); !aparado.isEmpty()) email.Attachments.Add(aparado);
+  if (const QString aparado = apara(anexo); !aparado.isEmpty()) email.Attachments.Add(aparado);
   email.SendEmail();
 }

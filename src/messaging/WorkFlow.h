@@ -13,7 +13,7 @@ void EnviaAvisoWorkFlow(forms::Form& tela, const QString& evento, const QString&
                         bool textoNoAssunto, const QString& anexo);
 
 /// Whether a notice of this event would go to anybody.
-[[nodiscard]] bool TemDestinatarioWorkFlow(const QString& evento);
+[[nodiscard]] bool temDestinatarioWorkFlow(const QString& evento);
 
 /// Sends a plain message from the company's own address. Without server, address, user and password nothing
 /// is sent. Raises mail::MailError when it can't be sent.

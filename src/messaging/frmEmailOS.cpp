@@ -13,8 +13,9 @@
 #include "run/context.h"
 #include "run/program_title.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
+#include "shared/theme.h"
 #include "text/fields.h"
 #include "text/trim.h"
 
@@ -29,18 +30,18 @@ constexpr const char16_t* kSemSenha =
     u"\r"
     u"O e-mail não pode ser encaminhado!";
 
-bool vazio(const QLineEdit* caixa) { return Apara(caixa->text()).isEmpty(); }
+bool vazio(const QLineEdit* caixa) { return apara(caixa->text()).isEmpty(); }
 
 /// Recipients without what a missing last one leaves behind.
 QString semVirgulaFinal(const QString& destinatarios) {
-  QString lista = Apara(destinatarios);
+  QString lista = apara(destinatarios);
   if (lista.endsWith(u',')) lista.chop(1);
-  return Apara(lista);
+  return apara(lista);
 }
 
 /// The user's list of files: count, then each path.
 void anexaLista(mail::AttachmentList& anexos, const QString& lista) {
-  const int quantos = values::toInt32(LeNumero(PegaCampo(lista, 1)));
+  const int quantos = values::toInt32(leNumero(PegaCampo(lista, 1)));
   for (int campo = 2; campo <= quantos + 1; ++campo) anexos.Add(PegaCampo(lista, campo));
 }
 
@@ -86,11 +87,11 @@ void frmEmailOS::Form_Load() {
   if (para.startsWith(u',')) para.remove(0, 2);
   txtPara->setText(para);
 
-  const qint32 deles = documento().OrcamentoDosDestinatarios;
+  const qint32 deles = documento().orcamentoDosDestinatarios;
   const qint32 mostrado = documento().IdDocumento;
   lblDestinatarios->setVisible(!destinatarios.isEmpty() && deles != 0 && deles != mostrado);
   lblDestinatarios->setText(u"Destinatários do orçamento %1; documento do %2."_s.arg(
-      NumeroDocumento(deles), NumeroDocumento(mostrado)));
+      numeroDocumento(deles), numeroDocumento(mostrado)));
 
   if (documento().MensagemTravadaEmail) txtMsg->setEnabled(false);
   txtMsg->setPlainText(documento().MensagemPadraoEmail);
@@ -100,9 +101,9 @@ void frmEmailOS::txtPara_LostFocus() { txtPara->setText(PontoVirgulaParaVirgula(
 
 /// A click on the button beside it doesn't leave the box.
 void frmEmailOS::txtAnexo_LostFocus() {
-  const QString caminho = Apara(txtAnexo->text());
+  const QString caminho = apara(txtAnexo->text());
   if (caminho.isEmpty() || files::exists(caminho)) return;
-  Aviso(u"O arquivo do anexo não foi encontrado:\r"_s + caminho);
+  avisa(u"O arquivo do anexo não foi encontrado:\r"_s + caminho);
 }
 
 void frmEmailOS::cmdAnexo_Click() {
@@ -127,7 +128,7 @@ bool frmEmailOS::podeEnviar() {
   };
   for (const auto& [caixa, recusa, foco] : exigidos) {
     if (!vazio(caixa)) continue;
-    Aviso(recusa);
+    avisa(recusa);
     if (foco != nullptr) focus(foco);
     return false;
   }
@@ -136,7 +137,7 @@ bool frmEmailOS::podeEnviar() {
 
 void frmEmailOS::cmdEnviarEmail_Click() {
   if (!podeEnviar() || !envia()) return;
-  Aviso(u"Mensagem Enviada!"_s);
+  avisa(u"Mensagem Enviada!"_s);
   unload();
 }
 
@@ -159,22 +160,22 @@ void frmEmailOS::enviaMensagem() {
   email.Username = txtUsername->text();
   email.Password = txtPassword->text();
   email.AuthenticationType = mail::kLogin;
-  if (!vazio(txtAnexo)) email.Attachments.Add(Apara(txtAnexo->text()));
+  if (!vazio(txtAnexo)) email.Attachments.Add(apara(txtAnexo->text()));
   anexaLista(email.Attachments, documento().AnexosEmail);
   email.Server = txtServer->text();
   email.MailFrom = txtMailFrom->text();
-  email.SendTo = Apara(txtPara->text());
-  email.SendCC = Apara(txtCC->text());
+  email.SendTo = apara(txtPara->text());
+  email.SendCC = apara(txtCC->text());
   email.MessageSubject = txtTitulo->text();
 
   const QString mensagem = forms::controlText(txtMsg);
   if (!documento().MensagemHTMLEmail.isEmpty()) {
     email.MessageHTML = documento().MensagemHTMLEmail;
-  } else if (Apara(mensagem).isEmpty()) {
+  } else if (apara(mensagem).isEmpty()) {
     email.MessageHTML = files::readLines(documento().ArquivoCorpoEmail).join(QString());
   } else {
     // A text of the user's own goes in place of the document.
-    email.MessageText = AparaDireita(mensagem);
+    email.MessageText = aparaDireita(mensagem);
   }
   documento().MensagemHTMLEmail.clear();
   txtStatus->clear();

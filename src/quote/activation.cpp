@@ -1,7 +1,7 @@
 #include "platform/values/dates.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -9,15 +9,15 @@ using namespace Qt::StringLiterals;
 // A quote is never deleted: it is marked as deactivated with its lines and honorees, and the mark taken away.
 
 bool frmPropCmrcTL::recusaSemRegistro() {
-  if (!AparaDireita(txtRowId->text()).isEmpty()) return false;
-  Aviso(u"Selecione Um Registro Para Executar esta Operação!"_s);
+  if (!aparaDireita(txtRowId->text()).isEmpty()) return false;
+  avisa(u"Selecione Um Registro Para Executar esta Operação!"_s);
   return true;
 }
 
 /// A command that the state of the quote forbids: says why and empties the screen.
 bool frmPropCmrcTL::recusaEstado(bool recusado, const QString& motivo) {
   if (!recusado) return false;
-  Aviso(u"Impossibilidade de Executar o Comando!\r"_s + motivo);
+  avisa(u"Impossibilidade de Executar o Comando!\r"_s + motivo);
   LimpaTela();
   return true;
 }
@@ -39,12 +39,12 @@ void frmPropCmrcTL::cmdEXCLUIR_Click() {
       recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Já está como Desativado."_s) ||
       recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
     return;
-  if (Pergunta(u"Deseja realmente Desativar?"_s)) {
+  if (pergunta(u"Deseja realmente Desativar?"_s)) {
     const QString marca = u"data_desa='"_s + values::formatDate(values::now(), u"yyyymmdd") + u"' "_s;
     alteraOrcamento({u"UPDATE prop_cmrc SET user_desa='"_s + QString::number(contexto().IdUsuarioAtual) +
                          u"', "_s + marca,
                      u"UPDATE prop_cmrc_deta SET "_s + marca, u"UPDATE prop_cmrc_homg SET "_s + marca});
-    Aviso(u"Registro Desativado com sucesso!\rOrçamento nr."_s + txtRowId->text());
+    avisa(u"Registro Desativado com sucesso!\rOrçamento nr."_s + txtRowId->text());
     contexto().ModoOrcamento = u" "_s;
   }
   BotoesNeutros();
@@ -56,7 +56,7 @@ void frmPropCmrcTL::cmdReativar_Click() {
       recusaEstado(lblDTDesativa->text().isEmpty(), u"O Registro Já está como Ativo."_s) ||
       recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
     return;
-  if (Pergunta(u"Deseja realmente Reativar Este Registro ?"_s))
+  if (pergunta(u"Deseja realmente Reativar Este Registro ?"_s))
     alteraOrcamento({u"UPDATE prop_cmrc SET user_desa=null, data_desa=null "_s,
                      u"UPDATE prop_cmrc_deta SET data_desa=null "_s,
                      u"UPDATE prop_cmrc_homg SET data_desa=null "_s});

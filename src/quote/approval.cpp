@@ -1,7 +1,7 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/fields.h"
 
@@ -24,14 +24,14 @@ QString campo(QString texto, int largura) {
 }
 
 QString entrada(const forms::GridModel& itens, int linha) {
-  return campo(itens.text(linha, grids::item::Codigo), kLarguraCodigo) +
-         campo(itens.text(linha, grids::item::Observacao), kLarguraObservacao) +
+  return campo(itens.text(linha, grades::item::Codigo), kLarguraCodigo) +
+         campo(itens.text(linha, grades::item::Observacao), kLarguraObservacao) +
          campo(QString::number(linha), kLarguraLinha);
 }
 
 /// The line that an entry names by its third field, 0 for a text that is the entry of no line.
 int linhaDaEntrada(const forms::GridModel& itens, const QString& texto) {
-  const int linha = values::toInt32(LeNumero(PegaCampoDelimitado(texto, kCampoLinha, kSeparador)));
+  const int linha = values::toInt32(leNumero(PegaCampoDelimitado(texto, kCampoLinha, kSeparador)));
   return linha > 0 && linha < itens.rows() && texto == entrada(itens, linha) ? linha : 0;
 }
 
@@ -57,18 +57,18 @@ void frmPropCmrcTL::cmdConfirmaAprova_Click() {
   const bool todos = escolha == u"TODOS";
   const int escolhida = linhaDaEntrada(itens, escolha);
   if (!todos && escolhida == 0)
-    return Aviso(u"Escolha um Item para realizar a aprovação!"_s, cboItemPropCmrc);
-  if (!values::isDate(quando)) return Aviso(u"Defina uma Data para realizar a aprovação!"_s, mskDataAprv);
+    return avisa(u"Escolha um Item para realizar a aprovação!"_s, cboItemPropCmrc);
+  if (!values::isDate(quando)) return avisa(u"Defina uma Data para realizar a aprovação!"_s, mskDataAprv);
   for (int linha = 1; linha < itens.rows(); ++linha)
-    if (todos || linha == escolhida) itens.setText(linha, grids::item::DtAprov, quando);
+    if (todos || linha == escolhida) itens.setText(linha, grades::item::DtAprov, quando);
   fechaAprova();
-  Aviso(u"Para que haja efeito na aprovação o Orcamento deverá ser salvo!"_s);
+  avisa(u"Para que haja efeito na aprovação o Orcamento deverá ser salvo!"_s);
 }
 
 /// Clears the grid's current row, whatever is chosen in the list.
 void frmPropCmrcTL::cmdCancelaAprova_Click() {
   forms::GridModel& itens = Flex->grid();
-  if (itens.row() > 0) itens.setText(itens.row(), grids::item::DtAprov, {});
+  if (itens.row() > 0) itens.setText(itens.row(), grades::item::DtAprov, {});
   fechaAprova();
 }
 

@@ -19,12 +19,12 @@ void frmPropCmrcTL::LimpaTela() {
   esvaziaItem();
   lblUnidadeMedida->clear();
   txtNomeHomg->clear();
-  for (QLabel* soma : {lblTotaGeral, lblTotaAprov, lblTotaNaoAprov}) soma->setText(Moeda(0));
+  for (QLabel* soma : {lblTotaGeral, lblTotaAprov, lblTotaNaoAprov}) soma->setText(emMoeda(0));
   for (QWidget* painel : {frameHomenageados, frameMassa, frameCondPgto, frameAprova}) closeOverFrame(painel);
   for (QLabel* valor : {lblDTDesativa, lblNumePedido}) valor->clear();
   MontaGridItens();
   MontaGridHomenageados();
   MontaGridMontagem();
   forms::form<frmConfirmaPropCmrcTL>().PreparaGradeParcelas();
-  MostraSituacao();
+  mostraSituacao();
 }

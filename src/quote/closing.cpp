@@ -4,7 +4,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -16,12 +16,12 @@ namespace {
 
 /// The number of the order that was made of a quote, empty when there is none.
 QString pedidoDoOrcamento(const QString& numero) {
-  return PodeSerId(numero) ? NumeroPedidoDoOrcamento(numero).get() : QString();
+  return podeSerId(numero) ? NumeroPedidoDoOrcamento(numero).get() : QString();
 }
 
 bool temItemAprovado(const forms::GridModel& itens) {
   for (int linha = 1; linha < itens.rows(); ++linha)
-    if (!Apara(itens.text(linha, grids::item::DtAprov)).isEmpty()) return true;
+    if (!apara(itens.text(linha, grades::item::DtAprov)).isEmpty()) return true;
   return false;
 }
 
@@ -33,19 +33,19 @@ void frmPropCmrcTL::cmdFechar_Click() {
       recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
     return;
   if (!temItemAprovado(Flex->grid())) {
-    Falha(u"Impossibilidade de Executar o Comando!\rNão há itens aprovados!"_s);
+    avisaFalha(u"Impossibilidade de Executar o Comando!\rNão há itens aprovados!"_s);
     return LimpaTela();
   }
   // Without a value there are no instalments, and without them no way out of the confirmation.
-  if (LeNumero(lblTotaAprov->text()) <= 0)
-    return Aviso(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
-  if (Pergunta(u"Deseja realmente Fechar?"_s)) {
+  if (leNumero(lblTotaAprov->text()) <= 0)
+    return avisa(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
+  if (pergunta(u"Deseja realmente Fechar?"_s)) {
     passaTotaisParaConfirmacao();
     // However that screen is left, the closing goes on.
     forms::form<frmConfirmaPropCmrcTL>().showModal();
     CalculaTotais();
     marcaFechamento();
-    if (avisaFechamento()) Aviso(u"Orçamento Fechado com sucesso!\rOrçamento nr."_s + txtRowId->text());
+    if (avisaFechamento()) avisa(u"Orçamento Fechado com sucesso!\rOrçamento nr."_s + txtRowId->text());
     contexto().ModoOrcamento = u" "_s;
   }
   BotoesNeutros();
@@ -71,15 +71,15 @@ void frmPropCmrcTL::cmdReabrir_Click() {
       recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s))
     return;
   if (lblDataFechamento->text().isEmpty())
-    return Aviso(u"Impossibilidade de Executar o Comando!\rO Registro não está Fechado!"_s);
-  if (const QString pedido = pedidoDoOrcamento(Apara(txtCodigo->text())); !pedido.isEmpty())
-    return Aviso(
+    return avisa(u"Impossibilidade de Executar o Comando!\rO Registro não está Fechado!"_s);
+  if (const QString pedido = pedidoDoOrcamento(apara(txtCodigo->text())); !pedido.isEmpty())
+    return avisa(
         u"Já foi criado um pedido para este orçamento.\r"
         "A alteração somente poderá ser realizada no pedido.\rOrçamento:"_s +
         txtCodigo->text() + u" - Pedido:"_s + values::format(pedido, u"000000"));
-  if (Pergunta(u"Deseja realmente abrir?"_s)) {
+  if (pergunta(u"Deseja realmente abrir?"_s)) {
     alteraOrcamento({u"UPDATE prop_cmrc SET user_fech=null, data_fech=null "_s});
-    Aviso(u"Orçamento aberto com sucesso!\rOrçamento nr."_s + txtRowId->text() +
+    avisa(u"Orçamento aberto com sucesso!\rOrçamento nr."_s + txtRowId->text() +
           u"\rPara realizar alterações, entre na opção [Alterar]"_s);
     contexto().ModoOrcamento = u" "_s;
   }

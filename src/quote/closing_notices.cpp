@@ -10,7 +10,7 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
@@ -26,7 +26,7 @@ class Avisos {
 
   void envia(const QString& evento, const QString& anexo) {
     if (erro_ && erro_->serverSilent()) {
-      if (TemDestinatarioWorkFlow(evento)) falta(evento);
+      if (temDestinatarioWorkFlow(evento)) falta(evento);
       return;
     }
     try {
@@ -42,7 +42,8 @@ class Avisos {
   bool confere() const {
     if (!erro_) return true;
     forms::showRuntimeError(*erro_);
-    Falha(u"O orçamento nr. %1 está fechado. Avisos não enviados: %2"_s.arg(numero_, faltam_.join(u", "_s)));
+    avisaFalha(
+        u"O orçamento nr. %1 está fechado. Avisos não enviados: %2"_s.arg(numero_, faltam_.join(u", "_s)));
     return false;
   }
 
@@ -75,7 +76,7 @@ bool frmPropCmrcTL::avisaFechamento() {
     arquivo = contexto().PathDocs + u"deta_orca_"_s + numero + u".html"_s;
     try {
       files::removeIfThere(arquivo);
-      MontaDetalheOrcaHTML(values::toInt32(LeNumero(txtRowId->text())), arquivo);
+      MontaDetalheOrcaHTML(values::toInt32(leNumero(txtRowId->text())), arquivo);
     } catch (const values::RuntimeError&) {
       detalhe = std::current_exception();
     }

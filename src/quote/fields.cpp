@@ -2,8 +2,9 @@
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lists.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
+#include "shared/theme.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -59,7 +60,7 @@ void frmPropCmrcTL::ligaListas() {
       if (lista.combo->isLocked() || lista.combo->text().isEmpty()) return;
       const forms::WaitPointer espera;
       if (!lista.id(lista.combo->text()).get().isEmpty()) return;
-      Aviso(QString::fromUtf16(lista.recusa));
+      avisa(QString::fromUtf16(lista.recusa));
       lista.combo->setText({});
       focus(lista.combo);
     });
@@ -73,7 +74,7 @@ void frmPropCmrcTL::ligaListas() {
     on(combo, Event::DropDown, [this, enche = enche] { enche(*this); });
 }
 
-void frmPropCmrcTL::txtCodigo_LostFocus() { txtCodigo->setText(Apara(txtCodigo->text())); }
+void frmPropCmrcTL::txtCodigo_LostFocus() { txtCodigo->setText(apara(txtCodigo->text())); }
 
 void frmPropCmrcTL::cboCliente_DropDown() { CarregaClientes(*this, cboCliente->text()); }
 
@@ -106,7 +107,7 @@ void frmPropCmrcTL::cboClienteContato_LostFocus() {
 
 /// Yes goes on with a name that no table knows; No ends the editing.
 void frmPropCmrcTL::confirmaSemCadastro(const QString& aviso) {
-  if (Pergunta(u"Atenção!!!\r\r"_s + aviso + u"\r\rVocê Deseja Continuar o Orçamento mesmo assim?"_s)) return;
+  if (pergunta(u"Atenção!!!\r\r"_s + aviso + u"\r\rVocê Deseja Continuar o Orçamento mesmo assim?"_s)) return;
   BotoesNeutros();
   LimpaTela();
   TravaCampos();

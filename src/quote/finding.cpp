@@ -2,7 +2,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "search/frmBROWSE_PropCmrc.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 void frmPropCmrcTL::cmdPesquisar_PropCmrc_Click() {
   if (!txtCodigo->text().isEmpty()) return carregaNumero();
   forms::form<frmBROWSE_PropCmrc>().showModal();
-  MostraSituacao();
+  mostraSituacao();
 }
 
 bool frmPropCmrcTL::faltaCarregar() const {
@@ -30,11 +30,11 @@ bool frmPropCmrcTL::carregaEscolhido() {
 }
 
 void frmPropCmrcTL::carregaNumero() {
-  const auto naoLocalizado = [this] { Aviso(u"Orçamento não localizado!"_s, txtCodigo); };
-  if (!PodeSerId(txtCodigo->text())) return naoLocalizado();
+  const auto naoLocalizado = [this] { avisa(u"Orçamento não localizado!"_s, txtCodigo); };
+  if (!podeSerId(txtCodigo->text())) return naoLocalizado();
   const forms::WaitPointer espera;
   const data::Recordset rs =
-      AbreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + Apara(txtCodigo->text()) + u"'"_s);
+      abreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + apara(txtCodigo->text()) + u"'"_s);
   if (rs.eof()) return naoLocalizado();
   txtRowId->setText(rs.text(u"idprop_cmrc"));
   CarregaOrcamento();

@@ -48,17 +48,17 @@ frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   addOverFrame(frameMassa, kEsquerdaPainel, 0, cmdFecharFrameMassa);
   addOverFrame(frameCondPgto, kEsquerdaPainel, 0, cmdFecharFrameCondPgto);
   addOverFrame(frameAprova, kEsquerdaPainel, 0, cmdFecharFrameAprova);
-  ItemNaMontagem.layOut(grids::item::kLayout);
+  ItemNaMontagem.layOut(grades::item::kLayout);
   ligaTeclado();
   ligaAtalhos();
   ligaCampos();
   ligaComandos();
   ligaItens();
-  Flex->setLeastText(grids::item::Descricao, u"Descrição de trinta e cinco letras.."_s);
-  Flex->setLeastText(grids::item::Quantidade, u"Quantidade"_s);
-  Flex->setLeastText(grids::item::Total, u"Total Produto"_s);
-  Flex->setLeastText(grids::item::DtAprov, u"00/00/0000 00:00"_s);
-  Flex->setSpareColumns({grids::item::Descricao, grids::item::Observacao});
+  Flex->setLeastText(grades::item::Descricao, u"Descrição de trinta e cinco letras.."_s);
+  Flex->setLeastText(grades::item::Quantidade, u"Quantidade"_s);
+  Flex->setLeastText(grades::item::Total, u"Total Produto"_s);
+  Flex->setLeastText(grades::item::DtAprov, u"00/00/0000 00:00"_s);
+  Flex->setSpareColumns({grades::item::Descricao, grades::item::Observacao});
   ajustaMedidas();
   rememberMeasures();
 }
@@ -95,7 +95,7 @@ void frmPropCmrcTL::ligaTeclado() {
   enterMovesOn(campos);
   selectOnFocus(campos);
   enterMovesOn({opPV, opShowRoom, txtDesconto});
-  for (QLineEdit* numero : {txtNumePess, txtQuantidade, txtDesconto}) onKeyPress(numero, &FiltraTeclaDecimal);
+  for (QLineEdit* numero : {txtNumePess, txtQuantidade, txtDesconto}) onKeyPress(numero, &filtraTeclaDecimal);
 }
 
 void frmPropCmrcTL::ligaCampos() {
@@ -108,13 +108,13 @@ void frmPropCmrcTL::ligaCampos() {
 
   ligaDatas();
   for (QLineEdit* caixa : {txtCodProduto, txtObseDetaItem})
-    on(caixa, Event::LostFocus, [caixa] { caixa->setText(Maiusculas(caixa->text())); });
+    on(caixa, Event::LostFocus, [caixa] { caixa->setText(maiusculas(caixa->text())); });
 
   on(txtDesconto, Event::GotFocus, &frmPropCmrcTL::txtDesconto_GotFocus);
   on(txtDesconto, Event::LostFocus, &frmPropCmrcTL::txtDesconto_LostFocus);
   on(cmdExpandirObservacao, Event::Click, &frmPropCmrcTL::cmdExpandirObservacao_Click);
-  on(cmdEnvEmail, Event::Click, [this] { AbreMailto(Apara(txtEmailExtraContato->text())); });
-  on(cmdAbrirOutlook, Event::Click, [this] { AbreMailto(Apara(txtEmailExtra->text())); });
+  on(cmdEnvEmail, Event::Click, [this] { AbreMailto(apara(txtEmailExtraContato->text())); });
+  on(cmdAbrirOutlook, Event::Click, [this] { AbreMailto(apara(txtEmailExtra->text())); });
 }
 
 void frmPropCmrcTL::ligaComandos() {
@@ -181,12 +181,12 @@ void frmPropCmrcTL::LimitaCampos() {
                                                       {txtEmailExtraContato, u"emai_clie_cont"},
                                                       {txtCondPagto, u"txt_cond_pgto"},
                                                       {txtNomeHomg, u"nome_homg"}};
-  for (const auto& [campo, coluna] : colunas) LimitaPelaColuna(campo, coluna);
+  for (const auto& [campo, coluna] : colunas) limitaPelaColuna(campo, coluna);
 }
 
-void frmPropCmrcTL::MontaGridItens() { Flex->grid().layOut(grids::item::kLayout); }
-void frmPropCmrcTL::MontaGridMontagem() { FlexMonta.layOut(grids::material::kQuoteLayout); }
-void frmPropCmrcTL::MontaGridHomenageados() { FlexHomg->grid().layOut(grids::honoree::kLayout); }
+void frmPropCmrcTL::MontaGridItens() { Flex->grid().layOut(grades::item::kLayout); }
+void frmPropCmrcTL::MontaGridMontagem() { FlexMonta.layOut(grades::material::kLayoutDoOrcamento); }
+void frmPropCmrcTL::MontaGridHomenageados() { FlexHomg->grid().layOut(grades::homenageado::kLayout); }
 
 void frmPropCmrcTL::cmdExpandirObservacao_Click() {
   cmdExpandirObservacao->setText(cmdExpandirObservacao->text() == u"+" ? u"-"_s : u"+"_s);
@@ -233,7 +233,7 @@ void frmPropCmrcTL::ajustaMedidas() {
 /// The sums end under the column that they add.
 void frmPropCmrcTL::alinhaTotais() {
   const auto* titulos = Flex->horizontalHeader();
-  const int fim = titulos->sectionPosition(grids::item::Total) + titulos->sectionSize(grids::item::Total);
+  const int fim = titulos->sectionPosition(grades::item::Total) + titulos->sectionSize(grades::item::Total);
   const int recuo = Flex->mapTo(conteudo, QPoint()).x() - somas->mapTo(conteudo, QPoint()).x();
   // They never widen the screen: what stands beside them keeps its place.
   int vizinhos = 0;

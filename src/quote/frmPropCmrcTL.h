@@ -46,7 +46,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void TravaCampos();
   void DestravaCampos();
   /// Shows by colour and word whether the quote is being looked at, edited, closed or deactivated.
-  void MostraSituacao();
+  void mostraSituacao();
 
   void MontaGridMontagem();
   void MontaGridHomenageados();
@@ -117,7 +117,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   [[nodiscard]] QString MontaInsertOrcamento() const;
   [[nodiscard]] QString MontaUpdateOrcamento() const;
   [[nodiscard]] QString MontaInsertDetalhe(const QString& idOrcamento, int linha) const;
-  [[nodiscard]] QString MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe,
+  [[nodiscard]] QString montaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe,
                                             int linha) const;
   [[nodiscard]] QString MontaInsertHomenageado(const QString& idOrcamento, int linha) const;
 

@@ -6,7 +6,7 @@
 
 // Columns and layouts of the quote's grids. The grids are the working copy of a quote between loading and
 // saving.
-namespace grids {
+namespace grades {
 
 using forms::GridColumn;
 using forms::kRight;
@@ -60,7 +60,7 @@ enum Column {
   Ordem,
   VinculoComFlex
 };
-inline constexpr std::array<GridColumn, 12> kQuoteLayout{{
+inline constexpr std::array<GridColumn, 12> kLayoutDoOrcamento{{
     {u"ID", 0},
     {u"Código", 1300},
     {u"Descrição", 4000},
@@ -74,17 +74,17 @@ inline constexpr std::array<GridColumn, 12> kQuoteLayout{{
     {u"ORDEM Tipo M.P.", 500, kRight},
     {u"VinculoComFlex", 500, kRight},
 }};
-inline constexpr int kAssemblyColumns = 11;
+inline constexpr int kColunasDaMontagem = 11;
 }  // namespace material
 
 /// Honorees (FlexHomg).
-namespace honoree {
+namespace homenageado {
 enum Column { Id, Nome };
 inline constexpr std::array<GridColumn, 2> kLayout{{{u"ID", 0}, {u"Nome", 5415}}};
-}  // namespace honoree
+}  // namespace homenageado
 
 /// Instalments (Flex2 of the confirmation screen).
-namespace instalment {
+namespace parcela {
 enum Column { Vazia, Parcela, Dias, Valor, Vencimento };
 inline constexpr std::array<GridColumn, 5> kLayout{{
     {u"", 0},
@@ -93,10 +93,10 @@ inline constexpr std::array<GridColumn, 5> kLayout{{
     {u"Valor", 1215, kRight},
     {u"Vencimento", 1215, kRight},
 }};
-}  // namespace instalment
+}  // namespace parcela
 
 /// Kinds of line: what idprodprot of a line points to.
 inline constexpr const char16_t* kProduto = u"PROD";
 inline constexpr const char16_t* kPrototipo = u"PROT";
 
-}  // namespace grids
+}  // namespace grades

@@ -9,10 +9,10 @@ using namespace Qt::StringLiterals;
 void frmPropCmrcTL::cmdMultiHomenagem_Click() { openOverFrame(frameHomenageados, txtNomeHomg); }
 
 void frmPropCmrcTL::cmdIncluirHomg_Click() {
-  const QString nome = Apara(txtNomeHomg->text());
+  const QString nome = apara(txtNomeHomg->text());
   if (!nome.isEmpty()) {
     forms::GridModel& lista = FlexHomg->grid();
-    lista.addRow({{grids::honoree::Nome, Maiusculas(nome)}});
+    lista.addRow({{grades::homenageado::Nome, maiusculas(nome)}});
     txtNomeHomg->clear();
     lista.setTopRow(lista.rows() - 1);
   }
@@ -26,7 +26,7 @@ void frmPropCmrcTL::FlexHomg_DblClick() {
   const int linha = lista.row();
   if (linha == 0) return;
   // The name's column is chosen on the item grid; the text is the cell chosen in the list.
-  Flex->grid().setCol(grids::honoree::Nome);
+  Flex->grid().setCol(grades::homenageado::Nome);
   txtNomeHomg->setText(lista.text(linha, lista.col()));
   if (lista.rows() == 2)
     MontaGridHomenageados();

@@ -18,7 +18,7 @@ void frmPropCmrcTL::mostraMontagem() {
   forms::form<frmMontarProduto>().showModal();
   // A line without materials has nothing that a cancel could put back.
   if (itens.rows() == restantes && ItemNaMontagem.rows() > 1) itens.addRow(ItemNaMontagem.rowTexts(1));
-  ItemNaMontagem.layOut(grids::item::kLayout);
+  ItemNaMontagem.layOut(grades::item::kLayout);
   CalculaTotais();
 }
 
@@ -27,42 +27,42 @@ void frmPropCmrcTL::alteraItem() {
   forms::GridModel& itens = Flex->grid();
   const int linha = itens.row();
   if (linha == 0) return;
-  ItemNaMontagem.layOut(grids::item::kLayout);
+  ItemNaMontagem.layOut(grades::item::kLayout);
   ItemNaMontagem.addRow(itens.rowTexts(linha));
   passaParaMontagem(linha);
-  soltaMateriais(linha, grids::material::VinculoComFlex);
-  tiraLinha(linha, grids::material::VinculoComFlex);
+  soltaMateriais(linha, grades::material::VinculoComFlex);
+  tiraLinha(linha, grades::material::VinculoComFlex);
   CalculaTotais();
   contexto().ModoItem = u"A"_s;
   mostraMontagem();
 }
 
 void frmPropCmrcTL::passaParaMontagem(int linha) {
-  using namespace grids;
+  using namespace grades;
   auto& tela = forms::form<frmMontarProduto>();
   const auto celula = [this, linha](item::Column coluna) { return Flex->grid().text(linha, coluna); };
   tela.PreparaGradeMontagem();
   tela.lblTotalUnitarioProduto->setText(u"0"_s);
   for (int i = 1; i < FlexMonta.rows(); ++i)
-    if (LeNumero(FlexMonta.text(i, material::VinculoComFlex)) == linha)
+    if (leNumero(FlexMonta.text(i, material::VinculoComFlex)) == linha)
       passaMaterial(i, celula(item::Quantidade));
 
-  tela.Flex->grid().setRow(LinhaProduto(tela.Flex->grid()));
+  tela.Flex->grid().setRow(linhaProduto(tela.Flex->grid()));
   tela.txtObservacoes->setText(celula(item::Observacao));
   tela.txtObservacoesSombra->setText(celula(item::Observacao));
   tela.txtQuantidade->setText(celula(item::Quantidade));
   tela.txtQuantidadeSombra->setText(celula(item::Quantidade));
-  tela.lblTotalUnitarioProduto->setText(Moeda(celula(item::VrUnit)));
+  tela.lblTotalUnitarioProduto->setText(emMoeda(celula(item::VrUnit)));
 }
 
 void frmPropCmrcTL::passaMaterial(int linhaMonta, const QString& quantidade) {
-  using namespace grids;
+  using namespace grades;
   auto& tela = forms::form<frmMontarProduto>();
   // These two have no column for the link: it is left behind.
   const forms::GridRow linha = FlexMonta.rowTexts(linhaMonta);
   tela.Flex->grid().addRow(linha);
   tela.FlexSombra.addRow(linha);
-  tela.MarcaLinha(tela.Flex->grid().rows() - 1);
-  const double valor = LeNumero(FlexMonta.text(linhaMonta, material::ValorUnitario)) * LeNumero(quantidade);
-  tela.lblTotalUnitarioProduto->setText(Moeda(LeNumero(tela.lblTotalUnitarioProduto->text()) + valor));
+  tela.marcaLinha(tela.Flex->grid().rows() - 1);
+  const double valor = leNumero(FlexMonta.text(linhaMonta, material::ValorUnitario)) * leNumero(quantidade);
+  tela.lblTotalUnitarioProduto->setText(emMoeda(leNumero(tela.lblTotalUnitarioProduto->text()) + valor));
 }

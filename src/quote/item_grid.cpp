@@ -1,6 +1,7 @@
+#include "platform/forms/boxes.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 void frmPropCmrcTL::Flex_DblClick() {
   if (!editando()) return;
   const QString resposta =
-      Maiusculas(forms::inputBox({.prompt = u"Deseja [E]xclui ou [A]lterar? [E] ou [A]"_s,
+      maiusculas(forms::inputBox({.prompt = u"Deseja [E]xclui ou [A]lterar? [E] ou [A]"_s,
                                   .title = u"Exclui ou Altera Item"_s,
                                   .initial = u"A"_s}));
   if (resposta == u"E") return excluiItem();
@@ -19,22 +20,22 @@ void frmPropCmrcTL::Flex_DblClick() {
 }
 
 void frmPropCmrcTL::excluiItem() {
-  using namespace grids;
+  using namespace grades;
   forms::GridModel& itens = Flex->grid();
   itens.setCol(item::Codigo);
   const int linha = itens.row();
-  const QString codigo = Apara(itens.text(linha, item::Codigo));
+  const QString codigo = apara(itens.text(linha, item::Codigo));
   // A removal looks at the class order of the materials, not at their link: they keep the link they have.
   soltaMateriais(linha, material::Ordem);
   tiraLinha(linha, material::Ordem);
   CalculaTotais();
-  Aviso(u"O produto "_s + codigo + u" foi Excluído com sucesso!"_s);
+  avisa(u"O produto "_s + codigo + u" foi Excluído com sucesso!"_s);
 }
 
 /// Empties a column of the materials where it holds the row number.
 void frmPropCmrcTL::soltaMateriais(int linha, int coluna) {
   for (int i = 1; i < FlexMonta.rows(); ++i)
-    if (LeNumero(FlexMonta.text(i, coluna)) == linha) FlexMonta.setText(i, coluna, {});
+    if (leNumero(FlexMonta.text(i, coluna)) == linha) FlexMonta.setText(i, coluna, {});
 }
 
 /// Takes an item row out; the numbers of later rows in that column of the materials fall by one.
@@ -44,27 +45,27 @@ void frmPropCmrcTL::tiraLinha(int linha, int coluna) {
   if (itens.rows() == 2) return MontaGridItens();
   itens.removeItem(linha);
   for (int i = 1; i < FlexMonta.rows(); ++i) {
-    const double numero = LeNumero(FlexMonta.text(i, coluna));
+    const double numero = leNumero(FlexMonta.text(i, coluna));
     if (numero > linha) FlexMonta.setText(i, coluna, values::toText(numero - 1));
   }
 }
 
 void frmPropCmrcTL::CalculaTotais() {
-  using namespace grids;
+  using namespace grades;
   // The labels are the only store of the sums: each is read back for the next addition.
   const auto soma = [](QLabel* label, double valor) {
-    label->setText(values::toText(LeNumero(label->text()) + valor));
+    label->setText(values::toText(leNumero(label->text()) + valor));
   };
   const std::initializer_list<QLabel*> somas3 = {lblTotaGeral, lblTotaAprov, lblTotaNaoAprov};
   for (QLabel* label : somas3) label->setText(u"0"_s);
   const forms::GridModel& itens = Flex->grid();
   for (int linha = 1; linha < itens.rows(); ++linha) {
-    const double total = LeNumero(itens.text(linha, item::Total));
+    const double total = leNumero(itens.text(linha, item::Total));
     soma(lblTotaGeral, total);
-    soma(Apara(itens.text(linha, item::DtAprov)).isEmpty() ? lblTotaNaoAprov : lblTotaAprov, total);
+    soma(apara(itens.text(linha, item::DtAprov)).isEmpty() ? lblTotaNaoAprov : lblTotaAprov, total);
   }
-  for (QLabel* label : somas3) label->setText(Moeda(label->text()));
+  for (QLabel* label : somas3) label->setText(emMoeda(label->text()));
   if (lblDesconto->text().isEmpty()) lblDesconto->setText(u"0"_s);
   lblTotalLiquido->setText(
-      Moeda(values::toNumber(lblTotaAprov->text()) - values::toNumber(lblDesconto->text())));
+      emMoeda(values::toNumber(lblTotaAprov->text()) - values::toNumber(lblDesconto->text())));
 }

@@ -1,8 +1,9 @@
+#include "platform/forms/boxes.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -15,9 +16,9 @@ namespace {
 /// Discount per unit of a product: a percentage that stands, or one that runs until its last day.
 QString descontoDoProduto(const data::Recordset& rs, double bruto) {
   const bool semLimite = rs.isNull(u"data_limi_prom");
-  if (semLimite && rs.isNull(u"PERC_DECT")) return Moeda(0);
-  if (!semLimite && values::today() > rs.date(u"data_limi_prom").date()) return Moeda(0);
-  return Moeda(rs.number(u"PERC_DECT") / 100 * bruto);
+  if (semLimite && rs.isNull(u"PERC_DECT")) return emMoeda(0);
+  if (!semLimite && values::today() > rs.date(u"data_limi_prom").date()) return emMoeda(0);
+  return emMoeda(rs.number(u"PERC_DECT") / 100 * bruto);
 }
 
 }  // namespace
@@ -36,7 +37,7 @@ void frmPropCmrcTL::LimpaCamposItem() {
 }
 
 void frmPropCmrcTL::cmdPesquisar_ProdProt_Click() {
-  if (!opPROD->isChecked() && !opPROT->isChecked()) return Aviso(u"Falta Definição da Origem!"_s);
+  if (!opPROD->isChecked() && !opPROT->isChecked()) return avisa(u"Falta Definição da Origem!"_s);
   if (txtCodProduto->text().isEmpty()) return abrePesquisaItem();
   if (opPROD->isChecked())
     pesquisaProduto();
@@ -52,13 +53,13 @@ void frmPropCmrcTL::recusaDesativado(const QString& texto) {
 void frmPropCmrcTL::pesquisaProduto() {
   const forms::WaitPointer espera;
   const data::Recordset rs =
-      AbreConsulta(u"SELECT * FROM prod WHERE codi_prod='"_s + txtCodProduto->text() + u"'"_s);
-  if (rs.eof()) return Aviso(u"Produto Não Localizado!"_s);
+      abreConsulta(u"SELECT * FROM prod WHERE codi_prod='"_s + txtCodProduto->text() + u"'"_s);
+  if (rs.eof()) return avisa(u"Produto Não Localizado!"_s);
   if (!rs.isNull(u"data_desa")) return recusaDesativado(u"Produto Desativado!"_s);
   txtidProdProt->setText(rs.text(u"idprod"));
   lblDescProt->setText(rs.text(u"desc_prod"));
-  lblVrBrutoProt->setText(Moeda(ValorVendaProduto(txtCodProduto->text())));
-  txtDesconto->setText(descontoDoProduto(rs, LeNumero(lblVrBrutoProt->text())));
+  lblVrBrutoProt->setText(emMoeda(ValorVendaProduto(txtCodProduto->text())));
+  txtDesconto->setText(descontoDoProduto(rs, leNumero(lblVrBrutoProt->text())));
   mostraPrecoLiquido();
   lblUnidadeMedida->setText(DescricaoUnidade(UnidadeProduto(rs.text(u"idprod"))));
   focus(txtQuantidade);
@@ -66,14 +67,14 @@ void frmPropCmrcTL::pesquisaProduto() {
 
 void frmPropCmrcTL::pesquisaPrototipo() {
   const forms::WaitPointer espera;
-  if (!values::isNumeric(Apara(txtCodProduto->text())))
-    return Aviso(u"O Código de Protótipo é formado apenas por números!"_s, txtCodProduto);
+  if (!values::isNumeric(apara(txtCodProduto->text())))
+    return avisa(u"O Código de Protótipo é formado apenas por números!"_s, txtCodProduto);
   const data::Recordset rs =
-      AbreConsulta(u"SELECT * FROM prot WHERE idprot='"_s + txtCodProduto->text() + u"'"_s);
-  if (rs.eof()) return Aviso(u"Protótipo Não Localizado!"_s);
+      abreConsulta(u"SELECT * FROM prot WHERE idprot='"_s + txtCodProduto->text() + u"'"_s);
+  if (rs.eof()) return avisa(u"Protótipo Não Localizado!"_s);
   if (!rs.isNull(u"data_desa")) return recusaDesativado(u"Protótipo Desativado!"_s);
   if (!rs.isNull(u"idprod") && rs.number(u"idprod") > 0)
-    return Aviso(
+    return avisa(
         u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\r"
         "Escolha a Opção Inserção de Produto e Não de Protótipo\rCódigo do Produto:"_s +
             CodigoProduto(rs.text(u"idprod")),
@@ -87,12 +88,12 @@ void frmPropCmrcTL::pesquisaPrototipo() {
 }
 
 void frmPropCmrcTL::mostraPrecoLiquido() {
-  txtDesconto->setText(Moeda(txtDesconto->text()));
-  lblVrLiqProt->setText(Moeda(LeNumero(lblVrBrutoProt->text()) - LeNumero(txtDesconto->text())));
+  txtDesconto->setText(emMoeda(txtDesconto->text()));
+  lblVrLiqProt->setText(emMoeda(leNumero(lblVrBrutoProt->text()) - leNumero(txtDesconto->text())));
 }
 
 void frmPropCmrcTL::txtDesconto_GotFocus() {
-  Aviso(
+  avisa(
       u"Para usar o campo desconto:\rEm valores - Basta informar o valor do desconto;\r"
       "Em percentual - Basta informar o valor em percentual e acrescentar o sinal % no final do valor"_s);
   txtDesconto->selectAll();
@@ -100,13 +101,13 @@ void frmPropCmrcTL::txtDesconto_GotFocus() {
 
 void frmPropCmrcTL::txtDesconto_LostFocus() {
   if (const QString texto = txtDesconto->text(); texto.endsWith(u'%')) {
-    const double desconto = values::toNumber(lblVrBrutoProt->text()) * (LeNumero(texto.chopped(1)) / 100);
-    txtDesconto->setText(Moeda(values::toText(desconto)));
+    const double desconto = values::toNumber(lblVrBrutoProt->text()) * (leNumero(texto.chopped(1)) / 100);
+    txtDesconto->setText(emMoeda(values::toText(desconto)));
   } else {
-    txtDesconto->setText(Moeda(texto));
+    txtDesconto->setText(emMoeda(texto));
   }
-  if (values::toNumber(lblVrBrutoProt->text()) < LeNumero(txtDesconto->text())) {
-    Aviso(u"O Desconto não poderá ser superior ao valor do Produto!"_s, windowTitle());
+  if (values::toNumber(lblVrBrutoProt->text()) < leNumero(txtDesconto->text())) {
+    avisa(u"O Desconto não poderá ser superior ao valor do Produto!"_s, windowTitle());
     return focus(txtDesconto);
   }
   mostraPrecoLiquido();

@@ -1,7 +1,7 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -9,33 +9,33 @@ using namespace Qt::StringLiterals;
 
 /// Appends what the panel holds as a line. The totals stay as they are until they are next added up.
 void frmPropCmrcTL::cmdIncluir_ProdProt_Click() {
-  if (lblDescProt->text().isEmpty()) return Aviso(u"Produto/Protótipo Inválido!"_s, txtCodProduto);
+  if (lblDescProt->text().isEmpty()) return avisa(u"Produto/Protótipo Inválido!"_s, txtCodProduto);
   if (txtQuantidade->text().isEmpty() || txtQuantidade->text() == u"0")
-    return Aviso(u"Quantidade Inválida!"_s, txtQuantidade);
+    return avisa(u"Quantidade Inválida!"_s, txtQuantidade);
   if (recusaRepetido()) return;
 
   const bool produto = opPROD->isChecked();
   const QString id = txtidProdProt->text();
-  const QString mascara = MascaraUnidade(produto ? UnidadeProduto(id) : UnidadePrototipo(id));
+  const QString mascara = mascaraUnidade(produto ? UnidadeProduto(id) : UnidadePrototipo(id));
   const QString quantidade = values::format(txtQuantidade->text(), mascara);
-  const double total = LeNumero(Moeda(lblVrLiqProt->text())) * LeNumero(quantidade);
-  using namespace grids::item;
+  const double total = leNumero(emMoeda(lblVrLiqProt->text())) * leNumero(quantidade);
+  using namespace grades::item;
   Flex->grid().addRow({{Id, id},
                        {Tipo, tipoDoPainel()},
                        {Codigo, txtCodProduto->text()},
                        {Descricao, lblDescProt->text()},
-                       {VrBruto, Moeda(lblVrBrutoProt->text())},
-                       {Desconto, Moeda(txtDesconto->text())},
-                       {VrUnit, Moeda(lblVrLiqProt->text())},
+                       {VrBruto, emMoeda(lblVrBrutoProt->text())},
+                       {Desconto, emMoeda(txtDesconto->text())},
+                       {VrUnit, emMoeda(lblVrLiqProt->text())},
                        {Quantidade, quantidade},
-                       {Total, Moeda(total)},
+                       {Total, emMoeda(total)},
                        {Unidade, lblUnidadeMedida->text()},
-                       {Observacao, Apara(txtObseDetaItem->text())}});
+                       {Observacao, apara(txtObseDetaItem->text())}});
   LimpaCamposItem();
 }
 
 QString frmPropCmrcTL::tipoDoPainel() const {
-  return QString::fromUtf16(opPROD->isChecked() ? grids::kProduto : grids::kPrototipo);
+  return QString::fromUtf16(opPROD->isChecked() ? grades::kProduto : grades::kPrototipo);
 }
 
 bool frmPropCmrcTL::recusaRepetido() {
@@ -43,9 +43,9 @@ bool frmPropCmrcTL::recusaRepetido() {
   const QString codigo = txtCodProduto->text();
   const forms::GridModel& itens = Flex->grid();
   for (int linha = 1; linha < itens.rows(); ++linha) {
-    if (itens.text(linha, grids::item::Tipo) != tipo || itens.text(linha, grids::item::Codigo) != codigo)
+    if (itens.text(linha, grades::item::Tipo) != tipo || itens.text(linha, grades::item::Codigo) != codigo)
       continue;
-    Aviso((opPROD->isChecked() ? u"Cod.Produto:"_s : u"Cod.Protótipo:"_s) + codigo +
+    avisa((opPROD->isChecked() ? u"Cod.Produto:"_s : u"Cod.Protótipo:"_s) + codigo +
           u"\rEste item já foi inserido!\rProcesso de Inclusão abortado!"_s);
     LimpaCamposItem();
     return true;

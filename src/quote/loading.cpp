@@ -1,7 +1,7 @@
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
@@ -14,7 +14,7 @@ namespace {
 
 GridRow linhaDoMaterial(const data::Recordset& rs, const QString& codigo, const QString& descricao,
                         const QString& linhaFlex) {
-  using namespace grids::material;
+  using namespace grades::material;
   return {{Id, rs.text(u"idprod")},
           {Codigo, codigo},
           {Descricao, descricao},
@@ -41,7 +41,7 @@ Asked<GridRow> leMaterial(data::Recordset rs, QString linhaFlex) {
 /// The materials of one item, tied to row linhaFlex of the items.
 Asked<std::vector<GridRow>> leMontagem(QString idOrcamento, QString idDetalhe, QString linhaFlex) {
   const data::Recordset rs =
-      co_await PedeConsulta(u"SELECT * From PROP_CMRC_DETA_MONTA Where IDPROP_CMRC = '"_s + idOrcamento +
+      co_await pedeConsulta(u"SELECT * From PROP_CMRC_DETA_MONTA Where IDPROP_CMRC = '"_s + idOrcamento +
                             u"' and idPROP_CMRC_DETA = '"_s + idDetalhe + u"'"_s);
   auto materiais =
       data::forEachRow(rs, [&](const data::Recordset& material) { return leMaterial(material, linhaFlex); });
@@ -59,7 +59,7 @@ struct DadosDoItem {
 };
 
 GridRow linhaDoItem(const data::Recordset& rs, bool produto, const DadosDoItem& dados) {
-  using namespace grids::item;
+  using namespace grades::item;
   return {{Id, rs.text(u"idprodprot")},
           {Tipo, rs.text(u"prod_prot")},
           {Codigo, dados.codigo},
@@ -76,7 +76,7 @@ GridRow linhaDoItem(const data::Recordset& rs, bool produto, const DadosDoItem& 
 
 Asked<ItemLido> leItem(data::Recordset rs, QString idOrcamento, QString linhaFlex) {
   const QString id = rs.text(u"idprodprot");
-  const bool produto = Maiusculas(rs.text(u"prod_prot")) == QStringView(grids::kProduto);
+  const bool produto = maiusculas(rs.text(u"prod_prot")) == QStringView(grades::kProduto);
   auto pedeCodigo = produto ? CodigoProduto(id) : ValidaPrototipo(id);
   auto pedeDescricao = produto ? DescricaoProduto(id) : DescricaoPrototipo(id);
   auto pedeIdUnidade = produto ? UnidadeProduto(id) : UnidadePrototipo(id);
@@ -97,7 +97,7 @@ Asked<ItemLido> leItem(data::Recordset rs, QString idOrcamento, QString linhaFle
 
 Asked<std::vector<ItemLido>> leItens(QString idOrcamento) {
   const data::Recordset rs =
-      co_await PedeConsulta(u"SELECT * From PROP_CMRC_DETA Where IDPROP_CMRC = '"_s + idOrcamento + u"'"_s);
+      co_await pedeConsulta(u"SELECT * From PROP_CMRC_DETA Where IDPROP_CMRC = '"_s + idOrcamento + u"'"_s);
   int linha = 0;
   auto itens = data::forEachRow(
       rs, [&](const data::Recordset& item) { return leItem(item, idOrcamento, QString::number(++linha)); });
@@ -109,13 +109,13 @@ Asked<std::vector<ItemLido>> leItens(QString idOrcamento) {
 void frmPropCmrcTL::CarregaOrcamento() {
   const forms::WaitPointer espera;
   const data::Recordset rs =
-      AbreConsulta(u"SELECT * FROM PROP_CMRC WHERE PROP_CMRC.IDPROP_CMRC = '"_s + txtCodigo->text() + u"'"_s);
-  if (rs.eof()) return Falha(u"Há Problemas Neste Registro!"_s);
+      abreConsulta(u"SELECT * FROM PROP_CMRC WHERE PROP_CMRC.IDPROP_CMRC = '"_s + txtCodigo->text() + u"'"_s);
+  if (rs.eof()) return avisaFalha(u"Há Problemas Neste Registro!"_s);
   const QString id = rs.text(u"idprop_cmrc");
   auto pedeNomes = pedeNomesDoCabecalho(rs);
   auto pedeTermos = pedeTermosDaConfirmacao(rs);
   auto pedeItens = leItens(id);
-  auto pedeHomenageados = PedeConsulta(
+  auto pedeHomenageados = pedeConsulta(
       u"SELECT IDPROP_CMRC_HOMG, NOME_HOMG From PROP_CMRC_HOMG Where IDPROP_CMRC = '"_s + id + u"'"_s);
   const std::vector<ItemLido> itens = pedeItens.get();
   data::Recordset homenageados = pedeHomenageados.get();
@@ -130,9 +130,9 @@ void frmPropCmrcTL::CarregaOrcamento() {
     FlexMonta.addRows(item.materiais);
   }
   for (; !homenageados.eof(); homenageados.moveNext())
-    FlexHomg->grid().addRow({{grids::honoree::Id, homenageados.text(u"IDPROP_CMRC_HOMG")},
-                             {grids::honoree::Nome, homenageados.text(u"NOME_HOMG")}});
-  MostraSituacao();
+    FlexHomg->grid().addRow({{grades::homenageado::Id, homenageados.text(u"IDPROP_CMRC_HOMG")},
+                             {grades::homenageado::Nome, homenageados.text(u"NOME_HOMG")}});
+  mostraSituacao();
 }
 
 /// Null leaves its field as it was cleared.

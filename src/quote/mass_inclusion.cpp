@@ -1,7 +1,7 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -12,23 +12,23 @@ using namespace Qt::StringLiterals;
 namespace {
 
 forms::GridRow linhaComMascara(const data::Recordset& rs, double quantidade, const QString& mascara) {
-  using namespace grids::item;
+  using namespace grades::item;
   const QString id = rs.text(u"IDPROT");
   const QString valor = rs.format(u"VALO_VEDS", kMascaraMoeda);
   return {{Id, id},
-          {Tipo, QString::fromUtf16(grids::kPrototipo)},
+          {Tipo, QString::fromUtf16(grades::kPrototipo)},
           {Codigo, id},
           {Descricao, rs.text(u"DESC_PROT")},
           {VrBruto, valor},
-          {Desconto, Moeda(0)},
+          {Desconto, emMoeda(0)},
           {VrUnit, valor},
           {Quantidade, values::format(quantidade, mascara)},
-          {Total, rs.isNull(u"VALO_VEDS") ? QString() : Moeda(quantidade * rs.number(u"VALO_VEDS"))}};
+          {Total, rs.isNull(u"VALO_VEDS") ? QString() : emMoeda(quantidade * rs.number(u"VALO_VEDS"))}};
 }
 
 Asked<forms::GridRow> linhaDoPrototipo(data::Recordset rs, double quantidade) {
   const QString unidade = rs.isNull(u"IDUNID") ? u"0"_s : rs.text(u"IDUNID");
-  const QString mascara = co_await MascaraUnidade(unidade);
+  const QString mascara = co_await mascaraUnidade(unidade);
   co_return linhaComMascara(rs, quantidade, mascara);
 }
 
@@ -42,8 +42,8 @@ void frmPropCmrcTL::cmdIncluirMassa_Click() {
 void frmPropCmrcTL::cmdConfirmaMassaClie_Click() {
   const forms::WaitPointer espera;
   const QString cliente = IdClientePorNome(cboCliente->text());
-  if (LeNumero(cliente) == 0)
-    return Aviso(u"Para esta operação, um cliente precisa ser selecionado!"_s, windowTitle());
+  if (leNumero(cliente) == 0)
+    return avisa(u"Para esta operação, um cliente precisa ser selecionado!"_s, windowTitle());
   if (confirmaMassa())
     incluiPrototipos(
         u"SELECT PROT.IDPROT, PROT.DESC_PROT, PROT.VALO_VEDS, PROT.IDCLIE, PROT.IDUNID, PROT.DATA_DESA, "
@@ -53,12 +53,12 @@ void frmPropCmrcTL::cmdConfirmaMassaClie_Click() {
 }
 
 void frmPropCmrcTL::cmdConfirmarMassa_Click() {
-  const QString colecao = Apara(cboCole->text());
+  const QString colecao = apara(cboCole->text());
   if (!colecao.isEmpty()) {
     const forms::WaitPointer espera;
     // The notice says the opposite of what it means: the collection was not found.
-    if (LeNumero(IdColecao(colecao)) == 0)
-      Aviso(u"Esta Coleção existe!"_s, windowTitle());
+    if (leNumero(IdColecao(colecao)) == 0)
+      avisa(u"Esta Coleção existe!"_s, windowTitle());
     else if (confirmaMassa())
       incluiPrototipos(
           u"SELECT PROT.IDPROT, PROT.DESC_PROT, PROT.VALO_VEDS, COLE.DESC_COLE, PROT.IDCLIE, PROT.IDUNID "
@@ -69,7 +69,7 @@ void frmPropCmrcTL::cmdConfirmarMassa_Click() {
 }
 
 bool frmPropCmrcTL::confirmaMassa() {
-  return Pergunta(
+  return pergunta(
       u"Atenção!!!\rPara esta operação, os protótipos já existentes serão excluídos.\r"
       "Confirma? (S/N)"_s,
       windowTitle());
@@ -79,14 +79,14 @@ bool frmPropCmrcTL::confirmaMassa() {
 void frmPropCmrcTL::incluiPrototipos(const QString& sql) {
   const forms::WaitPointer espera;
   MontaGridItens();
-  const data::Recordset rs = AbreConsulta(sql);
-  if (LeNumero(txtNumePess->text()) == 0) {
-    Aviso(
+  const data::Recordset rs = abreConsulta(sql);
+  if (leNumero(txtNumePess->text()) == 0) {
+    avisa(
         u"A quantidade zerada, para o processamento será assumido a quantidade 1 para cada um dos protótipos"_s,
         windowTitle());
     txtNumePess->setText(u"1"_s);
   }
-  const double quantidade = LeNumero(txtNumePess->text());
+  const double quantidade = leNumero(txtNumePess->text());
   Flex->grid().addRows(data::forEachRow(rs, [quantidade](const data::Recordset& prototipo) {
                          return linhaDoPrototipo(prototipo, quantidade);
                        }).get());

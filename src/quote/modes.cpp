@@ -1,9 +1,10 @@
+#include "platform/forms/boxes.h"
 #include "platform/values/dates.h"
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "run/program_title.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +15,7 @@ void frmPropCmrcTL::BotoesNeutros() {
        {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdSAIR, cmdFechar, cmdReabrir})
     botao->setEnabled(true);
   cmdSALVAR->setEnabled(false);
-  MostraSituacao();
+  mostraSituacao();
 }
 
 void frmPropCmrcTL::botoesEditando() {
@@ -22,7 +23,7 @@ void frmPropCmrcTL::botoesEditando() {
   for (QWidget* botao : {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdFechar, cmdReabrir})
     botao->setEnabled(false);
   for (QWidget* botao : {cmdSALVAR, cmdSAIR}) botao->setEnabled(true);
-  MostraSituacao();
+  mostraSituacao();
 }
 
 void frmPropCmrcTL::travaOuDestrava(bool trava) {
@@ -49,7 +50,7 @@ void frmPropCmrcTL::DestravaCampos() { travaOuDestrava(false); }
 
 void frmPropCmrcTL::encerraEdicao() {
   contexto().ModoOrcamento = u" "_s;
-  MostraSituacao();
+  mostraSituacao();
 }
 
 void frmPropCmrcTL::cmdINCLUIR_Click() {
@@ -68,11 +69,11 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
 void frmPropCmrcTL::cmdALTERAR_Click() {
   if (recusaSemRegistro() || !carregaEscolhido()) return;
   if (!lblDTDesativa->text().isEmpty()) {
-    Aviso(u"O Registro Está Desativado."_s);
+    avisa(u"O Registro Está Desativado."_s);
     return LimpaTela();
   }
   if (!lblDataFechamento->text().isEmpty()) {
-    Aviso(u"O Registro Já Está Fechado!\rSelecione a opção [Abrir] antes de entrar no modo de alteração"_s);
+    avisa(u"O Registro Já Está Fechado!\rSelecione a opção [Abrir] antes de entrar no modo de alteração"_s);
     return LimpaTela();
   }
   contexto().ModoOrcamento = u"A"_s;

@@ -10,13 +10,13 @@ using namespace Qt::StringLiterals;
 void frmPropCmrcTL::cmdImprimir_Click() {
   // A number that was typed instead of the chosen one goes to the print screen as it is.
   const QString numero = txtCodigo->text();
-  const bool digitado = !Apara(numero).isEmpty() && LeNumero(numero) != LeNumero(txtRowId->text());
+  const bool digitado = !apara(numero).isEmpty() && leNumero(numero) != leNumero(txtRowId->text());
   if (!digitado && !carregaEscolhido()) return;
-  const QString contato = Apara(txtEmailExtraContato->text());
-  QString destinatarios = Apara(txtEmailExtra->text());
+  const QString contato = apara(txtEmailExtraContato->text());
+  QString destinatarios = apara(txtEmailExtra->text());
   if (!destinatarios.isEmpty() && !contato.isEmpty()) destinatarios += u", "_s;
   documento().DestinatariosEmail = (destinatarios + contato).toLower();
-  documento().OrcamentoDosDestinatarios = values::toInt32(LeNumero(txtRowId->text()));
+  documento().orcamentoDosDestinatarios = values::toInt32(leNumero(txtRowId->text()));
   documento().MensagemTravadaEmail = true;
   forms::form<frmImprimePropCmrcTL>().showModal();
 }

@@ -9,22 +9,23 @@
 #include "run/context.h"
 #include "shared/program_icon.h"
 
-int runProgram(QApplication& application, const QString& commandLine) {
+int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
   forms::endPlainly();
-  application.setQuitOnLastWindowClosed(false);
+  aplicacao.setQuitOnLastWindowClosed(false);
   forms::applyStyle();
-  application.setWindowIcon(programIcon());
-  HelpKeys helpKeys;
-  application.installEventFilter(&helpKeys);
-  contexto().LinhaComando = commandLine;
-  forms::guarded([&application] {
-    auto& main = forms::form<frmPropCmrcTL>();
-    QObject::connect(&main, &QObject::destroyed, &application, &QCoreApplication::quit, Qt::QueuedConnection);
-    main.showForm();
+  aplicacao.setWindowIcon(iconeDoPrograma());
+  TeclasDeAjuda teclasDeAjuda;
+  aplicacao.installEventFilter(&teclasDeAjuda);
+  contexto().LinhaComando = linhaComando;
+  forms::guarded([&aplicacao] {
+    auto& principal = forms::form<frmPropCmrcTL>();
+    QObject::connect(&principal, &QObject::destroyed, &aplicacao, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    principal.showForm();
     rascunho::guarda().liga(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
                             QStringLiteral("/rascunhos"));
   });
-  const int status = application.exec();
+  const int status = aplicacao.exec();
   rascunho::guarda().desliga();
   forms::registry::clear();
   contexto().Conexao = {};  // while the libraries of the database are still there

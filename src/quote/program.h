@@ -5,4 +5,4 @@
 
 /// Runs the program with a command line ("7^0^PRD^") until its main window is unloaded; the exit status.
 /// The start object is the quote screen: its load is the start sequence.
-int runProgram(QApplication& application, const QString& commandLine);
+int executaPrograma(QApplication& aplicacao, const QString& linhaComando);

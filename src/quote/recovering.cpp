@@ -5,7 +5,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -22,13 +22,13 @@ QString jaGravado(const Rascunho& rascunho) {
   const auto& [id, desde, ate, ultimo] = rascunho.gravacao;
   if (id.isEmpty()) return {};
   if (rascunho.modo == u"I") {
-    const auto rs = AbreConsulta(u"SELECT IDPROP_CMRC FROM PROP_CMRC WHERE IDPROP_CMRC = '"_s + id +
+    const auto rs = abreConsulta(u"SELECT IDPROP_CMRC FROM PROP_CMRC WHERE IDPROP_CMRC = '"_s + id +
                                  u"' AND USER_INCL = '"_s + rascunho.usuario + u"' AND DATA_INCL >= '"_s +
                                  desde + u"' AND DATA_INCL <= '"_s + ate + u"'"_s);
     return rs.eof() ? QString() : id;
   }
   // Each save of a quote gives its lines new ids.
-  const auto rs = AbreConsulta(u"SELECT IDPROP_CMRC_DETA FROM PROP_CMRC_DETA WHERE IDPROP_CMRC = '"_s + id +
+  const auto rs = abreConsulta(u"SELECT IDPROP_CMRC_DETA FROM PROP_CMRC_DETA WHERE IDPROP_CMRC = '"_s + id +
                                u"' AND IDPROP_CMRC_DETA = '"_s + ultimo + u"' AND USER_INCL = '"_s +
                                rascunho.usuario + u"'"_s);
   return rs.eof() ? QString() : id;
@@ -39,10 +39,10 @@ QString jaGravado(const Rascunho& rascunho) {
 QString gravadoDepois(const Rascunho& rascunho) {
   const QDateTime quando = QDateTime::fromString(rascunho.quando, Qt::ISODate);
   auto rs =
-      AbreConsulta(u"SELECT IDPROP_CMRC, NOME_CLIE FROM PROP_CMRC WHERE USER_INCL = '"_s + rascunho.usuario +
+      abreConsulta(u"SELECT IDPROP_CMRC, NOME_CLIE FROM PROP_CMRC WHERE USER_INCL = '"_s + rascunho.usuario +
                    u"' AND DATA_INCL >= '"_s + quando.toString(u"yyyyMMdd hh:mm"_s) + u"'"_s);
   for (; !rs.eof(); rs.moveNext())
-    if (Maiusculas(Apara(rs.text(u"NOME_CLIE"))) == Maiusculas(Apara(rascunho.cliente)))
+    if (maiusculas(apara(rs.text(u"NOME_CLIE"))) == maiusculas(apara(rascunho.cliente)))
       return rs.text(u"IDPROP_CMRC");
   return {};
 }
@@ -71,10 +71,10 @@ void frmPropCmrcTL::mostraOferta() {
 
 void frmPropCmrcTL::cmdRecuperar_Click() {
   const auto rascunho = guarda().toma();
-  if (!rascunho) return Aviso(u"Este orçamento não salvo não está mais disponível."_s);
+  if (!rascunho) return avisa(u"Este orçamento não salvo não está mais disponível."_s);
   if (const QString id = jaGravado(*rascunho); !id.isEmpty()) {
     guarda().apaga();
-    Aviso(u"Este orçamento já foi gravado: nr. "_s + id);
+    avisa(u"Este orçamento já foi gravado: nr. "_s + id);
     txtCodigo->setText(id);
     return cmdPesquisar_PropCmrc_Click();
   }
@@ -86,7 +86,7 @@ void frmPropCmrcTL::cmdRecuperar_Click() {
 /// Whether a new quote goes on although one like it was stored since.
 bool frmPropCmrcTL::aindaFalta(const Rascunho& rascunho) {
   const QString id = gravadoDepois(rascunho);
-  return id.isEmpty() || Pergunta(u"Depois deste foi gravado o orçamento nr. "_s + id +
+  return id.isEmpty() || pergunta(u"Depois deste foi gravado o orçamento nr. "_s + id +
                                   u", do mesmo cliente."_s + kMesmoAssim);
 }
 
@@ -99,13 +99,13 @@ bool frmPropCmrcTL::carregaAntesDeRecuperar(const Rascunho& rascunho) {
   if (txtRowId->text() != id) return false;
   const QString orcamento = u"O orçamento nr. "_s + id;
   if (!lblDTDesativa->text().isEmpty() || !lblDataFechamento->text().isEmpty()) {
-    Aviso(orcamento + (lblDTDesativa->text().isEmpty() ? u" foi fechado"_s : u" foi desativado"_s) +
+    avisa(orcamento + (lblDTDesativa->text().isEmpty() ? u" foi fechado"_s : u" foi desativado"_s) +
           u" depois do que não foi salvo.\rPara recuperá-lo, o registro precisa estar aberto e ativo."_s);
     return false;
   }
   const QString lido = rascunho::resumoDoLido();
   if (lido != rascunho.lido &&
-      !Pergunta(orcamento + u" foi alterado no banco de dados depois do que não foi salvo."_s + kMesmoAssim))
+      !pergunta(orcamento + u" foi alterado no banco de dados depois do que não foi salvo."_s + kMesmoAssim))
     return false;
   guarda().continua(lido);
   return true;
@@ -127,13 +127,13 @@ void frmPropCmrcTL::reabreMontagem(const QString& retrato) {
   rascunho::repoe(retrato, frmMontarProduto::Name);
   forms::GridModel& linhas = tela.Flex->grid();
   const int atual = linhas.row();
-  for (int linha = 1; linha < linhas.rows(); ++linha) tela.MarcaLinha(linha);
+  for (int linha = 1; linha < linhas.rows(); ++linha) tela.marcaLinha(linha);
   linhas.setRow(atual);
   mostraMontagem();
 }
 
 void frmPropCmrcTL::cmdDescartar_Click() {
   const auto& ofertas = guarda().ofertas();
-  if (ofertas.isEmpty() || !Pergunta(ofertas.first().frase + u".\r\rDeseja descartá-lo?"_s)) return;
+  if (ofertas.isEmpty() || !pergunta(ofertas.first().frase + u".\r\rDeseja descartá-lo?"_s)) return;
   guarda().apaga();
 }

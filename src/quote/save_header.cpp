@@ -15,15 +15,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString aparado(const QObject* campo) { return Apara(forms::controlText(campo)); }
+QString aparado(const QObject* campo) { return apara(forms::controlText(campo)); }
 
 bool temData(const forms::MaskedBox* caixa) { return values::isDate(caixa->boxText()); }
 
 /// The number of persons as it was typed where it is a number or empty, else what the numeric reading makes
 /// of it.
 QString pessoas(const QLineEdit* caixa) {
-  const QString texto = Apara(caixa->text());
-  return texto.isEmpty() || values::isNumeric(texto) ? texto : values::toText(LeNumero(texto));
+  const QString texto = apara(caixa->text());
+  return texto.isEmpty() || values::isNumeric(texto) ? texto : values::toText(leNumero(texto));
 }
 
 QString dataHora(const forms::MaskedBox* caixa) {
@@ -46,7 +46,7 @@ frmPropCmrcTL::Chaves frmPropCmrcTL::pedeChaves() const {
           .marketing = IdTipoMarketing(cboTipoMktg->text()),
           .evento = IdTipoEvento(cboTipoEven->text()),
           .servico = IdTipoServico(cboTipoServ->text()),
-          .atendente = Apara(atendente).isEmpty() ? data::known(QString()) : IdUsuario(atendente)};
+          .atendente = apara(atendente).isEmpty() ? data::known(QString()) : IdUsuario(atendente)};
 }
 
 QString frmPropCmrcTL::MontaInsertOrcamento() const {

@@ -22,13 +22,13 @@ void auditoria(Insercao& sql) {
 }  // namespace
 
 QString frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha) const {
-  using namespace grids::item;
+  using namespace grades::item;
   const auto celula = [this, linha](Column coluna) { return Flex->grid().text(linha, coluna); };
 
   Insercao sql(u"prop_cmrc_deta"_s);
   sql.campo(u"idprop_cmrc", idOrcamento)
       .campo(u"idmoed", u"0"_s)
-      .campo(u"idprodprot", VirgulaParaPonto(values::toText(LeNumero(celula(Id)))))
+      .campo(u"idprodprot", VirgulaParaPonto(values::toText(leNumero(celula(Id)))))
       .campo(u"PROD_PROT", celula(Tipo))
       .numero(u"qtde", celula(Quantidade))
       .numero(u"valo_unit", celula(VrBruto))
@@ -37,14 +37,14 @@ QString frmPropCmrcTL::MontaInsertDetalhe(const QString& idOrcamento, int linha)
       .numero(u"valo_tota", celula(Total))
       .campoSe(values::isDate(celula(DtAprov)), u"data_aprov",
                values::formatDate(celula(DtAprov), u"yyyymmdd hh:mm"))
-      .campo(u"OBSE_PROP_CMRC_DETA", Apara(celula(Observacao)));
+      .campo(u"OBSE_PROP_CMRC_DETA", apara(celula(Observacao)));
   auditoria(sql);
   return sql.texto();
 }
 
-QString frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe,
+QString frmPropCmrcTL::montaInsertMontagem(const QString& idOrcamento, const QString& idDetalhe,
                                            int linha) const {
-  using namespace grids::material;
+  using namespace grades::material;
   const auto celula = [this, linha](Column coluna) { return FlexMonta.text(linha, coluna); };
 
   Insercao sql(u"PROP_CMRC_DETA_MONTA"_s);
@@ -58,7 +58,7 @@ QString frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QSt
       .numero(u"VALO_TOTA", celula(Total))
       .campo(u"TIPO_MATE_PRIMA", celula(Tipo))
       .campo(u"OBSE_PROP_CMRC_DETA_MONTA", celula(Observacao))
-      .campo(u"ORDEM_MATE_PRIMA", OrdemDoTipo(celula(Tipo)));
+      .campo(u"ORDEM_MATE_PRIMA", ordemDoTipo(celula(Tipo)));
   auditoria(sql);
   return sql.texto();
 }
@@ -66,7 +66,7 @@ QString frmPropCmrcTL::MontaInsertMontagem(const QString& idOrcamento, const QSt
 QString frmPropCmrcTL::MontaInsertHomenageado(const QString& idOrcamento, int linha) const {
   Insercao sql(u"PROP_CMRC_HOMG"_s);
   sql.campo(u"idprop_cmrc", idOrcamento)
-      .campo(u"nome_homg", FlexHomg->grid().text(linha, grids::honoree::Nome));
+      .campo(u"nome_homg", FlexHomg->grid().text(linha, grades::homenageado::Nome));
   auditoria(sql);
   return sql.texto();
 }

@@ -9,7 +9,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -29,7 +29,7 @@ QString numeroGravado(const data::Recordset& rs, QStringView campo) {
   return rs.eof() ? u"0"_s : rs.text(campo);
 }
 
-QString MontaDelete(const QString& tabela, const QString& idOrcamento) {
+QString montaDelete(const QString& tabela, const QString& idOrcamento) {
   return u"DELETE FROM "_s + tabela + u" WHERE (idPROP_CMRC="_s + idOrcamento + u")"_s;
 }
 
@@ -48,13 +48,13 @@ void confirma(const rascunho::Gravacao& gravacao) {
 
 QString agora() { return values::formatDate(values::now(), u"yyyymmdd hh:mm"); }
 
-void avisaGravado(const QString& id) { Aviso(u"Registro Gravado com sucesso!\rOrçamento nr."_s + id); }
+void avisaGravado(const QString& id) { avisa(u"Registro Gravado com sucesso!\rOrçamento nr."_s + id); }
 
 /// Rows of the materials by the item row that they are tied to, in the grid's order, in one pass.
 std::vector<std::vector<int>> materiaisPorItem(const forms::GridModel& montagem, int linhas) {
   std::vector<std::vector<int>> porItem(static_cast<std::size_t>(linhas));
   for (int linha = 1; linha < montagem.rows(); ++linha) {
-    const double vinculo = LeNumero(montagem.text(linha, grids::material::VinculoComFlex));
+    const double vinculo = leNumero(montagem.text(linha, grades::material::VinculoComFlex));
     if (vinculo < 1 || vinculo >= linhas || vinculo != std::floor(vinculo)) continue;
     porItem[static_cast<std::size_t>(vinculo)].push_back(linha);
   }
@@ -64,9 +64,9 @@ std::vector<std::vector<int>> materiaisPorItem(const forms::GridModel& montagem,
 }  // namespace
 
 void frmPropCmrcTL::cmdSALVAR_Click() {
-  if (Apara(cboRespAtendimento->text()).isEmpty())
-    return Aviso(u"[Campo Obrigatório] - Responsável pelo Atendimento"_s, cboRespAtendimento);
-  if (Flex->grid().rows() <= 1) return Aviso(u"Quantidade de Itens Inválida!!!"_s, txtCodProduto);
+  if (apara(cboRespAtendimento->text()).isEmpty())
+    return avisa(u"[Campo Obrigatório] - Responsável pelo Atendimento"_s, cboRespAtendimento);
+  if (Flex->grid().rows() <= 1) return avisa(u"Quantidade de Itens Inválida!!!"_s, txtCodProduto);
   TravaCampos();
   if (contexto().ModoOrcamento == u"I")
     gravaNovo();
@@ -79,34 +79,34 @@ void frmPropCmrcTL::cmdSALVAR_Click() {
 }
 
 void frmPropCmrcTL::gravaNovo() {
-  RunContext& c = contexto();
+  Contexto& c = contexto();
   QString id;
   {
     const forms::WaitPointer espera;
     const QString desde = agora();
     c.Conexao.begin();
     const auto resultados = executa(
-        {{Maiusculas(MontaInsertOrcamento())}, {Maiusculas(u"SELECT @@identity as 'MaxPropCmrc'"_s)}});
+        {{maiusculas(MontaInsertOrcamento())}, {maiusculas(u"SELECT @@identity as 'MaxPropCmrc'"_s)}});
     id = numeroGravado(resultados.back(), u"MaxPropCmrc");
     const QString ultimo = gravaLinhas(id, Caixa::Maiuscula);
     confirma({id, desde, agora(), ultimo});
   }
   avisaGravado(id);
   c.ModoOrcamento = u" "_s;
-  documento().IdDocumento = values::toInt32(LeNumero(id));
+  documento().IdDocumento = values::toInt32(leNumero(id));
   txtCodigo->setText(id);
 }
 
 void frmPropCmrcTL::gravaAlteracao() {
-  RunContext& c = contexto();
+  Contexto& c = contexto();
   const QString id = txtRowId->text();
   {
     const forms::WaitPointer espera;
     c.Conexao.begin();
-    executa({{Maiusculas(MontaUpdateOrcamento())},
-             {MontaDelete(u"PROP_CMRC_DETA"_s, id)},
-             {MontaDelete(u"PROP_CMRC_DETA_MONTA"_s, id)},
-             {MontaDelete(u"PROP_CMRC_HOMG"_s, id)}});
+    executa({{maiusculas(MontaUpdateOrcamento())},
+             {montaDelete(u"PROP_CMRC_DETA"_s, id)},
+             {montaDelete(u"PROP_CMRC_DETA_MONTA"_s, id)},
+             {montaDelete(u"PROP_CMRC_HOMG"_s, id)}});
     // Remarks of items and names of honorees keep their case when a quote is altered.
     const QString ultimo = gravaLinhas(id, Caixa::ComoDigitada);
     confirma({id, {}, agora(), ultimo});
@@ -120,8 +120,8 @@ QStringList frmPropCmrcTL::gravaItens(const QString& idOrcamento, Caixa caixa) {
   Comandos comandos;
   for (int linha = 1; linha < Flex->grid().rows(); ++linha) {
     const QString insert = MontaInsertDetalhe(idOrcamento, linha);
-    comandos.push_back({caixa == Caixa::Maiuscula ? Maiusculas(insert) : insert});
-    comandos.push_back({Maiusculas(u"SELECT @@identity as 'MaxPropCmrcDeta'"_s)});
+    comandos.push_back({caixa == Caixa::Maiuscula ? maiusculas(insert) : insert});
+    comandos.push_back({maiusculas(u"SELECT @@identity as 'MaxPropCmrcDeta'"_s)});
   }
   const auto resultados = executa(comandos);
   QStringList ids;
@@ -131,7 +131,7 @@ QStringList frmPropCmrcTL::gravaItens(const QString& idOrcamento, Caixa caixa) {
 }
 
 QString frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
-  using namespace grids;
+  using namespace grades;
   const forms::GridModel& itens = Flex->grid();
   const QStringList ids = gravaItens(idOrcamento, caixa);
   const auto materiais = materiaisPorItem(FlexMonta, itens.rows());
@@ -141,11 +141,11 @@ QString frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
     if (values::isDate(aprovacao) && itens.text(linha, item::Tipo) == QStringView(kPrototipo))
       comandos.push_back({AprovaPrototipo(itens.text(linha, item::Id), idOrcamento, aprovacao)});
     for (const int material : materiais[static_cast<std::size_t>(linha)])
-      comandos.push_back({Maiusculas(MontaInsertMontagem(idOrcamento, ids[linha - 1], material))});
+      comandos.push_back({maiusculas(montaInsertMontagem(idOrcamento, ids[linha - 1], material))});
   }
   for (int linha = 1; linha < FlexHomg->grid().rows(); ++linha) {
     const QString insert = MontaInsertHomenageado(idOrcamento, linha);
-    comandos.push_back({caixa == Caixa::Maiuscula ? Maiusculas(insert) : insert});
+    comandos.push_back({caixa == Caixa::Maiuscula ? maiusculas(insert) : insert});
   }
   executa(comandos);
   return ids.last();

@@ -1,6 +1,5 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
-#include "shared/screen_kit.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,7 +20,7 @@ constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 
 }  // namespace
 
-void frmPropCmrcTL::MostraSituacao() {
+void frmPropCmrcTL::mostraSituacao() {
   mostraOferta();
   const Situacao* situacao = nullptr;
   if (cmdSALVAR->isEnabled())

@@ -15,12 +15,12 @@ QString entreAspas(const QString& valor) { return u"'"_s + valor + u"'"_s; }
 
 }  // namespace
 
-QString NumeroSql(const QString& texto) {
+QString numeroSql(const QString& texto) {
   static const QRegularExpression numero(u"^[+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)$"_s);
   if (texto.isEmpty()) return u"null"_s;
   const QString comPonto = VirgulaParaPonto(texto);
   if (numero.match(comPonto).hasMatch()) return entreAspas(comPonto);
-  return entreAspas(VirgulaParaPonto(values::toText(LeNumero(texto))));
+  return entreAspas(VirgulaParaPonto(values::toText(leNumero(texto))));
 }
 
 Insercao::Insercao(const QString& tabela)
@@ -39,7 +39,7 @@ Insercao& Insercao::campo(QStringView coluna, const QString& valor) {
 }
 
 Insercao& Insercao::numero(QStringView coluna, const QString& texto) {
-  return inclui(coluna, NumeroSql(texto));
+  return inclui(coluna, numeroSql(texto));
 }
 
 Insercao& Insercao::campoSe(bool condicao, QStringView coluna, const QString& valor) {

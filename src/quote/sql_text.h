@@ -4,7 +4,7 @@
 
 /// A text as a numeric column takes it, in quotes: with a point for the comma where it is a number, null
 /// where it is empty, any other as what the numeric reading makes of it ("10 un" is 10).
-[[nodiscard]] QString NumeroSql(const QString& texto);
+[[nodiscard]] QString numeroSql(const QString& texto);
 
 /// Builds an INSERT: the column list and the value list grow side by side. Every value goes in single quotes,
 /// as it stands.
@@ -13,7 +13,7 @@ class Insercao {
   explicit Insercao(const QString& tabela);
 
   Insercao& campo(QStringView coluna, const QString& valor);
-  /// A numeric column (NumeroSql).
+  /// A numeric column (numeroSql).
   Insercao& numero(QStringView coluna, const QString& texto);
   /// A column that is left out when the condition does not hold.
   Insercao& campoSe(bool condicao, QStringView coluna, const QString& valor);

@@ -5,7 +5,8 @@
 #include "run/context.h"
 #include "shared/lists.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
+#include "shared/theme.h"
 #include "text/fields.h"
 
 using namespace Qt::StringLiterals;
@@ -14,12 +15,12 @@ namespace {
 
 /// Who the user is and which environment is meant, from the command line.
 void lerLinhaComando() {
-  RunContext& c = contexto();
+  Contexto& c = contexto();
   // On the makers' own machines the program is started without the menu.
   if (TipoInstalacao() == u"TREVANO") c.LinhaComando = u"1^0^PRD^"_s;
   if (c.LinhaComando.isEmpty()) {
     // The window has no title yet, so neither has the box.
-    Aviso(u"Chamada Ilegal para esta rotina!"_s, QString(u""_s));
+    avisa(u"Chamada Ilegal para esta rotina!"_s, QString(u""_s));
     forms::end(0);
   }
   c.IdUsuarioAtual = values::toInt16(values::leadingNumber(PegaCampo(c.LinhaComando, 1)));
@@ -27,7 +28,7 @@ void lerLinhaComando() {
 }
 
 QString tituloJanela() {
-  const RunContext& c = contexto();
+  const Contexto& c = contexto();
   return u"Zarim 1.2 ("_s + c.Ambiente + u") - Orçamento de Vendas ("_s + c.ambienteVazio + u"/"_s +
          c.NomeUsuarioAtual + u")"_s;
 }
@@ -35,10 +36,10 @@ QString tituloJanela() {
 }  // namespace
 
 void frmPropCmrcTL::Form_Load() {
-  RunContext& c = contexto();
+  Contexto& c = contexto();
   lerLinhaComando();
   ConectaServidor();
-  AplicaTemaPadrao(*this);
+  aplicaTemaPadrao(*this);
   c.NomeUsuarioAtual = NomeUsuario(QString::number(c.IdUsuarioAtual), c.NomeUsuarioAtual);
   CentralizaForm(*this);
   setWindowTitle(tituloJanela());

@@ -19,69 +19,69 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char16_t* kConfigFolder = u"c:\\zarim\\config\\";
-constexpr int kConnectionTimeout = 400;  // seconds: a distant or waking server may take that long
+constexpr const char16_t* kPastaConfiguracao = u"c:\\zarim\\config\\";
+constexpr int kEsperaConexao = 400;  // seconds: a distant or waking server may take that long
 
 /// The line that counts of a file with one, trimmed.
-QString onlyLine(const QString& path) { return Apara(files::readLines(path).value(0)); }
+QString linhaUnica(const QString& caminho) { return apara(files::readLines(caminho).value(0)); }
 
 /// The lines for production, history and development.
-std::array<QString, 3> environmentLines(const QString& path) {
-  const QStringList lines = files::readLines(path);
-  std::array<QString, 3> known;
-  qsizetype read = 0;
-  while (read < lines.size()) {
-    if (read < 3) {
-      known[static_cast<std::size_t>(read)] = lines[read];
-      ++read;
+std::array<QString, 3> linhasDosAmbientes(const QString& caminho) {
+  const QStringList linhas = files::readLines(caminho);
+  std::array<QString, 3> conhecidas;
+  qsizetype lidas = 0;
+  while (lidas < linhas.size()) {
+    if (lidas < 3) {
+      conhecidas[static_cast<std::size_t>(lidas)] = linhas[lidas];
+      ++lidas;
     } else {
       // A fourth line belongs to no environment: the reading stays on it for good.
       QThread::sleep(1);
     }
   }
-  return known;
+  return conhecidas;
 }
 
-QString chosenLine(const std::array<QString, 3>& lines) {
+QString linhaEscolhida(const std::array<QString, 3>& linhas) {
   const QString& ambiente = contexto().Ambiente;
-  if (ambiente == u"PRD" || ambiente.isEmpty()) return Apara(lines[0]);
-  if (ambiente == u"HIST") return Apara(lines[1]);
-  if (ambiente == u"DEV") return Apara(lines[2]);
+  if (ambiente == u"PRD" || ambiente.isEmpty()) return apara(linhas[0]);
+  if (ambiente == u"HIST") return apara(linhas[1]);
+  if (ambiente == u"DEV") return apara(linhas[2]);
   return {};
 }
 
-void takeServerFields(const QString& line) {
-  RunContext& run = contexto();
-  const auto field = [closed = line + u'^'](int n) { return PegaCampo(closed, n); };
-  run.NomeServidor = field(1);
-  run.NomeBanco = field(2);
-  run.UsuarioBanco = field(3);
-  run.SenhaBanco = field(4);
-  run.TipoBanco = field(5);
-  run.StringConexaoFirebird = field(6);
-  run.TiraAcento = values::toBoolean(field(7));
-  if (run.TipoBanco.isEmpty()) run.TipoBanco = u"MS-SQL"_s;
+void tomaCamposDoServidor(const QString& linha) {
+  Contexto& c = contexto();
+  const auto campo = [fechada = linha + u'^'](int n) { return PegaCampo(fechada, n); };
+  c.NomeServidor = campo(1);
+  c.NomeBanco = campo(2);
+  c.UsuarioBanco = campo(3);
+  c.SenhaBanco = campo(4);
+  c.TipoBanco = campo(5);
+  c.StringConexaoFirebird = campo(6);
+  c.TiraAcento = values::toBoolean(campo(7));
+  if (c.TipoBanco.isEmpty()) c.TipoBanco = u"MS-SQL"_s;
 }
 
-void openConnection() {
-  RunContext& run = contexto();
-  if (run.TipoBanco == u"MS-SQL" || run.TipoBanco == u"MSSQL") {
-    run.StringConexaoMSSQL = u"driver={SQL Server};server="_s + run.NomeServidor + u";uid="_s +
-                             run.UsuarioBanco + u";pwd="_s + run.SenhaBanco + u";database="_s + run.NomeBanco;
-    run.Conexao.open(run.StringConexaoMSSQL, kConnectionTimeout);
-  } else if (run.TipoBanco == u"FIREBIRD") {
-    run.Conexao.open(run.StringConexaoFirebird, kConnectionTimeout);
+void abreConexao() {
+  Contexto& c = contexto();
+  if (c.TipoBanco == u"MS-SQL" || c.TipoBanco == u"MSSQL") {
+    c.StringConexaoMSSQL = u"driver={SQL Server};server="_s + c.NomeServidor + u";uid="_s + c.UsuarioBanco +
+                           u";pwd="_s + c.SenhaBanco + u";database="_s + c.NomeBanco;
+    c.Conexao.open(c.StringConexaoMSSQL, kEsperaConexao);
+  } else if (c.TipoBanco == u"FIREBIRD") {
+    c.Conexao.open(c.StringConexaoFirebird, kEsperaConexao);
   }
 }
 
-[[noreturn]] void refuseMissingLine() {
+[[noreturn]] void recusaLinhaAusente() {
   forms::msgBox({.text = u"Conteúdo do Arquivo NÃO Encontrado!\r"
                          "Contate o seu Desenvolvedor para posicionar a falha de Conexão!"_s,
                  .title = u"Falha de Conexão com o Servidor"_s});
   forms::end(1);
 }
 
-[[noreturn]] void refuseSilentServer() {
+[[noreturn]] void recusaServidorMudo() {
   // The brackets of the environment stay empty: which one was asked for is no business of the user's.
   forms::msgBox(
       {.text = u"O Servidor de dados não está respondendo.\r\rVerifique se o servidor NT/SQL/LINUX ("_s +
@@ -91,19 +91,19 @@ void openConnection() {
   forms::end(1);
 }
 
-void connectByFiles() {
+void conectaPelosArquivos() {
   LeServerAplic();
-  const QString line = chosenLine(environmentLines(ArquivoConfiguracao(u"server.ini"_s)));
-  if (line.isEmpty()) refuseMissingLine();
-  takeServerFields(line);
-  openConnection();
+  const QString linha = linhaEscolhida(linhasDosAmbientes(arquivoConfiguracao(u"server.ini"_s)));
+  if (linha.isEmpty()) recusaLinhaAusente();
+  tomaCamposDoServidor(linha);
+  abreConexao();
   LePaths();
 }
 
 }  // namespace
 
-QString ArquivoConfiguracao(const QString& nome) {
-  QString fixo = QString::fromUtf16(kConfigFolder) + nome;
+QString arquivoConfiguracao(const QString& nome) {
+  QString fixo = QString::fromUtf16(kPastaConfiguracao) + nome;
   const QString raiz = contexto().DriveSistema + contexto().PastaSistema;
   if (raiz.isEmpty()) return fixo;
   const QString caminho = raiz + u"config\\"_s + nome;
@@ -118,17 +118,17 @@ QString ArquivoConfiguracao(const QString& nome) {
 
 void ConectaServidor() {
   try {
-    connectByFiles();
-  } catch (const values::RuntimeError& error) {
-    if (error.number() == values::kConnectionFailed) refuseSilentServer();
+    conectaPelosArquivos();
+  } catch (const values::RuntimeError& erro) {
+    if (erro.number() == values::kConnectionFailed) recusaServidorMudo();
     // Anything else leaves the connection as it is: the next step meets it closed and says so.
   }
 }
 
 void LeServerAplic() {
-  const QString path = QString::fromUtf16(kConfigFolder) + u"server_aplic.ini"_s;
+  const QString caminho = QString::fromUtf16(kPastaConfiguracao) + u"server_aplic.ini"_s;
   try {
-    if (!files::exists(path)) {
+    if (!files::exists(caminho)) {
       forms::msgBox({.text = u"Há Problemas de Configuração do Aplicativo ZARIM!\r\r"
                              "Contate o Administrador do Sistema e informe este fato, identificado\r"
                              "o motivo [Falta do Arquivo Server_Aplic]!"_s,
@@ -136,24 +136,24 @@ void LeServerAplic() {
                      .icon = forms::Icon::Critical});
       forms::end(1);
     }
-    const QString line = onlyLine(path);
-    contexto().DriveSistema = Apara(PegaCampo(line, 1));
-    contexto().PastaSistema = Apara(PegaCampo(line, 2));
-  } catch (const values::RuntimeError& error) {
-    if (error.number() != values::kBadFileName) throw;
+    const QString linha = linhaUnica(caminho);
+    contexto().DriveSistema = apara(PegaCampo(linha, 1));
+    contexto().PastaSistema = apara(PegaCampo(linha, 2));
+  } catch (const values::RuntimeError& erro) {
+    if (erro.number() != values::kBadFileName) throw;
   }
 }
 
 void LePaths() {
-  RunContext& run = contexto();
-  run.ArqPaths = ArquivoConfiguracao(u"paths.ini"_s);
-  const QString line = onlyLine(run.ArqPaths);
-  const std::array<QString*, 12> fields{
-      nullptr,           nullptr, &run.PathImagens, &run.PathImagens2, &run.ExtImagens, &run.ExtImagens2,
-      &run.ArqSemImagem, nullptr, nullptr,          &run.PathDocs,     &run.PathWeb,    &run.PathLink};
+  Contexto& c = contexto();
+  c.ArqPaths = arquivoConfiguracao(u"paths.ini"_s);
+  const QString linha = linhaUnica(c.ArqPaths);
+  const std::array<QString*, 12> campos{nullptr,       nullptr,        &c.PathImagens,  &c.PathImagens2,
+                                        &c.ExtImagens, &c.ExtImagens2, &c.ArqSemImagem, nullptr,
+                                        nullptr,       &c.PathDocs,    &c.PathWeb,      &c.PathLink};
   int n = 0;
-  for (QString* field : fields) {
+  for (QString* campo : campos) {
     ++n;
-    if (field != nullptr) *field = Apara(PegaCampo(line, n));
+    if (campo != nullptr) *campo = apara(PegaCampo(linha, n));
   }
 }

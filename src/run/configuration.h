@@ -3,7 +3,7 @@
 #include <QString>
 
 /// Path of a configuration file: below the install root where it is there, else in the fixed folder.
-[[nodiscard]] QString ArquivoConfiguracao(const QString& nome);
+[[nodiscard]] QString arquivoConfiguracao(const QString& nome);
 
 /// Finds the install location, reads the three configuration files, opens the connection. Tells the user and
 /// ends the program where the files or the server are missing.

@@ -13,24 +13,24 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Never destroyed: a connection goes with the process, and at its end the database library is gone already.
-std::unique_ptr<RunContext>& instance() {
-  static auto& context = *new std::unique_ptr<RunContext>(std::make_unique<RunContext>());
-  return context;
+std::unique_ptr<Contexto>& instancia() {
+  static auto& unica = *new std::unique_ptr<Contexto>(std::make_unique<Contexto>());
+  return unica;
 }
 
 }  // namespace
 
-RunContext& contexto() { return *instance(); }
+Contexto& contexto() { return *instancia(); }
 
-void reiniciaContexto() { instance() = std::make_unique<RunContext>(); }
+void reiniciaContexto() { instancia() = std::make_unique<Contexto>(); }
 
 QString TipoInstalacao() {
   return files::exists(u"c:\\zarim\\config\\TREVANO.txt"_s) ? u"TREVANO"_s : u"CLIENTE"_s;
 }
 
 QString ResolucaoTela() {
-  const QSize screen = forms::screenSize();
-  return u"%1 x %2"_s.arg(screen.height()).arg(screen.width());
+  const QSize tela = forms::screenSize();
+  return u"%1 x %2"_s.arg(tela.height()).arg(tela.width());
 }
 
 void FechaConexao(const QString& acao) {

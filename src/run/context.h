@@ -7,7 +7,7 @@
 #include "platform/data/connection.h"
 
 /// The run context: what is known for the whole run. One instance, reached by contexto().
-struct RunContext {
+struct Contexto {
   QString LinhaComando;
   int IdUsuarioAtual = 0;
   QString NomeUsuarioAtual;
@@ -25,11 +25,11 @@ struct RunContext {
   QString ArqPaths;
   QString PathImagens, PathImagens2, ExtImagens, ExtImagens2, ArqSemImagem;
   QString PathDocs, PathWeb, PathLink;
-  QString ImagemTentada;  ///< path that the search for a code's picture tried last
+  QString imagemTentada;  ///< path that the search for a code's picture tried last
 
   QString CorFundo, CorFrente, CorFundo2, CorFrente2;  ///< colour numbers as text
 
-  std::optional<QHash<QString, int>> TamanhosDeColunas;  ///< by names in capitals; asked once of a connection
+  std::optional<QHash<QString, int>> tamanhosDeColunas;  ///< by names in capitals; asked once of a connection
 
   QString ModoOrcamento;  ///< " " or empty idle, "I" new, "A" altering
   QString ModoItem;
@@ -37,7 +37,7 @@ struct RunContext {
   QString CodProdutoComposicao;  ///< product whose kit is shown; the other programs of the family set it
 };
 
-[[nodiscard]] RunContext& contexto();
+[[nodiscard]] Contexto& contexto();
 
 /// Starts a fresh context, its connection closed; for tests.
 void reiniciaContexto();

@@ -6,7 +6,7 @@
 #include "run/program_title.h"
 #include "search/delivery.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -88,7 +88,7 @@ QString frmBROWSE_CONDPG::montaConsulta() const {
 void frmBROWSE_CONDPG::cmdPesquisa_Click() {
   const forms::WaitPointer espera;
   PreparaGradeCondPg();
-  for (data::Recordset rs = AbreConsulta(montaConsulta()); !rs.eof(); rs.moveNext())
+  for (data::Recordset rs = abreConsulta(montaConsulta()); !rs.eof(); rs.moveNext())
     Flex->grid().addRow({{Id, rs.text(u"idcond_pgto")},
                          {Descricao, rs.text(u"desc_cond_pgto")},
                          {QtParc, rs.text(u"qtde_parc")},

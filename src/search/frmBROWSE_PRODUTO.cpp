@@ -5,7 +5,7 @@
 #include "search/delivery.h"
 #include "shared/lists.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -25,30 +25,30 @@ constexpr std::array<forms::GridColumn, 5> kLayout{{
 
 constexpr Entrega kEntregas[] = {
     {u"frmPropCmrc", u"txtidProdProt", Tela::Id},
-    {u"frmPropCmrc", u"txtCodProduto", Tela::Codigo, Apara},
+    {u"frmPropCmrc", u"txtCodProduto", Tela::Codigo, apara},
     {u"frmPontoVenda", u"txtidProdProt", Tela::Id},
-    {u"frmPontoVenda", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmPedido", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmMoveEstoque", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmTransfEstoque", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmCompras", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmCotaCompra", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmPesqProdPed", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmCheckNulo", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmCaixa", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmEtiqProduto", u"txtCodigo", Tela::Codigo, Apara},
-    {u"frmNFEntrada", u"txtCodigo", Tela::Codigo, Apara},
+    {u"frmPontoVenda", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmPedido", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmMoveEstoque", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmTransfEstoque", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmCompras", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmCotaCompra", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmPesqProdPed", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmCheckNulo", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmCaixa", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmEtiqProduto", u"txtCodigo", Tela::Codigo, apara},
+    {u"frmNFEntrada", u"txtCodigo", Tela::Codigo, apara},
 };
 /// The catalogue's own screens look for the product itself, or for a component of its kit.
 constexpr Entrega kEntregasCadastro[] = {
     {u"frmProduto", u"txtRowId", Tela::Id},
-    {u"frmProduto", u"txtCodigo", Tela::Codigo, Apara},
+    {u"frmProduto", u"txtCodigo", Tela::Codigo, apara},
     {u"frmMateriaPrima", u"txtRowId", Tela::Id},
-    {u"frmMateriaPrima", u"txtCodigo", Tela::Codigo, Apara},
+    {u"frmMateriaPrima", u"txtCodigo", Tela::Codigo, apara},
 };
 constexpr Entrega kEntregasKit[] = {
-    {u"frmProduto", u"txtCodProduto", Tela::Codigo, Apara},
-    {u"frmMateriaPrima", u"txtCodProduto", Tela::Codigo, Apara},
+    {u"frmProduto", u"txtCodProduto", Tela::Codigo, apara},
+    {u"frmMateriaPrima", u"txtCodProduto", Tela::Codigo, apara},
 };
 
 /// Houses without raw materials of their own don't search for them.
@@ -85,7 +85,7 @@ frmBROWSE_PRODUTO::frmBROWSE_PRODUTO()
 }
 
 void frmBROWSE_PRODUTO::Form_Load() {
-  AplicaTemaPadrao(*this);
+  aplicaTemaPadrao(*this);
   opBrowseMateriaPrima->setVisible(usaMateriaPrima());
   opQQPosicao->setChecked(true);
   opBrowseTodos->setChecked(true);
@@ -107,7 +107,7 @@ void frmBROWSE_PRODUTO::PreparaGradeProduto() { Flex->grid().layOut(kLayout); }
 
 QString frmBROWSE_PRODUTO::filtroTexto() const {
   const QString texto = txtCOD->text();
-  if (Apara(texto).isEmpty()) return {};
+  if (apara(texto).isEmpty()) return {};
   const QString campo = Option2->isChecked() ? u" and PROD.codi_prod "_s : u" and PROD.desc_prod "_s;
   if (opExata->isChecked()) return campo + u"= '"_s + texto + u"' "_s;
   return campo + (opInicialCom->isChecked() ? u"like '"_s : u"like '%"_s) + texto + u"%' "_s;

@@ -12,8 +12,9 @@
 #include "run/program_title.h"
 #include "search/delivery.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
+#include "shared/theme.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -57,7 +58,7 @@ QString anoInteiro(const QString& ano) {
 /// for anything else.
 QString dataDoFiltro(const QString& digitada) {
   static const QRegularExpression forma(u"^(\\d{1,2})/(\\d{1,2})/(\\d{2}|\\d{4})$"_s);
-  const auto partes = forma.match(Apara(digitada).trimmed());
+  const auto partes = forma.match(apara(digitada).trimmed());
   const QString texto = partes.hasMatch() ? u"%1/%2/%3"_s.arg(partes.captured(1).rightJustified(2, u'0'),
                                                               partes.captured(2).rightJustified(2, u'0'),
                                                               anoInteiro(partes.captured(3)))
@@ -79,9 +80,9 @@ forms::GridRow linhaDoOrcamento(const data::Recordset& rs) {
 /// What the number filter compares ids with: the number of the text, 0 where there is none. The server
 /// refuses any other text, and the quote that is being typed would be lost.
 QString numeroDoFiltro(const QString& texto) {
-  if (Apara(texto).isEmpty()) return texto;
+  if (apara(texto).isEmpty()) return texto;
   constexpr double kMaior = std::numeric_limits<qint32>::max();
-  return QString::number(values::toInt32(std::clamp(std::ceil(LeNumero(texto)), 0.0, kMaior)));
+  return QString::number(values::toInt32(std::clamp(std::ceil(leNumero(texto)), 0.0, kMaior)));
 }
 
 }  // namespace
@@ -145,7 +146,7 @@ std::optional<QString> frmBROWSE_PropCmrc::montaConsulta() {
       {opDataFech, u" And (PROP_CMRC.DATA_fech >= '"_s, u"') "_s, true},
   };
   const QString texto = opNumePropCmrc->isChecked() ? numeroDoFiltro(txtCOD->text()) : txtCOD->text();
-  if (!Apara(texto).isEmpty()) {
+  if (!apara(texto).isEmpty()) {
     for (const auto& filtro : filtros) {
       if (!filtro.opcao->isChecked()) continue;
       const QString valor = filtro.data ? dataDoFiltro(texto) : texto;
@@ -160,12 +161,12 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
   PreparaGradePropCmrc();
   lblContagem->clear();
   const auto sql = montaConsulta();
-  if (!sql) return Aviso(u"Data Inválida!"_s, txtCOD);
+  if (!sql) return avisa(u"Data Inválida!"_s, txtCOD);
 
   const forms::WaitPointer espera;
   auto& grade = Flex->grid();
   std::vector<forms::GridRow> linhas;
-  for (auto rs = AbreConsulta(*sql); !rs.eof(); rs.moveNext()) linhas.push_back(linhaDoOrcamento(rs));
+  for (auto rs = abreConsulta(*sql); !rs.eof(); rs.moveNext()) linhas.push_back(linhaDoOrcamento(rs));
   grade.addRows(linhas);
   grade.chooseSingleRow();
   lblContagem->setText(

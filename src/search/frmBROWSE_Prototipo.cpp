@@ -4,7 +4,8 @@
 #include "run/program_title.h"
 #include "search/delivery.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
+#include "shared/theme.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -50,16 +51,16 @@ frmBROWSE_Prototipo::frmBROWSE_Prototipo()
 }
 
 void frmBROWSE_Prototipo::Form_Load() {
-  AplicaTemaPadrao(*this);
+  aplicaTemaPadrao(*this);
   opQualquerParte->setChecked(true);
-  PreparaGradePrototipo();
+  preparaGradePrototipo();
   CentralizaForm(*this);
   setWindowTitle(QString::fromUtf16(kTitulo));
   SSTab1->setCurrentIndex(Grade);
   retomaPesquisa();
 }
 
-void frmBROWSE_Prototipo::PreparaGradePrototipo() { Flex->grid().layOut(kLayout); }
+void frmBROWSE_Prototipo::preparaGradePrototipo() { Flex->grid().layOut(kLayout); }
 
 QString frmBROWSE_Prototipo::montaConsulta() const {
   const bool ativos = chkVisualiza->isChecked();
@@ -71,7 +72,7 @@ QString frmBROWSE_Prototipo::montaConsulta() const {
            u"ORDER BY idPROT"_s;
   const QString texto = txtCOD->text();
   QString filtro;
-  if (!Apara(texto).isEmpty())
+  if (!apara(texto).isEmpty())
     filtro = opCampoInteiro->isChecked() ? u" and PROT.desc_prot = '"_s + texto + u"' "_s
                                          : u" and PROT.desc_prot like '%"_s + texto + u"%' "_s;
   return u"SELECT * FROM PROT Where "_s +
@@ -91,7 +92,7 @@ Asked<forms::GridRow> frmBROWSE_Prototipo::linhaDoPrototipo(data::Recordset rs) 
 }
 
 void frmBROWSE_Prototipo::cmdPesquisa_Click() {
-  PreparaGradePrototipo();
+  preparaGradePrototipo();
   listaResultado(montaConsulta(), linhaDoPrototipo, txtCOD);
 }
 
@@ -100,7 +101,7 @@ void frmBROWSE_Prototipo::entregaEscolha() {
   const auto& grade = Flex->grid();
   const QString produto = grade.text(grade.row(), Produto);
   if (tela == QStringView(kSoPrototipos) && !produto.isEmpty())
-    return Aviso(
+    return avisa(
         u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\r"
         u"Escolha a Opção Inserção de Produto e Não de Protótipo\rCódigo do Produto:\r"_s +
         produto);

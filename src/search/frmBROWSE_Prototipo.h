@@ -16,7 +16,7 @@ class frmBROWSE_Prototipo : public pesquisa::PesquisaComFotos, public Ui::frmBRO
 
   frmBROWSE_Prototipo();
 
-  void PreparaGradePrototipo();
+  void preparaGradePrototipo();
   using PesquisaComFotos::MontaDetalheHTML;
 
  protected:

@@ -4,7 +4,7 @@
 #include "run/program_title.h"
 #include "search/photo.h"
 #include "search/remembered_search.h"
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,4 +28,4 @@ void frmImagem::setPicNormal(const QPixmap& figura) {
   CentralizaForm(*this);
 }
 
-void frmImagem::Picture1_Click() { setPicNormal(pesquisa::CarregaFigura(pesquisa::lembrancas().ArqImagem2)); }
+void frmImagem::Picture1_Click() { setPicNormal(pesquisa::carregaFigura(pesquisa::lembrancas().ArqImagem2)); }

@@ -31,7 +31,7 @@ void Foto::paintEvent(QPaintEvent* event) {
   pintor.drawPixmap(lugar, foto_);
 }
 
-QPixmap CarregaFigura(const QString& caminho) {
+QPixmap carregaFigura(const QString& caminho) {
   QPixmap figura;
   if (caminho.isEmpty()) return figura;
   if (!files::exists(caminho)) values::raise(values::kFileNotFound, caminho);
@@ -39,9 +39,9 @@ QPixmap CarregaFigura(const QString& caminho) {
   return figura;
 }
 
-QString ArquivoDaFoto(const QString& codigo, const QString& vista) {
-  const RunContext& run = contexto();
-  const QString nome = Apara(codigo) + vista;
+QString arquivoDaFoto(const QString& codigo, const QString& vista) {
+  const Contexto& run = contexto();
+  const QString nome = apara(codigo) + vista;
   for (const QString& caminho :
        {run.PathImagens + nome + run.ExtImagens, run.PathImagens2 + nome + run.ExtImagens2})
     if (files::exists(caminho)) return caminho;

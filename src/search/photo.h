@@ -24,10 +24,10 @@ class Foto : public QLabel {
 
 /// Loads a picture file; an empty path gives an empty picture. Raises 53 where there is no file, 481 where it
 /// is no picture.
-[[nodiscard]] QPixmap CarregaFigura(const QString& caminho);
+[[nodiscard]] QPixmap carregaFigura(const QString& caminho);
 
 /// The photo of a code, in the first or the second folder of photos; ArqSemImagem where there is none.
 /// vista is empty, "_2", "_3" or "_4".
-[[nodiscard]] QString ArquivoDaFoto(const QString& codigo, const QString& vista = {});
+[[nodiscard]] QString arquivoDaFoto(const QString& codigo, const QString& vista = {});
 
 }  // namespace pesquisa

@@ -16,7 +16,7 @@
 #include "search/photo.h"
 #include "search/photo_page.h"
 #include "shared/lookups.h"
-#include "shared/screen_kit.h"
+#include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -58,7 +58,7 @@ void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, co
   connect(c_.SSTab1->tabBar(), &QTabBar::tabBarClicked, this, [this](int aba) {
     if (aba == c_.SSTab1->currentIndex()) forms::guarded([this] { abrePagina(); });
   });
-  on(c_.txtCOD, Event::LostFocus, [this] { c_.txtCOD->setText(Maiusculas(c_.txtCOD->text())); });
+  on(c_.txtCOD, Event::LostFocus, [this] { c_.txtCOD->setText(maiusculas(c_.txtCOD->text())); });
   enterMovesOn({c_.txtCOD});
   selectOnFocus({c_.txtCOD});
   for (std::size_t vista = 0; vista < kVistas.size(); ++vista)
@@ -68,7 +68,7 @@ void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, co
 
 QString PesquisaComFotos::chave() const {
   const auto& grade = c_.Flex->grid();
-  return Apara(grade.text(grade.row(), ficha_.colunaChave));
+  return apara(grade.text(grade.row(), ficha_.colunaChave));
 }
 
 void PesquisaComFotos::listaResultado(const QString& sql, const Linha& linha, QWidget* foco) {
@@ -76,11 +76,11 @@ void PesquisaComFotos::listaResultado(const QString& sql, const Linha& linha, QW
   c_.lblContagem->clear();
   {
     const forms::WaitPointer espera;
-    grade.addRows(data::forEachRow(AbreConsulta(sql), linha).get());
+    grade.addRows(data::forEachRow(abreConsulta(sql), linha).get());
   }
   const int quantos = grade.rows() - 1;
   if (quantos == 0) {
-    Aviso(u"Nenhum Registro Localizado com esses parâmetros..."_s);
+    avisa(u"Nenhum Registro Localizado com esses parâmetros..."_s);
     return focus(foco);
   }
   grade.chooseSingleRow();
@@ -125,9 +125,9 @@ void PesquisaComFotos::retomaPesquisa() {
 
 void PesquisaComFotos::mostraFoto(std::size_t vista) {
   auto& globais = lembrancas();
-  globais.ArqImagem = ArquivoDaFoto(chave(), QString::fromUtf16(kVistas[vista]));
+  globais.ArqImagem = arquivoDaFoto(chave(), QString::fromUtf16(kVistas[vista]));
   globais.ArqImagem2 = globais.ArqImagem;
-  c_.Image1->setFoto(CarregaFigura(globais.ArqImagem));
+  c_.Image1->setFoto(carregaFigura(globais.ArqImagem));
   for (std::size_t i = 0; i < kVistas.size(); ++i) c_.cmdImagem1[i]->setChecked(i == vista);
 }
 
@@ -139,7 +139,7 @@ void PesquisaComFotos::abrePagina() {
   const QString pagina = MontaDetalheHTML();
   const QByteArray bytes = values::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina);
   files::write(arquivo, bytes);
-  c_.WebBrowser1->setPictureFolders(PastasDeFiguras());
+  c_.WebBrowser1->setPictureFolders(pastasDeFiguras());
   c_.folhas->abre(*c_.WebBrowser1, arquivo, bytes);
 }
 
@@ -152,8 +152,8 @@ QString PesquisaComFotos::MontaDetalheHTML() const {
         u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"
         u"<TD width=30%><P ALIGN=Center><IMG SRC='"_s +
         html::atributo(LocalizaImagemProduto(codigo)) + u"'></TD><TD width=30%>"_s +
-        html::escapado(Apara(codigo)) + u"</TD><TD width=40%>"_s +
-        html::escapado(Apara(grade.text(linha, ficha_.colunaChave + 1))) + u"</TD></TR>"_s;
+        html::escapado(apara(codigo)) + u"</TD><TD width=40%>"_s +
+        html::escapado(apara(grade.text(linha, ficha_.colunaChave + 1))) + u"</TD></TR>"_s;
   }
   return pagina + u"</TABLE>"_s;
 }

@@ -8,7 +8,7 @@ namespace pesquisa {
 void PesquisaComFotos::Image1_DblClick() {
   const QString& arquivo = lembrancas().ArqImagem2;
   auto& imagem = forms::form<frmImagem>();
-  if (files::exists(arquivo)) imagem.setPicNormal(CarregaFigura(arquivo));
+  if (files::exists(arquivo)) imagem.setPicNormal(carregaFigura(arquivo));
   imagem.showModal();
 }
 

@@ -51,14 +51,14 @@ QHash<QString, int> tamanhosDaConexao() {
 
 }  // namespace
 
-int TamanhoDaColuna(QStringView coluna) {
-  auto& tamanhos = contexto().TamanhosDeColunas;
+int tamanhoDaColuna(QStringView coluna) {
+  auto& tamanhos = contexto().tamanhosDeColunas;
   if (!tamanhos) tamanhos = tamanhosDaConexao();
   return tamanhos->value(coluna.toString().toUpper());
 }
 
-void LimitaPelaColuna(QWidget* campo, QStringView coluna) {
-  const int maximo = TamanhoDaColuna(coluna);
+void limitaPelaColuna(QWidget* campo, QStringView coluna) {
+  const int maximo = tamanhoDaColuna(coluna);
   if (maximo == 0) return;
   if (auto* combo = qobject_cast<forms::Combo*>(campo)) combo->lineEdit()->setMaxLength(maximo);
   if (auto* caixa = qobject_cast<QLineEdit*>(campo)) caixa->setMaxLength(maximo);

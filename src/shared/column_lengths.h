@@ -5,7 +5,7 @@
 
 /// Longest text that a column of the quote's tables takes ("nome_clie"), 0 without a limit: what the
 /// connection says, asked once, else what src/schema does.
-[[nodiscard]] int TamanhoDaColuna(QStringView coluna);
+[[nodiscard]] int tamanhoDaColuna(QStringView coluna);
 
 /// Keeps a box of text or a combo to what the column takes in which it is stored.
-void LimitaPelaColuna(QWidget* campo, QStringView coluna);
+void limitaPelaColuna(QWidget* campo, QStringView coluna);

@@ -7,37 +7,42 @@
 
 using namespace Qt::StringLiterals;
 
-namespace lookup {
+namespace consulta {
 
 namespace {
 
-data::Asked<QString> firstValue(data::Asked<data::Recordset> asked, QStringView column) {
-  const data::Recordset rs = co_await asked;
-  co_return rs.eof() ? QString() : rs.text(column);
+data::Asked<QString> primeiroValor(data::Asked<data::Recordset> pedida, QStringView coluna) {
+  const data::Recordset rs = co_await pedida;
+  co_return rs.eof() ? QString() : rs.text(coluna);
 }
 
-data::Asked<QString> ask(const Query& query, const QString& key) {
-  return firstValue(PedeConsulta(query.before.toString() + key + query.after.toString(), data::Rows::First),
-                    query.column);
+data::Asked<QString> pede(const Consulta& consulta, const QString& chave) {
+  return primeiroValor(
+      pedeConsulta(consulta.antes.toString() + chave + consulta.depois.toString(), data::Rows::First),
+      consulta.coluna);
 }
 
 }  // namespace
 
-QString quoted(const QString& key) { return u'\'' + Apara(key) + u'\''; }
+QString entreAspas(const QString& chave) { return u'\'' + apara(chave) + u'\''; }
 
-QString number(const QString& key) { return VirgulaParaPonto(values::toText(LeNumero(key))); }
+QString numero(const QString& chave) { return VirgulaParaPonto(values::toText(leNumero(chave))); }
 
-data::Asked<QString> byText(const Query& query, const QString& key) { return ask(query, quoted(key)); }
-
-data::Asked<QString> byNumber(const Query& query, const QString& key) { return ask(query, number(key)); }
-
-data::Asked<QString> only(const Query& query) { return ask(query, {}); }
-
-QString asFields(const data::Recordset& rs, const QStringList& columns) {
-  QString fields;
-  if (rs.eof()) return fields;
-  for (const QString& column : columns) fields += rs.text(column).replace(u'^', u' ') + u'^';
-  return fields;
+data::Asked<QString> porTexto(const Consulta& consulta, const QString& chave) {
+  return pede(consulta, entreAspas(chave));
 }
 
-}  // namespace lookup
+data::Asked<QString> porNumero(const Consulta& consulta, const QString& chave) {
+  return pede(consulta, numero(chave));
+}
+
+data::Asked<QString> semChave(const Consulta& consulta) { return pede(consulta, {}); }
+
+QString emCampos(const data::Recordset& rs, const QStringList& colunas) {
+  QString campos;
+  if (rs.eof()) return campos;
+  for (const QString& coluna : colunas) campos += rs.text(coluna).replace(u'^', u' ') + u'^';
+  return campos;
+}
+
+}  // namespace consulta

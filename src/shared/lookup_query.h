@@ -7,27 +7,27 @@
 #include "platform/data/recordset.h"
 
 // How every lookup asks: one statement, one column of its first row.
-namespace lookup {
+namespace consulta {
 
 /// A statement with a place for its key: what stands before it, and after it.
-struct Query {
-  QStringView before;
-  QStringView column;
-  QStringView after = u"";
+struct Consulta {
+  QStringView antes;
+  QStringView coluna;
+  QStringView depois = u"";
 };
 
 /// The key goes out in quotes, trimmed.
-data::Asked<QString> byText(const Query& query, const QString& key);
+data::Asked<QString> porTexto(const Consulta& consulta, const QString& chave);
 /// The key goes out as a bare number.
-data::Asked<QString> byNumber(const Query& query, const QString& key);
+data::Asked<QString> porNumero(const Consulta& consulta, const QString& chave);
 /// A statement without a key.
-data::Asked<QString> only(const Query& query);
+data::Asked<QString> semChave(const Consulta& consulta);
 
 /// Forms of a key in a statement.
-[[nodiscard]] QString quoted(const QString& key);
-[[nodiscard]] QString number(const QString& key);
+[[nodiscard]] QString entreAspas(const QString& chave);
+[[nodiscard]] QString numero(const QString& chave);
 
 /// Columns of the current row as "^" fields, a "^" inside turned into a blank; empty where there is no row.
-[[nodiscard]] QString asFields(const data::Recordset& rs, const QStringList& columns);
+[[nodiscard]] QString emCampos(const data::Recordset& rs, const QStringList& colunas);
 
-}  // namespace lookup
+}  // namespace consulta

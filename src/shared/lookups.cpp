@@ -3,10 +3,10 @@
 #include "run/context.h"
 #include "shared/text.h"
 
-data::Recordset AbreConsulta(const QString& sql, data::Rows linhas) {
-  return contexto().Conexao.query(Maiusculas(sql), linhas);
+data::Recordset abreConsulta(const QString& sql, data::Rows linhas) {
+  return contexto().Conexao.query(maiusculas(sql), linhas);
 }
 
-data::Asked<data::Recordset> PedeConsulta(const QString& sql, data::Rows linhas) {
-  return contexto().Conexao.ask(Maiusculas(sql), linhas);
+data::Asked<data::Recordset> pedeConsulta(const QString& sql, data::Rows linhas) {
+  return contexto().Conexao.ask(maiusculas(sql), linhas);
 }

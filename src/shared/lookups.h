@@ -19,9 +19,9 @@
 using data::Asked;
 
 /// Reads a result: the whole statement in upper case, as all reads of the program go out.
-[[nodiscard]] data::Recordset AbreConsulta(const QString& sql, data::Rows linhas = data::Rows::All);
+[[nodiscard]] data::Recordset abreConsulta(const QString& sql, data::Rows linhas = data::Rows::All);
 /// The same, to travel with others.
-Asked<data::Recordset> PedeConsulta(const QString& sql, data::Rows linhas = data::Rows::All);
+Asked<data::Recordset> pedeConsulta(const QString& sql, data::Rows linhas = data::Rows::All);
 
 /// User name; a lost connection (-2147467259) is shown and ends the program, any other error is ignored and
 /// gives `atual`.
@@ -53,7 +53,7 @@ Asked<QString> IdColecao(const QString& desc_cole);
 Asked<QString> DescricaoUnidade(const QString& idunid);
 Asked<QString> CasasDecimaisUnidade(const QString& desc_unid);
 /// MascaraDecimais of CasasDecimaisUnidade of DescricaoUnidade: the mask of a unit's quantities.
-Asked<QString> MascaraUnidade(QString idunid);
+Asked<QString> mascaraUnidade(QString idunid);
 
 Asked<QString> IdClientePorNome(const QString& nome_pess);
 Asked<QString> IdClienteContato(const QString& nome_contato, const QString& nome_cliente);
@@ -123,6 +123,6 @@ Asked<QString> DadosEmpresaTexto();
 /// Path of the first image of a code that exists (plain, "W2", "S3"), or ArqSemImagem.
 [[nodiscard]] QString LocalizaImagemProduto(const QString& codigo);
 /// The folders of pictures that documents show and link to, as the configuration names them.
-[[nodiscard]] QStringList PastasDeFiguras();
+[[nodiscard]] QStringList pastasDeFiguras();
 /// Whether one of the three images exists.
 [[nodiscard]] bool LocalizaImagemPrototipo(const QString& codigo);

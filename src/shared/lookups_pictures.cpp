@@ -8,11 +8,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The first picture of a code that is there: the plain one, then its second and third form.
-QString firstImage(const QString& codigo) {
-  RunContext& run = contexto();
-  for (const char16_t* form : {u"", u"W2", u"S3"}) {
-    run.ImagemTentada = run.PathImagens + Apara(codigo) + QString::fromUtf16(form) + run.ExtImagens;
-    if (files::exists(run.ImagemTentada)) return run.ImagemTentada;
+QString primeiraImagem(const QString& codigo) {
+  Contexto& c = contexto();
+  for (const char16_t* forma : {u"", u"W2", u"S3"}) {
+    c.imagemTentada = c.PathImagens + apara(codigo) + QString::fromUtf16(forma) + c.ExtImagens;
+    if (files::exists(c.imagemTentada)) return c.imagemTentada;
   }
   return {};
 }
@@ -20,14 +20,14 @@ QString firstImage(const QString& codigo) {
 }  // namespace
 
 QString LocalizaImagemProduto(const QString& codigo) {
-  const QString found = firstImage(codigo);
-  return found.isEmpty() ? contexto().ArqSemImagem : found;
+  const QString achada = primeiraImagem(codigo);
+  return achada.isEmpty() ? contexto().ArqSemImagem : achada;
 }
 
-bool LocalizaImagemPrototipo(const QString& codigo) { return !firstImage(codigo).isEmpty(); }
+bool LocalizaImagemPrototipo(const QString& codigo) { return !primeiraImagem(codigo).isEmpty(); }
 
-QStringList PastasDeFiguras() {
-  const RunContext& run = contexto();
-  const qsizetype folder = run.ArqSemImagem.lastIndexOf(u'\\') + 1;
-  return {run.PathImagens, run.PathImagens2, run.ArqSemImagem.first(folder), run.PathWeb, run.PathLink};
+QStringList pastasDeFiguras() {
+  const Contexto& c = contexto();
+  const qsizetype pasta = c.ArqSemImagem.lastIndexOf(u'\\') + 1;
+  return {c.PathImagens, c.PathImagens2, c.ArqSemImagem.first(pasta), c.PathWeb, c.PathLink};
 }

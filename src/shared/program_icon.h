@@ -7,7 +7,7 @@
 // sharp.
 
 /// side in pixels.
-[[nodiscard]] QImage programImage(int side);
+[[nodiscard]] QImage imagemDoPrograma(int lado);
 
 /// The sizes that window managers ask for.
-[[nodiscard]] QIcon programIcon();
+[[nodiscard]] QIcon iconeDoPrograma();

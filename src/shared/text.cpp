@@ -34,10 +34,10 @@ char16_t FiltraTeclaNumerica(char16_t tecla) {
   return QStringView(u",0123456789%").contains(QChar(tecla)) ? tecla : u'\0';
 }
 
-char16_t FiltraTeclaDecimal(char16_t tecla) { return FiltraTeclaNumerica(tecla == u'.' ? u',' : tecla); }
+char16_t filtraTeclaDecimal(char16_t tecla) { return FiltraTeclaNumerica(tecla == u'.' ? u',' : tecla); }
 
 QString MascaraDecimais(const QString& casas) {
-  const int decimais = static_cast<int>(std::clamp(LeNumero(casas), 0.0, 4.0));
+  const int decimais = static_cast<int>(std::clamp(leNumero(casas), 0.0, 4.0));
   return decimais == 0 ? u"###0"_s : u"###0."_s + QString(decimais, u'0');
 }
 
@@ -71,27 +71,27 @@ QString TiraAcentos(const QString& texto) {
 }
 
 void AbreMailto(const QString& endereco) {
-  if (Apara(endereco).isEmpty()) return;
+  if (apara(endereco).isEmpty()) return;
   QDesktopServices::openUrl(QUrl(u"mailto:"_s + endereco.toLower()));
 }
 
-double LeNumero(const QString& texto) { return values::leadingNumber(VirgulaParaPonto(texto)); }
+double leNumero(const QString& texto) { return values::leadingNumber(VirgulaParaPonto(texto)); }
 
-bool PodeSerId(const QString& digitos) { return LeNumero(digitos) <= std::numeric_limits<qint32>::max(); }
+bool podeSerId(const QString& digitos) { return leNumero(digitos) <= std::numeric_limits<qint32>::max(); }
 
-double LeValor(const QString& texto) {
-  return values::isNumeric(texto) ? values::toNumber(texto) : LeNumero(texto);
+double leValor(const QString& texto) {
+  return values::isNumeric(texto) ? values::toNumber(texto) : leNumero(texto);
 }
 
-QString FormataLido(const QString& texto, QStringView mascara) {
-  return texto.isEmpty() ? texto : values::format(LeValor(texto), mascara);
+QString formataLido(const QString& texto, QStringView mascara) {
+  return texto.isEmpty() ? texto : values::format(leValor(texto), mascara);
 }
 
-QString Moeda(double valor) { return values::format(valor, kMascaraMoeda); }
+QString emMoeda(double valor) { return values::format(valor, kMascaraMoeda); }
 
-QString Moeda(const QString& texto) { return values::format(texto, kMascaraMoeda); }
+QString emMoeda(const QString& texto) { return values::format(texto, kMascaraMoeda); }
 
-QString Maiusculas(const QString& texto) {
+QString maiusculas(const QString& texto) {
   QString alto = texto;
   for (QChar& c : alto) c = c.toUpper();
   return alto;

@@ -21,7 +21,7 @@ inline constexpr const char16_t* kMascaraMoeda = u"###0.00";
 /// Lets ",0123456789%" and control keys through, 0 for any other.
 [[nodiscard]] char16_t FiltraTeclaNumerica(char16_t tecla);
 /// The same with "." turned into "," first.
-[[nodiscard]] char16_t FiltraTeclaDecimal(char16_t tecla);
+[[nodiscard]] char16_t filtraTeclaDecimal(char16_t tecla);
 
 /// "###0" with as many zeros after the point as there are decimals, 0 to 4; an empty text is 0 decimals.
 [[nodiscard]] QString MascaraDecimais(const QString& casas);
@@ -36,18 +36,18 @@ void RestauraMascara(forms::MaskedBox* caixa);
 void AbreMailto(const QString& endereco);
 
 /// The numeric reading: commas are points, then the longest numeric prefix, 0 where there is none.
-[[nodiscard]] double LeNumero(const QString& texto);
+[[nodiscard]] double leNumero(const QString& texto);
 /// By the regional conversion, as far as it takes the text; else the numeric reading ("12%" is 12, "" is 0).
-[[nodiscard]] double LeValor(const QString& texto);
-/// LeValor in a mask; an empty text stays empty.
-[[nodiscard]] QString FormataLido(const QString& texto, QStringView mascara);
+[[nodiscard]] double leValor(const QString& texto);
+/// leValor in a mask; an empty text stays empty.
+[[nodiscard]] QString formataLido(const QString& texto, QStringView mascara);
 /// Whether digits are a number that an id can have; no statement is sent for one that is larger.
-[[nodiscard]] bool PodeSerId(const QString& digitos);
+[[nodiscard]] bool podeSerId(const QString& digitos);
 /// Money mask, "###0.00".
-[[nodiscard]] QString Moeda(double valor);
+[[nodiscard]] QString emMoeda(double valor);
 /// The money mask on a text that is a number by the regional conversion; an empty text stays empty, any other
 /// text stays as it is.
-[[nodiscard]] QString Moeda(const QString& texto);
+[[nodiscard]] QString emMoeda(const QString& texto);
 
 /// Upper case, one character for one ("ß" stays).
-[[nodiscard]] QString Maiusculas(const QString& texto);
+[[nodiscard]] QString maiusculas(const QString& texto);

@@ -5,22 +5,22 @@
 namespace {
 
 /// What a caller sees where a field is missing.
-constexpr QChar kMissing = u'.';
+constexpr QChar kAusente = u'.';
 
 /// Trims the text and closes its last field, in the caller's variable.
-void closeFields(QString& texto, QChar delimitador) {
-  texto = Apara(texto);
+void fechaCampos(QString& texto, QChar delimitador) {
+  texto = apara(texto);
   if (!texto.endsWith(delimitador)) texto += delimitador;
 }
 
-QString fieldOf(const QString& texto, int n, QChar delimitador) {
+QString campoDe(const QString& texto, int n, QChar delimitador) {
   if (n < 1) return {};
-  qsizetype start = 0;
-  for (int field = 1;; ++field) {
-    const qsizetype end = texto.indexOf(delimitador, start);
-    if (end < 0) return kMissing;
-    if (field == n) return texto.sliced(start, end - start);
-    start = end + 1;
+  qsizetype inicio = 0;
+  for (int campo = 1;; ++campo) {
+    const qsizetype fim = texto.indexOf(delimitador, inicio);
+    if (fim < 0) return kAusente;
+    if (campo == n) return texto.sliced(inicio, fim - inicio);
+    inicio = fim + 1;
   }
 }
 
@@ -28,15 +28,15 @@ QString fieldOf(const QString& texto, int n, QChar delimitador) {
 
 QString PegaCampo(QString& texto, int n) {
   if (texto.isEmpty()) return {};
-  closeFields(texto, u'^');
-  return fieldOf(texto, n, u'^');
+  fechaCampos(texto, u'^');
+  return campoDe(texto, n, u'^');
 }
 
 QString PegaCampo(const QString& texto, int n) { return PegaCampoDelimitado(texto, n, u'^'); }
 
 QString PegaCampoDelimitado(const QString& texto, int n, QChar delimitador) {
   if (texto.isEmpty()) return {};
-  QString copy = texto;
-  closeFields(copy, delimitador);
-  return fieldOf(copy, n, delimitador);
+  QString copia = texto;
+  fechaCampos(copia, delimitador);
+  return campoDe(copia, n, delimitador);
 }

@@ -1,13 +1,13 @@
 #include "text/trim.h"
 
-QString Apara(const QString& texto) {
-  const QString direita = AparaDireita(texto);
+QString apara(const QString& texto) {
+  const QString direita = aparaDireita(texto);
   qsizetype inicio = 0;
   while (inicio < direita.size() && direita[inicio] == u' ') ++inicio;
   return direita.sliced(inicio);
 }
 
-QString AparaDireita(const QString& texto) {
+QString aparaDireita(const QString& texto) {
   qsizetype fim = texto.size();
   while (fim > 0 && texto[fim - 1] == u' ') --fim;
   return texto.first(fim);

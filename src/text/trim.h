@@ -3,5 +3,5 @@
 #include <QString>
 
 /// Trims blanks (only U+0020) on both sides, or on the right.
-[[nodiscard]] QString Apara(const QString& texto);
-[[nodiscard]] QString AparaDireita(const QString& texto);
+[[nodiscard]] QString apara(const QString& texto);
+[[nodiscard]] QString aparaDireita(const QString& texto);

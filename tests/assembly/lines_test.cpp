@@ -1,12 +1,13 @@
 #include "assembly_test.h"
-#include "shared/screen_kit.h"
+#include "platform/forms/boxes.h"
+#include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
 
 // Lines of an assembly, from a double click on an article to the quote.
 namespace {
 
-using grids::material::Column;
+using grades::material::Column;
 using Lines = AssemblyTest;
 
 TEST_F(Lines, AreSortedByClassMarkedAndAddedUp) {
@@ -78,8 +79,8 @@ TEST_F(Lines, OfACompositeWhoseQuantityIsReadInPointNotation) {
       if (total.isEmpty()) script.box(u"Quantidade Inválida!"_s);
       support::click(screen.cmdConfirmar);
     });
-    EXPECT_EQ(items.text(rows, grids::item::Quantidade), total.isEmpty() ? QString() : quantity);
-    EXPECT_EQ(items.text(rows, grids::item::Total), total);
+    EXPECT_EQ(items.text(rows, grades::item::Quantidade), total.isEmpty() ? QString() : quantity);
+    EXPECT_EQ(items.text(rows, grades::item::Total), total);
   }
 }
 

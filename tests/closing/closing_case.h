@@ -25,7 +25,7 @@ class Closing : public ScreenCase {
 
   /// Data rows of the instalments, "30 33,33 04/04/2024" each; they are numbered from 1.
   static QStringList instalments() {
-    using namespace grids::instalment;
+    using namespace grades::parcela;
     QStringList rows;
     const forms::GridModel& grid = screen().Flex2->grid();
     for (int row = 1; row < grid.rows(); ++row) {

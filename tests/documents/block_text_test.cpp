@@ -217,7 +217,7 @@ TEST_F(BlockText, DataAreShownAsTheyWereTyped) {
                                            QString(typed).replace(u'\'', u"''"_s)));
   print(123);
   documento().ExibeFotos = true;
-  documento().LetraFornecedor = u"B"_s;
+  documento().letraFornecedor = u"B"_s;
   const auto look = [&](void (*routine)(qint32, const QString&)) {
     build(routine, 123);
     const QString html = written().toLower();

@@ -25,7 +25,7 @@ TEST_F(PurchaseLetter, RequestForPricesBySupplierLetter) {
   for (const Case& one :
        {Case{u"B"_s, u"ÀPapéis Norte<"_s, u">Sr. Ivo<"_s}, Case{u"C"_s, u"À<"_s, u">Sra. Eva<"_s},
         Case{u"F"_s, u"À<"_s, u"><"_s}, Case{u""_s, u"À<"_s, u"><"_s}}) {
-    documento().LetraFornecedor = one.letter;
+    documento().letraFornecedor = one.letter;
     build(CotacaoCompraHTML, 71);
     SCOPED_TRACE(one.letter.toStdString());
     expectInOrder(

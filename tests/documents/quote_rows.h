@@ -47,8 +47,8 @@ class Quotes : public ScreenCase {
     documento().ExibeComposicao = true;
     documento().ExibeMontagem = true;
     documento().OrdemComposicao = u"NATURAL"_s;
-    documento().RsImpressao =
-        AbreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + QString::number(id) + u'\'');
+    documento().rsImpressao =
+        abreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='"_s + QString::number(id) + u'\'');
   }
   void parameter(const QString& name, const QString& value) {
     sql(u"DELETE FROM empr_cnfg WHERE nome_para = '%1'"_s.arg(name));

@@ -43,13 +43,13 @@ TEST_F(Viewer, WritesBothCopiesAnewAndItsToolsActOnTheOneInSight) {
   files::write(first, "an older one");
   print(123);
   show([&](frmPedHTML& viewer) {
-    EXPECT_EQ(viewer.ArqVia1, first);
+    EXPECT_EQ(viewer.arqVia1, first);
     EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(u"Total Geral do Orçamento - R$ 1307,25"_s));
     EXPECT_TRUE(viewer.WebBrowser2->findChildren<QWebEngineView*>().isEmpty())
         << "loads when it is first seen";
     EXPECT_EQ(viewer.WebBrowser2->pageText(), viewer.WebBrowser1->pageText());
     viewer.SSTab1->setCurrentIndex(1);
-    EXPECT_EQ(viewer.txtArquivo->text(), viewer.ArqVia2);
+    EXPECT_EQ(viewer.txtArquivo->text(), viewer.arqVia2);
     const double before = viewer.WebBrowser1->zoom();
     viewer.WebBrowser2->setZoom(1.0);
     support::key(viewer.txtArquivo, Qt::Key_Minus, Qt::ControlModifier);
@@ -91,8 +91,8 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
     documento().IdDocumento = one.id;
     contexto().TelaChamadora = u"outra"_s;
     show([&](frmPedHTML& viewer) {
-      EXPECT_EQ(viewer.ArqVia1, path(one.first));
-      EXPECT_EQ(viewer.ArqVia2, path(one.second));
+      EXPECT_EQ(viewer.arqVia1, path(one.first));
+      EXPECT_EQ(viewer.arqVia2, path(one.second));
       EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(one.told)) << one.type.toStdString();
     });
   }

@@ -88,7 +88,7 @@ TEST_F(WholeDocument, GridReadsTheValuesOfTheScreens) {
   MontaOrcaGradeHTML(123, document());
   EXPECT_TRUE(written().contains(u"Pedido: </b>000123"_s));
   EXPECT_TRUE(written().contains(u"texto do vendedor"_s));
-  documento().RsImpressao.close();
+  documento().rsImpressao.close();
   files::remove(document());
   EXPECT_EQ(support::errorOf([&] { MontaOrcaGradeHTML(123, document()); }), values::kClosedObject);
   EXPECT_FALSE(files::exists(document()));

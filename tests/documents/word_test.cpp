@@ -121,8 +121,8 @@ TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
     EXPECT_EQ(alignmentOf(rtf, "Observa") + alignmentOf(rtf, "1 - Todos"), "\\qc\\ql");
     EXPECT_EQ(alignmentOf(rtf, "Lata dourada") + alignmentOf(rtf, "1307,25"), "\\ql\\qr");
   }
-  EXPECT_EQ(NomeVersaoWord(11), u"Office 2003"_s);
-  EXPECT_EQ(NomeVersaoWord(15), QString());
+  EXPECT_EQ(nomeVersaoWord(11), u"Office 2003"_s);
+  EXPECT_EQ(nomeVersaoWord(15), QString());
 }
 
 TEST_F(WordDocument, WithoutTheLetterheadsPictureItFailsAndWritesNothing) {
@@ -135,7 +135,7 @@ TEST_F(WordDocument, WithoutTheLetterheadsPictureItFailsAndWritesNothing) {
 TEST_F(WordDocument, TheLayoutTrialIsSavedAtItsFixedPath) {
   QImage(60, 40, QImage::Format_RGB32).save(files::resolve(u"c:\\zarim\\imagens"_s) + u"/logo_cliente.jpg"_s);
   documento().IdDocumento = 123;
-  DocumentoWordAmostra();
+  gravaAmostraWord();
   const QByteArray rtf = files::readAll(u"c:\\zarim\\teste_orca9.doc"_s);
   for (const auto* told : {"000123 - 05/03/2024", "Presentes Aurora Ltda", "PRESENTES PERSONALIZADOS"})
     EXPECT_TRUE(rtf.contains(told)) << rtf.constData();

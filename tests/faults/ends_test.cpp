@@ -3,9 +3,9 @@
 #include <QFile>
 #include <exception>
 
+#include "fault_case.h"
 #include "platform/forms/process.h"
 #include "platform/values/runtime_error.h"
-#include "quote_case.h"
 #include "support/errors.h"
 #include "support/printing.h"
 
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Each end in a process of its own, with its own temporary folders.
-class Ends : public faults::QuoteCase {
+class Ends : public faults::FaultCase {
  protected:
   Ends() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };

@@ -45,15 +45,15 @@ TEST(Readers, NumbersAreReadOrRefused) {
   for (int i = 0; i < kTries; ++i) {
     const QString text = texts.next();
     SCOPED_TRACE(text.toStdString());
-    ASSERT_TRUE(std::isfinite(LeNumero(text)));
+    ASSERT_TRUE(std::isfinite(leNumero(text)));
     if (values::isNumeric(text)) {
       const double number = values::toNumber(text);
       ASSERT_TRUE(std::isfinite(number));
       // What is shown is read back as what is shown, by both readers.
       if (std::fabs(number) < 1e12) {
-        const QString money = Moeda(number);
-        ASSERT_EQ(Moeda(values::toNumber(money)), money);
-        ASSERT_EQ(LeNumero(money), values::toNumber(money));
+        const QString money = emMoeda(number);
+        ASSERT_EQ(emMoeda(values::toNumber(money)), money);
+        ASSERT_EQ(leNumero(money), values::toNumber(money));
       }
     } else {
       ASSERT_THROW((void)values::toNumber(text), values::RuntimeError);
@@ -84,7 +84,7 @@ TEST(Readers, FieldsAreFoundWhateverStandsAroundThem) {
   Texts texts({u"^"_s, u"^^"_s, u" "_s, u"a"_s, u"|"_s, u"."_s, u"\t"_s, u"\r"_s, u"\n"_s});
   for (int i = 0; i < kTries; ++i) {
     QString text = texts.next();
-    const QString trimmed = Apara(text);
+    const QString trimmed = apara(text);
     const auto fields = trimmed.isEmpty() ? 0 : trimmed.count(u'^') + (trimmed.endsWith(u'^') ? 0 : 1);
     for (int n = -1; n <= fields + 1; ++n) {
       const QString field = PegaCampo(text, n);

@@ -4,7 +4,7 @@
 #include "assembly/frmMontarProduto.h"
 #include "bench/rows.h"
 #include "closing/frmConfirmaPropCmrcTL.h"
-#include "quote_case.h"
+#include "fault_case.h"
 #include "run/context.h"
 #include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmBROWSE_PropCmrc.h"
@@ -130,7 +130,7 @@ std::vector<Action> actions() {
   };
 }
 
-class Requests : public faults::QuoteCase, public ::testing::WithParamInterface<Action> {
+class Requests : public faults::FaultCase, public ::testing::WithParamInterface<Action> {
  protected:
   struct Run {
     QStringList statements, shown, stored;

@@ -4,8 +4,8 @@
 #include <csignal>
 #include <thread>
 
+#include "fault_case.h"
 #include "platform/values/runtime_error.h"
-#include "quote_case.h"
 #include "run/context.h"
 #include "support/printing.h"
 #include "support/script.h"
@@ -23,7 +23,7 @@ void cutAt(TdsServer& server, qsizetype victim) {
 }
 
 /// The parameter: 0 saves a new quote, 1 the stored one.
-class Saving : public faults::QuoteCase, public ::testing::WithParamInterface<int> {
+class Saving : public faults::FaultCase, public ::testing::WithParamInterface<int> {
  protected:
   static void prepare(frmPropCmrcTL& screen) { GetParam() == 0 ? enterQuote(screen) : alterQuote(screen); }
 
@@ -114,7 +114,7 @@ TEST_P(Saving, WaitsForAnotherProgramThatSaves) {
 INSTANTIATE_TEST_SUITE_P(Paths, Saving, ::testing::Values(0, 1),
                          [](const auto& one) { return one.param == 0 ? "Insert" : "Update"; });
 
-using Loading = faults::QuoteCase;
+using Loading = faults::FaultCase;
 
 TEST_F(Loading, LeavesTheServerWithTheProcess) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");  // a process of its own, with its own temporary folders

@@ -1,4 +1,4 @@
-#include "quote_case.h"
+#include "fault_case.h"
 #include "run/context.h"
 #include "shared/text.h"
 #include "support/printing.h"
@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A field of the quote that takes any text, and the column of prop_cmrc where it goes; null for an honoree's
-/// name and the first item's remark.
+/// A field of the quote that takes any text, and the column of prop_cmrc where it goes; null for an
+/// honoree's name and the first item's remark.
 struct Field {
   const char* control;
   const char* column;
@@ -43,24 +43,24 @@ const QStringList& texts() {
   return all;
 }
 
-class Texts : public faults::QuoteCase, public ::testing::WithParamInterface<Field> {};
+class Texts : public faults::FaultCase, public ::testing::WithParamInterface<Field> {};
 
 /// Whatever the text, the quote is saved whole, with the text, or not at all, and the items keep their
 /// columns.
 TEST_P(Texts, AreSavedOrRefusedWhole) {
   const QString control = QString::fromLatin1(GetParam().control);
-  const bool honoree = control == u"txtNomeHomg";
+  const bool homenageado = control == u"txtNomeHomg";
   for (const QString& text : texts()) {
     SCOPED_TRACE(text.left(30).toStdString());
     auto& screen = start();
     const QStringList before = rowsOf(databasePath());
     enterQuote(screen);
     if (control == u"Flex")
-      screen.Flex->grid().setText(1, grids::item::Observacao, text);
+      screen.Flex->grid().setText(1, grades::item::Observacao, text);
     else
       forms::writeControl(u"frmPropCmrcTL"_s, control, text);
-    QString kept = Maiusculas(Apara(forms::controlText(forms::findControl(u"frmPropCmrcTL"_s, control))));
-    if (honoree) screen.cmdIncluirHomg->click();
+    QString kept = maiusculas(apara(forms::controlText(forms::findControl(u"frmPropCmrcTL"_s, control))));
+    if (homenageado) screen.cmdIncluirHomg->click();
     screen.cmdSALVAR->click();
     if (ended.has_value()) {
       EXPECT_EQ(ended, 1);
@@ -69,7 +69,7 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
       EXPECT_EQ(rowsOf(databasePath()), before);
       continue;
     }
-    EXPECT_EQ(rowsOf(databasePath()).size(), before.size() + 8 + (honoree ? 1 : 0));
+    EXPECT_EQ(rowsOf(databasePath()).size(), before.size() + 8 + (homenageado ? 1 : 0));
     if (GetParam().column != nullptr) {
       const QString stored =
           ask(u"SELECT %1 FROM prop_cmrc WHERE idprop_cmrc=2"_s.arg(QLatin1StringView(GetParam().column)));
@@ -81,11 +81,11 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
     const forms::GridModel& items = screen.Flex->grid();
     ASSERT_EQ(items.rows(), 3);
     for (const int row : {1, 2}) {
-      EXPECT_EQ(items.text(row, grids::item::Codigo), u"CX-100"_s);
-      EXPECT_EQ(items.text(row, grids::item::Unidade), u"UN"_s);
+      EXPECT_EQ(items.text(row, grades::item::Codigo), u"CX-100"_s);
+      EXPECT_EQ(items.text(row, grades::item::Unidade), u"UN"_s);
     }
-    EXPECT_EQ(items.text(2, grids::item::Observacao), u"OBS"_s);
-    EXPECT_EQ(screen.FlexHomg->grid().rows(), honoree ? 3 : 2);
+    EXPECT_EQ(items.text(2, grades::item::Observacao), u"OBS"_s);
+    EXPECT_EQ(screen.FlexHomg->grid().rows(), homenageado ? 3 : 2);
     EXPECT_FALSE(ended.has_value()) << boxes.join(u' ').toStdString();
   }
 }

@@ -24,13 +24,13 @@ class Opened : public QObject {
   void open(const QUrl& url) { last = url; }
 };
 
-TEST(HelpKeys, OpenTheScreensPageAndSayWhatSupportAsks) {
+TEST(TeclasDeAjuda, OpenTheScreensPageAndSayWhatSupportAsks) {
   reiniciaContexto();
   contexto().Ambiente = u"DEV"_s;
   contexto().SenhaBanco = u"segredo"_s;
   forms::Form form(u"frmEmailOS"_s);
   auto* box = new QLineEdit(&form);
-  HelpKeys keys;
+  TeclasDeAjuda keys;
   qApp->installEventFilter(&keys);
   Opened opened;
   QDesktopServices::setUrlHandler(u"file"_s, &opened, "open");

@@ -82,10 +82,10 @@ TEST(Manual, HasAPageForEveryScreen) {
                        QDirIterator::Subdirectories);
   while (layouts.hasNext()) {
     layouts.next();
-    const QString page = PaginaDoManual(layouts.fileInfo().completeBaseName());
+    const QString page = paginaDoManual(layouts.fileInfo().completeBaseName());
     EXPECT_NE(page, u"index.html"_s) << qPrintable(layouts.fileName());
     EXPECT_TRUE(pages().contains(page.chopped(5) + u".md"_s)) << qPrintable(page);
-    EXPECT_TRUE(EnderecoDoManual(page).isLocalFile()) << qPrintable(page);
+    EXPECT_TRUE(enderecoDoManual(page).isLocalFile()) << qPrintable(page);
   }
 }
 

@@ -36,7 +36,7 @@ TEST_F(Loading, ShowsHeaderTermsItemsMaterialsAndHonorees) {
   // A prototype's code is its id, its quantity has the unit's decimals, its unit stays empty.
   EXPECT_EQ(row(screen->Flex->grid(), 2), u"202|PROT|202|Lata dourada|22,90|0,00|22,90|2,50|57,25|||");
   EXPECT_EQ(row(screen->FlexMonta, 2), u"104|FITA|Fita de cetim|1,5|UN|1|12,50|18,75|FECHAMENTO|obs|4|1");
-  EXPECT_EQ(column(screen->FlexHomg->grid(), grids::honoree::Nome), u"Ana");
+  EXPECT_EQ(column(screen->FlexHomg->grid(), grades::homenageado::Nome), u"Ana");
   expectShown(forms::form<frmConfirmaPropCmrcTL>(),
               u"txtObservacaoPedido=Cuidado|cboTransportadora=Rápido Sul|mskDataBase=10/03/2024|"
               "txtIdCondPg=41|lblParcelas=3|lblPrazos=030/060/090/"_s);

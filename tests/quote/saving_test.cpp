@@ -74,7 +74,7 @@ TEST_F(Saving, ANewQuoteGoesOutInUpperCaseInOneTransaction) {
   EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u" "_s);
   support::click(screen->cmdPesquisar_PropCmrc);
   EXPECT_EQ(screen->txtDesc->text(), u"BODAS DE PRATA"_s);
-  EXPECT_EQ(column(screen->FlexMonta, grids::material::VinculoComFlex), u"1|1");
+  EXPECT_EQ(column(screen->FlexMonta, grades::material::VinculoComFlex), u"1|1");
 }
 
 TEST_F(Saving, AnAlteredQuoteRewritesItsRowsAndKeepsTheCaseOfRemarks) {

@@ -20,7 +20,7 @@
 #include "search/frmBROWSE_PropCmrc.h"
 #include "search/frmBROWSE_Prototipo.h"
 #include "search/frmImagem.h"
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 #include "support/company.h"
 #include "support/script.h"
 

@@ -14,16 +14,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 TEST(Text, CaseAndBlanks) {
-  EXPECT_EQ(Maiusculas(u"conteúdo straße ñ"_s), u"CONTEÚDO STRAßE Ñ");
-  EXPECT_EQ(Apara(u"  a b\t "_s), u"a b\t");
+  EXPECT_EQ(maiusculas(u"conteúdo straße ñ"_s), u"CONTEÚDO STRAßE Ñ");
+  EXPECT_EQ(apara(u"  a b\t "_s), u"a b\t");
 }
 
 TEST(Text, NumbersAndMoney) {
-  EXPECT_EQ(LeNumero(u"12,5"_s), 12.5);
-  EXPECT_EQ(LeNumero(u"1.234,50"_s), 1.234);
-  EXPECT_EQ(Moeda(u"12.5"_s), u"125,00") << "the regional conversion takes the point as grouping";
-  EXPECT_EQ(Moeda(u""_s), u"");
-  EXPECT_EQ(Moeda(u"a combinar"_s), u"a combinar");
+  EXPECT_EQ(leNumero(u"12,5"_s), 12.5);
+  EXPECT_EQ(leNumero(u"1.234,50"_s), 1.234);
+  EXPECT_EQ(emMoeda(u"12.5"_s), u"125,00") << "the regional conversion takes the point as grouping";
+  EXPECT_EQ(emMoeda(u""_s), u"");
+  EXPECT_EQ(emMoeda(u"a combinar"_s), u"a combinar");
   EXPECT_EQ(MascaraDecimais(u"9"_s) + MascaraDecimais(u""_s), u"###0.0000###0");
 }
 

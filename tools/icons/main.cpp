@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
   }
   for (const int side : {16, 22, 24, 32, 48, 64, 128, 256}) {
     const QString folder = QString::fromLocal8Bit(argv[1]) + u"/%1x%1/apps"_s.arg(side);
-    if (!QDir().mkpath(folder) || !programImage(side).save(folder + u"/zarim.png"_s)) {
+    if (!QDir().mkpath(folder) || !imagemDoPrograma(side).save(folder + u"/zarim.png"_s)) {
       std::fprintf(stderr, "%s can't be written\n", qPrintable(folder));
       return EXIT_FAILURE;
     }

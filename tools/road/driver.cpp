@@ -83,7 +83,7 @@ int Driver::run(QApplication& application) {
   setCommandLine(progress_.commandLine);
   forms::setEnd([this](int status) { programEnded(status); });
   schedule();
-  programEnded(runProgram(application, progress_.commandLine));
+  programEnded(executaPrograma(application, progress_.commandLine));
   return 0;
 }
 

@@ -24,7 +24,7 @@ QString lastCommandLine;
 
 /// The program's connection string; where it isn't running, found as it does.
 QString connectionString() {
-  RunContext& context = contexto();
+  Contexto& context = contexto();
   if (context.StringConexaoMSSQL.isEmpty() && context.StringConexaoFirebird.isEmpty()) {
     QString line = lastCommandLine;
     context.Ambiente = PegaCampo(line, 3);

@@ -26,7 +26,7 @@
 //     auto pedeCodigo = CodigoProduto(item.text(u"idprod"));    // both are asked here,
 //     auto pedeUnidade = UnidadeProduto(item.text(u"idprod"));  // before the first is waited for: one request
 //     const QString unidade = co_await pedeUnidade;
-//     const QString mascara = co_await MascaraUnidade(unidade);
+//     const QString mascara = co_await mascaraUnidade(unidade);
 //     const QString codigo = co_await pedeCodigo;
 //     co_return linhaDoItem(item, codigo, mascara);
 //   }

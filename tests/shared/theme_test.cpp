@@ -1,4 +1,4 @@
-#include "shared/screen_kit.h"
+#include "shared/theme.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -26,7 +26,7 @@ class ScreenKit : public support::Company {
 
 TEST_F(ScreenKit, ThemeGoesByKindOfControl) {
   contexto().CorFundo = u"1"_s;
-  AplicaTemaPadrao(form);
+  aplicaTemaPadrao(form);
   EXPECT_EQ(forms::toColor(forms::backColor(&form)), forms::toColor(0x8000000F))
       << "the system's, without a row";
   sql(u"INSERT INTO cor_sist VALUES ('Areia', '14741230', '128', '1', '2')"_s);
@@ -46,7 +46,7 @@ TEST_F(ScreenKit, ThemeGoesByKindOfControl) {
                {new forms::MaskedBox(&form), false, false},
                {combo, false, false},
                {combo->lineEdit(), false, false}};
-  AplicaTemaPadrao(form);
+  aplicaTemaPadrao(form);
   EXPECT_EQ(contexto().CorFundo2 + contexto().CorFrente2, u"12");
   EXPECT_EQ(forms::backColor(&form), 14741230);
   for (const auto& [control, ground, text] : kinds) {

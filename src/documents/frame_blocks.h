@@ -31,4 +31,4 @@
 [[nodiscard]] QString FechaDocumentoHTML();
 
 /// Address of an image of the house: in the local folder, or on the internet server for an external document.
-[[nodiscard]] QString ImagemDaCasa(const QString& arquivo);
+[[nodiscard]] QString imagemDaCasa(const QString& arquivo);

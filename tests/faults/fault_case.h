@@ -12,10 +12,10 @@ namespace faults {
 /// A company with one stored quote (number 1: two assembled items of two materials each, one honoree) and
 /// the quote screen on it. Boxes and the end of the process are noted, not scripted: what matters is what
 /// stays in the database.
-class QuoteCase : public support::Company {
+class FaultCase : public support::Company {
  protected:
-  QuoteCase();
-  ~QuoteCase() override;
+  FaultCase();
+  ~FaultCase() override;
 
   /// Starts the program anew on the database as it was at first.
   frmPropCmrcTL& start();

@@ -1,4 +1,4 @@
-#include "quote_case.h"
+#include "fault_case.h"
 
 #include <QFile>
 
@@ -20,7 +20,7 @@ void copyOver(const QString& from, const QString& to) {
 
 }  // namespace
 
-QuoteCase::QuoteCase() {
+FaultCase::FaultCase() {
   support::fillBasics(databasePath());
   contexto().Conexao.close();
   copyOver(databasePath(), first_);
@@ -37,13 +37,13 @@ QuoteCase::QuoteCase() {
   copyOver(databasePath(), first_);
 }
 
-QuoteCase::~QuoteCase() {
+FaultCase::~FaultCase() {
   forms::setBoxAnswerer({});
   forms::setEnd({});
   qunsetenv("TDSPORT");
 }
 
-void QuoteCase::leave() {
+void FaultCase::leave() {
   forms::registry::clear();
   auto listener = std::move(contexto().Conexao);
   listener.close();
@@ -54,7 +54,7 @@ void QuoteCase::leave() {
   ended.reset();
 }
 
-frmPropCmrcTL& QuoteCase::shown() {
+frmPropCmrcTL& FaultCase::shown() {
   auto& screen = forms::form<frmPropCmrcTL>();
   // Painting is shared out among threads, which a forked child does not have.
   screen.setUpdatesEnabled(false);
@@ -63,13 +63,13 @@ frmPropCmrcTL& QuoteCase::shown() {
   return screen;
 }
 
-frmPropCmrcTL& QuoteCase::start() {
+frmPropCmrcTL& FaultCase::start() {
   leave();
   copyOver(first_, databasePath());
   return shown();
 }
 
-frmPropCmrcTL& QuoteCase::startOn(support::TdsServer& server) {
+frmPropCmrcTL& FaultCase::startOn(support::TdsServer& server) {
   leave();
   copyOver(first_, server.databasePath());
   qputenv("TDSPORT", QByteArray::number(server.port()));
@@ -77,7 +77,7 @@ frmPropCmrcTL& QuoteCase::startOn(support::TdsServer& server) {
   return shown();
 }
 
-void QuoteCase::enterQuote(frmPropCmrcTL& screen) {
+void FaultCase::enterQuote(frmPropCmrcTL& screen) {
   support::click(screen.cmdINCLUIR);
   screen.cboCliente->setText(u"Clara Festas Ltda"_s);
   screen.cboRespAtendimento->setText(u"MARIA"_s);
@@ -92,14 +92,14 @@ void QuoteCase::enterQuote(frmPropCmrcTL& screen) {
   screen.FlexHomg->grid().addItem(u"\tANA\t"_s);
 }
 
-void QuoteCase::alterQuote(frmPropCmrcTL& screen) {
+void FaultCase::alterQuote(frmPropCmrcTL& screen) {
   screen.txtCodigo->setText(u"1"_s);
   support::click(screen.cmdPesquisar_PropCmrc);
   support::click(screen.cmdALTERAR);
   screen.txtDesc->setText(u"Outra"_s);
 }
 
-QStringList QuoteCase::rowsOf(const QString& databasePath) {
+QStringList FaultCase::rowsOf(const QString& databasePath) {
   data::Connection connection = support::connectionTo(databasePath);
   QStringList rows;
   for (const auto& table :

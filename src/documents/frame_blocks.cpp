@@ -1,4 +1,4 @@
-#include "documents/kit.h"
+#include "documents/frame_blocks.h"
 
 #include "documents/company_texts.h"
 #include "documents/contacts.h"
@@ -20,23 +20,23 @@ namespace {
 
 constexpr const char16_t* kCondicoes = u"Condições Gerais";
 
-data::Recordset Empresa() { return AbreConsulta(u"SELECT * FROM empr where data_desa is null"_s); }
+data::Recordset linhaDaEmpresa() { return abreConsulta(u"SELECT * FROM empr where data_desa is null"_s); }
 
-QString EnderecoDaEmpresa(const data::Recordset& rs) {
+QString enderecoDaEmpresa(const data::Recordset& rs) {
   return QStringList{rs.text(u"ende_coml_empr"), rs.text(u"cida_coml_empr"), rs.text(u"uf00_coml_empr"),
                      rs.text(u"cep0_coml_empr")}
       .join(u" - "_s);
 }
 
 template <std::size_t N>
-QStringList Textos(const std::array<const char16_t*, N>& clausulas) {
+QStringList listaDe(const std::array<const char16_t*, N>& clausulas) {
   QStringList textos;
   for (const char16_t* clausula : clausulas) textos << QString::fromUtf16(clausula);
   return textos;
 }
 
 /// A text broken at blanks over lines of the file, indented from the second on.
-QString Quebra(QString texto) {
+QString quebraLinhas(QString texto) {
   constexpr qsizetype kLargura = 100;
   const QString quebra = kFim + u"      "_s;
   for (qsizetype inicio = 0; texto.size() - inicio > kLargura;) {
@@ -48,18 +48,18 @@ QString Quebra(QString texto) {
 }
 
 /// The quote's clauses as the styled documents have them: the second, third and fifth over several lines.
-QStringList ClausulasEstilos() {
-  QStringList textos = Textos(company::kClausulas).first(qsizetype(clausulas::kOrcamento.size()));
-  for (const int longa : {1, 2, 4}) textos[longa] = Quebra(textos[longa]);
+QStringList clausulasEstilos() {
+  QStringList textos = listaDe(company::kClausulas).first(qsizetype(clausulas::kOrcamento.size()));
+  for (const int longa : {1, 2, 4}) textos[longa] = quebraLinhas(textos[longa]);
   return textos;
 }
 
-QString BlocoDaEmpresa() {
-  const data::Recordset rs = Empresa();
+QString blocoDaEmpresa() {
+  const data::Recordset rs = linhaDaEmpresa();
   if (rs.eof()) return {};
   const QStringList linhas{
-      rs.text(u"cnpj_empr"), EnderecoDaEmpresa(rs),
-      Apara(rs.text(u"tele_0001_empr")) + u" - "_s + Apara(rs.text(u"emai_empr_usox")).toLower(),
+      rs.text(u"cnpj_empr"), enderecoDaEmpresa(rs),
+      apara(rs.text(u"tele_0001_empr")) + u" - "_s + apara(rs.text(u"emai_empr_usox")).toLower(),
       rs.text(u"http_empr").toLower()};
   QString texto =
       fixo(
@@ -80,51 +80,51 @@ QString BlocoDaEmpresa() {
 
 }  // namespace
 
-QString ImagemDaCasa(const QString& arquivo) {
+QString imagemDaCasa(const QString& arquivo) {
   return (documento().PublicacaoExterna ? contexto().PathWeb : contexto().PathImagens) + arquivo;
 }
 
 QString AbreDocumentoHTML(const QString& titulo) {
-  return fixo(textos::kInicioHead).arg(escapado(Apara(titulo))) + fixo(textos::kFimHead);
+  return fixo(textos::kInicioHead).arg(escapado(apara(titulo))) + fixo(textos::kFimHead);
 }
 
 QString AbreDocumentoHTMLEstilos(const QString& titulo) {
-  return fixo(textos::kInicioHead).arg(escapado(Apara(titulo))) + fixo(textos::kEstilos);
+  return fixo(textos::kInicioHead).arg(escapado(apara(titulo))) + fixo(textos::kEstilos);
 }
 
 QString AbreDocumentoSimplesHTML(const QString&) { return fixo(textos::kHeadSimples); }
 
 QString CabecalhoEmpresaHTML() {
-  const data::Recordset rs = Empresa();
+  const data::Recordset rs = linhaDaEmpresa();
   if (rs.eof()) return {};
   const company::Contatos contatos = company::contatos();
   // The fax number is the house's own, whatever the company's row says.
   return fixo(textos::kCabecalhoEmpresa)
-      .arg(atributo(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente))), escapado(rs.text(u"nome_empr")),
+      .arg(atributo(imagemDaCasa(QString::fromUtf16(company::kLogoCliente))), escapado(rs.text(u"nome_empr")),
            escapado(u"CNPJ:"_s + rs.text(u"cnpj_empr") + u" - I.E.:"_s + rs.text(u"IE00_EMPR")),
-           escapado(EnderecoDaEmpresa(rs)),
-           escapado(u"Tel.: "_s + Apara(rs.text(u"tele_0001_empr")) + u" - "_s +
-                    Apara(rs.text(u"tele_0002_empr")) + u" - Fax: 55 11 3000-0001"_s),
+           escapado(enderecoDaEmpresa(rs)),
+           escapado(u"Tel.: "_s + apara(rs.text(u"tele_0001_empr")) + u" - "_s +
+                    apara(rs.text(u"tele_0002_empr")) + u" - Fax: 55 11 3000-0001"_s),
            escapado(contatos.email), escapado(contatos.site));
 }
 
 QString CabecalhoLogoHTML() {
-  return fixo(textos::kCabecalhoLogo).arg(atributo(ImagemDaCasa(QString::fromUtf16(company::kLogoCliente))));
+  return fixo(textos::kCabecalhoLogo).arg(atributo(imagemDaCasa(QString::fromUtf16(company::kLogoCliente))));
 }
 
 QString CabecalhoFixoHTML() {
   return fixo(textos::kCabecalhoFixo)
-      .arg(atributo(ImagemDaCasa(QString::fromUtf16(company::kLogoFixo))), QString::fromUtf16(company::kNome),
+      .arg(atributo(imagemDaCasa(QString::fromUtf16(company::kLogoFixo))), QString::fromUtf16(company::kNome),
            QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
            escapado(company::contatos().site), QString::fromUtf16(company::kFoneFax));
 }
 
 QString NomeRelatorioHTML(const QString& texto, const QString& alinhamento) {
-  return fixo(textos::kNomeRelatorio).arg(alinhamento, escapado(Apara(texto)));
+  return fixo(textos::kNomeRelatorio).arg(alinhamento, escapado(apara(texto)));
 }
 
 QString NomeRelatorioEstilosHTML(const QString& texto, const QString&) {
-  return fixo(textos::kNomeRelatorioEstilos).arg(escapado(Apara(texto)));
+  return fixo(textos::kNomeRelatorioEstilos).arg(escapado(apara(texto)));
 }
 
 QString TextoVazio2(const QString&, const QString&) { return {}; }
@@ -132,14 +132,14 @@ QString TextoVazio2(const QString&, const QString&) { return {}; }
 QString AssinaturaHTML(const QString&, const QString&) { return fixo(textos::kAssinatura); }
 
 QString RodapeOrcaHTML() {
-  return html::quadro({u"Rodapé", QString::fromUtf16(kCondicoes), Textos(clausulas::kOrcamento)});
+  return html::quadro({u"Rodapé", QString::fromUtf16(kCondicoes), listaDe(clausulas::kOrcamento)});
 }
 
 QString RodapeOrcaEstilosHTML() {
-  return html::quadroEstilos({u"Rodapé", QString::fromUtf16(kCondicoes), ClausulasEstilos()}, u"titulo4"_s,
+  return html::quadroEstilos({u"Rodapé", QString::fromUtf16(kCondicoes), clausulasEstilos()}, u"titulo4"_s,
                              u"dados1"_s) +
          u"<table align='center' width=660px height=20px><tr><td></td></tr></table>"_s + kFim +
-         BlocoDaEmpresa();
+         blocoDaEmpresa();
 }
 
 QString TextoVazio() { return {}; }
@@ -148,9 +148,10 @@ QString RodapePedidoHTML(const QString&) {
   const QString modelo = ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s);
   const QString titulo = QString::fromUtf16(kCondicoes);
   if (modelo.isEmpty() || modelo == u"1")
-    return html::quadro({u"Rodapé", titulo, Textos(clausulas::kPedido), 0});
+    return html::quadro({u"Rodapé", titulo, listaDe(clausulas::kPedido), 0});
   // The table of imported goods ends on an open row, the place for a clause written by hand.
-  if (modelo == u"2") return html::quadro({u"Rodapé", titulo, Textos(clausulas::kPedidoImportados), 1, true});
+  if (modelo == u"2")
+    return html::quadro({u"Rodapé", titulo, listaDe(clausulas::kPedidoImportados), 1, true});
   return {};
 }
 
