@@ -7,6 +7,7 @@
 #include "platform/data/embedded_template.h"
 #include "platform/data/embedded_text.h"
 #include "platform/data/engine.h"
+#include "platform/data/walk.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -32,15 +33,25 @@ class Reset {
   sqlite3_stmt* statement_;
 };
 
+/// The file's read lock, taken once for the statements of a walk, which read one state of the file then. It
+/// is a read that has begun: as long as it lasts, other reads need no lock of their own.
+class ReadLock {
+ public:
+  explicit ReadLock(Prepared read) : read_(std::move(read)) { sqlite3_step(read_.get()); }
+  void free() { read_.reset(); }
+
+ private:
+  Prepared read_;
+};
+
 /// How the values of a column come out.
 enum class Reading { Plain, Date };
 
 /// A compiled statement with what is known of its result.
 struct Compiled {
   Prepared statement;
-  QStringList columns;
+  std::shared_ptr<const Columns> columns;
   std::vector<Reading> readings;
-  QList<int> longest;    // texts
   int compiledAnew = 0;  // how often the library compiled it again since a table changed
 
   [[nodiscard]] sqlite3_stmt* get() const { return statement.get(); }
@@ -48,18 +59,21 @@ struct Compiled {
 };
 
 void Compiled::describe() {
-  columns.clear();
+  QStringList names;
+  QList<int> longest;
   readings.clear();
-  longest.clear();
   const int width = sqlite3_column_count(get());
   for (int column = 0; column < width; ++column) {
-    columns.append(QString::fromUtf8(sqlite3_column_name(get(), column)));
+    names.append(QString::fromUtf8(sqlite3_column_name(get(), column)));
     const char* declared = sqlite3_column_decltype(get(), column);
     const bool date = declared && sqlite3_strnicmp(declared, "datetime", 8) == 0;
     readings.push_back(date ? Reading::Date : Reading::Plain);
     const bool text = declared && sqlite3_strnicmp(declared, "varchar(", 8) == 0;
     longest.append(text ? std::atoi(declared + 8) : 0);
   }
+  auto described = std::make_shared<Columns>(names);
+  described->longest = longest;
+  columns = std::move(described);
 }
 
 void read(sqlite3_value* value, Reading reading, ResultValues& values) {
@@ -85,6 +99,9 @@ void read(sqlite3_value* value, Reading reading, ResultValues& values) {
 class EmbeddedEngine final : public Engine {
  public:
   explicit EmbeddedEngine(QString path);
+  ~EmbeddedEngine() override { freeLock(); }
+  EmbeddedEngine(const EmbeddedEngine&) = delete;
+  EmbeddedEngine& operator=(const EmbeddedEngine&) = delete;
 
   Recordset run(const Statement& statement) override;
   void begin() override { run({u"BEGIN IMMEDIATE"_s}); }
@@ -99,10 +116,14 @@ class EmbeddedEngine final : public Engine {
   Compiled& keptStatement(const Template& form);
   Recordset readRows(Compiled& compiled, Rows rows);
   Recordset lastIdentity(const QString& column);
+  void lockForWalk();
+  /// What is written must see what others wrote since.
+  void freeLock();
   [[noreturn]] void fail() const;
 
   QString path_;
   Database database_;
+  std::weak_ptr<ReadLock> lock_;
   std::unordered_map<QString, Compiled> kept_;  // after the database: they end first
 };
 
@@ -126,7 +147,7 @@ Prepared EmbeddedEngine::prepare(QByteArrayView& text) {
 Compiled EmbeddedEngine::compile(const QString& sql) {
   const QByteArray utf8 = sql.toUtf8();
   QByteArrayView text = utf8;
-  Compiled compiled{prepare(text), {}, {}, {}};
+  Compiled compiled{prepare(text), {}, {}};
   if (!text.isEmpty() && prepare(text))
     throw values::RuntimeError(values::kStatementFailed, u"São duas instruções em uma."_s);
   if (compiled.get()) compiled.describe();
@@ -154,8 +175,22 @@ Compiled& EmbeddedEngine::keptStatement(const Template& form) {
   return found->second;
 }
 
+void EmbeddedEngine::lockForWalk() {
+  const bool ownLock = sqlite3_get_autocommit(database_.get()) == 0;  // a transaction's
+  if (ownLock || !Walk::isUnderWay() || !lock_.expired()) return;
+  QByteArrayView text = "SELECT 1 FROM sqlite_master";
+  const auto lock = std::make_shared<ReadLock>(prepare(text));
+  lock_ = lock;
+  Walk::keep(lock);
+}
+
+void EmbeddedEngine::freeLock() {
+  if (const auto lock = lock_.lock()) lock->free();
+}
+
 Recordset EmbeddedEngine::readRows(Compiled& compiled, Rows rows) {
   sqlite3_stmt* statement = compiled.get();
+  sqlite3_stmt_readonly(statement) != 0 ? lockForWalk() : freeLock();
   const Reset reset(statement);
   int outcome = sqlite3_step(statement);
   if (const int anew = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
@@ -163,7 +198,7 @@ Recordset EmbeddedEngine::readRows(Compiled& compiled, Rows rows) {
     compiled.compiledAnew = anew;
     compiled.describe();
   }
-  const auto width = static_cast<int>(compiled.columns.size());
+  const auto width = static_cast<int>(compiled.readings.size());
   ResultValues values;
   // A column's value may be read itself, for the library was opened without locks of its own.
   for (; outcome == SQLITE_ROW; outcome = rows == Rows::All ? sqlite3_step(statement) : SQLITE_DONE)
@@ -172,9 +207,7 @@ Recordset EmbeddedEngine::readRows(Compiled& compiled, Rows rows) {
            values);
   if (outcome != SQLITE_DONE) fail();
   if (width == 0) return {};
-  Recordset result(compiled.columns, std::move(values));
-  if (result.count() == 0) result.setLongest(compiled.longest);
-  return result;
+  return {compiled.columns, std::move(values)};
 }
 
 Recordset EmbeddedEngine::lastIdentity(const QString& column) {
@@ -184,7 +217,7 @@ Recordset EmbeddedEngine::lastIdentity(const QString& column) {
     values.addNull();
   else
     values.addInteger(id);
-  return {QStringList{column}, std::move(values)};
+  return {std::make_shared<Columns>(QStringList{column}), std::move(values)};
 }
 
 Recordset EmbeddedEngine::runText(const QString& sql, Rows rows) {

@@ -137,9 +137,9 @@ Recordset OdbcEngine::readRows(QSqlQuery& query, Rows rows) {
   }
   // A connection that was cut ends the rows like the last one does.
   if (query.lastError().isValid()) fail(query.lastError());
-  Recordset result(std::move(columns), std::move(values));
-  if (result.count() == 0) result.setLongest(columnLengths(record));
-  return result;
+  const auto shared = std::make_shared<Columns>(std::move(columns));
+  if (values.size() == 0) shared->longest = columnLengths(record);
+  return {shared, std::move(values)};
 }
 
 Recordset OdbcEngine::run(const Statement& statement) {

@@ -15,35 +15,54 @@ namespace {
 
 using Kind = SqlToken::Kind;
 
+/// Words in capitals. Nearly all others are told apart by their length and first letter.
+template <std::size_t Size>
+class Words {
+ public:
+  explicit constexpr Words(const QStringView (&words)[Size]) : words_(std::to_array(words)) {
+    for (const QStringView word : words)
+      initials_.at(static_cast<std::size_t>(word.size())) |= initial(word.front());
+  }
+
+  [[nodiscard]] bool contain(const SqlToken& token) const {
+    const auto length = static_cast<std::size_t>(token.text.size());
+    return token.kind == Kind::Word && length < initials_.size() &&
+           (initials_[length] & initial(token.text.front())) != 0 &&
+           std::ranges::any_of(words_, [&](QStringView word) { return token.isWord(word); });
+  }
+
+ private:
+  /// A bit for each letter of either case; the bits of other characters mean nothing.
+  static constexpr quint32 initial(QChar c) { return quint32{1} << (c.unicode() & 31U); }
+
+  std::array<QStringView, Size> words_;
+  std::array<quint32, 16> initials_{};  // by length
+};
+
 /// Words that begin a statement on the server and can't be a bare name there; TRIGGER stands for ENABLE and
 /// DISABLE TRIGGER, whose first word can. OPENQUERY and its like run a statement that is given as a text.
-constexpr auto kBeginnings = std::to_array<QStringView>(
-    {u"ADD",      u"ALTER",          u"BACKUP",    u"BEGIN",      u"BREAK",   u"CHECKPOINT",
-     u"CLOSE",    u"COMMIT",         u"CONTINUE",  u"CREATE",     u"DBCC",    u"DEALLOCATE",
-     u"DECLARE",  u"DELETE",         u"DENY",      u"DISK",       u"DROP",    u"DUMP",
-     u"END",      u"EXEC",           u"EXECUTE",   u"FETCH",      u"GOTO",    u"GRANT",
-     u"IF",       u"INSERT",         u"KILL",      u"LINENO",     u"LOAD",    u"MERGE",
-     u"OPEN",     u"OPENDATASOURCE", u"OPENQUERY", u"OPENROWSET", u"PRINT",   u"RAISERROR",
-     u"READTEXT", u"RECONFIGURE",    u"RESTORE",   u"RETURN",     u"REVERT",  u"REVOKE",
-     u"ROLLBACK", u"SAVE",           u"SELECT",    u"SET",        u"SETUSER", u"SHUTDOWN",
-     u"TRIGGER",  u"TRUNCATE",       u"UPDATE",    u"UPDATETEXT", u"USE",     u"WAITFOR",
-     u"WHILE",    u"WRITETEXT"});
+constexpr Words kBeginnings({u"ADD",        u"ALTER",          u"BACKUP",      u"BEGIN",      u"BREAK",
+                             u"CHECKPOINT", u"CLOSE",          u"COMMIT",      u"CONTINUE",   u"CREATE",
+                             u"DBCC",       u"DEALLOCATE",     u"DECLARE",     u"DELETE",     u"DENY",
+                             u"DISK",       u"DROP",           u"DUMP",        u"END",        u"EXEC",
+                             u"EXECUTE",    u"FETCH",          u"GOTO",        u"GRANT",      u"IF",
+                             u"INSERT",     u"KILL",           u"LINENO",      u"LOAD",       u"MERGE",
+                             u"OPEN",       u"OPENDATASOURCE", u"OPENQUERY",   u"OPENROWSET", u"PRINT",
+                             u"RAISERROR",  u"READTEXT",       u"RECONFIGURE", u"RESTORE",    u"RETURN",
+                             u"REVERT",     u"REVOKE",         u"ROLLBACK",    u"SAVE",       u"SELECT",
+                             u"SET",        u"SETUSER",        u"SHUTDOWN",    u"TRIGGER",    u"TRUNCATE",
+                             u"UPDATE",     u"UPDATETEXT",     u"USE",         u"WAITFOR",    u"WHILE",
+                             u"WRITETEXT"});
 
 /// Words before the "(" of a subselect.
-constexpr auto kBeforeSubselect = std::to_array<QStringView>(
-    {u"ALL",    u"AND",  u"ANY",    u"APPLY", u"AS",        u"BETWEEN", u"BY",   u"CASE", u"ELSE",  u"EXCEPT",
-     u"EXISTS", u"FROM", u"HAVING", u"IN",    u"INTERSECT", u"IS",      u"JOIN", u"LIKE", u"LIMIT", u"NOT",
-     u"ON",     u"OR",   u"SELECT", u"SOME",  u"THEN",      u"UNION",   u"WHEN", u"WHERE"});
+constexpr Words kBeforeSubselect({u"ALL",    u"AND",   u"ANY",       u"APPLY",  u"AS",     u"BETWEEN",
+                                  u"BY",     u"CASE",  u"ELSE",      u"EXCEPT", u"EXISTS", u"FROM",
+                                  u"HAVING", u"IN",    u"INTERSECT", u"IS",     u"JOIN",   u"LIKE",
+                                  u"LIMIT",  u"NOT",   u"ON",        u"OR",     u"SELECT", u"SOME",
+                                  u"THEN",   u"UNION", u"WHEN",      u"WHERE"});
 
 /// Words before a SELECT that goes on with the same statement.
-constexpr auto kBeforeSelect =
-    std::to_array<QStringView>({u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"});
-
-template <std::size_t Size>
-bool isOneOf(const SqlToken& token, const std::array<QStringView, Size>& words) {
-  return std::ranges::any_of(
-      words, [&](QStringView word) { return word.size() == token.text.size() && token.isWord(word); });
-}
+constexpr Words kBeforeSelect({u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"});
 
 class Look {
  public:
@@ -78,7 +97,7 @@ class Look {
     if (!sign.isSign(u'(')) return;
     ++depth_;
     // Behind a value a "(" would begin another statement: "… = 'x' (SELECT …)".
-    opensSubselect_ = previous_.kind == Kind::End || isOneOf(previous_, kBeforeSubselect) ||
+    opensSubselect_ = previous_.kind == Kind::End || kBeforeSubselect.contain(previous_) ||
                       (previous_.kind == Kind::Sign && !previous_.isSign(u')'));
   }
 
@@ -86,9 +105,9 @@ class Look {
   bool goesOn(const SqlToken& word) {
     if (word.isWord(u"CASE")) ++cases_;
     if (word.isWord(u"VALUES") && depth_ == 0) mayTakeSelect_ = false;
-    if (first_.kind == Kind::End || !isOneOf(word, kBeginnings)) return true;
+    if (first_.kind == Kind::End || !kBeginnings.contain(word)) return true;
     if (word.isWord(u"SELECT"))
-      return (previous_.isSign(u'(') && opensSubselect_) || isOneOf(previous_, kBeforeSelect) ||
+      return (previous_.isSign(u'(') && opensSubselect_) || kBeforeSelect.contain(previous_) ||
              (depth_ == 0 && std::exchange(mayTakeSelect_, false));
     if (word.isWord(u"SET")) return std::exchange(mayTakeSet_, false);
     if (word.isWord(u"END")) return cases_-- > 0;

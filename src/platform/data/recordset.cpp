@@ -47,17 +47,21 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
 
 }  // namespace
 
-Recordset::Recordset(QStringList columns, ResultValues values)
-    : open_(true),
-      columns_(std::move(columns)),
-      values_(std::make_shared<const ResultValues>(std::move(values))) {
-  if (!columns_.isEmpty()) rows_ = static_cast<std::size_t>(values_->size() / columns_.size());
+Columns::Columns(QStringList given) : names(std::move(given)) {
+  QSet<QString> differing;
+  for (const QString& name : names) differing.insert(name.toUpper());
+  namesDiffer = differing.size() == names.size();
+}
+
+Recordset::Recordset(std::shared_ptr<const Columns> columns, ResultValues values)
+    : columns_(std::move(columns)), values_(std::make_shared<const ResultValues>(std::move(values))) {
+  if (!columns_->names.isEmpty()) rows_ = static_cast<std::size_t>(values_->size() / columns_->names.size());
 }
 
 void Recordset::close() { *this = {}; }
 
 bool Recordset::eof() const {
-  if (!open_) values::raise(values::kClosedObject);
+  if (!isOpen()) values::raise(values::kClosedObject);
   return row_ >= rows_;
 }
 
@@ -67,44 +71,37 @@ void Recordset::moveNext() {
 }
 
 qsizetype Recordset::count() const {
-  if (!open_) values::raise(values::kClosedObject);
+  if (!isOpen()) values::raise(values::kClosedObject);
   return static_cast<qsizetype>(rows_);
 }
 
 const QStringList& Recordset::columns() const {
-  if (!open_) values::raise(values::kClosedObject);
-  return columns_;
+  if (!isOpen()) values::raise(values::kClosedObject);
+  return columns_->names;
 }
 
 int Recordset::longest(QStringView field) const {
-  for (qsizetype at = 0; at < longest_.size(); ++at)
-    if (field.compare(columns_[at], Qt::CaseInsensitive) == 0) return longest_[at];
+  if (!isOpen() || rows_ > 0) return 0;
+  for (qsizetype at = 0; at < columns_->longest.size(); ++at)
+    if (field.compare(columns_->names[at], Qt::CaseInsensitive) == 0) return columns_->longest[at];
   return 0;
 }
 
 qsizetype Recordset::place(QStringView field) const {
   if (eof()) values::raise(values::kNoCurrentRecord);
-  const auto width = static_cast<std::size_t>(columns_.size());
+  const QStringList& names = columns_->names;
+  const auto width = static_cast<std::size_t>(names.size());
   // From the second row on the search goes on from the last field found, if that finds the same one.
-  const std::size_t start = row_ > 0 && namesDiffer() ? lastColumn_ : 0;
+  const std::size_t start = row_ > 0 && columns_->namesDiffer ? lastColumn_ : 0;
   for (std::size_t tried = 0; tried < width; ++tried) {
     const std::size_t column = (start + tried) % width;
-    if (field.compare(columns_[static_cast<qsizetype>(column)], Qt::CaseInsensitive) == 0) {
+    if (field.compare(names[static_cast<qsizetype>(column)], Qt::CaseInsensitive) == 0) {
       lastColumn_ = column;
       const std::size_t value = row_ * width + column;
       return static_cast<qsizetype>(value);
     }
   }
   values::raise(values::kUnknownField, field.toString());
-}
-
-bool Recordset::namesDiffer() const {
-  if (!namesDiffer_) {
-    QSet<QString> names;
-    for (const QString& column : columns_) names.insert(column.toUpper());
-    namesDiffer_ = names.size() == columns_.size();
-  }
-  return *namesDiffer_;
 }
 
 QString Recordset::text(QStringView field) const {

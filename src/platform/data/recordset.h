@@ -5,11 +5,20 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
-#include <optional>
 
 #include "platform/data/result_values.h"
 
 namespace data {
+
+/// The columns of a result, which the results of one compiled statement share.
+struct Columns {
+  Columns() = default;
+  explicit Columns(QStringList given);
+
+  QStringList names;         ///< in the order of the statement
+  QList<int> longest;        ///< of texts, one for each column; empty where the database gives none
+  bool namesDiffer = false;  ///< whatever the case; of two with the same name the first counts
+};
 
 /// A result read whole when it was opened, then walked forward. Fields are found by name whatever the case.
 /// A recordset made by default is closed; any use of a closed one but isOpen and close raises 3704.
@@ -17,10 +26,10 @@ namespace data {
 class Recordset {
  public:
   Recordset() = default;
-  /// columns in the order of the statement; the values of all rows one after the other.
-  Recordset(QStringList columns, ResultValues values);
+  /// The values of all rows one after the other.
+  Recordset(std::shared_ptr<const Columns> columns, ResultValues values);
 
-  [[nodiscard]] bool isOpen() const { return open_; }
+  [[nodiscard]] bool isOpen() const { return columns_ != nullptr; }
   void close();
 
   [[nodiscard]] bool eof() const;
@@ -32,8 +41,6 @@ class Recordset {
   /// Longest text that a column takes by the database's own definition; 0 without a limit, where the database
   /// gives none, and for an unknown name. Known for results without rows ("… WHERE 1=0") alone.
   [[nodiscard]] int longest(QStringView field) const;
-  /// One number for each column.
-  void setLongest(QList<int> longest) { longest_ = std::move(longest); }
 
   /// A field of the current row as the program shows it: null is empty, a number has a comma and no trailing
   /// zeros, a date is "dd/mm/yyyy" with " hh:mm:ss" unless it is midnight, a text stands as it is.
@@ -53,17 +60,12 @@ class Recordset {
  private:
   /// Where the field of the current row stands among the values.
   [[nodiscard]] qsizetype place(QStringView field) const;
-  /// Whether no two columns have the same name: of two, the first counts.
-  [[nodiscard]] bool namesDiffer() const;
 
-  bool open_ = false;
-  QStringList columns_;
-  QList<int> longest_;
+  std::shared_ptr<const Columns> columns_;      // none when closed
   std::shared_ptr<const ResultValues> values_;  // row after row
   std::size_t rows_ = 0;
   std::size_t row_ = 0;
   mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order
-  mutable std::optional<bool> namesDiffer_;
 };
 
 }  // namespace data

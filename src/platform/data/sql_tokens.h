@@ -22,7 +22,7 @@ struct SqlToken {
   [[nodiscard]] bool isSign(char16_t sign) const { return kind == Kind::Sign && text[0] == sign; }
   /// Whether it is this word, whatever the case.
   [[nodiscard]] bool isWord(QStringView word) const {
-    return kind == Kind::Word && text.compare(word, Qt::CaseInsensitive) == 0;
+    return kind == Kind::Word && text.size() == word.size() && text.compare(word, Qt::CaseInsensitive) == 0;
   }
 };
 

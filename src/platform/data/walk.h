@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <memory>
 
 namespace data {
 
@@ -18,6 +19,11 @@ class Walk {
 
   /// So many are done, before the next one begins.
   void done(qsizetype count, qsizetype of);
+
+  /// Whether one is under way.
+  [[nodiscard]] static bool isUnderWay();
+  /// Holds something until the outermost one ends; one must be under way.
+  static void keep(std::shared_ptr<void> what);
 
   /// None when `watcher` is null.
   static void setWatcher(Watcher watcher);

@@ -7,6 +7,7 @@
 
 #include "platform/data/connection.h"
 #include "platform/data/engine.h"
+#include "platform/data/walk.h"
 #include "support/printing.h"
 
 using namespace Qt::StringLiterals;
@@ -52,6 +53,28 @@ TEST_F(EmbeddedFile, IsSafeAgainstPowerCutsAndWaitsForOthers) {
   EXPECT_EQ(ask(connection, u"PRAGMA journal_mode"_s), u"wal"_s);
   EXPECT_EQ(ask(connection, u"PRAGMA synchronous"_s), u"2"_s);
   EXPECT_EQ(ask(connection, u"PRAGMA busy_timeout"_s), u"30000"_s);
+}
+
+TEST_F(EmbeddedFile, IsReadInOneStateByAWalkThatCanWriteAllTheSame) {
+  auto connection = open(), another = open();
+  const QString count = u"SELECT count(*) FROM t"_s;
+  const QString insert = u"INSERT INTO t (nome) VALUES ('Ana')"_s;
+  {
+    const data::Walk walk;
+    EXPECT_EQ(ask(connection, count), u"0"_s);
+    another.execute(insert);
+    EXPECT_EQ(ask(connection, count), u"0"_s);
+    connection.execute(insert);
+    EXPECT_EQ(ask(connection, count), u"2"_s);
+  }
+  {
+    const data::Walk walk;
+    EXPECT_EQ(ask(connection, count), u"2"_s);
+    another.execute(insert);
+    connection.close();
+  }
+  connection = open();
+  EXPECT_EQ(ask(connection, count), u"3"_s);
 }
 
 TEST_F(EmbeddedFile, TellsWhatIsWrongWithAFile) {
