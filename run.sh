@@ -34,7 +34,7 @@ trap stop_servers EXIT
 start_catcher() {
   mkdir -p "$1"
   : >"$state/log/mail.log"
-  /usr/bin/python3 tools/mailcatcher/mailcatcher.py --folder "$1" --port "$2" >"$state/log/mail.log" 2>&1 </dev/null &
+  /usr/bin/python3 tools/servers/mailcatcher.py --folder "$1" --port "$2" >"$state/log/mail.log" 2>&1 </dev/null &
   catcher=$!
   for _ in $(seq 100); do
     grep -q 'Mail for' "$state/log/mail.log" && return
@@ -47,7 +47,7 @@ start_catcher() {
 
 # start_pictures PORT: serves the picture folders that documents for outside name.
 start_pictures() {
-  /usr/bin/python3 tools/pictureserver/pictureserver.py --company "$ZARIM_DRIVE_C/zarim" --port "$1" \
+  /usr/bin/python3 tools/servers/pictureserver.py --company "$ZARIM_DRIVE_C/zarim" --port "$1" \
     >"$state/log/pictures.log" 2>&1 </dev/null &
   pictureserver=$!
 }

@@ -2,7 +2,7 @@
 """Takes mail by SMTP on loopback and keeps each message as a file.
 
 The files are called 0001.eml, 0002.eml, … in the order of arrival and are whole when their name appears. Two
-lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server received them
+lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server received
 them, with ", " between them. Any login is taken, unless --user and --password name the one that is. Addresses
 whose domain ends in .invalid are refused, as those of mailboxes that aren't there.
 It ends with the process that started it, or on SIGTERM or SIGINT.
@@ -10,15 +10,16 @@ It ends with the process that started it, or on SIGTERM or SIGINT.
 
 import argparse
 import asyncio
-import ctypes
 import logging
-import os
 import pathlib
 import re
 import signal
 import sys
 
 from aiosmtpd.smtp import SMTP, AuthResult, LoginPassword
+
+sys.dont_write_bytecode = True  # nothing appears beside the installed files
+from parent import end_with_parent
 
 
 class Folder:
@@ -55,14 +56,6 @@ def authenticator(user, password):
         return AuthResult(success=good, handled=False)
 
     return check
-
-
-def end_with_parent():
-    death_signal = 1  # PR_SET_PDEATHSIG
-    parent = os.getppid()
-    ctypes.CDLL(None, use_errno=True).prctl(death_signal, signal.SIGTERM)
-    if os.getppid() != parent:
-        sys.exit(0)
 
 
 async def serve(arguments):

@@ -5,13 +5,14 @@ The first line on the terminal names the address. It ends with the process that 
 """
 
 import argparse
-import ctypes
 import http.server
-import os
 import pathlib
 import re
 import signal
 import sys
+
+sys.dont_write_bytecode = True  # nothing appears beside the installed files
+from parent import end_with_parent
 
 
 def handler(company):
@@ -32,14 +33,6 @@ def handler(company):
             pass
 
     return Pictures
-
-
-def end_with_parent():
-    death_signal = 1  # PR_SET_PDEATHSIG
-    parent = os.getppid()
-    ctypes.CDLL(None, use_errno=True).prctl(death_signal, signal.SIGTERM)
-    if os.getppid() != parent:
-        sys.exit(0)
 
 
 def main():
