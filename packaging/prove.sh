@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Proves the package: installs it in a bare Debian 12, starts the program there on a virtual display by the launcher,
-# walks from a stored quote to its document in the viewer with real keys, and removes the package without leftovers.
+# Proves the package in a bare Debian 12 of its own: installs it, starts the program there on a virtual display by the
+# launcher, walks from a stored quote to its document in the viewer with real keys, changes the configuration, upgrades,
+# starts the program on what was kept, and removes the package without leftovers. Says how long each step took.
 # Wants root. The bare system and a picture of the viewer stay in build/prove.
 #   packaging/prove.sh [PACKAGE.deb]
 set -euo pipefail
@@ -20,36 +21,78 @@ leave
 rm -rf "$work"
 mkdir -p "$work"
 : >"$log"
-inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
-step() { printf '%s\n' "$1"; }
+inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/root DEBIAN_FRONTEND=noninteractive "$@"; }
 quietly() { "$@" >>"$log" 2>&1 </dev/null || { tail -n 20 "$log" >&2; fail "Failed: $*; all of it in $log."; }; }
+step() { printf '%4s s  %s\n' "$SECONDS" "$1"; }
+packages() { inside dpkg-query -W -f '${db:Status-Abbrev} ${Package}\n' | sort; }
+# All that a package may put anywhere, but for the logs, caches and lists of the package manager itself.
+files() { (cd "$root" && find etc usr opt srv var -path var/cache -prune -o -path var/log -prune -o -path var/lib/apt -prune -o -print) | sort; }
+entry() { inside odbcinst -q -d -n "SQL Server" 2>>"$log" || true; }
+# same WHAT BEFORE AFTER: two lists that must be equal.
+same() { diff "$2" "$3" >"$work/differs" || { cat "$work/differs" >&2; fail "Not as before: $1."; }; }
 
 step "A bare Debian"
 read -r site release < <(apt-get indextargets --format '$(SITE) $(RELEASE)' 'Created-By: Packages' | head -n 1)
 quietly debootstrap --variant=minbase "$release" "$root" "$site"
 cp -r /etc/apt/sources.list.d "$root/etc/apt/"
 find "$root/etc/apt/sources.list.d" -type f ! -name 'debian.*' -delete
+# It is thrown away, so nothing waits for the disk.
+printf 'force-unsafe-io\n' >"$root/etc/dpkg/dpkg.cfg.d/quick"
 mount -t proc proc "$root/proc"
 mkdir -p "$root/dev/shm"
 mount -t tmpfs shm "$root/dev/shm"
 quietly inside apt-get update
 quietly inside apt-get install -y --no-install-recommends xvfb openbox xdotool imagemagick procps python3-aiosmtpd
-inside dpkg-query -W -f '${Package}\n' | sort >"$work/before"
+packages >"$work/packages"
+files >"$work/files"
 
 step "The package"
 cp "$package" "$root/root/zarim.deb"
 quietly inside apt-get install -y --no-install-recommends /root/zarim.deb
-inside odbcinst -q -d -n "SQL Server" >>"$log" || fail "The driver [SQL Server] isn't registered."
+entry | grep -q 'registered by zarim' || fail "The driver [SQL Server] isn't registered."
 
 step "A quote, from the launcher to its document"
 cp packaging/prove_walk.sh "$root/root/walk.sh"
-quietly inside HOME=/root timeout 150 bash /root/walk.sh
+quietly inside timeout 150 bash /root/walk.sh document
 cp "$root/root/viewer.png" "$work/viewer.png"
 
-step "Removed again"
-quietly inside apt-get purge -y zarim
-if inside odbcinst -q -d -n "SQL Server" >>"$log" 2>&1; then fail "The driver's entry is still there."; fi
-left=$(find "$root/etc" "$root/usr" "$root/var/lib/dpkg/info" -iname '*zarim*')
-[ -z "$left" ] || fail "Left over: $left"
-printf 'The package installs, runs and goes. The viewer: %s\n' "$work/viewer.png"
-rm -rf "$root/root/zarim.deb"
+step "A company is set up; an upgrade keeps its configuration, and an entry that was changed"
+company=$root/etc/zarim/drive_c/zarim
+mkdir -p "$root/etc/zarim/drive_c"
+cp -r "$root/root/.local/share/zarim/drive_c/zarim" "$company"
+mv "$company/dados/zarim_hist.db" "$company/dados/historico.db"
+sed -i 's/zarim_hist/historico/' "$company/config/server.ini"
+sed -i 's/\\docs\\/\\documentos\\/' "$company/config/paths.ini"
+sed -i 's/^Driver=.*/&.outro/' "$root/etc/odbcinst.ini"
+configuration() { (cd "$root" && find etc/zarim etc/odbcinst.ini root/.local/share/zarim -type f -exec sha256sum {} + | sort); }
+configuration >"$work/configured"
+quietly dpkg-deb -R "$package" "$work/later"
+sed -i 's/^Version: .*/&+1/' "$work/later/DEBIAN/control"
+quietly dpkg-deb -b "$work/later" "$root/root/later.deb"
+quietly inside apt-get install -y --no-install-recommends /root/later.deb
+inside dpkg-query -W -f '${Version}\n' zarim | grep -q '+1$' || fail "The later version isn't there."
+configuration >"$work/kept"
+same "the configuration after an upgrade" "$work/configured" "$work/kept"
+quietly inside timeout 60 bash /root/walk.sh configured
+
+step "Removed: the company's folder and the changed entry stay; installed again: the entry is made anew"
+configuration >"$work/configured"
+quietly inside dpkg --purge zarim
+configuration >"$work/kept"
+same "the configuration after the removal" "$work/configured" "$work/kept"
+rm -r "$root/etc/zarim"
+: >"$root/etc/odbcinst.ini"
+quietly inside dpkg -i /root/later.deb
+entry | grep -q 'registered by zarim' || fail "The driver [SQL Server] isn't registered again."
+
+step "Removed with all that it needed"
+# The browser engine makes this folder where root starts it, as here; a user can't.
+if [ -d "$root/usr/lib/qt6/libexec/locales" ]; then rmdir "$root/usr/lib/qt6/libexec/locales"; fi
+quietly inside apt-get purge -y $(comm -13 "$work/packages" <(packages) | sed 's/^ii *//')
+[ -z "$(entry)" ] || fail "The driver's entry is still there."
+packages >"$work/packages_after"
+same "the packages" "$work/packages" "$work/packages_after"
+files >"$work/files_after"
+same "the files" "$work/files" "$work/files_after"
+step "The package installs, runs, upgrades and goes. The viewer: $work/viewer.png"
+rm -f "$root"/root/*.deb
