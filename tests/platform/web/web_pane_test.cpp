@@ -1,5 +1,7 @@
 #include <QProcess>
 #include <QRegularExpression>
+#include <QTimer>
+#include <QWindow>
 
 #include "platform/web/printing.h"
 #include "web_case.h"
@@ -101,7 +103,12 @@ TEST_F(WebPaneTest, PictureServerThatNeverAnswersHoldsNothingUpAndIsNamed) {
       silent.address(u"logo.jpg"_s), good.address(u"foto.jpg"_s))));
   QElapsedTimer clock;
   clock.start();
+  // A close of the window from outside waits until the text is there.
+  QTimer::singleShot(200, pane_.windowHandle(), &QWindow::close);
   EXPECT_EQ(pane_.pageText().trimmed(), u"Orçamento"_s);
+  EXPECT_TRUE(pane_.isVisible());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !pane_.isVisible(); }));
+  pane_.show();
   EXPECT_TRUE(pane_.printToFile(out));
   EXPECT_LT(clock.elapsed(), 20'000);
   EXPECT_EQ(pane_.missingPictures(), QStringList{silent.address(u"logo.jpg"_s)});
