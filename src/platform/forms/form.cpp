@@ -12,6 +12,7 @@
 #include <QToolButton>
 #include <QWindow>
 
+#include "platform/forms/boxes.h"
 #include "platform/forms/form_private.h"
 #include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
@@ -47,8 +48,9 @@ void Form::showForm() {
 
 namespace {
 
-/// Keeps a modal window over its caller's. The browser engine makes a window anew when its first pane comes
-/// up, and the new one would open under all others.
+/// Keeps a modal window over its caller's, and the others out of reach. The browser engine makes a window
+/// anew when its first pane comes up, and the new one would open under all others and leave its caller's
+/// alive.
 class OverCaller : public QObject {
  public:
   OverCaller(QWidget& form, QWidget* caller) : form_(&form), caller_(caller) {
@@ -64,8 +66,9 @@ class OverCaller : public QObject {
 
  private:
   void apply() {
-    if (!form_.isNull() && !caller_.isNull() && form_->windowHandle() != nullptr)
-      form_->windowHandle()->setTransientParent(caller_->windowHandle());
+    if (form_.isNull() || form_->windowHandle() == nullptr) return;
+    form_->windowHandle()->setModality(Qt::ApplicationModal);
+    if (!caller_.isNull()) form_->windowHandle()->setTransientParent(caller_->windowHandle());
   }
 
   QPointer<QWidget> form_, caller_;
@@ -130,7 +133,9 @@ void Form::escClicks(QAbstractButton* button) { d_->escButton = button; }
 
 void Form::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (d_->closable) d_->close();
+  // Under another window or a box it stays, whatever a desktop asks: handlers of it are at work there.
+  const QList<Form*> shown = registry::shown();
+  if (d_->closable && !shown.isEmpty() && shown.last() == this && boxesWaiting() == 0) d_->close();
 }
 
 void Form::Private::close() {

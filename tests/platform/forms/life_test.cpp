@@ -1,6 +1,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "platform/data/walk.h"
 #include "platform/forms/process.h"
@@ -44,7 +45,14 @@ TEST_F(Life, AModalFormUnloadsFromItsOwnHandlerAndTheNextUseMakesItAnew) {
 
 TEST_F(Life, EscAndXCloseUnlessTheCloseEntryIsGone) {
   support::Script script;
-  open(script, [](frmOther& other) {
+  open(script, [this](frmOther& other) {
+    sample.close();  // as a desktop may ask of a window under another one
+    EXPECT_TRUE(sample.isLoaded());
+    // The browser engine makes its window anew.
+    other.windowHandle()->setModality(Qt::NonModal);
+    QEvent anew(QEvent::WinIdChange);
+    QCoreApplication::sendEvent(&other, &anew);
+    EXPECT_EQ(other.windowHandle()->modality(), Qt::ApplicationModal);
     other.removeCloseEntry();
     support::key(&other, Qt::Key_Escape);
     other.close();
@@ -91,12 +99,14 @@ TEST_F(Life, RealBoxesAnswerToKeys) {
       {YesNoCancel, Qt::Key_Escape, forms::Answer::No},
       {YesNoCancel, Qt::Key_Return, forms::Answer::No}};
   for (const auto& [buttons, key, answer] : cases) {
-    QTimer::singleShot(0, &sample, [key] {
+    QTimer::singleShot(0, &sample, [this, key] {
       QWidget* box = QApplication::activeModalWidget();
       ASSERT_NE(box, nullptr);
+      sample.close();
       QTest::keyClick(box, key);
       if (key == Qt::Key_Escape && box->isVisible()) QTest::keyClick(box, Qt::Key_Return);
     });
     EXPECT_EQ(forms::msgBox({.text = u"a"_s, .buttons = buttons}), answer);
+    EXPECT_TRUE(sample.isLoaded());
   }
 }
