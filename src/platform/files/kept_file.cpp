@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QSet>
 #include <condition_variable>
@@ -14,6 +13,8 @@
 #include <mutex>
 #include <thread>
 #include <utility>
+
+#include "platform/files/process_lock.h"
 
 using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
@@ -25,8 +26,9 @@ namespace {
 constexpr QFile::Permissions kOwnersFile = QFile::ReadOwner | QFile::WriteOwner;
 constexpr QFile::Permissions kOwnersFolder = kOwnersFile | QFile::ExeOwner;
 /// Another program holds a lock for a moment while it looks.
-constexpr int kLockPatience = 100;
-constexpr int kLockFilling = 10'000;
+constexpr milliseconds kLockPatience{100};
+/// No file of this program's comes near it.
+constexpr qint64 kLargest = 100'000'000;
 constexpr milliseconds kEndPatience{2000};
 
 const QString kLockEnding = u".trava"_s;
@@ -41,19 +43,14 @@ QByteArray lastLine(const QByteArray& content) {
   return "fim\t" + QCryptographicHash::hash(content, QCryptographicHash::Sha1).toHex() + '\n';
 }
 
-/// The lock of a file: it goes with the process.
-std::unique_ptr<QLockFile> lockOf(const QString& path) {
-  auto lock = std::make_unique<QLockFile>(path + kLockEnding);
-  // Empty: killed while it made the lock, or just about to fill it.
-  const QFileInfo there(path + kLockEnding);
-  lock->setStaleLockTime(there.exists() && there.size() == 0 ? kLockFilling : 0);
-  return lock->tryLock(kLockPatience) ? std::move(lock) : nullptr;
+std::unique_ptr<ProcessLock> lockOf(const QString& path) {
+  return ProcessLock::take(path + kLockEnding, kLockPatience);
 }
 
 KeptFile::Left readLeft(const QString& path) {
   KeptFile::Left left{path, QFileInfo(path).lastModified(), {}, false};
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return left;
+  if (file.size() > kLargest || !file.open(QIODevice::ReadOnly)) return left;
   QByteArray all = file.readAll();
   const QByteArray last = all.sliced(all.lastIndexOf('\n', -2) + 1);
   all.chop(last.size());
@@ -131,7 +128,7 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   // The thread's own.
   QString folder_, ending_;
   QString own_;
-  std::unique_ptr<QLockFile> lock_;
+  std::unique_ptr<ProcessLock> lock_;
   bool told_ = false;
 };
 
@@ -156,9 +153,13 @@ void KeptFile::Keeper::run() {
 }
 
 bool KeptFile::Keeper::makeOwn() {
-  if (lock_ && QFileInfo::exists(own_ + kLockEnding)) return true;
+  if (lock_ && lock_->holds()) return true;
   QDir().mkpath(folder_);
   QFile::setPermissions(folder_, kOwnersFolder);
+  // Where the lock was removed by hand the file stays the own one, unless another program has found it.
+  lock_.reset();
+  if (!own_.isEmpty()) lock_ = lockOf(own_);
+  if (lock_) return true;
   const QString name = folder_ + u'/' + QDateTime::currentDateTime().toString(u"yyyyMMdd-hhmmss-zzz"_s) +
                        u'-' + QString::number(QCoreApplication::applicationPid());
   own_ = name + ending_;
@@ -190,7 +191,9 @@ bool KeptFile::Keeper::write(const QByteArray& content) {
   // Nobody else reads it, from the first byte on.
   if (good) file.setPermissions(kOwnersFile);
   const QByteArray last = lastLine(content);
-  good = good && file.write(content) == content.size() && file.write(last) == last.size() && file.commit();
+  good = good && file.write(content) == content.size() && file.write(last) == last.size();
+  // A commit alone would put an empty file in place of the old one where the disk is full.
+  good = good && file.flush() && file.commit();
   if (!good) tell(file.errorString());
   return good;
 }

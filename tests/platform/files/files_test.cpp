@@ -110,6 +110,7 @@ TEST_F(Files, ADiskThatFillsUpLeavesWhatWasThere) {
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
   EXPECT_EQ(errorOf([] { files::append(u"c:\\a.txt"_s, QByteArray(9'000, 'b')); }), values::kDiskFull);
   EXPECT_EQ(errorOf([] { files::append(u"c:\\b.txt"_s, QByteArray(11'000, 'b')); }), values::kDiskFull);
+  EXPECT_EQ(errorOf([] { files::write(u"c:\\a.txt"_s, QByteArray(11'000, 'b')); }), values::kDiskFull);
   const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
   EXPECT_EQ(files::readAll(u"c:\\a.txt"_s), QByteArray(5'000, 'a'));

@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <QDateTime>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
-#include <QSysInfo>
 #include <QTemporaryDir>
 #include <csignal>
 #include <thread>
@@ -89,14 +87,7 @@ TEST_F(Kept, TellsAFileThatIsNotWholeAndSweepsWhatAKilledProgramLeft) {
     EXPECT_FALSE(left().first().whole) << size;
   }
   put(path, bytes);
-  for (const auto& litter : {u".AbCdEf"_s, u".trava"_s})
-    put(path + litter, "1\nzarim\n" + QSysInfo::machineHostName().toUtf8() + '\n');
-  const QString empty = folder() + u"/other.x.trava"_s;
-  put(empty, {});
-  QFile aged(empty);
-  ASSERT_TRUE(aged.open(QIODevice::ReadWrite));
-  ASSERT_TRUE(aged.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFile::FileModificationTime));
-  aged.close();
+  for (const auto& litter : {u".AbCdEf"_s, u".trava"_s}) put(path + litter, "1\n");
   ASSERT_EQ(left().size(), 1);
   EXPECT_TRUE(left().first().whole);
   EXPECT_EQ(names().size(), 1) << names().join(u' ').toStdString();
@@ -125,20 +116,14 @@ TEST_F(Kept, GoesOnWithoutAFileWhereTheDiskTakesNothing) {
   getrlimit(RLIMIT_FSIZE, &before);
   const rlimit full{2048, before.rlim_max};
   setrlimit(RLIMIT_FSIZE, &full);
-  own->keep(QByteArray(100'000, 'x'));
-  EXPECT_FALSE(own->settle(20s));
+  for (const qsizetype size : {3'000, 100'000}) {
+    own->keep(QByteArray(size, 'x'));
+    EXPECT_FALSE(own->settle(20s));
+  }
   setrlimit(RLIMIT_FSIZE, &before);
   own.reset();
   ASSERT_EQ(names().size(), 1) << names().join(u' ').toStdString();
   EXPECT_EQ(left().first().content, "old\n") << "the old one stays whole";
-
-  for (const auto& place : {u"/proc/none"_s, u"/dev/null"_s}) {
-    KeptFile nowhere(place, u".x"_s);
-    nowhere.keep("new");
-    EXPECT_FALSE(nowhere.settle(20s));
-    nowhere.drop();
-    EXPECT_TRUE(nowhere.settle(20s));
-  }
 }
 
 }  // namespace
