@@ -23,7 +23,7 @@ constexpr std::pair<QStringView, QString Rascunho::*> kCabecalho[] = {
     {u"quando", &Rascunho::quando},     {u"cliente", &Rascunho::cliente},
     {u"itens", &Rascunho::itens},       {u"modo", &Rascunho::modo},
     {u"modoItem", &Rascunho::modoItem}, {u"orcamento", &Rascunho::orcamento},
-    {u"lido", &Rascunho::lido},
+    {u"lido", &Rascunho::lido},         {u"foco", &Rascunho::foco},
 };
 constexpr std::pair<QStringView, QString Gravacao::*> kGravacao[] = {
     {u"gravando", &Gravacao::orcamento},
@@ -43,7 +43,7 @@ QByteArray texto(const Rascunho& rascunho) {
   };
   for (const auto& [nome, membro] : kCabecalho) linha(nome, rascunho.*membro);
   for (const auto& [nome, membro] : kGravacao) linha(nome, rascunho.gravacao.*membro);
-  return (linhas + kTelas + u'\n' + rascunho.retrato).toUtf8();
+  return (linhas + kTelas + u'\n').toUtf8() + rascunho.retrato.toUtf8();
 }
 
 std::optional<Rascunho> le(const QByteArray& texto) {

@@ -22,6 +22,7 @@ struct Rascunho {
   QString cliente;
   QString itens;  ///< their number
   QString modo, modoItem;
+  QString foco;       ///< name of the field that was being typed in
   QString orcamento;  ///< id of the stored quote, where one is being altered
   QString lido;       ///< digest of what it held when it was loaded
   Gravacao gravacao;

@@ -134,6 +134,7 @@ QByteArray Guarda::textoDoRascunho(const Gravacao& gravacao) const {
                 .itens = QString::number(itens == nullptr ? 0 : itens->grid().rows() - 1),
                 .modo = c.ModoOrcamento,
                 .modoItem = c.ModoItem,
+                .foco = campoAtual(),
                 .orcamento = lido_.isEmpty() ? QString()
                                              : forms::controlText(forms::findControl(kTela, u"txtRowId"_s)),
                 .lido = lido_,
@@ -180,7 +181,7 @@ std::optional<Rascunho> Guarda::toma() {
   const auto arquivo = arquivo_->take(ofertas_.first().caminho, kEspera);
   auto lido = arquivo && arquivo->whole ? le(arquivo->content) : std::nullopt;
   tomado_ = lido.has_value();
-  if (tomado_) ofertas_.removeFirst();
+  if (tomado_) tomada_ = ofertas_.takeFirst();
   if (arquivo && !lido) arquivo_->giveBack();
   if (!lido) procura();
   return lido;
@@ -189,7 +190,8 @@ std::optional<Rascunho> Guarda::toma() {
 void Guarda::devolve() {
   tomado_ = false;
   arquivo_->giveBack();
-  procura();
+  ofertas_.prepend(tomada_);
+  Q_EMIT ofertasMudaram();
 }
 
 void Guarda::apaga() {

@@ -57,6 +57,7 @@ class Guarda : public QObject {
 
   std::unique_ptr<files::KeptFile> arquivo_;
   QList<Oferta> ofertas_;
+  Oferta tomada_;
   bool editava_ = false;
   bool tomado_ = false;   ///< the own file is one that was left
   bool escrito_ = false;  ///< something was given to the disk

@@ -8,6 +8,7 @@
 #include <span>
 
 #include "platform/forms/form.h"
+#include "platform/forms/rest.h"
 #include "quote/grids.h"
 
 using namespace Qt::StringLiterals;
@@ -151,10 +152,34 @@ void poeValor(QObject* controle, const QString& texto) {
 
 QString linhaDaTela(QStringView tela) { return u"tela\t"_s + tela.toString() + kFim; }
 
+/// A text without line ends; tabs become the given letter.
+void acrescenta(QString& linhas, QStringView texto, QChar tab) {
+  const auto especial = [](QChar letra) { return letra < u' ' || letra == u'\\'; };
+  if (std::none_of(texto.cbegin(), texto.cend(), especial)) {
+    linhas += texto;
+    return;
+  }
+  for (const QChar letra : texto) {
+    if (letra == u'\\')
+      linhas += u"\\\\";
+    else if (letra == kFim)
+      linhas += u"\\n";
+    else if (letra == u'\r')
+      linhas += u"\\r";
+    else
+      linhas += letra == kTab ? tab : letra;
+  }
+}
+
 void escreveGrade(QString& texto, const forms::GridModel& grade) {
   texto += QString::number(grade.row()) + kTab + QString::number(grade.rows() - 1) + kFim;
-  for (int linha = 1; linha < grade.rows(); ++linha)
-    texto += emUmaLinha(grade.rowTexts(linha).tabSeparated()) + kFim;
+  for (int linha = 1; linha < grade.rows(); ++linha) {
+    for (int coluna = 0; coluna < grade.cols(); ++coluna) {
+      acrescenta(texto, grade.text(linha, coluna), u' ');
+      texto += kTab;
+    }
+    texto += kFim;
+  }
 }
 
 /// The rows that a digest counts, in an order of their own.
@@ -173,10 +198,9 @@ QStringList linhasOrdenadas(const forms::GridModel& grade, int colunas) {
 }  // namespace
 
 QString emUmaLinha(const QString& texto) {
-  const auto especial = [](QChar letra) { return letra == u'\\' || letra == kFim || letra == u'\r'; };
-  if (std::none_of(texto.cbegin(), texto.cend(), especial)) return texto;
-  QString linha = texto;
-  return linha.replace(u'\\', u"\\\\"_s).replace(kFim, u"\\n"_s).replace(u'\r', u"\\r"_s);
+  QString linha;
+  acrescenta(linha, texto, kTab);
+  return linha;
 }
 
 QString comoEra(QStringView linha) {
@@ -206,6 +230,17 @@ QString retrato() {
     }
   }
   return texto;
+}
+
+QString campoAtual() {
+  const forms::Form* form = forms::registry::find(QString::fromUtf16(kTelas[0].nome));
+  const QWidget* parte = forms::controlBeingLeft();
+  if (form == nullptr || parte == nullptr || !form->isAncestorOf(parte))
+    parte = form == nullptr ? nullptr : form->focusWidget();
+  for (; parte != nullptr; parte = parte->parentWidget())
+    for (const Campo& campo : kOrcamento)
+      if (parte->objectName() == QStringView(campo.nome)) return parte->objectName();
+  return {};
 }
 
 bool temTela(const QString& retrato, QStringView tela) {

@@ -13,6 +13,10 @@ namespace rascunho {
 /// Whether a screen is part of such a text.
 [[nodiscard]] bool temTela(const QString& retrato, QStringView tela);
 
+/// The field of the quote screen that is being typed in, or that was left a moment ago and has not done yet
+/// what it does then; empty where that is none of these fields.
+[[nodiscard]] QString campoAtual();
+
 /// Puts the fields and grids of one screen back, which must be there.
 void repoe(const QString& retrato, QStringView tela);
 

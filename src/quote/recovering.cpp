@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "assembly/frmMontarProduto.h"
 #include "closing/frmConfirmaPropCmrcTL.h"
 #include "draft/keeper.h"
@@ -22,9 +24,11 @@ QString jaGravado(const Rascunho& rascunho) {
   const auto& [id, desde, ate, ultimo] = rascunho.gravacao;
   if (id.isEmpty()) return {};
   if (rascunho.modo == u"I") {
+    // The clock may have been set back meanwhile.
+    const auto [cedo, tarde] = std::minmax(desde, ate);
     const auto rs = abreConsulta(u"SELECT IDPROP_CMRC FROM PROP_CMRC WHERE IDPROP_CMRC = '"_s + id +
                                  u"' AND USER_INCL = '"_s + rascunho.usuario + u"' AND DATA_INCL >= '"_s +
-                                 desde + u"' AND DATA_INCL <= '"_s + ate + u"'"_s);
+                                 cedo + u"' AND DATA_INCL <= '"_s + tarde + u"'"_s);
     return rs.eof() ? QString() : id;
   }
   // Each save of a quote gives its lines new ids.
@@ -118,7 +122,9 @@ void frmPropCmrcTL::recupera(const Rascunho& rascunho) {
   botoesEditando();
   DestravaCampos();
   for (const char16_t* tela : {Name, frmConfirmaPropCmrcTL::Name}) rascunho::repoe(rascunho.retrato, tela);
-  focus(mskDtPropCmrc);
+  // What a field does when it is left is done when it is left again.
+  auto* campo = rascunho.foco.isEmpty() ? nullptr : findChild<QWidget*>(rascunho.foco);
+  focus(campo != nullptr && campo->isVisible() && campo->isEnabled() ? campo : mskDtPropCmrc);
   if (rascunho::temTela(rascunho.retrato, frmMontarProduto::Name)) reabreMontagem(rascunho.retrato);
 }
 

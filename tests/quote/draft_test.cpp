@@ -19,7 +19,7 @@ class Draft : public QuoteCase {
   }
 
   /// The program begins anew; what was left is known when this returns.
-  void begin(const QString& place) {
+  void begin() {
     rascunho::guarda().desliga();
     forms::registry::clear();
     contexto().ModoOrcamento = u" "_s;
@@ -27,12 +27,11 @@ class Draft : public QuoteCase {
     bool known = false;
     const auto seen =
         QObject::connect(&rascunho::guarda(), &rascunho::Guarda::ofertasMudaram, [&] { known = true; });
-    rascunho::guarda().liga(place);
+    rascunho::guarda().liga(folder());
     QElapsedTimer since;
     for (since.start(); !known && since.elapsed() < 10'000;) support::settle();
     QObject::disconnect(seen);
   }
-  void begin() { begin(folder()); }
 
   void enter() {
     support::click(screen->cmdINCLUIR);
@@ -95,37 +94,6 @@ TEST_P(StoredDraft, ThatWasNotRemovedYetIsNotStoredTwice) {
 INSTANTIATE_TEST_SUITE_P(Modes, StoredDraft, ::testing::Bool(),
                          [](const auto& one) { return one.param ? "Altered" : "New"; });
 
-TEST_F(Draft, OfAQuoteOfTheSameCustomerThatWasStoredSinceAsks) {
-  begin();
-  enter();
-  rascunho::guarda().desliga();  // as if it had been killed
-  ASSERT_EQ(kept().size(), 1);
-  store(3, u"user_incl = 7, data_incl = '20240315 10:31'"_s);
-  begin();
-  script.box(
-      u"Depois deste foi gravado o orçamento nr. 3, do mesmo cliente.\n\n"
-      "Deseja recuperar mesmo assim o que não foi salvo?"_s,
-      forms::Answer::No);
-  support::click(screen->cmdRecuperar);
-  EXPECT_FALSE(screen->cmdSALVAR->isEnabled());
-}
-
-TEST_F(Draft, OfAQuoteThatWasClosedSinceStaysWhatItIs) {
-  store(1);
-  begin();
-  alter();
-  rascunho::guarda().desliga();
-  sql(u"UPDATE prop_cmrc SET data_fech = '20240316' WHERE idprop_cmrc = 1"_s);
-  begin();
-  script.box(
-      u"O orçamento nr. 1 foi fechado depois do que não foi salvo.\n"
-      "Para recuperá-lo, o registro precisa estar aberto e ativo."_s);
-  support::click(screen->cmdRecuperar);
-  EXPECT_FALSE(screen->cmdSALVAR->isEnabled());
-  rascunho::guarda().desliga();
-  EXPECT_EQ(kept().size(), 1);
-}
-
 TEST_F(Draft, ThatCantBeRecoveredIsToldAndKeptAndAnothersIsNotTold) {
   begin();
   enter();
@@ -157,17 +125,6 @@ TEST_F(Draft, ThatCantBeRecoveredIsToldAndKeptAndAnothersIsNotTold) {
   EXPECT_TRUE(line().endsWith(u"fica guardado (mais 1)"_s)) << line().toStdString();
   EXPECT_FALSE(screen->cmdRecuperar->isEnabled());
   EXPECT_EQ(kept().size(), 5);
-}
-
-TEST_F(Draft, WhereNoneCanBeWrittenWorkGoesOn) {
-  for (const auto& place : {u"/proc/none"_s, u"/dev/null"_s}) {
-    begin(place);
-    enter();
-    const QString id = QString::number(ask(u"SELECT count(*) FROM prop_cmrc"_s).toInt() + 1);
-    script.box(u"Registro Gravado com sucesso!\nOrçamento nr."_s + id);
-    support::click(screen->cmdSALVAR);
-    EXPECT_EQ(line(), QString());
-  }
 }
 
 }  // namespace

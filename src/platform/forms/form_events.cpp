@@ -51,11 +51,11 @@ void Form::Private::run(QWidget* control, Event event) {
       [&known] {
         for (const auto& handler : known) handler();
       },
-      where);
+      where, event == Event::LostFocus ? control : nullptr);
 }
 
-void Form::Private::handle(const std::function<void()>& handler, const QString& where) {
-  Work work;
+void Form::Private::handle(const std::function<void()>& handler, const QString& where, QWidget* left) {
+  Work work(left);
   if (guarded(handler, where)) work.done();
 }
 

@@ -45,7 +45,7 @@ class Form::Private {
   void present();
   void run(QWidget* control, Event event);
   /// Runs a handler at the edge of the event loop; `where` is its name for support.
-  static void handle(const std::function<void()>& handler, const QString& where);
+  static void handle(const std::function<void()>& handler, const QString& where, QWidget* left = nullptr);
   /// The window's X or Esc.
   void close();
 

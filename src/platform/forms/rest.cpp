@@ -15,6 +15,11 @@ namespace {
 
 int handlersAtWork = 0;
 
+QPointer<QWidget>& beingLeft() {
+  static QPointer<QWidget> control;
+  return control;
+}
+
 /// Each handler that waits for a modal form waits in its loop as long as the form is shown.
 int modalFormsShown() {
   const QList<Form*> shown = registry::shown();
@@ -74,20 +79,25 @@ void setRestObserver(std::function<void()> observer) {
   watch() = observer ? std::make_unique<Watch>(std::move(observer)) : nullptr;
 }
 
-Work::Work() {
+Work::Work(QWidget* left) : before_(std::exchange(beingLeft(), left)) {
   // What was typed before a handler that fails is not lost with it.
   if (watch()) watch()->observeInput();
   ++handlersAtWork;
 }
 
 Work::~Work() {
-  if (atWork_) --handlersAtWork;
+  if (!atWork_) return;
+  --handlersAtWork;
+  beingLeft() = before_;
 }
 
 void Work::done() {
   --handlersAtWork;
+  beingLeft() = before_;
   atWork_ = false;
   if (watch()) watch()->observe();
 }
+
+QWidget* controlBeingLeft() { return beingLeft(); }
 
 }  // namespace forms

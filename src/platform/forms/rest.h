@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 
 // When the program is at rest: no handler is at work, save those that wait for a modal form in sight.
@@ -16,7 +18,8 @@ void setRestObserver(std::function<void()> observer);
 /// A handler at work, while it lives.
 class Work {
  public:
-  Work();
+  /// `left` is the control that the focus has left, where that is what the handler is for.
+  explicit Work(QWidget* left = nullptr);
   ~Work();
   Work(const Work&) = delete;
   Work& operator=(const Work&) = delete;
@@ -25,6 +28,10 @@ class Work {
 
  private:
   bool atWork_ = true;
+  QPointer<QWidget> before_;
 };
+
+/// The control that the focus has left while the handler for that has not come to its end; nullptr otherwise.
+[[nodiscard]] QWidget* controlBeingLeft();
 
 }  // namespace forms
