@@ -4,6 +4,9 @@
 namespace bench {
 
 void openingAndSaving();
+/// What a handler waits for while a draft of the quote is handed to the thread that writes it; beside it the
+/// time that it may take.
+void keepingDrafts();
 void searching();
 void dropping();
 void lookingUp();
