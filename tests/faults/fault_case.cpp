@@ -69,6 +69,11 @@ frmPropCmrcTL& FaultCase::start() {
   return shown();
 }
 
+frmPropCmrcTL& FaultCase::again() {
+  leave();
+  return shown();
+}
+
 frmPropCmrcTL& FaultCase::startOn(support::TdsServer& server) {
   leave();
   copyOver(first_, server.databasePath());

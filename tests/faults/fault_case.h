@@ -19,6 +19,8 @@ class FaultCase : public support::Company {
 
   /// Starts the program anew on the database as it was at first.
   frmPropCmrcTL& start();
+  /// Starts it again on the database as it is.
+  frmPropCmrcTL& again();
   /// The same, with the database behind a server.
   frmPropCmrcTL& startOn(support::TdsServer& server);
 
