@@ -1,6 +1,9 @@
 #include "documents/html_text.h"
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QUuid>
 
 #include "platform/files/contents.h"
@@ -10,6 +13,22 @@
 using namespace Qt::StringLiterals;
 
 namespace html {
+
+namespace {
+
+const QString kParte = u".parte"_s;
+/// No document takes that long: its program was killed.
+constexpr qint64 kAbandonada = 60 * 60;  // s
+
+void retiraAbandonadas(const QString& documento) {
+  const QFileInfo info(documento);
+  for (const QFileInfo& parte :
+       info.dir().entryInfoList({info.fileName() + u".*"_s + kParte}, QDir::Files | QDir::NoSymLinks))
+    if (parte.lastModified().secsTo(QDateTime::currentDateTime()) > kAbandonada)
+      QFile::remove(parte.filePath());
+}
+
+}  // namespace
 
 QString fixo(QStringView texto) { return texto.toString().replace(u'\n', kFim); }
 
@@ -88,7 +107,9 @@ void acrescenta(const QString& caminho, const QString& texto) {
 
 Iniciado::Iniciado(const QString& caminho)
     : caminho_(caminho),
-      parte_(files::resolve(caminho + u'.' + QUuid::createUuid().toString(QUuid::Id128) + u".parte"_s)) {}
+      parte_(files::resolve(caminho + u'.' + QUuid::createUuid().toString(QUuid::Id128) + kParte)) {
+  retiraAbandonadas(files::resolve(caminho));
+}
 
 Iniciado::~Iniciado() { QFile::remove(parte_); }
 

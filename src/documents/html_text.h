@@ -45,7 +45,8 @@ struct Quadro {
 void acrescenta(const QString& caminho, const QString& texto);
 
 /// A document in the making: a file of its own beside the document, which takes its name when it is whole, so
-/// that several programs can write one document. Nothing is left of one that was not finished.
+/// that several programs can write one document. Nothing is left of one that was not finished; what a killed
+/// program left goes an hour later with the next one.
 class Iniciado {
  public:
   explicit Iniciado(const QString& caminho);

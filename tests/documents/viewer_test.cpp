@@ -133,6 +133,16 @@ TEST_F(Viewer, TwoProgramsWriteOneDocument) {
   EXPECT_EQ(waitpid(other, nullptr, WNOHANG), 0) << "the other program ended";
   kill(other, SIGKILL);
   waitpid(other, nullptr, 0);
+
+  // What a killed program left goes with a later document, what is being written doesn't.
+  for (const auto& [name, hours] : {std::pair(u".velha.parte"_s, 2), std::pair(u".nova.parte"_s, 0)}) {
+    QFile left(files::resolve(path) + name);
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    left.setFileTime(QDateTime::currentDateTime().addSecs(-3600 * hours), QFile::FileModificationTime);
+  }
+  write();
+  EXPECT_FALSE(QFile::exists(files::resolve(path) + u".velha.parte"_s));
+  EXPECT_TRUE(QFile::exists(files::resolve(path) + u".nova.parte"_s));
 }
 
 TEST_F(Viewer, FullDiskLeavesNoHalfDocument) {
