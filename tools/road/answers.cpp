@@ -107,7 +107,8 @@ void Answers::give(QDialog* box) {
     eraseText();
     // The toolkit's own box knows the paths of this machine.
     typeText(takesFile ? files::resolve(*answer.text) : *answer.text);
-    pressKey(u"Return"_s);
+    // Where names are offered while she types, the first one takes the offer.
+    for (int tries = 0; tries < 3 && box->isVisible(); ++tries) pressKey(u"Return"_s);
   } else if (answer.typed) {
     pressKey(u"Esc"_s);
   } else {
