@@ -63,10 +63,22 @@ bool Form::Private::hasJustGotFocus(QWidget* control) const {
   });
 }
 
+namespace {
+
+/// The whole control, not the caret alone; where it is larger than the area, its top left.
+void bringIntoSight(const QWidget& control, QScrollArea& area) {
+  if (area.widget() == nullptr || !area.widget()->isAncestorOf(&control)) return;
+  const QRect place(control.mapTo(area.widget(), QPoint(0, 0)), control.size());
+  area.ensureVisible(place.right(), place.bottom(), 0, 0);
+  area.ensureVisible(place.left(), place.top(), 0, 0);
+}
+
+}  // namespace
+
 void Form::Private::gotFocus(QWidget* control) {
   if (selects.contains(control)) selectText(control);
   for (QWidget* over = control->parentWidget(); over != nullptr; over = over->parentWidget())
-    if (auto* area = qobject_cast<QScrollArea*>(over)) area->ensureWidgetVisible(control, 0, 0);
+    if (auto* area = qobject_cast<QScrollArea*>(over)) bringIntoSight(*control, *area);
 }
 
 void Form::flushFocusEvents() {
