@@ -197,7 +197,10 @@ void frmPropCmrcTL::cmdExpandirObservacao_Click() {
 void frmPropCmrcTL::ajustaObserva() {
   const bool expandida = cmdExpandirObservacao->text() == u"-";
   const int altura = forms::pixels(expandida ? kObservaExpandida : kObservaRecolhida);
-  txtObserva->setFixedHeight(qMax(altura, txtDesc->sizeHint().height()));
+  const int linha = fontMetrics().lineSpacing() +
+                    2 * static_cast<int>(txtObserva->document()->documentMargin()) +
+                    2 * txtObserva->frameWidth();
+  txtObserva->setFixedHeight(std::max({altura, txtDesc->sizeHint().height(), linha}));
   txtObserva->setVerticalScrollBarPolicy(expandida ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 

@@ -24,6 +24,7 @@ namespace {
 
 const QColor kAccent(0x2F, 0x6D, 0xB5);
 const QColor kAccentPale(0xD6, 0xE6, 0xF7);
+constexpr int kRemarkFrame = 2;
 
 bool isPrincipal(const QWidget* widget) {
   return widget != nullptr && widget->property("principal").toBool();
@@ -55,6 +56,11 @@ class ProgramStyle : public QProxyStyle {
       case PM_LayoutTopMargin:
       case PM_LayoutBottomMargin:
         return 8;
+      // At a scale that is no whole number the text's ground takes part of the line beside it.
+      case PM_DefaultFrameWidth:
+        return qobject_cast<const QPlainTextEdit*>(widget) != nullptr
+                   ? kRemarkFrame
+                   : QProxyStyle::pixelMetric(metric, option, widget);
       default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -108,6 +114,13 @@ class ProgramStyle : public QProxyStyle {
     }
     if (element == CE_ShapedFrame && isLockedRemark(widget)) {
       drawLockedGround(*option, painter, widget);
+      return;
+    }
+    if (element == CE_ShapedFrame && qobject_cast<const QPlainTextEdit*>(widget) != nullptr) {
+      // Filled, not drawn: a line at half a pixel can fall outside.
+      const QColor line = option->palette.color(QPalette::Window).darker(140);
+      painter->fillRect(option->rect, option->state.testFlag(State_HasFocus) ? kAccent : line);
+      painter->fillRect(option->rect.adjusted(1, 1, -1, -1), option->palette.base());
       return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
