@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 void frmPropCmrcTL::cmdPesquisar_PropCmrc_Click() {
   if (!txtCodigo->text().isEmpty()) return carregaNumero();
   forms::form<frmBROWSE_PropCmrc>().showModal();
+  // Where nothing was chosen a number can be typed at once.
+  if (txtCodigo->text().isEmpty()) focus(txtCodigo);
   mostraSituacao();
 }
 

@@ -98,6 +98,7 @@ void frmPropCmrcTL::cmdSAIR_Click() {
   TravaCampos();
   LimpaTela();
   encerraEdicao();
+  focus(txtCodigo);
 }
 
 void frmPropCmrcTL::closeRequested() { cmdSAIR_Click(); }
