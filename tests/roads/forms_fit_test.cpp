@@ -191,6 +191,7 @@ TEST_P(FormsFit, NothingClippedOverlappingOrOutside) {
   forms::Form& form = std::get<Screen>(GetParam()).second();
   form.showForm();
   Faults faults;
+  support::settle();
   if (const QString folder = qEnvironmentVariable("ZARIM_FORM_PICTURES"); !folder.isEmpty())
     form.grab().save(folder + u'/' + form.objectName() + u".png"_s);
   walk(form, faults);
