@@ -16,12 +16,14 @@ namespace {
 class MoreSign : public QWidget {
  public:
   explicit MoreSign(QPlainTextEdit* box) : QWidget(box), box_(box) {
+    setObjectName(u"qt_more_sign"_s);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     box->installEventFilter(this);
     const auto again = [this] { place(); };
     connect(box->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
             again);
-    connect(box->verticalScrollBar(), &QScrollBar::valueChanged, this, again);
+    // The scroll bar keeps silent where the caret moves the text.
+    connect(box, &QPlainTextEdit::updateRequest, this, again);
     connect(box->verticalScrollBar(), &QScrollBar::rangeChanged, this, again);
     place();
   }

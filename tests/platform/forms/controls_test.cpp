@@ -54,6 +54,7 @@ TEST_F(Controls, ARemarkShowsItsFirstLineWhenItIsLoadedEnteredAndLeft) {
   support::key(&box, Qt::Key_X, Qt::AltModifier);  // nobody's access key
   support::focus(sample.txtA);
   EXPECT_EQ(box.verticalScrollBar()->value(), 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return box.findChild<QWidget*>(u"qt_more_sign"_s)->isVisible(); }));
   EXPECT_EQ(forms::controlText(&box), u"one\r\ntwo\r\nthree"_s);
 }
 
