@@ -9,6 +9,7 @@
 #include "documents/grid_table.h"
 #include "documents/html_text.h"
 #include "documents/item_fields.h"
+#include "platform/forms/process.h"
 #include "platform/values/runtime_error.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
@@ -28,7 +29,8 @@ constexpr const char16_t* kDireita = u"right";
 std::optional<data::Recordset> consultaOuAvisa(const QString& sql) {
   try {
     return abreConsulta(sql);
-  } catch (const values::RuntimeError&) {
+  } catch (const values::RuntimeError& erro) {
+    forms::reportRuntimeError(erro, u"frmPedHTML"_s);
     avisaFalha(u"Problemas no Sistema. Avise o suporte técnico"_s);
     return {};
   }

@@ -15,11 +15,13 @@ bool TeclasDeAjuda::eventFilter(QObject* watched, QEvent* event) {
   if (key->isAutoRepeat()) return true;
   const auto* form = qobject_cast<const forms::Form*>(static_cast<QWidget*>(watched)->window());
   if (form == nullptr) return false;
-  forms::guarded([&] {
-    if (held == Qt::ShiftModifier)
-      mostraSobre();
-    else
-      abreManual(form->objectName());
-  });
+  forms::guarded(
+      [&] {
+        if (held == Qt::ShiftModifier)
+          mostraSobre();
+        else
+          abreManual(form->objectName());
+      },
+      form->objectName() + QStringLiteral(".F1"));
   return true;
 }

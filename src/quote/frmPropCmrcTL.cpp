@@ -280,5 +280,5 @@ void frmPropCmrcTL::changeEvent(QEvent* event) {
 void frmPropCmrcTL::mouseDoubleClickEvent(QMouseEvent* event) {
   const QWidget* alvo = childAt(event->position().toPoint());
   if (alvo == nullptr || alvo == conteudo || alvo == area->viewport())
-    forms::guarded([] { forms::msgBox({.text = ResolucaoTela()}); });
+    forms::guarded([] { forms::msgBox({.text = ResolucaoTela()}); }, objectName() + u".Form_DblClick"_s);
 }

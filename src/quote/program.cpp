@@ -17,14 +17,16 @@ int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
   TeclasDeAjuda teclasDeAjuda;
   aplicacao.installEventFilter(&teclasDeAjuda);
   contexto().LinhaComando = linhaComando;
-  forms::guarded([&aplicacao] {
-    auto& principal = forms::form<frmPropCmrcTL>();
-    QObject::connect(&principal, &QObject::destroyed, &aplicacao, &QCoreApplication::quit,
-                     Qt::QueuedConnection);
-    principal.showForm();
-    rascunho::guarda().liga(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                            QStringLiteral("/rascunhos"));
-  });
+  forms::guarded(
+      [&aplicacao] {
+        auto& principal = forms::form<frmPropCmrcTL>();
+        QObject::connect(&principal, &QObject::destroyed, &aplicacao, &QCoreApplication::quit,
+                         Qt::QueuedConnection);
+        principal.showForm();
+        rascunho::guarda().liga(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                                QStringLiteral("/rascunhos"));
+      },
+      QStringLiteral("frmPropCmrcTL.Form_Load"));
   const int status = aplicacao.exec();
   rascunho::guarda().desliga();
   forms::registry::clear();

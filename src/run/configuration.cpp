@@ -120,6 +120,7 @@ void ConectaServidor() {
   try {
     conectaPelosArquivos();
   } catch (const values::RuntimeError& erro) {
+    forms::reportRuntimeError(erro, u"ConectaServidor"_s);
     if (erro.number() == values::kConnectionFailed) recusaServidorMudo();
     // Anything else leaves the connection as it is: the next step meets it closed and says so.
   }

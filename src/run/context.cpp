@@ -37,7 +37,8 @@ void FechaConexao(const QString& acao) {
   if (!contexto().Conexao.isOpen()) return;
   try {
     contexto().Conexao.close();
-  } catch (const values::RuntimeError&) {
+  } catch (const values::RuntimeError& erro) {
+    forms::reportRuntimeError(erro, u"FechaConexao"_s);
     forms::msgBox({.text = u"Erro ao fechar banco de dados (%1)\rTente Novamente. Caso o problema persista, "
                            "contate o Desenvolvedor!"_s.arg(contexto().TipoBanco),
                    .title = u"Falha Conexão"_s,

@@ -50,13 +50,14 @@ void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, co
   tipos_ = tipos;
   on(c_.Flex, Event::Click, &PesquisaComFotos::Flex_Click);
   connect(&c_.Flex->grid(), &forms::GridModel::currentMoved, this,
-          [this] { forms::guarded([this] { acompanhaLinha(); }); });
+          [this] { forms::guarded([this] { acompanhaLinha(); }, objectName() + u".Flex_RowColChange"_s); });
   on(c_.Flex, Event::DoubleClick, &PesquisaComFotos::Flex_DblClick);
   on(c_.Image1, Event::DoubleClick, &PesquisaComFotos::Image1_DblClick);
   on(c_.SSTab1, Event::Click, &PesquisaComFotos::abrePagina);
   // A click on the tab that is open shows the pictures of the latest search.
   connect(c_.SSTab1->tabBar(), &QTabBar::tabBarClicked, this, [this](int aba) {
-    if (aba == c_.SSTab1->currentIndex()) forms::guarded([this] { abrePagina(); });
+    if (aba == c_.SSTab1->currentIndex())
+      forms::guarded([this] { abrePagina(); }, objectName() + u".SSTab1_Click"_s);
   });
   on(c_.txtCOD, Event::LostFocus, [this] { c_.txtCOD->setText(maiusculas(c_.txtCOD->text())); });
   enterMovesOn({c_.txtCOD});

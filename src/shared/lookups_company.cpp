@@ -1,4 +1,5 @@
 #include "platform/forms/boxes.h"
+#include "platform/forms/process.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
 #include "shared/lookup_query.h"
@@ -16,6 +17,7 @@ QString NomeUsuario(const QString& idusen, const QString& atual) {
   try {
     return UsuarioAtual(idusen);
   } catch (const values::RuntimeError& erro) {
+    forms::reportRuntimeError(erro, u"NomeUsuario"_s);
     if (erro.number() == values::kConnectionFailed) {
       const QString banco = u"("_s + contexto().TipoBanco + u")"_s;
       forms::msgBox({.text = u"Ocorreu uma Falha de Conexão com o Servidor de Banco de Dados "_s + banco +

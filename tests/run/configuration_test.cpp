@@ -71,6 +71,21 @@ TEST_F(Configuration, AConnectionThatCantBeClosedIsTold) {
   EXPECT_FALSE(contexto().Conexao.isOpen());
 }
 
+TEST_F(Configuration, WhyAConnectionFailedIsForSupportAndWithoutThePassword) {
+  support::TdsServer server;
+  qputenv("TDSPORT", QByteArray::number(server.port()));
+  configure(u"server.ini"_s, support::TdsServer::configurationLine().replace(u"Segredo"_s, u"Segredos"_s));
+  support::Script script;
+  script.box(QString(kNoServer).replace(u"((embutido))"_s, u"(127.0.0.1)"_s)).expectEnd(1);
+  ::testing::internal::CaptureStderr();
+  EXPECT_FALSE(connects());
+  const QString reported = QString::fromStdString(::testing::internal::GetCapturedStderr());
+  EXPECT_TRUE(reported.startsWith(u"Erro -2147467259 em ConectaServidor: [FreeTDS]"_s))
+      << reported.toStdString();
+  EXPECT_FALSE(reported.contains(u"Segredo"_s) || reported.contains(u"pwd"_s));
+  qunsetenv("TDSPORT");
+}
+
 // What the chosen line of server.ini leads to. Where the reading breaks off, the folders stay empty.
 TEST_F(Configuration, LinesOfServerIni) {
   enum Outcome { Opens, StaysClosed, BreaksOff };

@@ -50,7 +50,7 @@ bool Form::Private::pasteLines(QLineEdit* box) {
   if (lines.size() < 2) return false;
   lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
   const auto handler = *taker;
-  guarded([&] { handler(lines); });
+  handle([&] { handler(lines); }, name + u'.' + box->objectName() + QStringLiteral("_Paste"));
   return true;
 }
 

@@ -26,8 +26,9 @@ std::function<void()>& endObserver() {
   return observer;
 }
 
-/// What support needs beside a user's memory of the box.
-void report(const values::RuntimeError& error, const QString& where) {
+}  // namespace
+
+void reportRuntimeError(const values::RuntimeError& error, const QString& where) {
   QString line = u"Erro "_s + QString::number(error.number());
   if (!where.isEmpty()) line += u" em "_s + where;
   line += u": "_s + error.text();
@@ -39,10 +40,8 @@ void report(const values::RuntimeError& error, const QString& where) {
   std::fputs((line + u'\n').toUtf8().constData(), stderr);
 }
 
-}  // namespace
-
 void showRuntimeError(const values::RuntimeError& error, const QString& where) {
-  report(error, where);
+  reportRuntimeError(error, where);
   Box box;
   box.text = u"Erro em tempo de execução '%1':\n\n%2"_s.arg(error.number()).arg(error.text());
   box.icon = Icon::Critical;

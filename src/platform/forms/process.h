@@ -24,8 +24,11 @@ void endPlainly();
 /// After the function has run, all modal loops are left and Ended is thrown.
 void setEnd(std::function<void(int)> end);
 
-/// The runtime's error box, with number and text of the error. A line on standard error says number, text,
-/// the statement that failed and the handler (`where`, which may be empty).
+/// A line on standard error: number, text, the statement that failed and the handler (`where`, which may be
+/// empty). What support needs beside a user's memory of a box.
+void reportRuntimeError(const values::RuntimeError& error, const QString& where);
+
+/// The runtime's error box, with number and text of the error, and that line.
 void showRuntimeError(const values::RuntimeError& error, const QString& where = {});
 
 /// Runs a handler at the edge of the event loop, so that no exception crosses Qt: a values::RuntimeError, and
