@@ -291,12 +291,15 @@ TEST_F(Entered, GoesOnWithoutAWordWhereNoDraftCanBeKept) {
     QFile filler(disk + u"/x"_s);
     if (filler.open(QIODevice::WriteOnly)) filler.write(QByteArray(8192, 'x'));
     filler.close();
+    const QString file = drive() + u"/first.db"_s;
+    const auto rights = QFile::permissions(file);
     const auto entered = [&] {
       static_cast<void>(begin());
-      enter(0, place.isDisk ? disk : u"/dev/null"_s);
+      enter(0, place.isDisk ? disk : file);
     };
     EXPECT_EQ(statusOf(inChild(entered)), 0);
     EXPECT_EQ(shared_.boxes, usual);
+    EXPECT_EQ(QFile::permissions(file), rights);
     EXPECT_EQ(rowsOf(database()), stored_);
     EXPECT_EQ(QDir(disk).entryList({u"*.rascunho*"_s}, QDir::Files | QDir::Hidden), QStringList());
     if (place.isDisk) umount(path.constData());

@@ -154,7 +154,8 @@ void KeptFile::Keeper::run() {
 
 bool KeptFile::Keeper::makeOwn() {
   if (lock_ && lock_->holds()) return true;
-  QDir().mkpath(folder_);
+  // What stands in its place and is no folder is somebody else's.
+  if (!QDir().mkpath(folder_) || !QFileInfo(folder_).isDir()) return false;
   QFile::setPermissions(folder_, kOwnersFolder);
   // Where the lock was removed by hand the file stays the own one, unless another program has found it.
   lock_.reset();
@@ -209,7 +210,7 @@ bool KeptFile::Keeper::remove() {
 
 void KeptFile::Keeper::tell(const QString& why) {
   if (told_) return;
-  std::fputs((u"Rascunho %1: %2\n"_s.arg(own_, why)).toUtf8().constData(), stderr);
+  std::fputs((u"Rascunho %1: %2\n"_s.arg(own_.isEmpty() ? folder_ : own_, why)).toUtf8().constData(), stderr);
 }
 
 /// Paths of the files that are there, or of which something is.
