@@ -1,5 +1,11 @@
 #include "platform/data/odbc_fields.h"
 
+#include <QtGlobal>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>  // the system's ODBC headers use its types
+#endif
+
 #include <sql.h>
 #include <sqlext.h>
 

@@ -19,7 +19,8 @@ bool isServerString(const QString& connectionString) {
   return connectionString.contains("{SQL Server}"_L1, Qt::CaseInsensitive);
 }
 
-QString odbcString(const QString& connectionString, const QString& portOfEnvironment, int timeout) {
+QString odbcString(const QString& connectionString, [[maybe_unused]] const QString& portOfEnvironment,
+                   [[maybe_unused]] int timeout) {
   QString text = connectionString;
   if (!text.endsWith(u';')) text += u';';  // Qt adds a NUL to the last value
 #ifndef Q_OS_WIN
