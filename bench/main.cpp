@@ -7,7 +7,7 @@
 
 // Times the handlers of the program beside their floors. "--only WORD" runs the subjects whose name holds it.
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1366x768.json");
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json");
   QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);

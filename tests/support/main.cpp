@@ -12,7 +12,7 @@ namespace {
 /// browser engine that runs anywhere.
 void setEnvironment() {
   const QByteArray screen =
-      qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "screen_1024x768.json" : "screen_1366x768.json";
+      qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "screen_1366x768.json" : "screen_1024x768.json";
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/" + screen);
   qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   if (!qEnvironmentVariableIsSet("QTWEBENGINE_CHROMIUM_FLAGS")) {
