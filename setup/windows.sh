@@ -15,7 +15,8 @@ install_packages setup/packages.txt setup/windows_packages.txt
 mkdir -p build/windows
 ln -sfn /usr/include/sqlite3.h build/windows/sqlite3.h
 ln -sfn "/usr/include/$(gcc -print-multiarch)/curl" build/windows/curl
-flags=(-std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror -Isrc -isystem build/windows)
+# The version is a setting of one source.
+flags=('-DZARIM_VERSION="0"' -std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror -Isrc -isystem build/windows)
 for made in build/release/src build/release/src/*_autogen/include; do flags+=("-I$made"); done
 qt=/usr/include/$(gcc -print-multiarch)/qt6
 flags+=(-isystem "$qt")
