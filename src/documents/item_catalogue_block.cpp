@@ -7,6 +7,7 @@
 #include "documents/quote_blocks.h"
 #include "run/context.h"
 #include "shared/lookups.h"
+#include "shared/pictures.h"
 #include "shared/text.h"
 #include "text/trim.h"
 

@@ -5,6 +5,7 @@
 #include "platform/values/numbers.h"
 #include "run/context.h"
 #include "shared/lookups.h"
+#include "shared/pictures.h"
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;

@@ -17,6 +17,7 @@
 #include "search/photo_page.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
+#include "shared/pictures.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
@@ -41,7 +42,7 @@ void marca(const QList<QRadioButton*>& opcoes, const QString& nome) {
 
 }  // namespace
 
-PesquisaComFotos::PesquisaComFotos(const QString& nome, const Ficha& ficha) : Form(nome), ficha_(ficha) {}
+PesquisaComFotos::PesquisaComFotos(const Ficha& ficha) : ficha_(ficha) {}
 
 void PesquisaComFotos::liga(const Controles& controles, const Opcoes& campos, const Opcoes& tipos) {
   using forms::Event;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
 
 #include "platform/data/asked.h"
 #include "platform/data/recordset.h"
@@ -14,7 +13,8 @@
 //
 // A lookup is asked when it is called. Whoever needs only one takes its text at once
 // (`const QString codigo = CodigoProduto(id);`); a routine that makes many rows awaits it, so that those of
-// all rows travel together (platform/data/asked.h).
+// all rows travel together (platform/data/asked.h). Keys are taken by value where the lookup reads its
+// answer itself: it outlives its call.
 
 using data::Asked;
 
@@ -119,10 +119,3 @@ Asked<QString> SenhaEmailOrcamento();
 /// Company data, each field with "^" after it: name, CNPJ, IE, address, city, state, postcode, phone 1,
 /// phone 2, e-mail, site. Empty without a company row.
 Asked<QString> DadosEmpresaTexto();
-
-/// Path of the first image of a code that exists (plain, "W2", "S3"), or ArqSemImagem.
-[[nodiscard]] QString LocalizaImagemProduto(const QString& codigo);
-/// The folders of pictures that documents show and link to, as the configuration names them.
-[[nodiscard]] QStringList pastasDeFiguras();
-/// Whether one of the three images exists.
-[[nodiscard]] bool LocalizaImagemPrototipo(const QString& codigo);

@@ -1,6 +1,7 @@
+#include "shared/pictures.h"
+
 #include "platform/files/paths.h"
 #include "run/context.h"
-#include "shared/lookups.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
