@@ -9,6 +9,7 @@
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/values/html_bytes.h"
+#include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +31,7 @@ void retiraAbandonadas(const QString& documento) {
 
 }  // namespace
 
-QString fixo(QStringView texto) { return texto.toString().replace(u'\n', kFim); }
+QString fixo(QStringView texto) { return values::withWindowsLineEnds(texto.toString()); }
 
 QString estilo(int pontos, bool negrito) {
   return u"FONT-SIZE: %1pt; FONT-FAMILY: TAHOMA; FONT-VARIANT: small-caps; font-weight:%2"_s.arg(

@@ -9,6 +9,7 @@
 
 #include "hands/hands.h"
 #include "platform/forms/process.h"
+#include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,19 +41,19 @@ Script::~Script() {
 forms::Answer Script::answer(const forms::Box& box) {
   lastBox_ = box;
   if (boxes_.empty()) {
-    ADD_FAILURE() << "unexpected box: " << hands::plainBreaks(box.text).toStdString();
+    ADD_FAILURE() << "unexpected box: " << values::withPlainLineEnds(box.text).toStdString();
     return box.buttons == forms::Buttons::Ok ? forms::Answer::Ok : forms::Answer::No;
   }
   const auto [text, answer] = boxes_.front();
   boxes_.pop_front();
-  EXPECT_EQ(hands::plainBreaks(box.text), hands::plainBreaks(text));
+  EXPECT_EQ(values::withPlainLineEnds(box.text), values::withPlainLineEnds(text));
   return answer;
 }
 
 QString Script::type(const forms::Input& input) {
   lastInput_ = input;
   if (inputs_.empty()) {
-    ADD_FAILURE() << "unexpected input box: " << hands::plainBreaks(input.prompt).toStdString();
+    ADD_FAILURE() << "unexpected input box: " << values::withPlainLineEnds(input.prompt).toStdString();
     return {};
   }
   const std::optional<QString> typed = inputs_.front();

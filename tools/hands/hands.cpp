@@ -4,10 +4,6 @@
 
 namespace hands {
 
-QString plainBreaks(QString text) {
-  return text.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
-}
-
 Place placeOf(forms::FlexGrid& grid, int row, int column) {
   constexpr QPoint kInside(6, 6);
   while (grid.isColumnHidden(column) && column + 1 < grid.grid().cols()) ++column;

@@ -9,9 +9,6 @@
 // What the roads and the tests share: how a text is typed, and where a row of a grid is clicked.
 namespace hands {
 
-/// Line breaks as "\n", whatever the control or the box uses.
-[[nodiscard]] QString plainBreaks(QString text);
-
 /// A point of a widget.
 struct Place {
   QWidget* widget;

@@ -5,6 +5,7 @@
 
 #include "driver.h"
 #include "hands/hands.h"
+#include "platform/values/line_ends.h"
 #include "stage.h"
 
 using namespace Qt::StringLiterals;
@@ -32,7 +33,7 @@ void type(const Words& words) {
   if (topForm().focusWidget() != &control) clickOn(control);
   requireFocus(words.at(0).text, control);
   eraseText();
-  typeText(hands::plainBreaks(words.at(1).text));
+  typeText(values::withPlainLineEnds(words.at(1).text));
 }
 
 void click(const Words& words) { clickOn(controlNamed<QWidget>(words.at(0).text)); }

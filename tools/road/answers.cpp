@@ -10,8 +10,8 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-#include "hands/hands.h"
 #include "platform/files/paths.h"
+#include "platform/values/line_ends.h"
 #include "stage.h"
 
 using namespace Qt::StringLiterals;
@@ -59,7 +59,7 @@ struct Wanted {
   std::optional<QString> title, icon;
   std::optional<QStringList> buttons;
 
-  explicit Wanted(const Words& words) : text(hands::plainBreaks(words.first().text)) {
+  explicit Wanted(const Words& words) : text(values::withPlainLineEnds(words.first().text)) {
     for (qsizetype i = 1; i + 1 < words.size(); i += 2) {
       const QString what = words.at(i).text;
       const QString value = words.at(i + 1).text;

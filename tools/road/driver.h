@@ -54,13 +54,15 @@ class Driver : public QObject {
   QElapsedTimer pagesSince_;
 };
 
-/// Does a step of the user's.
+/// Does a step of the user's (actions.cpp).
 void act(const Step& step);
 
-/// Raises Failure when what a step expects isn't there. Boxes and the end are the driver's.
+/// Raises Failure when what a step expects isn't there. Boxes and the end are the driver's
+/// (expectations.cpp).
 void look(const Words& condition);
 
-/// Whether what is expected may come by itself a little later: pages load, mail arrives.
+/// Whether what is expected may come by itself a little later: pages load, mail arrives
+/// (expectations.cpp).
 [[nodiscard]] bool comesLater(const QString& condition);
 
 }  // namespace road

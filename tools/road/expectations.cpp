@@ -2,8 +2,8 @@
 #include <QLabel>
 
 #include "driver.h"
-#include "hands/hands.h"
 #include "outside.h"
+#include "platform/values/line_ends.h"
 #include "platform/web/web_pane.h"
 #include "stage.h"
 
@@ -21,8 +21,8 @@ void require(bool met, const QString& expected, const QString& found) {
 
 /// Compares texts whatever their line breaks.
 void same(const QString& what, const QString& expected, const QString& found) {
-  const QString plain = hands::plainBreaks(found);
-  require(plain == hands::plainBreaks(expected), what + u' ' + quoted(expected), quoted(plain));
+  const QString plain = values::withPlainLineEnds(found);
+  require(plain == values::withPlainLineEnds(expected), what + u' ' + quoted(expected), quoted(plain));
 }
 
 void sameNumber(const QString& what, const Word& expected, qint64 found) {

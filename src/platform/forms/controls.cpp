@@ -70,8 +70,6 @@ void paint(QWidget* control, QPalette::ColorRole role, const QColor& color) {
   control->setPalette(palette);
 }
 
-bool isDark(const QColor& color) { return qGray(color.rgb()) < 128; }
-
 /// Refuses a typed character where the box is full: taking it away afterwards would stand in undo's way.
 class FullBox : public QObject {
  public:
@@ -124,10 +122,10 @@ QString controlText(const QObject* control) {
   if (const auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
   if (const auto* frame = qobject_cast<const QGroupBox*>(control)) return frame->title();
   if (const auto* plain = qobject_cast<const QPlainTextEdit*>(control)) {
-    return plain->toPlainText().replace(u'\n', u"\r\n"_s);
+    return values::withWindowsLineEnds(plain->toPlainText());
   }
   if (const auto* rich = qobject_cast<const QTextEdit*>(control)) {
-    return rich->toPlainText().replace(u'\n', u"\r\n"_s);
+    return values::withWindowsLineEnds(rich->toPlainText());
   }
   if (const auto* tabs = qobject_cast<const QTabWidget*>(control)) return tabs->tabText(tabs->currentIndex());
   if (const auto* form = qobject_cast<const QDialog*>(control)) return form->windowTitle();
@@ -255,6 +253,8 @@ void setForeColor(QWidget* control, ColorNumber number) {
   control->setProperty(kForeProperty, number);
   paint(control, rolesOf(control).fore, toColor(number));
 }
+
+bool isDark(const QColor& ground) { return qGray(ground.rgb()) < 128; }
 
 ColorNumber backColor(const QWidget* control) {
   const QVariant set = control->property(kBackProperty);

@@ -34,6 +34,8 @@ void limitToDigits(QLineEdit* box, int most);
 /// ground).
 using ColorNumber = qint64;
 [[nodiscard]] QColor toColor(ColorNumber number);
+/// Whether text on that ground is written in white.
+[[nodiscard]] bool isDark(const QColor& ground);
 void setBackColor(QWidget* control, ColorNumber number);
 void setForeColor(QWidget* control, ColorNumber number);
 /// The number last set; the system's own number where none was.

@@ -8,6 +8,7 @@
 
 #include "platform/forms/form_private.h"
 #include "platform/forms/process.h"
+#include "platform/values/line_ends.h"
 
 // Keys between a search's text and its results, and lists that are pasted into a box of one line.
 namespace forms {
@@ -44,9 +45,7 @@ bool Form::Private::pasteLines(QLineEdit* box) {
   QString text = box->text();
   const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
   text.replace(start, box->selectedText().size(), QApplication::clipboard()->text());
-  QStringList lines = text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
-                          .replace(QLatin1Char('\r'), QLatin1Char('\n'))
-                          .split(QLatin1Char('\n'));
+  QStringList lines = values::withPlainLineEnds(text).split(QLatin1Char('\n'));
   if (lines.size() < 2) return false;
   lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
   const auto handler = *taker;

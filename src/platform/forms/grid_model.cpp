@@ -6,6 +6,7 @@
 #include <numeric>
 #include <utility>
 
+#include "platform/forms/controls.h"
 #include "platform/values/numbers.h"
 
 namespace forms {
@@ -39,8 +40,6 @@ struct SortKey {
 QString asTip(const QString& text) {
   return Qt::mightBeRichText(text) ? QStringLiteral("<qt>") + text.toHtmlEscaped() : text;
 }
-
-bool isDark(const QColor& color) { return qGray(color.rgb()) < 110; }
 
 }  // namespace
 

@@ -23,14 +23,10 @@ QByteArray declaredCharset(const QString& html) {
   return match.captured(1).toLatin1().toLower();
 }
 
-QString networkLineEnds(const QString& text) {
-  return values::withPlainLineEnds(text).replace(u'\n', u"\r\n"_s);
-}
-
 }  // namespace
 
 Body htmlBody(const QString& html) {
-  const QString text = networkLineEnds(html);
+  const QString text = values::withWindowsLineEnds(html);
   const QByteArray charset = declaredCharset(html);
   if (charset.isEmpty() || charset == "utf-8" || charset == "utf8")
     return {"text/html; charset=UTF-8", text.toUtf8()};
@@ -38,6 +34,8 @@ Body htmlBody(const QString& html) {
   return {type, charset == "iso-8859-1" ? values::toHtmlLatin1(text) : values::toHtmlAscii(text)};
 }
 
-Body plainBody(const QString& text) { return {"text/plain; charset=UTF-8", networkLineEnds(text).toUtf8()}; }
+Body plainBody(const QString& text) {
+  return {"text/plain; charset=UTF-8", values::withWindowsLineEnds(text).toUtf8()};
+}
 
 }  // namespace mail
