@@ -22,7 +22,7 @@ constexpr std::array<forms::GridColumn, 5> kLayout{{
 
 }  // namespace
 
-frmComposicaoProduto::frmComposicaoProduto() : Form(QString::fromUtf16(Name)) {
+frmComposicaoProduto::frmComposicaoProduto() {
   setupUi(this);
   on(cmdPesquisa, forms::Event::Click, &frmComposicaoProduto::cmdPesquisa_Click);
 }

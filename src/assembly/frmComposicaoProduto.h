@@ -8,8 +8,6 @@ class frmComposicaoProduto : public forms::Form, public Ui::frmComposicaoProduto
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmComposicaoProduto";
-
   frmComposicaoProduto();
 
   void PreparaGradeComposicao();

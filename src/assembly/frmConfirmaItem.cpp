@@ -2,7 +2,7 @@
 
 #include "shared/text.h"
 
-frmConfirmaItem::frmConfirmaItem() : Form(QString::fromUtf16(Name)) {
+frmConfirmaItem::frmConfirmaItem() {
   setupUi(this);
   on(cmdConfirmar, forms::Event::Click, &frmConfirmaItem::cmdConfirmar_Click);
   on(cmdCancelar, forms::Event::Click, [this] { unload(); });

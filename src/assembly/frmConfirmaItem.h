@@ -9,7 +9,6 @@ class frmConfirmaItem : public forms::Form, public Ui::frmConfirmaItem {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmConfirmaItem";
   static constexpr bool kLoadsWhenShown = true;
 
   frmConfirmaItem();

@@ -36,7 +36,7 @@ constexpr std::array<GridColumn, 6> kPesquisa{{
 
 }  // namespace
 
-frmMontarProduto::frmMontarProduto() : Form(QString::fromUtf16(Name)) {
+frmMontarProduto::frmMontarProduto() {
   setupUi(this);
   QFont letra = lblTotalUnitarioProduto->font();
   letra.setPointSizeF(letra.pointSizeF() * 1.4);  // with the text size of the screen

@@ -18,8 +18,6 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmMontarProduto";
-
   /// Columns of the grids of articles found, Flex1 to Flex7.
   enum ColunaPesquisa { Id, Codigo, Descricao, Unidade, QtUnidade, Valor };
 

@@ -1,17 +1,15 @@
 #include "closing/frmConfirmaPropCmrcTL.h"
 
-#include <QEvent>
-
 #include "platform/values/numbers.h"
 #include "quote/grids.h"
 #include "shared/lists.h"
 #include "shared/text.h"
 #include "text/trim.h"
 
-frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() : Form(QString::fromUtf16(Name)) {
+frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() {
   setupUi(this);
   PreparaGradeParcelas();
-  ajustaMedidas();
+  fitToText(&frmConfirmaPropCmrcTL::ajustaMedidas);
 
   using forms::Event;
   using Tela = frmConfirmaPropCmrcTL;
@@ -49,11 +47,6 @@ void frmConfirmaPropCmrcTL::ajustaMedidas() {
   rotuloLiquido->setFont(fonte);
   fonte.setPointSizeF(fonte.pointSizeF() * destaque);
   lblVrLiqTOT->setFont(fonte);
-}
-
-void frmConfirmaPropCmrcTL::changeEvent(QEvent* event) {
-  Form::changeEvent(event);
-  if (event->type() == QEvent::FontChange && isLoaded()) ajustaMedidas();
 }
 
 void frmConfirmaPropCmrcTL::LimpaFechamento() {

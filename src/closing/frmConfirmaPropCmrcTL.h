@@ -13,8 +13,6 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmConfirmaPropCmrcTL";
-
   frmConfirmaPropCmrcTL();
 
   /// "S" when it is shown to look only: cmdConfirmar then checks and writes nothing.
@@ -30,7 +28,6 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
 
  protected:
   void Form_Load() override;  // discount.cpp
-  void changeEvent(QEvent* event) override;
 
  private:
   void cboTransportadora_DropDown();

@@ -2,7 +2,7 @@
 
 using forms::Event;
 
-frmImprimePropCmrcTL::frmImprimePropCmrcTL() : Form(QString::fromUtf16(Name)) {
+frmImprimePropCmrcTL::frmImprimePropCmrcTL() {
   setupUi(this);
   on(cmdImprimirPedido, Event::Click, &frmImprimePropCmrcTL::cmdImprimirPedido_Click);
   enterMovesOn({txtPedido, cmdImprimirPedido});

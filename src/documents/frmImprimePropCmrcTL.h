@@ -8,8 +8,6 @@ class frmImprimePropCmrcTL : public forms::Form, public Ui::frmImprimePropCmrcTL
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmImprimePropCmrcTL";
-
   frmImprimePropCmrcTL();
 
  protected:

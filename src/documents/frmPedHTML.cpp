@@ -11,7 +11,7 @@
 
 #include "platform/files/paths.h"
 #include "run/context.h"
-#include "shared/lookups.h"
+#include "shared/pictures.h"
 #include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -50,7 +50,7 @@ int alturaControles(const QWidget& opcoes, const QWidget& comandos, const QWidge
 
 }  // namespace
 
-frmPedHTML::frmPedHTML() : Form(QString::fromUtf16(Name)) {
+frmPedHTML::frmPedHTML() {
   setupUi(this);
   // The two named sizes share the large layout; every other screen takes the small one.
   const QString resolucao = ResolucaoTela();

@@ -9,8 +9,6 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmPedHTML";
-
   frmPedHTML();
 
   QString arqVia1, arqVia2;  ///< paths of the copies; empty where there is none

@@ -16,7 +16,7 @@ void frmImprimePropCmrcTL::Form_Load() {
   AplicaCoresForm(*this);
   adjustSize();
   CentralizaForm(*this);
-  if (contexto().TelaChamadora != frmPropCmrcTL::Name) return;
+  if (contexto().TelaChamadora != forms::formName<frmPropCmrcTL>()) return;
   const QString codigo = forms::form<frmPropCmrcTL>().txtCodigo->text();
   if (!apara(codigo).isEmpty()) txtPedido->setText(codigo);
   opInterno->setChecked(true);

@@ -12,5 +12,5 @@ void DocumentoWord(const QString& id, const QString& documento, const QString& p
 
 /// Fixed path of the layout trial.
 inline constexpr char16_t kArquivoAmostra[] = u"C:\\ZARIM\\TESTE_ORCA9.DOC";
-/// The layout trial behind cmdWord: company data and sample lines, saved at its fixed path.
+/// The layout trial that cmdWord makes: company data and sample lines, saved at its fixed path.
 void gravaAmostraWord();

@@ -17,7 +17,7 @@ struct Gravacao {
 struct Rascunho {
   QString versao;  ///< of the program
   QString usuario, ambiente;
-  QString banco;   ///< names server and database without telling them
+  QString banco;   ///< server and database, as a digest
   QString quando;  ///< "yyyy-MM-ddTHH:mm:ss"
   QString cliente;
   QString itens;  ///< their number

@@ -1,7 +1,5 @@
 #include "messaging/frmEmailOS.h"
 
-#include <QEvent>
-
 #include "documents/document_names.h"
 #include "documents/document_values.h"
 #include "platform/files/contents.h"
@@ -32,7 +30,7 @@ constexpr const char16_t* kSemSenha =
 
 bool vazio(const QLineEdit* caixa) { return apara(caixa->text()).isEmpty(); }
 
-/// Recipients without what a missing last one leaves behind.
+/// Recipients without the comma that a missing last one leaves.
 QString semVirgulaFinal(const QString& destinatarios) {
   QString lista = apara(destinatarios);
   if (lista.endsWith(u',')) lista.chop(1);
@@ -47,9 +45,9 @@ void anexaLista(mail::AttachmentList& anexos, const QString& lista) {
 
 }  // namespace
 
-frmEmailOS::frmEmailOS() : Form(QString::fromUtf16(Name)) {
+frmEmailOS::frmEmailOS() {
   setupUi(this);
-  ajustaMedidas();
+  fitToText(&frmEmailOS::ajustaMedidas);
   on(txtPara, forms::Event::LostFocus, &frmEmailOS::txtPara_LostFocus);
   on(txtAnexo, forms::Event::LostFocus, &frmEmailOS::txtAnexo_LostFocus);
   on(cmdAnexo, forms::Event::Click, &frmEmailOS::cmdAnexo_Click);
@@ -63,11 +61,6 @@ void frmEmailOS::ajustaMedidas() {
   constexpr int letras = 22;
   for (QLineEdit* caixa : {txtMailFrom, txtUsername, txtServer, txtPassword})
     caixa->setMinimumWidth(letras * fontMetrics().averageCharWidth());
-}
-
-void frmEmailOS::changeEvent(QEvent* event) {
-  Form::changeEvent(event);
-  if (event->type() == QEvent::FontChange && isLoaded()) ajustaMedidas();
 }
 
 void frmEmailOS::Form_Load() {

@@ -9,13 +9,10 @@ class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmEmailOS";
-
   frmEmailOS();
 
  protected:
   void Form_Load() override;
-  void changeEvent(QEvent* event) override;
 
  private:
   void txtPara_LostFocus();

@@ -41,7 +41,7 @@ constexpr int kTopoHomenageados = 1680;
 
 }  // namespace
 
-frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
+frmPropCmrcTL::frmPropCmrcTL() {
   setupUi(this);
   cmdPesquisar_PropCmrc->setIcon(forms::searchIcon(*cmdPesquisar_PropCmrc));
   addOverFrame(frameHomenageados, kEsquerdaHomenageados, kTopoHomenageados, cmdFecharListaHomenageados);
@@ -59,7 +59,7 @@ frmPropCmrcTL::frmPropCmrcTL() : Form(QString::fromUtf16(Name)) {
   Flex->setLeastText(grades::item::Total, u"Total Produto"_s);
   Flex->setLeastText(grades::item::DtAprov, u"00/00/0000 00:00"_s);
   Flex->setSpareColumns({grades::item::Descricao, grades::item::Observacao});
-  ajustaMedidas();
+  fitToText(&frmPropCmrcTL::ajustaMedidas);
   rememberMeasures();
 }
 
@@ -269,11 +269,6 @@ void frmPropCmrcTL::keyPressEvent(QKeyEvent* event) {
   const auto paineis = {frameHomenageados, frameMassa, frameCondPgto, frameAprova};
   const bool aberto = std::ranges::any_of(paineis, [](const QWidget* painel) { return painel->isVisible(); });
   if (event->key() != Qt::Key_Escape || aberto) Form::keyPressEvent(event);
-}
-
-void frmPropCmrcTL::changeEvent(QEvent* event) {
-  Form::changeEvent(event);
-  if (event->type() == QEvent::FontChange && isLoaded()) ajustaMedidas();
 }
 
 /// A double click on the form's ground shows the screen's resolution, for support staff.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "draft/draft_text.h"
 #include "platform/data/asked.h"
 #include "platform/data/recordset.h"
@@ -14,8 +16,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmPropCmrcTL";
-
   frmPropCmrcTL();
 
   /// Materials of all items, tied to them by their row number in Flex; never shown.
@@ -36,7 +36,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void closeRequested() override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void changeEvent(QEvent* event) override;
 
  private:
   // Modes (modes.cpp, situation.cpp)
@@ -112,8 +111,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// The id of the last line.
   [[nodiscard]] QString gravaLinhas(const QString& idOrcamento, Caixa caixa);
   [[nodiscard]] QStringList gravaItens(const QString& idOrcamento, Caixa caixa);
-  struct Chaves;
-  [[nodiscard]] Chaves pedeChaves() const;
+  struct Campo;
+  [[nodiscard]] std::vector<Campo> camposDoCabecalho() const;
   [[nodiscard]] QString MontaInsertOrcamento() const;
   [[nodiscard]] QString MontaUpdateOrcamento() const;
   [[nodiscard]] QString MontaInsertDetalhe(const QString& idOrcamento, int linha) const;

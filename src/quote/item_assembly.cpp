@@ -58,7 +58,7 @@ void frmPropCmrcTL::passaParaMontagem(int linha) {
 void frmPropCmrcTL::passaMaterial(int linhaMonta, const QString& quantidade) {
   using namespace grades;
   auto& tela = forms::form<frmMontarProduto>();
-  // These two have no column for the link: it is left behind.
+  // These two have no column for the link: it is left out.
   const forms::GridRow linha = FlexMonta.rowTexts(linhaMonta);
   tela.Flex->grid().addRow(linha);
   tela.FlexSombra.addRow(linha);

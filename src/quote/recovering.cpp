@@ -38,7 +38,7 @@ QString jaGravado(const Rascunho& rascunho) {
   return rs.eof() ? QString() : id;
 }
 
-/// A quote of the same user and customer that was stored behind the draft: the draft of a save that a failing
+/// A quote of the same user and customer that was stored after the draft: the draft of a save that a failing
 /// disk left without its mark, or the same work done again.
 QString gravadoDepois(const Rascunho& rascunho) {
   const QDateTime quando = QDateTime::fromString(rascunho.quando, Qt::ISODate);
@@ -121,16 +121,18 @@ void frmPropCmrcTL::recupera(const Rascunho& rascunho) {
   contexto().ModoItem = rascunho.modoItem;
   botoesEditando();
   DestravaCampos();
-  for (const char16_t* tela : {Name, frmConfirmaPropCmrcTL::Name}) rascunho::repoe(rascunho.retrato, tela);
+  for (const QString& tela : {forms::formName<frmPropCmrcTL>(), forms::formName<frmConfirmaPropCmrcTL>()})
+    rascunho::repoe(rascunho.retrato, tela);
   // What a field does when it is left is done when it is left again.
   auto* campo = rascunho.foco.isEmpty() ? nullptr : findChild<QWidget*>(rascunho.foco);
   focus(campo != nullptr && campo->isVisible() && campo->isEnabled() ? campo : mskDtPropCmrc);
-  if (rascunho::temTela(rascunho.retrato, frmMontarProduto::Name)) reabreMontagem(rascunho.retrato);
+  if (rascunho::temTela(rascunho.retrato, forms::formName<frmMontarProduto>()))
+    reabreMontagem(rascunho.retrato);
 }
 
 void frmPropCmrcTL::reabreMontagem(const QString& retrato) {
   auto& tela = forms::form<frmMontarProduto>();
-  rascunho::repoe(retrato, frmMontarProduto::Name);
+  rascunho::repoe(retrato, forms::formName<frmMontarProduto>());
   forms::GridModel& linhas = tela.Flex->grid();
   const int atual = linhas.row();
   for (int linha = 1; linha < linhas.rows(); ++linha) tela.marcaLinha(linha);

@@ -44,7 +44,7 @@ QString texto(const char16_t* fixo) { return QString::fromUtf16(fixo); }
 
 }  // namespace
 
-frmBROWSE_CONDPG::frmBROWSE_CONDPG() : Form(QString::fromUtf16(Name)) {
+frmBROWSE_CONDPG::frmBROWSE_CONDPG() {
   setupUi(this);
   Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
   txtMaxReg->setFixedWidth(8 * fontMetrics().averageCharWidth());

@@ -8,8 +8,6 @@ class frmBROWSE_CONDPG : public forms::Form, public Ui::frmBROWSE_CONDPG {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmBROWSE_CONDPG";
-
   frmBROWSE_CONDPG();
 
  protected:

@@ -60,8 +60,7 @@ bool usaMateriaPrima() {
 }  // namespace
 
 frmBROWSE_PRODUTO::frmBROWSE_PRODUTO()
-    : PesquisaComFotos(QString::fromUtf16(Name),
-                       {Codigo, u"pesquisa_produtos.html", u"produto encontrado", u"produtos encontrados"}) {
+    : PesquisaComFotos({Codigo, u"pesquisa_produtos.html", u"produto encontrado", u"produtos encontrados"}) {
   using forms::Event;
   setupUi(this);
   Flex->setLeastText(DtDesativa, u"00/00/0000"_s);

@@ -8,8 +8,6 @@ class frmBROWSE_PRODUTO : public pesquisa::PesquisaComFotos, public Ui::frmBROWS
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmBROWSE_PRODUTO";
-
   enum Coluna { Id, Codigo, Descricao, Estoque, DtDesativa };
 
   frmBROWSE_PRODUTO();

@@ -87,7 +87,7 @@ QString numeroDoFiltro(const QString& texto) {
 
 }  // namespace
 
-frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() : Form(QString::fromUtf16(Name)) {
+frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() {
   using forms::Event;
   setupUi(this);
   on(cmdPesquisa, Event::Click, &frmBROWSE_PropCmrc::cmdPesquisa_Click);

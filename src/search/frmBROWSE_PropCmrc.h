@@ -10,8 +10,6 @@ class frmBROWSE_PropCmrc : public forms::Form, public Ui::frmBROWSE_PropCmrc {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmBROWSE_PropCmrc";
-
   enum Coluna { Id, DtOrcamento, Descricao, Cliente, DtFechamento, Pessoas, DtEvento, DtValidade };
 
   frmBROWSE_PropCmrc();

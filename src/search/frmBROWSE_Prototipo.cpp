@@ -31,8 +31,7 @@ constexpr pesquisa::Entrega kEntregas[] = {
 }  // namespace
 
 frmBROWSE_Prototipo::frmBROWSE_Prototipo()
-    : PesquisaComFotos(QString::fromUtf16(Name),
-                       {Id, u"pesquisa_prototipo.html", u"protótipo encontrado", u"protótipos encontrados"}) {
+    : PesquisaComFotos({Id, u"pesquisa_prototipo.html", u"protótipo encontrado", u"protótipos encontrados"}) {
   setupUi(this);
   Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
   liga({Flex,

@@ -8,7 +8,6 @@ class frmBROWSE_Prototipo : public pesquisa::PesquisaComFotos, public Ui::frmBRO
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmBROWSE_Prototipo";
   /// The remembered search runs at the load, with what the caller has ticked.
   static constexpr bool kLoadsWhenShown = true;
 

@@ -8,7 +8,7 @@
 
 using namespace Qt::StringLiterals;
 
-frmImagem::frmImagem() : Form(QString::fromUtf16(Name)) {
+frmImagem::frmImagem() {
   setupUi(this);
   on(Picture1, forms::Event::Click, &frmImagem::Picture1_Click);
 }

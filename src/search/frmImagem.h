@@ -8,8 +8,6 @@ class frmImagem : public forms::Form, public Ui::frmImagem {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmImagem";
-
   frmImagem();
 
   /// The picture; the screen takes its size, as far as the screen goes.

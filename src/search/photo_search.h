@@ -50,7 +50,7 @@ class PesquisaComFotos : public forms::Form {
   using Opcoes = QList<QRadioButton*>;
   enum Aba { Grade, Imagens };
 
-  PesquisaComFotos(const QString& nome, const Ficha& ficha);
+  explicit PesquisaComFotos(const Ficha& ficha);
   /// After setupUi: connects what both do alike. The first options name the field, the second the class.
   void liga(const Controles& controles, const Opcoes& campos, const Opcoes& tipos = {});
 

@@ -10,7 +10,7 @@
 
 namespace data {
 
-/// What stands behind a Connection: one class for each kind of database.
+/// What a Connection works on: one class for each kind of database.
 class Engine {
  public:
   virtual ~Engine() = default;
@@ -34,7 +34,7 @@ class Engine {
 // | `select @@identity as 'Name'`                         | answered by the engine, where it is the whole statement    |
 // | `delete TABLE where …` without FROM                   | FROM is put in before the statement runs                   |
 // | = and ORDER BY without regard to case                 | collation ZARIM on every text column; letters with accents |
-// | and, for =, to trailing blanks                        | too, they sort behind the same letter without one          |
+// | and, for =, to trailing blanks                        | too, they sort after the same letter without one           |
 // | LIKE without regard to case                           | own function; % and _ only, no [set] of characters         |
 // | '' into a whole-number column is 0                    | trigger of the table                                       |
 // | a text that is no number into a number column fails   | CHECK of the column, which names it; '' into a decimal     |

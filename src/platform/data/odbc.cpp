@@ -76,7 +76,7 @@ class OdbcEngine final : public Engine {
 
   bool isServer_;
   bool inTransaction_ = false;
-  bool limitLeft_ = false;  // a request that failed may have left its limit on the rows behind
+  bool limitLeft_ = false;  // a request that failed may have left its limit on the rows
   QString name_;
   QSqlDatabase database_;
 };

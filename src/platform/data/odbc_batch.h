@@ -14,7 +14,7 @@ namespace data {
 
 /// The text of the request, one statement a line. Statements of which only the first row is wanted stand
 /// between limits; whole results, and statements that go alone, stand outside them. liftsLimit: a limit may
-/// have been left behind by a request that failed, and goes first.
+/// have been left by a request that failed, and goes first.
 [[nodiscard]] QString requestText(std::span<const Statement> statements, bool liftsLimit);
 
 /// Whether a statement gives rows, which sets its result apart from the counts that others leave on the way.

@@ -96,7 +96,7 @@ class Look {
     if (sign.isSign(u')')) --depth_;
     if (!sign.isSign(u'(')) return;
     ++depth_;
-    // Behind a value a "(" would begin another statement: "… = 'x' (SELECT …)".
+    // After a value a "(" would begin another statement: "… = 'x' (SELECT …)".
     opensSubselect_ = previous_.kind == Kind::End || kBeforeSubselect.contain(previous_) ||
                       (previous_.kind == Kind::Sign && !previous_.isSign(u')'));
   }

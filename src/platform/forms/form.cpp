@@ -20,8 +20,7 @@
 
 namespace forms {
 
-Form::Form(const QString& name) : d_(std::make_unique<Private>(*this, name)) {
-  setObjectName(name);
+Form::Form() : d_(std::make_unique<Private>(*this)) {
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { d_->noteFocus(now); });
 }
@@ -34,7 +33,6 @@ Form::~Form() {
 void Form::ensureLoaded() {
   if (loaded_) return;
   loaded_ = true;
-  setObjectName(d_->name);
   d_->prepareControls();
   Form_Load();
 }
@@ -139,7 +137,7 @@ void Form::closeEvent(QCloseEvent* event) {
 }
 
 void Form::Private::close() {
-  handle([this] { form.closeRequested(); }, name + QStringLiteral("_QueryUnload"));
+  handle([this] { form.closeRequested(); }, name() + QStringLiteral("_QueryUnload"));
 }
 
 void Form::hideEvent(QHideEvent* event) {

@@ -11,6 +11,7 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/masked_box.h"
+#include "platform/forms/registry.h"
 #include "platform/forms/wait_pointer.h"
 
 namespace forms {
@@ -18,8 +19,8 @@ namespace forms {
 enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown };
 
 /// Base of all screens. A class `frmX : public forms::Form, public Ui::frmX` has a public constructor without
-/// arguments that calls setupUi and connects its handlers, and a constant `Name` (u"frmX"). There is one
-/// instance of each, reached by form<frmX>().
+/// arguments that calls setupUi and connects its handlers, and Q_OBJECT: the name of the class is the form's
+/// own. There is one instance of each, reached by form<frmX>().
 ///
 /// Events reach the handlers through on(...). Losing and getting the focus are events between controls of one
 /// form (a change of window, a popup or an unload is none); they are queued and run before the release of the
@@ -30,7 +31,7 @@ class Form : public QDialog {
   Q_OBJECT
 
  public:
-  explicit Form(const QString& name);
+  Form();
   ~Form() override;
 
   /// Shows it and returns; the main window.
@@ -99,6 +100,14 @@ class Form : public QDialog {
   /// GotFocus selects all the text.
   void selectOnFocus(std::initializer_list<QWidget*> controls);
 
+  /// What follows the size of the text, in the constructor, after setupUi: runs at once, and again whenever
+  /// the text of the loaded form gets another size.
+  template <class T>
+  void fitToText(void (T::*fit)()) {
+    fitToText([this, fit] { (static_cast<T*>(this)->*fit)(); });
+  }
+
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -107,22 +116,19 @@ class Form : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void fitToText(std::function<void()> fit);
+
   class Private;
   friend class Private;
   std::unique_ptr<Private> d_;
   bool loaded_ = false;
 };
 
-// The global instances, by name.
-namespace registry {
-[[nodiscard]] Form* find(const QString& name);
-/// Takes ownership and makes it findable by name.
-Form& add(std::unique_ptr<Form> form);
-/// Drops all forms: the end of a test.
-void clear();
-/// Forms now shown, the one on top last.
-[[nodiscard]] QList<Form*> shown();
-}  // namespace registry
+/// Name of a form and its class, "frmX".
+template <class T>
+[[nodiscard]] QString formName() {
+  return QString::fromLatin1(T::staticMetaObject.className());
+}
 
 template <class T>
 concept LoadsWhenShown = requires {
@@ -134,21 +140,11 @@ concept LoadsWhenShown = requires {
 /// fills labels that the load handler must see.
 template <class T>
 T& form() {
-  Form* known = registry::find(QString::fromUtf16(T::Name));
+  Form* known = registry::find(formName<T>());
   if (known == nullptr) known = &registry::add(std::make_unique<T>());
   if constexpr (!LoadsWhenShown<T>) known->ensureLoaded();
   return static_cast<T&>(*known);
 }
-
-/// A control of a form that is there now, found by the two names; nullptr if there is none. Finds grids
-/// without a widget too.
-[[nodiscard]] QObject* findControl(const QString& formName, const QString& controlName);
-
-/// Writes a control found so (controlText's kinds); nothing happens when it is not there.
-void writeControl(const QString& formName, const QString& controlName, const QString& text);
-
-/// Seam for tests and roads: called when a modal form has been shown and had its first focus.
-void setModalObserver(std::function<void(Form&)> observer);
 
 /// Style, font and spacing that all screens share; once, before the first form (style.cpp).
 void applyStyle();

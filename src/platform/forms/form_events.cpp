@@ -46,7 +46,7 @@ QString nameOf(Event event) {
 void Form::Private::run(QWidget* control, Event event) {
   const Handlers known = handlers.value(control).value(event);
   if (known.empty()) return;
-  const QString where = name + u'.' + control->objectName() + u'_' + nameOf(event);
+  const QString where = name() + u'.' + control->objectName() + u'_' + nameOf(event);
   handle(
       [&known] {
         for (const auto& handler : known) handler();

@@ -94,7 +94,7 @@ void Form::Private::fitScreen() {
 }
 
 void Form::Private::takeMeasures() {
-  if (const auto kept = remembers && openedSize.isEmpty() ? measures::window(name) : std::nullopt) {
+  if (const auto kept = remembers && openedSize.isEmpty() ? measures::window(name()) : std::nullopt) {
     const QSize before = form.size();
     form.resize(kept->size.expandedTo(form.minimumSizeHint()).boundedTo(room().size()));
     const QSize grown = (form.size() - before) / 2;
@@ -108,12 +108,22 @@ void Form::Private::takeMeasures() {
 void Form::Private::keepMeasures() {
   const bool maximised = form.isMaximized();
   const QSize size = maximised ? form.normalGeometry().size() : form.size();
-  if (remembers && (maximised || size != openedSize)) measures::keep(name, {size, maximised});
+  if (remembers && (maximised || size != openedSize)) measures::keep(name(), {size, maximised});
 }
 
 void Form::rememberMeasures() {
   d_->remembers = true;
-  for (FlexGrid* grid : findChildren<FlexGrid*>()) grid->rememberWidths(d_->name);
+  for (FlexGrid* grid : findChildren<FlexGrid*>()) grid->rememberWidths(d_->name());
+}
+
+void Form::fitToText(std::function<void()> fit) {
+  fit();
+  d_->fit = std::move(fit);
+}
+
+void Form::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::FontChange && loaded_ && d_->fit) d_->fit();
 }
 
 void Form::centre() {

@@ -21,7 +21,7 @@ inline constexpr char kOffChain[] = "offChain";
 /// What a form keeps about its controls: handlers, focus, frames that open over it.
 class Form::Private {
  public:
-  Private(Form& owner, const QString& itsName) : form(owner), name(itsName) {}
+  explicit Private(Form& owner) : form(owner) {}
 
   struct OverFrame {
     QWidget* frame;
@@ -39,15 +39,33 @@ class Form::Private {
   };
   using Handlers = std::vector<std::function<void()>>;
 
+  /// Name of the class.
+  [[nodiscard]] QString name() const { return QString::fromLatin1(form.metaObject()->className()); }
+
+  // form.cpp
+
   /// Sets up what all controls share and watches them; again before each showing, for controls made since.
   void prepareControls();
   /// Shows the form and gives it its first focus.
   void present();
+  /// The window's X or Esc.
+  void close();
+
+  // Events and keys (form_events.cpp, form_keys.cpp); those that return a bool: whether the event goes no
+  // further.
+
   void run(QWidget* control, Event event);
   /// Runs a handler at the edge of the event loop; `where` is its name for support.
   static void handle(const std::function<void()>& handler, const QString& where, QWidget* left = nullptr);
-  /// The window's X or Esc.
-  void close();
+  bool mousePressed(QWidget* watched, QMouseEvent* event);
+  bool keyPressed(QWidget* watched, QKeyEvent* event);
+  bool enterPressed(QWidget* control, QKeyEvent* event);
+  bool characterTyped(QWidget* watched, QKeyEvent* event);
+  bool resultKeyPressed(QWidget* watched, const QKeyEvent* event);
+  bool pasteLines(QLineEdit* box);
+  bool pasteMenu(QLineEdit* box, const QContextMenuEvent* event);
+
+  // form_focus.cpp
 
   /// The control of the form that a widget with the focus belongs to.
   [[nodiscard]] QWidget* controlOf(QWidget* widget) const;
@@ -57,18 +75,13 @@ class Form::Private {
   [[nodiscard]] bool hasJustGotFocus(QWidget* control) const;
   void gotFocus(QWidget* control);
 
-  // Each returns whether the event goes no further.
-  bool mousePressed(QWidget* watched, QMouseEvent* event);
-  bool keyPressed(QWidget* watched, QKeyEvent* event);
-  bool enterPressed(QWidget* control, QKeyEvent* event);
-  bool characterTyped(QWidget* watched, QKeyEvent* event);
-  bool resultKeyPressed(QWidget* watched, const QKeyEvent* event);
-  bool pasteLines(QLineEdit* box);
-  bool pasteMenu(QLineEdit* box, const QContextMenuEvent* event);
+  // form_frames.cpp
 
   [[nodiscard]] OverFrame* overFrame(const QWidget* frame);
   [[nodiscard]] OverFrame* openFrame();
   void placeOverFrame(const OverFrame& over);
+
+  // form_fit.cpp
 
   /// What the display leaves for a window, its frame and the desktop's panels taken off.
   [[nodiscard]] QRect room() const;
@@ -80,7 +93,6 @@ class Form::Private {
   void keepMeasures();
 
   Form& form;
-  QString name;
   QHash<QWidget*, QHash<Event, Handlers>> handlers;
   QHash<QWidget*, std::function<char16_t(char16_t)>> keyFilters;
   QSet<QWidget*> enterMoves;
@@ -88,6 +100,7 @@ class Form::Private {
   std::vector<Search> searches;
   QHash<QLineEdit*, std::function<void(const QStringList&)>> lineTakers;
   std::vector<OverFrame> overFrames;
+  std::function<void()> fit;  ///< to the size of the text
 
   QPointer<QWidget> current;
   std::deque<FocusEvent> waiting;
@@ -104,6 +117,8 @@ class Form::Private {
 };
 
 inline size_t qHash(Event event, size_t seed = 0) { return ::qHash(static_cast<int>(event), seed); }
+
+// registry.cpp
 
 namespace registry {
 /// Takes a form out and gives it back; empty where it isn't there.

@@ -30,7 +30,7 @@ void MaskedBox::keyPressEvent(QKeyEvent* event) {
     return QLineEdit::keyPressEvent(event);
   const auto caret = static_cast<qsizetype>(hasSelectedText() ? 0 : cursorPosition());
   const qsizetype end = mask.indexOf(typed[0], caret);
-  // Behind two digits the caret has moved on already.
+  // After two digits the caret has moved on already.
   if (end < 0 || end - caret >= 2) return;
   QString text = boxText();
   const qsizetype start = end - 2;

@@ -8,7 +8,7 @@
 // How the process ends, and the edge of the event loop.
 namespace forms {
 
-/// Thrown behind a test's own end, so that the handler that ended the process goes no further.
+/// Thrown after a test's own end, so that the handler that ended the process goes no further.
 struct Ended {
   int status;
 };

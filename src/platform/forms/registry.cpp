@@ -1,3 +1,5 @@
+#include "platform/forms/registry.h"
+
 #include <QCoreApplication>
 #include <algorithm>
 #include <utility>
@@ -38,6 +40,7 @@ Form& add(std::unique_ptr<Form> form) {
   // Widgets must be gone before the application is.
   static const bool cleared = (qAddPostRoutine(clear), true);
   Q_UNUSED(cleared)
+  if (form->objectName().isEmpty()) form->setObjectName(QString::fromLatin1(form->metaObject()->className()));
   all().push_back(std::move(form));
   return *all().back();
 }

@@ -11,8 +11,8 @@ namespace forms {
 inline constexpr int kInputRest = 500;
 
 /// Called at rest: when a handler has come to its end, before one that follows on input which was not
-/// observed yet, and kInputRest behind the first key or click since the last call. Never under a box, nor
-/// behind an error. An empty function ends it.
+/// observed yet, and kInputRest after the first key or click since the last call. Never under a box, nor
+/// after an error. An empty function ends it.
 void setRestObserver(std::function<void()> observer);
 
 /// A handler at work, while it lives.

@@ -37,13 +37,13 @@ QString tagAt(const QString& html, qsizetype at) {
 /// Where the text goes on after the tag that begins at a "<"; the end of the document if the tag has none.
 qsizetype behindTag(const QString& html, qsizetype at, const QString& tag) {
   static const QStringList unseen{u"head"_s, u"style"_s, u"script"_s, u"title"_s};
-  const auto behind = [&html](QStringView end, qsizetype from) {
+  const auto after = [&html](QStringView end, qsizetype from) {
     const qsizetype found = html.indexOf(end, from, Qt::CaseInsensitive);
     return found < 0 ? html.size() : found + end.size();
   };
-  if (QStringView(html).sliced(at).startsWith(u"<!--")) return behind(u"-->", at);
-  if (unseen.contains(tag)) at = behind(u"</"_s + tag, at);
-  return behind(u">", at);
+  if (QStringView(html).sliced(at).startsWith(u"<!--")) return after(u"-->", at);
+  if (unseen.contains(tag)) at = after(u"</"_s + tag, at);
+  return after(u">", at);
 }
 
 /// The text between the tags, with what the tags leave in it.

@@ -43,7 +43,7 @@ class WordProcessor {
   void setHeadingRow();
   /// To the next cell; from the last one a row is added.
   void moveRight();
-  /// Behind the last table and an empty paragraph, on a new one.
+  /// After the last table and an empty paragraph, on a new one.
   void moveAfterTable();
 
   /// Nothing is shown while a document is made, whatever is asked for.
