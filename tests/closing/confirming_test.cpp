@@ -34,7 +34,8 @@ TEST_F(Confirming, WritesTermsAndInstalmentsInThreeTransactions) {
     form.mskDataBase->setBoxText(QString());
     script.box(u"Informar data base."_s);
     click(form.cmdConfirmar);
-    EXPECT_TRUE(form.isVisible() && statements().isEmpty());
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(statements(), QStringList());
     form.mskDataBase->setBoxText(u"05/03/2024"_s);
     click(form.cmdConfirmar);
     EXPECT_FALSE(form.isVisible());

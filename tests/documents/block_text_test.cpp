@@ -1,4 +1,4 @@
-// What the blocks of the other models tell, in its order, as the browser engine shows it.
+// What the blocks of the other models say, in order, as the browser engine shows it.
 #include "platform/files/contents.h"
 #include "platform/web/web_pane.h"
 #include "quote_rows.h"
@@ -19,7 +19,7 @@ class BlockText : public Quotes {
     EXPECT_TRUE(pane.waitForLoad());
     return pane.pageText();
   }
-  static void expectShown(const QString& told) { expectInOrder(told, shown()); }
+  static void expectShown(const QString& expected) { expectInOrder(expected, shown()); }
 };
 
 TEST_F(BlockText, ListModelWithNcmAndDiscounts) {

@@ -68,9 +68,9 @@ class Quotes : public ScreenCase {
     return text.replace(u"\r\n"_s, u"\n"_s);
   }
   /// Texts, "a|b", must follow each other.
-  static void expectInOrder(const QString& told, const QString& text = written()) {
+  static void expectInOrder(const QString& expected, const QString& text = written()) {
     qsizetype from = 0;
-    for (const QString& one : told.split(u'|', Qt::SkipEmptyParts)) {
+    for (const QString& one : expected.split(u'|', Qt::SkipEmptyParts)) {
       const qsizetype at = text.indexOf(one, from);
       ASSERT_GE(at, 0) << one.toStdString() << " in " << text.toStdString();
       from = at + one.size();

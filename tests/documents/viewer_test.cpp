@@ -73,7 +73,7 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
   const struct {
     QString type;
     qint32 id;
-    QString first, second, told;
+    QString first, second, shown;
   } cases[] = {
       {u"ORCA_VENDAS"_s, 124, u"orca_cliente_000124"_s, u"orca_empresa_000124"_s, u"Condições Gerais"_s},
       {u"PEDIDO_VENDAS"_s, 300, u"pedido_cliente_000300"_s, u"pedido_empresa_000300"_s,
@@ -93,7 +93,7 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
     show([&](frmPedHTML& viewer) {
       EXPECT_EQ(viewer.arqVia1, path(one.first));
       EXPECT_EQ(viewer.arqVia2, path(one.second));
-      EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(one.told)) << one.type.toStdString();
+      EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(one.shown)) << one.type.toStdString();
     });
   }
 }

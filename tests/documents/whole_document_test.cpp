@@ -39,10 +39,10 @@ TEST_P(WholeDocument, IsAsTold) {
   print(one.id);
   one.routine(one.id, document());
   const QStringList lines = written().split(u'\n');
-  const QStringList told = expected(one.file).split(u'\n');
-  for (qsizetype i = 0; i < std::min(lines.size(), told.size()); ++i)
-    ASSERT_EQ(lines[i], told[i]) << one.file << " line " << i + 1;
-  EXPECT_EQ(lines.size(), told.size());
+  const QStringList wanted = expected(one.file).split(u'\n');
+  for (qsizetype i = 0; i < std::min(lines.size(), wanted.size()); ++i)
+    ASSERT_EQ(lines[i], wanted[i]) << one.file << " line " << i + 1;
+  EXPECT_EQ(lines.size(), wanted.size());
 }
 
 // A quote or an order that isn't there leaves the frames alone.
@@ -66,9 +66,9 @@ TEST_F(WholeDocument, ExternalDocumentsNameTheInternetServer) {
   print(123);
   documento().PublicacaoExterna = true;
   MontaOrcaGradeHTML(123, document());
-  QString told = expected("grade_aberto.html");
-  told.replace(u"c:\\zarim\\imagens\\"_s, u"http://www.exemplo.com.br/imagens/"_s);
-  EXPECT_EQ(written(), told);
+  QString wanted = expected("grade_aberto.html");
+  wanted.replace(u"c:\\zarim\\imagens\\"_s, u"http://www.exemplo.com.br/imagens/"_s);
+  EXPECT_EQ(written(), wanted);
 }
 
 TEST_F(WholeDocument, WithoutACompanyItsBlocksAreLeftOut) {

@@ -44,8 +44,8 @@ class WordDocument : public Quotes {
   const QString pdf_ = contexto().PathDocs + u"orca_cliente_000123.pdf"_s;
 };
 
-/// What the document tells, in any order.
-const QString kTold =
+/// What the document says, in any order.
+const QString kTexts =
     u"Marta L. Tavora Produtos Personalizados|Rua das Acácias, 100 - Jardim Aurora|"
     "Cliente: Clara Festas Ltda|Orçamento: 000123|Data: 05/03/2024|Fone: (19) 3333-1000|"
     "E-mail: contato@clara.example|Atendimento: MARIA|E-mail: maria@aurora.example|Evento: Casamento|"
@@ -59,8 +59,8 @@ TEST_F(WordDocument, PdfTellsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
   files::write(pdf_, "an old one");
   DocumentoWord(u"123"_s, doc_, pdf_);
   const QString text = textOfPdf();
-  for (const QString& told : kTold.split(u'|'))
-    EXPECT_TRUE(text.contains(told)) << told.toStdString() << "\n" << text.toStdString();
+  for (const QString& part : kTexts.split(u'|'))
+    EXPECT_TRUE(text.contains(part)) << part.toStdString() << "\n" << text.toStdString();
   EXPECT_EQ(office::pdfPrinterSetting(u"output"_s), pdf_);
   EXPECT_EQ(office::defaultPrinter(), u"Laser do escritório"_s);
   // A quote without lines has a heading and a total row.
@@ -68,7 +68,7 @@ TEST_F(WordDocument, PdfTellsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
   EXPECT_TRUE(textOfPdf().contains(u"Cod.Prod. Produto Observações Qtde Total Unitário 0,00"_s));
 }
 
-// Whatever the number of lines: no page is empty, nothing is told twice, every page of lines has their
+// Whatever the number of lines: no page is empty, nothing stands twice, every page of lines has their
 // titles.
 TEST_F(WordDocument, PagesOfAnyNumberOfLines) {
   const QString clauses =
@@ -84,7 +84,7 @@ TEST_F(WordDocument, PagesOfAnyNumberOfLines) {
     SCOPED_TRACE(lines);
     DocumentoWord(u"126"_s, doc_, pdf_);
     QStringList pages = layoutOfPdf().split(u'\f');
-    ASSERT_EQ(pages.takeLast(), QString()) << "behind the last page";
+    ASSERT_EQ(pages.takeLast(), QString()) << "after the last page";
     for (const QString& page : pages) {
       EXPECT_FALSE(page.trimmed().isEmpty());
       EXPECT_EQ(page.contains(u"linha 1"_s) || page.contains(u"Total Unitário"_s),
@@ -92,7 +92,7 @@ TEST_F(WordDocument, PagesOfAnyNumberOfLines) {
       EXPECT_EQ(page.contains(u"Observações\n"_s), page.contains(u"1 - Todos os valores"_s));
     }
     const QString text = pages.join(QString());
-    for (const QString& told : clauses.split(u'|')) EXPECT_EQ(text.count(told), 1) << told.toStdString();
+    for (const QString& part : clauses.split(u'|')) EXPECT_EQ(text.count(part), 1) << part.toStdString();
     for (int line = 1; line <= lines; ++line)
       EXPECT_EQ(text.count(u"linha %1."_s.arg(1000 + line)), 1) << line;
     if (HasFailure()) FAIL() << text.toStdString();
@@ -137,8 +137,8 @@ TEST_F(WordDocument, TheLayoutTrialIsSavedAtItsFixedPath) {
   documento().IdDocumento = 123;
   gravaAmostraWord();
   const QByteArray rtf = files::readAll(u"c:\\zarim\\teste_orca9.doc"_s);
-  for (const auto* told : {"000123 - 05/03/2024", "Presentes Aurora Ltda", "PRESENTES PERSONALIZADOS"})
-    EXPECT_TRUE(rtf.contains(told)) << rtf.constData();
+  for (const auto* part : {"000123 - 05/03/2024", "Presentes Aurora Ltda", "PRESENTES PERSONALIZADOS"})
+    EXPECT_TRUE(rtf.contains(part)) << rtf.constData();
   EXPECT_EQ(alignmentOf(rtf, "000123 - 05/03/2024") + alignmentOf(rtf, "Dados do Cliente"), "\\qc\\ql");
 }
 

@@ -21,7 +21,7 @@ class FaultCase : public support::Company {
   frmPropCmrcTL& start();
   /// Starts it again on the database as it is.
   frmPropCmrcTL& again();
-  /// The same, with the database behind a server.
+  /// The same, with the database on a server.
   frmPropCmrcTL& startOn(support::TdsServer& server);
 
   /// A new quote with two assembled items and an honoree, ready to be saved.

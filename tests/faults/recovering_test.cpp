@@ -73,7 +73,7 @@ class Entered : public faults::FaultCase {
         [this](const QString&) { return shared_.cut ? TdsServer::Act::Cut : TdsServer::Act::Answer; });
   }
 
-  /// Undisturbed: what the screens hold behind each step, what is stored then, and how many statements it
+  /// Undisturbed: what the screens hold after each step, what is stored then, and how many statements it
   /// takes.
   void learn() {
     static_cast<void>(begin());

@@ -49,7 +49,7 @@ class Texts : public faults::FaultCase, public ::testing::WithParamInterface<Fie
 /// columns.
 TEST_P(Texts, AreSavedOrRefusedWhole) {
   const QString control = QString::fromLatin1(GetParam().control);
-  const bool homenageado = control == u"txtNomeHomg";
+  const bool honoree = control == u"txtNomeHomg";
   for (const QString& text : texts()) {
     SCOPED_TRACE(text.left(30).toStdString());
     auto& screen = start();
@@ -60,7 +60,7 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
     else
       forms::writeControl(u"frmPropCmrcTL"_s, control, text);
     QString kept = maiusculas(apara(forms::controlText(forms::findControl(u"frmPropCmrcTL"_s, control))));
-    if (homenageado) screen.cmdIncluirHomg->click();
+    if (honoree) screen.cmdIncluirHomg->click();
     screen.cmdSALVAR->click();
     if (ended.has_value()) {
       EXPECT_EQ(ended, 1);
@@ -69,7 +69,7 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
       EXPECT_EQ(rowsOf(databasePath()), before);
       continue;
     }
-    EXPECT_EQ(rowsOf(databasePath()).size(), before.size() + 8 + (homenageado ? 1 : 0));
+    EXPECT_EQ(rowsOf(databasePath()).size(), before.size() + 8 + (honoree ? 1 : 0));
     if (GetParam().column != nullptr) {
       const QString stored =
           ask(u"SELECT %1 FROM prop_cmrc WHERE idprop_cmrc=2"_s.arg(QLatin1StringView(GetParam().column)));
@@ -85,7 +85,7 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
       EXPECT_EQ(items.text(row, grades::item::Unidade), u"UN"_s);
     }
     EXPECT_EQ(items.text(2, grades::item::Observacao), u"OBS"_s);
-    EXPECT_EQ(screen.FlexHomg->grid().rows(), homenageado ? 3 : 2);
+    EXPECT_EQ(screen.FlexHomg->grid().rows(), honoree ? 3 : 2);
     EXPECT_FALSE(ended.has_value()) << boxes.join(u' ').toStdString();
   }
 }

@@ -28,7 +28,8 @@ TEST(TeclasDeAjuda, OpenTheScreensPageAndSayWhatSupportAsks) {
   reiniciaContexto();
   contexto().Ambiente = u"DEV"_s;
   contexto().SenhaBanco = u"segredo"_s;
-  forms::Form form(u"frmEmailOS"_s);
+  forms::Form form;
+  form.setObjectName(u"frmEmailOS"_s);
   auto* box = new QLineEdit(&form);
   TeclasDeAjuda keys;
   qApp->installEventFilter(&keys);

@@ -24,7 +24,7 @@ class Notices : public Mailing {
     EnviaAvisoWorkFlow(caller_, event, kind, u"Orçamento Nr.:000123 Aprovado!"_s, inSubject, attachment);
   }
 
-  forms::Form caller_{u"frmPropCmrcTL"_s};
+  forms::Form caller_;
 };
 
 }  // namespace

@@ -61,7 +61,7 @@ TEST_P(StoredDraft, ThatWasNotRemovedYetIsNotStoredTwice) {
   if (GetParam()) store(1);
   begin();
   GetParam() ? alter() : enter();
-  // As the disk is when the process is killed behind the commit.
+  // As the disk is when the process is killed after the commit.
   QByteArray atCommit;
   contexto().Conexao.setListener([&](const QString& sql) {
     QFile file(folder() + u'/' + kept().value(0));

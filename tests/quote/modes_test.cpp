@@ -39,7 +39,8 @@ TEST_F(Modes, ANewQuoteAndAnAlteredOneUnlockTheFieldsAndTakeCommandsAway) {
   support::click(screen->cmdINCLUIR);
   EXPECT_EQ(enabled(), u"SALVAR SAIR"_s);
   expectLocked(false);
-  EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u"II"_s);
+  EXPECT_EQ(contexto().ModoOrcamento, u"I"_s);
+  EXPECT_EQ(contexto().ModoItem, u"I"_s);
   EXPECT_EQ(screen->txtCodigo->text(), QString());
   EXPECT_EQ(screen->focusWidget(), screen->mskDtPropCmrc);
   EXPECT_EQ(screen->mskDtPropCmrc->boxText(), u"15/03/2024"_s);
@@ -50,7 +51,8 @@ TEST_F(Modes, ANewQuoteAndAnAlteredOneUnlockTheFieldsAndTakeCommandsAway) {
   load(3);
   support::click(screen->cmdALTERAR);
   EXPECT_EQ(enabled(), u"SALVAR SAIR"_s);
-  EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u"AA"_s);
+  EXPECT_EQ(contexto().ModoOrcamento, u"A"_s);
+  EXPECT_EQ(contexto().ModoItem, u"A"_s);
   expectLocked(false);
 }
 

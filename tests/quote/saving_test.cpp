@@ -71,7 +71,8 @@ TEST_F(Saving, ANewQuoteGoesOutInUpperCaseInOneTransaction) {
   EXPECT_EQ(screen->focusWidget(), screen->txtCodigo);
   EXPECT_EQ(documento().IdDocumento, 1);
   EXPECT_EQ(screen->Flex->grid().rows(), 1);
-  EXPECT_EQ(contexto().ModoOrcamento + contexto().ModoItem, u" "_s);
+  EXPECT_EQ(contexto().ModoOrcamento, u" "_s);
+  EXPECT_EQ(contexto().ModoItem, QString());
   support::click(screen->cmdPesquisar_PropCmrc);
   EXPECT_EQ(screen->txtDesc->text(), u"BODAS DE PRATA"_s);
   EXPECT_EQ(column(screen->FlexMonta, grades::material::VinculoComFlex), u"1|1");

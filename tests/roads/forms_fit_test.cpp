@@ -35,7 +35,7 @@ using Screen = std::pair<std::string, forms::Form& (*)()>;
 
 template <class... T>
 std::vector<Screen> screens() {
-  return {{QString::fromUtf16(T::Name).toStdString(), []() -> forms::Form& { return forms::form<T>(); }}...};
+  return {{T::staticMetaObject.className(), []() -> forms::Form& { return forms::form<T>(); }}...};
 }
 
 const std::vector<Screen> kScreens =
@@ -142,7 +142,7 @@ void checkKeys(forms::Form& form, Faults& faults) {
     const bool push = button != nullptr && button->inherits("QPushButton");
     if (push && key.isEmpty() && button->toolTip().isEmpty()) faults.add(*control, u"neither key nor tip"_s);
     if (key.isEmpty() || control->isHidden()) continue;
-    // A told pair: reactivating and leaving.
+    // A known pair: reactivating and leaving.
     if (owners.contains(key) && control->objectName() != u"cmdSAIR"_s)
       faults.add(*control, u"shares %1 with %2"_s.arg(key, owners.value(key)));
     owners.insert(key, control->objectName());

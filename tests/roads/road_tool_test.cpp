@@ -19,7 +19,7 @@ QString tool(const QString& name) { return QStringLiteral(ZARIM_BINARY_DIR "/too
 struct Fault {
   const char* name;
   QString steps;
-  QStringList told;
+  QStringList reported;
 };
 void PrintTo(const Fault& one, std::ostream* out) { *out << one.name; }
 
@@ -50,9 +50,9 @@ TEST_P(FaultyRoads, FailWithFileLineExpectedAndFound) {
   process.start(tool(u"road"_s), {u"--pictures"_s, folder_->path(), file.fileName()});
   process.waitForFinished(180'000);
   EXPECT_EQ(process.exitCode(), 1);
-  const QString told = QString::fromUtf8(process.readAllStandardError());
-  for (const QString& part : GetParam().told)
-    EXPECT_TRUE(told.contains(part)) << part.toStdString() << " in " << told.toStdString();
+  const QString output = QString::fromUtf8(process.readAllStandardError());
+  for (const QString& part : GetParam().reported)
+    EXPECT_TRUE(output.contains(part)) << part.toStdString() << " in " << output.toStdString();
 }
 
 /// A walk that waits for a page that never comes, with a temporary folder of its own; killed in the midst of

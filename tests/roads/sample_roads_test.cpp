@@ -38,9 +38,11 @@ void run(const QString& program, const QStringList& arguments, const QProcessEnv
   process.setProcessChannelMode(QProcess::MergedChannels);
   process.start(program, arguments);
   const bool ended = process.waitForFinished(kPatience);
-  EXPECT_TRUE(ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-      << program.toStdString() << ' ' << arguments.join(u' ').toStdString() << '\n'
-      << process.readAll().toStdString();
+  EXPECT_TRUE(ended);
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 0) << program.toStdString() << ' ' << arguments.join(u' ').toStdString()
+                                   << '\n'
+                                   << process.readAll().toStdString();
 }
 
 /// One of the servers beside the program, on a free port, as long as it lives.

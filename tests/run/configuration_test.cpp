@@ -214,7 +214,8 @@ TEST_F(Configuration, AFourthLineNeverReturns) {
   }
   int status = 0;
   waitpid(child, &status, 0);
-  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM);
+  EXPECT_TRUE(WIFSIGNALED(status));
+  EXPECT_EQ(WTERMSIG(status), SIGALRM);
 }
 
 TEST(Fields, PegaCampo) {

@@ -91,7 +91,8 @@ TEST_F(CatalogueSearch, TheLastOneComesBackAfterAClickOnARow) {
     EXPECT_EQ(row(screen.Flex->grid(), 2), u"203|Caixa branca|CX-100|"_s);
   });
   open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
-    EXPECT_TRUE(screen.Option2->isChecked() && screen.opBrowseMateriaPrima->isChecked());
+    EXPECT_TRUE(screen.Option2->isChecked());
+    EXPECT_TRUE(screen.opBrowseMateriaPrima->isChecked());
     EXPECT_FALSE(screen.chkVisualiza->isChecked());
     EXPECT_EQ(screen.txtCOD->text(), u"VEL"_s);
     EXPECT_EQ(screen.cboCole->text(), u"Verão"_s);

@@ -42,7 +42,9 @@ class SearchTest : public ScreenCase {
   template <class T>
   QString chosenBy(const QString& caller, const QStringList& boxes, int row) {
     contexto().TelaChamadora = caller;
-    auto& form = forms::registry::add(std::make_unique<forms::Form>(caller));
+    auto named = std::make_unique<forms::Form>();
+    named->setObjectName(caller);
+    auto& form = forms::registry::add(std::move(named));
     for (const QString& name : boxes) (new QLineEdit(&form))->setObjectName(name);
     open<T>([&](T& screen) {
       support::click(screen.cmdPesquisa);
@@ -50,7 +52,7 @@ class SearchTest : public ScreenCase {
       ASSERT_EQ(forms::registry::find(screen.objectName()), &screen) << "the title row chooses nothing";
       support::doubleClick(screen.Flex, row);
     });
-    EXPECT_EQ(forms::registry::find(QString::fromUtf16(T::Name)), nullptr);
+    EXPECT_EQ(forms::registry::find(forms::formName<T>()), nullptr);
     QStringList held;
     for (const auto* box : form.findChildren<QLineEdit*>())
       if (!box->text().isEmpty()) held << box->objectName() + u'=' + box->text();

@@ -15,7 +15,7 @@ namespace {
 
 using Kind = SqlToken::Kind;
 
-/// Words in capitals. Nearly all others are told apart by their length and first letter.
+/// Words in capitals. Nearly all others differ in their length and first letter.
 template <std::size_t Size>
 class Words {
  public:

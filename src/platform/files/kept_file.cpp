@@ -62,7 +62,7 @@ KeptFile::Left readLeft(const QString& path) {
 }  // namespace
 
 /// The thread, what it is asked for, and what it holds. The thread keeps it alive: one that the disk holds up
-/// is left behind when the program ends.
+/// is left when the program ends.
 class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
  public:
   Keeper(QString folder, QString ending) : folder_(std::move(folder)), ending_(std::move(ending)) {}
@@ -112,7 +112,7 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   [[nodiscard]] bool write(const QByteArray& content);
   [[nodiscard]] bool remove();
   bool makeOwn();
-  void tell(const QString& why);
+  void report(const QString& why);
   QSet<QString> namesThere() const;
   void sweep(const QString& path) const;
 
@@ -184,7 +184,7 @@ void KeptFile::Keeper::update() {
 
 bool KeptFile::Keeper::write(const QByteArray& content) {
   if (!makeOwn()) {
-    tell(u"a pasta não pode ser usada"_s);
+    report(u"a pasta não pode ser usada"_s);
     return false;
   }
   QSaveFile file(own_);
@@ -195,20 +195,20 @@ bool KeptFile::Keeper::write(const QByteArray& content) {
   good = good && file.write(content) == content.size() && file.write(last) == last.size();
   // A commit alone would put an empty file in place of the old one where the disk is full.
   good = good && file.flush() && file.commit();
-  if (!good) tell(file.errorString());
+  if (!good) report(file.errorString());
   return good;
 }
 
 bool KeptFile::Keeper::remove() {
   if (!own_.isEmpty() && QFileInfo::exists(own_) && !QFile::remove(own_)) {
-    tell(u"não pode ser removido"_s);
+    report(u"não pode ser removido"_s);
     return false;
   }
   giveBack();
   return true;
 }
 
-void KeptFile::Keeper::tell(const QString& why) {
+void KeptFile::Keeper::report(const QString& why) {
   if (told_) return;
   std::fputs((u"Rascunho %1: %2\n"_s.arg(own_.isEmpty() ? folder_ : own_, why)).toUtf8().constData(), stderr);
 }

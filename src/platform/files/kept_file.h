@@ -12,7 +12,7 @@
 namespace files {
 
 /// One file of this program's own that holds what it was last asked to hold. A thread of its own does all
-/// that touches the disk, so that a slow one holds nobody up; a disk that takes nothing is told once on
+/// that touches the disk, so that a slow one holds nobody up; a disk that takes nothing is reported once on
 /// standard error. The file is whole or not at all and its user's alone to read. It lies in a folder with
 /// those of other running programs, locked as long as its program runs, however that ends.
 class KeptFile {

@@ -36,7 +36,7 @@ class AskedTogether : public ::testing::TestWithParam<bool> {
         co_await connection.ask(u"SELECT "_s + column + u" FROM nota WHERE id = "_s + id, data::Rows::First);
     co_return rs.eof() ? QString() : rs.text(column);
   }
-  /// The name of a note and that of the one behind it.
+  /// The name of a note and that of the one after it.
   Asked<QString> pair(data::Recordset row) {
     auto name = value(u"nome"_s, row.text(u"id"));
     auto next = value(u"outra"_s, row.text(u"id"));
@@ -101,9 +101,9 @@ TEST_P(AskedTogether, FullBatchesGoOneByOneAndLongWorkSaysHowFarItIs) {
 TEST_P(AskedTogether, TheFirstBadStatementIsToldAndTheRowsEndWithIt) {
   connection.execute(u"UPDATE nota SET outra = NULL WHERE id > 3"_s);
   static_cast<void>(server.requests());
-  const QString told = [&] {
+  const QString reported = [&] {
     try {
-      auto all = pairs();  // those behind the third ask for a note without a number
+      auto all = pairs();  // those after the third ask for a note without a number
       for (auto& one : all) static_cast<void>(one.get());
     } catch (const values::RuntimeError& error) {
       EXPECT_EQ(error.number(), values::kStatementFailed);
@@ -111,7 +111,7 @@ TEST_P(AskedTogether, TheFirstBadStatementIsToldAndTheRowsEndWithIt) {
     }
     return QString();
   }();
-  EXPECT_FALSE(told.isEmpty());
+  EXPECT_FALSE(reported.isEmpty());
   expectRequests(3);
   EXPECT_EQ(QString(value(u"nome"_s, u"1"_s)), u"a"_s) << "nothing of the others is sent any more";
   EXPECT_EQ(errorOf([&] { static_cast<void>(value(u"nada"_s, u"1"_s).get()); }), values::kStatementFailed);

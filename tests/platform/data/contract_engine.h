@@ -12,7 +12,7 @@ namespace contract {
 
 /// "Embedded", "FreeTds" (the server's protocol, against the test server), "RealServer" where
 /// ZARIM_TEST_SERVER holds the connection string of an empty database, and "SqliteOdbc", the SQLite library
-/// behind the driver manager, which stands for any other driver that a whole connection string names.
+/// under the driver manager, which stands for any other driver that a whole connection string names.
 [[nodiscard]] std::vector<std::string> engines();
 
 /// How an engine is reached and how its tables are made.

@@ -16,8 +16,7 @@ class frmSample : public forms::Form {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmSample";
-  frmSample() : Form(QString::fromUtf16(Name)) {
+  frmSample() {
     static constexpr forms::GridColumn kColumns[] = {
         {u"ID", 0}, {u"Nome", 2000}, {u"Valor", 1000, forms::kRight}};
     Flex->grid().layOut(kColumns);
@@ -66,8 +65,7 @@ class frmOther : public forms::Form {
   Q_OBJECT
 
  public:
-  static constexpr char16_t Name[] = u"frmOther";
-  frmOther() : Form(QString::fromUtf16(Name)) {}
+  frmOther() {}
   using forms::Form::escClicks;
   using forms::Form::on;
   using forms::Form::removeCloseEntry;
