@@ -23,18 +23,27 @@ function(zarim_floor name)
   endforeach()
   file(GLOB sources CONFIGURE_DEPENDS ${patterns})
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  # Made by rules of their own: CMake's would not say which headers come of a .ui file, and what includes them would be
+  # compiled a build too late.
+  set(made ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
+  foreach(form IN LISTS sources)
+    if(form MATCHES "/([^/]*)\\.ui$")
+      add_custom_command(OUTPUT ${made}/ui_${CMAKE_MATCH_1}.h DEPENDS ${form}
+                         COMMAND Qt6::uic -o ${made}/ui_${CMAKE_MATCH_1}.h ${form})
+      list(APPEND sources ${made}/ui_${CMAKE_MATCH_1}.h)
+      set_source_files_properties(${made}/ui_${CMAKE_MATCH_1}.h PROPERTIES SKIP_AUTOMOC ON)
+    endif()
+  endforeach()
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE zarim_options)
   # With Ninja the moc step depends only on the files it read last time, not on the list of sources: without this a new
   # header would never be read (CMake 3.25).
-  list(FILTER sources INCLUDE REGEX "\\.(h|ui)$")
+  list(FILTER sources INCLUDE REGEX "\\.h$")
   if(NOT "${sources}" STREQUAL "${${name}_headers}")
     file(REMOVE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/timestamp)
     set(${name}_headers "${sources}" CACHE INTERNAL "")
   endif()
-  # The headers made from .ui files, for those who use the screens.
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src
-                             ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src ${made})
 endfunction()
 
 # zarim_test(NAME folder LINKS libraries...): one test program of all sources of the folder.
