@@ -40,7 +40,7 @@ Asked<QString> textoPagamento(data::Recordset orcamento, QString id) {
   co_return texto;
 }
 
-// One line in the file, but for the line ends of the payment text.
+// One line in the file, except for the line ends of the payment text.
 QString CondicoesOrcaHTML(const QString& id) {
   if (orcamentoDoDocumento(id).eof()) return {};
   const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,

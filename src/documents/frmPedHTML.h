@@ -26,7 +26,7 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
   void dimensiona();
   /// Places the controls by the program's measures; what the inside is larger than them goes to the panes.
   void dispoe();
-  void mostraArquivo();  ///< of the pane in sight
+  void mostraArquivo();  ///< of the visible pane
   void mostraCaminho(const QString& caminho, const QString& rotulo);
   void mostraZoom();
 

@@ -29,7 +29,7 @@ constexpr double kObservaExpandida = 1315;
 constexpr double kDestaque = 1.55;
 /// Letters of an entry of the approval's list, its separators and the arrow.
 constexpr int kLetrasItem = 20 + 38 + 4 + 3 + 5;
-/// Item lines that are in sight at least; fewer on a low display, so that the totals stay in sight.
+/// Item lines that are visible at least; fewer on a low display, so that the totals stay visible.
 constexpr int kLinhasItens = 6;
 constexpr int kLinhasItensTelaBaixa = 3;
 constexpr int kTelaBaixa = 600;

@@ -82,7 +82,7 @@ void abreConexao() {
 }
 
 [[noreturn]] void recusaServidorMudo() {
-  // The brackets of the environment stay empty: which one was asked for is no business of the user's.
+  // The brackets of the environment stay empty: which one was asked for is not shown to the user.
   forms::msgBox(
       {.text = u"O Servidor de dados não está respondendo.\r\rVerifique se o servidor NT/SQL/LINUX ("_s +
                contexto().NomeServidor +

@@ -12,7 +12,7 @@ struct Lembranca {
   QString BrowseAtivos;  ///< "Sim" or "Não"
   QString BrowseCombo;   ///< collection
   QString BrowseTipo;    ///< name of the option of the class
-  int LinhaBrowse = 1;   ///< first row in sight when a row was chosen
+  int LinhaBrowse = 1;   ///< first visible row when a row was chosen
 };
 
 struct Lembrancas {

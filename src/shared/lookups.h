@@ -8,8 +8,8 @@
 // What the screens need to know about a single row: an id from a name, a name from an id, one column of one
 // row. Each call runs its own statement, in upper case; nothing is kept between calls. The result is the
 // column of the first row, or an empty text when there is no row or the column is null. Names are compared
-// exactly but for case. Ids that a statement does not quote go out as numbers: an empty key as 0, which finds
-// nothing.
+// exactly, except for case. Ids that a statement does not quote go out as numbers: an empty key as 0, which
+// finds nothing.
 //
 // A lookup is asked when it is called. Whoever needs only one takes its text at once
 // (`const QString codigo = CodigoProduto(id);`); a routine that makes many rows awaits it, so that those of

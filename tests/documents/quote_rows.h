@@ -54,7 +54,7 @@ class Quotes : public ScreenCase {
     sql(u"DELETE FROM empr_cnfg WHERE nome_para = '%1'"_s.arg(name));
     sql(u"INSERT INTO empr_cnfg (nome_para, valo_para) VALUES ('%1', '%2')"_s.arg(name, value));
   }
-  /// Writes the document anew.
+  /// Writes the document again.
   static void build(void (*routine)(qint32, const QString&), qint32 id) {
     files::removeIfThere(document());
     routine(id, document());

@@ -17,7 +17,7 @@ class FaultCase : public support::Company {
   FaultCase();
   ~FaultCase() override;
 
-  /// Starts the program anew on the database as it was at first.
+  /// Starts the program again on the database as it was at first.
   frmPropCmrcTL& start();
   /// Starts it again on the database as it is.
   frmPropCmrcTL& again();

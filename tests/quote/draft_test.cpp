@@ -18,7 +18,7 @@ class Draft : public QuoteCase {
     return screen->lblRascunho->isVisible() ? screen->lblRascunho->text() : QString();
   }
 
-  /// The program begins anew; what was left is known when this returns.
+  /// The program begins again; what was left is known when this returns.
   void begin() {
     rascunho::guarda().desliga();
     forms::registry::clear();

@@ -94,7 +94,7 @@ void checkCaption(const QWidget& control, Faults& faults) {
                             .arg(needed.height()));
 }
 
-/// Whether a control is looked at: one in sight that its parent does not manage by itself.
+/// Whether a control is looked at: a visible one that its parent does not manage by itself.
 bool isLookedAt(const QWidget& control) {
   const QWidget& parent = *control.parentWidget();
   const bool managed = isPart(parent) || parent.inherits("QComboBox") || parent.inherits("QLineEdit") ||
@@ -103,7 +103,7 @@ bool isLookedAt(const QWidget& control) {
   return control.isVisible() && !control.isWindow() && !isPart(control) && !managed;
 }
 
-/// Captions, overlaps and edges of all that is in sight.
+/// Captions, overlaps and edges of all that is visible.
 void checkAll(forms::Form& form, Faults& faults) {
   support::settle();
   const QRect screen(QPoint(0, 0), forms::screenSize());
@@ -128,7 +128,7 @@ void checkAll(forms::Form& form, Faults& faults) {
   }
 }
 
-/// Every button can be reached by a key or says what it does, and no two controls in sight share an access
+/// Every button can be reached by a key or says what it does, and no two visible controls share an access
 /// key.
 void checkKeys(forms::Form& form, Faults& faults) {
   QHash<QString, QString> owners;

@@ -15,7 +15,7 @@ struct Place {
   QPoint at;
 };
 /// Where a user clicks on a data row (from 1), scrolled into sight, or on a title (row 0). A hidden column
-/// gives way to the next one in sight.
+/// gives way to the next visible one.
 [[nodiscard]] Place placeOf(forms::FlexGrid& grid, int row, int column);
 
 /// Types a text with real key events into a widget or into what has the focus of a window; "\n" is

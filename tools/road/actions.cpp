@@ -68,7 +68,7 @@ void tab(const Words& words) {
   pressMouse(*tabs.tabBar(), tabs.tabBar()->tabRect(number).center());
 }
 
-/// Clicks on a row, or on the title for row 0; without a column on the first one in sight.
+/// Clicks on a row, or on the title for row 0; without a column on the first visible one.
 void clickRow(forms::FlexGrid& grid, int row, int column, bool twice) {
   if (row < 0 || row >= grid.grid().rows()) {
     throw Failure(u"row %1"_s.arg(row), u"rows 0 to %1"_s.arg(grid.grid().rows() - 1));

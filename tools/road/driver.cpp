@@ -42,7 +42,7 @@ void setClock(const QString& when) {
   values::setClock([date = values::toDate(when)] { return date; });
 }
 
-/// Whether a picture has one colour, but for what edges it has.
+/// Whether a picture has one colour, except for its edges.
 bool isPlain(const QImage& picture) {
   const QImage inner = picture.copy(picture.rect().adjusted(16, 16, -16, -16)).scaled(40, 40);
   for (int y = 0; y < inner.height(); ++y)

@@ -31,7 +31,7 @@ class Driver : public QObject {
   /// Whether a condition came true; false as long as it may still do so.
   bool conditionMet(const Step& step);
   void schedulePoll();
-  /// Whether the browser panes in sight show all they have to: they load and paint by themselves.
+  /// Whether the visible browser panes show all they have to: they load and paint by themselves.
   bool pagesStand();
   void walkWithoutProgram();
   void programEnded(int status);

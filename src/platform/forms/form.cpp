@@ -47,7 +47,7 @@ void Form::showForm() {
 namespace {
 
 /// Keeps a modal window over its caller's, and the others out of reach. The browser engine makes a window
-/// anew when its first pane comes up, and the new one would open under all others and leave its caller's
+/// again when its first pane comes up, and the new one would open under all others and leave its caller's
 /// alive.
 class OverCaller : public QObject {
  public:

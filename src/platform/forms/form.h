@@ -23,9 +23,9 @@ enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown };
 /// own. There is one instance of each, reached by form<frmX>().
 ///
 /// Events reach the handlers through on(...). Losing and getting the focus are events between controls of one
-/// form (a change of window, a popup or an unload is none); they are queued and run before the release of the
-/// click that caused them, and the click is dropped when one of them brought up a box. A click by access key
-/// moves the focus first. Double click on a grid: on(grid, Event::DoubleClick, …), which Enter on a row
+/// form (a change of window, a popup or an unload raises none); they are queued and run before the release of
+/// the click that caused them, and the click is dropped when one of them brought up a box. A click by access
+/// key moves the focus first. Double click on a grid: on(grid, Event::DoubleClick, …), which Enter on a row
 /// raises too.
 class Form : public QDialog {
   Q_OBJECT
@@ -40,7 +40,7 @@ class Form : public QDialog {
   void showModal();
   /// Hides it and keeps it as it is.
   void hideForm();
-  /// Forgets it at once, from its own handler too; it is deleted later, and the next use makes it anew.
+  /// Forgets it at once, from its own handler too; it is deleted later, and the next use makes it again.
   void unload();
   [[nodiscard]] bool isLoaded() const { return loaded_; }
 

@@ -55,7 +55,7 @@ class GridModel : public QAbstractTableModel {
   /// stays.
   void addItem(const QString& tabSeparated);
   void addRow(const GridRow& row);
-  /// Adds many rows at once, which a grid in sight takes as one change.
+  /// Adds many rows at once, which a visible grid takes as one change.
   void addRows(const std::vector<GridRow>& rows);
   /// The texts of a row, to be added to another grid.
   [[nodiscard]] GridRow rowTexts(int row) const;
@@ -72,7 +72,7 @@ class GridModel : public QAbstractTableModel {
   void setCol(int column);
   /// After a search: a single row becomes the current one, of several none is.
   void chooseSingleRow();
-  /// First data row in sight.
+  /// First visible data row.
   [[nodiscard]] int topRow() const { return topRow_; }
   void setTopRow(int row);
 

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-// When the program is at rest: no handler is at work, save those that wait for a modal form in sight.
+// When the program is at rest: no handler is at work, except those that wait for a visible modal form.
 namespace forms {
 
 /// Longest time that a user's input waits for the observer, in milliseconds.

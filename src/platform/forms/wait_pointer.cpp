@@ -42,8 +42,8 @@ class Awakening : public QObject {
 
 QPointer<QLabel> sign;
 
-/// A sign amid the window that says how far the work is. It is painted at once: no event is handled, so that
-/// no key or click reaches a screen in the middle of an action.
+/// A sign in the middle of the window that says how far the work is. It is painted at once: no event is
+/// handled, so that no key or click reaches a screen in the middle of an action.
 void showHowFar(qsizetype done, qsizetype of) {
   QWidget* window = QApplication::activeWindow();
   if (of == 0 || !window || (sign && sign->window() != window)) delete sign;

@@ -2,8 +2,8 @@
 
 namespace forms {
 
-/// The wait pointer while it lives. Work on many rows (data::Walk) shows how far it is after a second, amid
-/// the active window.
+/// The wait pointer while it lives. Work on many rows (data::Walk) shows how far it is after a second, in the
+/// middle of the active window.
 class WaitPointer {
  public:
   WaitPointer();

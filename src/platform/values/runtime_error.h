@@ -31,7 +31,7 @@ enum ErrorNumber : int {
   kConnectionFailed = -2147467259,
 };
 
-/// The one exception of the program. Nothing catches it save the routines that are meant to and the edge of
+/// The one exception of the program. Nothing catches it except the routines that are meant to and the edge of
 /// the event loop (forms::guarded), which shows the runtime's error box and ends the process.
 class RuntimeError : public std::exception {
  public:

@@ -41,7 +41,7 @@ class WebPane : public QWidget {
   void setPictureFolders(const QStringList& folders);
   /// Shows the file of a path as the program knows it (drive letters are resolved); an empty path shows an
   /// empty pane, a file that can't be read a sentence: the one given, or one that names the path. It is
-  /// loaded when the pane is first in sight or asked about.
+  /// loaded when the pane is first visible or asked about.
   void navigate(const QString& path, const QString& ifMissing = {});
   /// Shows HTML that isn't a file's: a part of the one at this path.
   void showPart(const QByteArray& html, const QString& path);

@@ -48,7 +48,7 @@ TEST_F(Life, EscAndXCloseUnlessTheCloseEntryIsGone) {
   open(script, [this](frmOther& other) {
     sample.close();  // as a desktop may ask of a window under another one
     EXPECT_TRUE(sample.isLoaded());
-    // The browser engine makes its window anew.
+    // The browser engine makes its window again.
     other.windowHandle()->setModality(Qt::NonModal);
     QEvent anew(QEvent::WinIdChange);
     QCoreApplication::sendEvent(&other, &anew);
