@@ -200,7 +200,7 @@ bool Form::Private::characterTyped(QWidget* watched, QKeyEvent* event) {
   if (filter == keyFilters.cend() || shortcut || typed.size() != 1 || !typed.at(0).isPrint()) return false;
   char16_t taken = 0;
   guarded([&] { taken = (*filter)(typed.at(0).unicode()); },
-          name + u'.' + watched->objectName() + u"_KeyPress"_s);
+          name() + u'.' + watched->objectName() + u"_KeyPress"_s);
   if (taken == typed.at(0)) return false;
   if (taken != 0) {
     resending = true;

@@ -49,7 +49,7 @@ bool Form::Private::pasteLines(QLineEdit* box) {
   if (lines.size() < 2) return false;
   lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
   const auto handler = *taker;
-  handle([&] { handler(lines); }, name + u'.' + box->objectName() + QStringLiteral("_Paste"));
+  handle([&] { handler(lines); }, name() + u'.' + box->objectName() + QStringLiteral("_Paste"));
   return true;
 }
 
