@@ -15,7 +15,7 @@
 #include "search/frmBROWSE_PRODUTO.h"
 #include "search/frmBROWSE_PropCmrc.h"
 #include "shared/lookups.h"
-#include "support/tds_server.h"
+#include "sqlserver/tds_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -93,7 +93,7 @@ const Action kListActions[] = {
 /// A company with such rows and the picture of the letterhead, on the embedded file or on a server.
 class Company : public Bench {
  public:
-  explicit Company(const QStringList& rows, support::TdsServer* server = nullptr) {
+  explicit Company(const QStringList& rows, sqlserver::TdsServer* server = nullptr) {
     fill(rows);
     QImage letterhead(283, 127, QImage::Format_RGB32);
     letterhead.fill(Qt::white);
@@ -104,18 +104,18 @@ class Company : public Bench {
   ~Company() override { qunsetenv("TDSPORT"); }
 
  private:
-  void moveTo(support::TdsServer& server) {
+  void moveTo(sqlserver::TdsServer& server) {
     contexto().Conexao.close();
     for (const auto& ending : {u""_s, u"-wal"_s, u"-shm"_s}) QFile::remove(server.databasePath() + ending);
     QFile::copy(databasePath(), server.databasePath());
     qputenv("TDSPORT", QByteArray::number(server.port()));
-    configure(u"server.ini"_s, support::TdsServer::configurationLine());
+    configure(u"server.ini"_s, sqlserver::TdsServer::configurationLine());
     server.setDelay(kNetwork);
   }
 };
 
 /// Median time of an action, the first run left out.
-double timeOfAction(const Action& action, support::TdsServer* server, int& requests) {
+double timeOfAction(const Action& action, sqlserver::TdsServer* server, int& requests) {
   constexpr int kRuns = 4;
   std::vector<double> times;
   for (int run = 0; run < kRuns; ++run) {
@@ -135,7 +135,7 @@ void compare(const Action& action, int size) {
     const Company company(action.rows(size));
     here = timeOfAction(action, nullptr, requests);
   }
-  support::TdsServer server;
+  sqlserver::TdsServer server;
   const Company company(action.rows(size), &server);
   const double far = timeOfAction(action, &server, requests);
   char line[200];

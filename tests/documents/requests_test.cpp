@@ -7,7 +7,7 @@
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "quote_rows.h"
-#include "support/tds_server.h"
+#include "sqlserver/tds_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -73,7 +73,7 @@ class Requests : public Quotes {
   }
 
  private:
-  support::TdsServer server_;
+  sqlserver::TdsServer server_;
 };
 
 void word(qint32 id, const QString& path) {

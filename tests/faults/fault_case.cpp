@@ -74,11 +74,11 @@ frmPropCmrcTL& FaultCase::again() {
   return shown();
 }
 
-frmPropCmrcTL& FaultCase::startOn(support::TdsServer& server) {
+frmPropCmrcTL& FaultCase::startOn(sqlserver::TdsServer& server) {
   leave();
   copyOver(first_, server.databasePath());
   qputenv("TDSPORT", QByteArray::number(server.port()));
-  configure(u"server.ini"_s, support::TdsServer::configurationLine());
+  configure(u"server.ini"_s, sqlserver::TdsServer::configurationLine());
   return shown();
 }
 

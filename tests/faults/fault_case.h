@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "quote/frmPropCmrcTL.h"
+#include "sqlserver/tds_server.h"
 #include "support/company.h"
-#include "support/tds_server.h"
 
 namespace faults {
 
@@ -22,7 +22,7 @@ class FaultCase : public support::Company {
   /// Starts it again on the database as it is.
   frmPropCmrcTL& again();
   /// The same, with the database on a server.
-  frmPropCmrcTL& startOn(support::TdsServer& server);
+  frmPropCmrcTL& startOn(sqlserver::TdsServer& server);
 
   /// A new quote with two assembled items and an honoree, ready to be saved.
   static void enterQuote(frmPropCmrcTL& screen);

@@ -27,7 +27,7 @@
 
 using namespace Qt::StringLiterals;
 using faults::Entry;
-using support::TdsServer;
+using sqlserver::TdsServer;
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "support/script.h"
 
 using namespace Qt::StringLiterals;
-using support::TdsServer;
+using sqlserver::TdsServer;
 
 namespace {
 

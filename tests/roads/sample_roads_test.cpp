@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <optional>
 
-#include "support/tds_server.h"
+#include "sqlserver/tds_server.h"
 
 using namespace Qt::StringLiterals;
 
@@ -85,7 +85,7 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
                       u"--web-pictures"_s, pictureServer.address()};
   run(tools + u"zarim_install"_s, company, environment);
   const auto& [road, onServer] = GetParam();
-  std::optional<support::TdsServer> server;
+  std::optional<sqlserver::TdsServer> server;
   if (onServer) {
     server.emplace();
     environment.insert(u"TDSPORT"_s, QString::number(server->port()));

@@ -11,9 +11,9 @@
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "run/context.h"
+#include "sqlserver/tds_server.h"
 #include "support/company.h"
 #include "support/script.h"
-#include "support/tds_server.h"
 #include "text/fields.h"
 
 using namespace Qt::StringLiterals;
@@ -55,7 +55,7 @@ class Configuration : public support::Company {
 };
 
 TEST_F(Configuration, AConnectionThatCantBeClosedIsTold) {
-  support::TdsServer server;
+  sqlserver::TdsServer server;
   contexto().Conexao.open(server.connectionString(), 5);
   contexto().TipoBanco = u"MS-SQL"_s;
   contexto().Conexao.begin();
@@ -72,9 +72,9 @@ TEST_F(Configuration, AConnectionThatCantBeClosedIsTold) {
 }
 
 TEST_F(Configuration, WhyAConnectionFailedIsForSupportAndWithoutThePassword) {
-  support::TdsServer server;
+  sqlserver::TdsServer server;
   qputenv("TDSPORT", QByteArray::number(server.port()));
-  configure(u"server.ini"_s, support::TdsServer::configurationLine().replace(u"Segredo"_s, u"Segredos"_s));
+  configure(u"server.ini"_s, sqlserver::TdsServer::configurationLine().replace(u"Segredo"_s, u"Segredos"_s));
   support::Script script;
   script.box(QString(kNoServer).replace(u"((embutido))"_s, u"(127.0.0.1)"_s)).expectEnd(1);
   ::testing::internal::CaptureStderr();

@@ -1,4 +1,4 @@
-#include "support/tds_server.h"
+#include "sqlserver/tds_server.h"
 
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -12,11 +12,11 @@
 #include "platform/data/engine.h"
 #include "platform/values/runtime_error.h"
 #include "schema/tables.h"
-#include "support/tds_tokens.h"
+#include "sqlserver/tds_tokens.h"
 
 using namespace Qt::StringLiterals;
 
-namespace support {
+namespace sqlserver {
 
 namespace {
 
@@ -353,4 +353,4 @@ TdsServer::Act TdsServer::actOn(const QString& statement) {
   return fault_ ? fault_(statement) : Act::Answer;
 }
 
-}  // namespace support
+}  // namespace sqlserver

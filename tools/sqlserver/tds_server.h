@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-namespace support {
+namespace sqlserver {
 
 /// A small server on loopback that speaks the server's protocol on top of the embedded engine. It takes the
 /// server's dialect of CREATE TABLE for the tables of the schema. As on the server, a failing statement rolls
@@ -64,4 +64,4 @@ class TdsServer {
   std::thread accepting_;
 };
 
-}  // namespace support
+}  // namespace sqlserver

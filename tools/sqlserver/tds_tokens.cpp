@@ -1,4 +1,4 @@
-#include "support/tds_tokens.h"
+#include "sqlserver/tds_tokens.h"
 
 #include <QStringConverter>
 #include <QtEndian>
@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace support::tds {
+namespace sqlserver::tds {
 
 namespace {
 
@@ -260,4 +260,4 @@ QByteArray toCodePage(const QString& text) { return QStringEncoder(kCodePage)(te
 
 QString throughCodePage(const QString& text) { return QStringDecoder(kCodePage)(toCodePage(text)); }
 
-}  // namespace support::tds
+}  // namespace sqlserver::tds

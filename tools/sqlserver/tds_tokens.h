@@ -7,7 +7,7 @@
 #include "platform/data/recordset.h"
 
 // What a server of the Tabular Data Stream protocol, version 7.4, says.
-namespace support::tds {
+namespace sqlserver::tds {
 
 /// Numbers of the packet types in use.
 enum class Packet : quint8 {
@@ -84,4 +84,4 @@ struct TransactionRequest {
 [[nodiscard]] QByteArray toCodePage(const QString& text);
 [[nodiscard]] QString throughCodePage(const QString& text);
 
-}  // namespace support::tds
+}  // namespace sqlserver::tds

@@ -6,9 +6,9 @@
 #include <tuple>
 
 #include "platform/data/connection.h"
+#include "sqlserver/tds_server.h"
 #include "support/errors.h"
 #include "support/printing.h"
-#include "support/tds_server.h"
 
 using namespace Qt::StringLiterals;
 using data::Asked;
@@ -53,7 +53,7 @@ class AskedTogether : public ::testing::TestWithParam<bool> {
   }
   void expectRequests(int on) { EXPECT_EQ(server.requests(), GetParam() ? on : 0); }
 
-  support::TdsServer server;
+  sqlserver::TdsServer server;
   data::Connection connection;
   QStringList sent;
 };

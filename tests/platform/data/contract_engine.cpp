@@ -20,7 +20,7 @@ Engine::Engine(const std::string& name) : name_(name) {
   } else if (name == "SqliteOdbc") {
     connectionString_ = u"Driver=SQLite3;Timeout=2000;Database="_s + path;
   } else if (name == "FreeTds") {
-    server_ = std::make_unique<support::TdsServer>();
+    server_ = std::make_unique<sqlserver::TdsServer>();
     connectionString_ = server_->connectionString();
   } else {
     connectionString_ = qEnvironmentVariable("ZARIM_TEST_SERVER");

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "schema/tables.h"
-#include "support/tds_server.h"
+#include "sqlserver/tds_server.h"
 
 // The engines that the contract suite runs against.
 namespace contract {
@@ -25,7 +25,7 @@ class Engine {
  private:
   std::string name_;
   QTemporaryDir folder_;
-  std::unique_ptr<support::TdsServer> server_;
+  std::unique_ptr<sqlserver::TdsServer> server_;
   QString connectionString_;
 };
 

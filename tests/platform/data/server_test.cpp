@@ -4,13 +4,13 @@
 
 #include "platform/data/connection.h"
 #include "platform/data/odbc_string.h"
+#include "sqlserver/tds_server.h"
 #include "support/errors.h"
 #include "support/printing.h"
-#include "support/tds_server.h"
 
 using namespace Qt::StringLiterals;
+using sqlserver::TdsServer;
 using support::errorOf;
-using support::TdsServer;
 
 namespace {
 
