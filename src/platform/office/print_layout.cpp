@@ -11,7 +11,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <cmath>
-#include <set>
+#include <limits>
 #include <variant>
 #include <vector>
 
@@ -21,9 +21,12 @@ namespace office {
 namespace {
 
 constexpr double kSidePadding = 5.4, kLinePadding = 2.25, kLineWidth = 0.75;  // points; thinner ones vanish
+constexpr double kTolerance = 4;  // points that a page may be higher than was measured
 
 /// A place before which a page can begin: a block, or a row of a table.
 using Place = std::pair<std::size_t, std::size_t>;
+constexpr Place kStart{0, 0};
+constexpr Place kEnd{std::numeric_limits<std::size_t>::max(), 0};
 
 double screenDpi() {
   const QScreen* screen = QGuiApplication::primaryScreen();
@@ -49,14 +52,15 @@ std::size_t printedBlocks(const Document& document) {
   return count;
 }
 
-/// The document as a text document, laid out for one device; tables are cut at the rows where a page begins.
+/// What stands from one place up to another as a text document, laid out for one device.
 class Layout {
  public:
-  Layout(const Document& document, QPagedPaintDevice& device, const std::set<Place>& pageStarts)
+  Layout(const Document& document, QPagedPaintDevice& device, Place from, Place to)
       : document_(document),
         scale_(device.logicalDpiX() / 72.0),
         unit_(screenDpi() / 72.0),
-        pageStarts_(pageStarts) {
+        from_(from),
+        to_(to) {
     text_.setDocumentMargin(0);
     text_.setUndoRedoEnabled(false);
     text_.documentLayout()->setPaintDevice(&device);
@@ -66,16 +70,16 @@ class Layout {
     for (std::size_t i = 0; i < printedBlocks(document); ++i) {
       if (const auto* table = std::get_if<Table>(&document.blocks[i]))
         addTable(i, *table);
-      else
+      else if (holds({i, 0}))
         addParagraph(i, std::get<Paragraph>(document.blocks[i]));
     }
     if (blockIsFree_) makeTiny();
     cursor_.endEditBlock();
+    text_.setTextWidth(document_.textWidth() * scale_);
   }
 
   /// Tops and bottoms on one endless page.
   std::vector<Element> measure() {
-    text_.setTextWidth(document_.textWidth() * scale_);
     std::vector<Element> elements;
     const auto* layout = text_.documentLayout();
     for (const auto& [place, block] : paragraphs_) {
@@ -101,19 +105,25 @@ class Layout {
     return elements;
   }
 
-  void paintPages(QPainter& painter, QPagedPaintDevice& device) {
-    const double width = document_.textWidth() * scale_, height = pageHeight();
-    text_.setPageSize({width, height});
+  /// On one page, unless a row or paragraph alone is higher.
+  void paint(QPainter& painter, QPagedPaintDevice& device) {
+    const double width = document_.textWidth() * scale_;
+    height_ = text_.size().height();
+    if (height_ > pageHeight() + kTolerance * scale_) {
+      height_ = pageHeight();
+      text_.setPageSize({width, height_});
+    }
     const int pages = text_.pageCount();
     for (int page = 0; page < pages; ++page) {
       if (page > 0) device.newPage();
       painter.save();
-      painter.translate(document_.leftMargin * scale_, document_.topMargin * scale_ - page * height);
+      painter.translate(document_.leftMargin * scale_, document_.topMargin * scale_ - page * height_);
       QAbstractTextDocumentLayout::PaintContext context;
       context.palette.setColor(QPalette::Text, Qt::black);
-      // What ends or begins on the edge itself is another page's.
-      context.clip = QRectF(-scale_, page * height + 1, width + 2 * scale_, height - 2);
-      painter.setClipRect(QRectF(-scale_, page * height, width + 2 * scale_, height));
+      if (pages > 1) {  // what ends or begins on the edge itself is another page's
+        context.clip = QRectF(-scale_, page * height_ + 1, width + 2 * scale_, height_ - 2);
+        painter.setClipRect(context.clip);
+      }
       text_.documentLayout()->draw(&painter, context);
       painter.setClipping(false);
       for (const auto& [index, table] : tables_)
@@ -148,8 +158,8 @@ class Layout {
   /// The part of a table's lines that stands on a page. Qt's own are of different widths at the edges.
   void drawGrid(QPainter& painter, const QTextTable& table, int page) const {
     const double left = firstIn(table, 0).left() - kSidePadding * scale_, end = bottomOf(table);
-    const double top = std::max(rowTop(table, 0), page * pageHeight());
-    const double bottom = std::min(end, (page + 1) * pageHeight());
+    const double top = std::max(rowTop(table, 0), page * height_);
+    const double bottom = std::min(end, (page + 1) * height_);
     if (bottom - top < scale_) return;
     painter.setPen(QPen(Qt::black, kLineWidth * scale_, Qt::SolidLine, Qt::SquareCap));
     double x = left;
@@ -180,10 +190,9 @@ class Layout {
     cursor_.setBlockFormat(format);
   }
 
-  void type(const Paragraph& paragraph, bool startsPage) {
+  void type(const Paragraph& paragraph) {
     QTextBlockFormat format;
     format.setAlignment(paragraph.alignment);
-    if (startsPage) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     cursor_.setBlockFormat(format);
     cursor_.setBlockCharFormat(charFormat(paragraph.font));
     for (const auto& part : paragraph.content) {
@@ -206,24 +215,27 @@ class Layout {
 
   void addParagraph(std::size_t index, const Paragraph& paragraph) {
     if (!blockIsFree_) cursor_.insertBlock();
-    type(paragraph, pageStarts_.contains({index, 0}));
+    type(paragraph);
     // The text layout hides an empty block before a table.
     if (paragraph.content.empty()) cursor_.insertText(QString(QChar::Nbsp), charFormat(paragraph.font));
     paragraphs_.push_back({{index, 0}, cursor_.position()});
     blockIsFree_ = false;
   }
 
+  [[nodiscard]] bool holds(Place place) const { return from_ <= place && place < to_; }
+
+  /// Those of its rows that stand here, the titles before them.
   void addTable(std::size_t index, const Table& table) {
-    std::size_t from = 0;
-    while (from < table.rows.size()) {
-      std::size_t to = from + 1;
-      while (to < table.rows.size() && !pageStarts_.contains({index, to})) ++to;
-      addRows(index, table, from, to);
-      from = to;
-    }
+    std::vector<std::size_t> rows;
+    for (std::size_t row = 0; row < table.rows.size(); ++row)
+      if (holds({index, row})) rows.push_back(row);
+    if (rows.empty()) return;
+    for (std::size_t title = std::min(table.headings, rows.front()); title-- > 0;)
+      rows.insert(rows.begin(), title);
+    addRows(index, table, rows);
   }
 
-  void addRows(std::size_t index, const Table& table, std::size_t from, std::size_t to) {
+  void addRows(std::size_t index, const Table& table, const std::vector<std::size_t>& rows) {
     if (blockIsFree_ && cursor_.position() > 0) makeTiny();
     QTextTableFormat format;
     format.setBorder(0);
@@ -232,10 +244,6 @@ class Layout {
     QList<QTextLength> widths;
     for (const double width : table.widths) widths << QTextLength(QTextLength::FixedLength, width * unit_);
     format.setColumnWidthConstraints(widths);
-    std::vector<std::size_t> rows;
-    for (std::size_t row = 0; from > 0 && row < std::min(table.headings, from); ++row) rows.push_back(row);
-    for (std::size_t row = from; row < to; ++row) rows.push_back(row);
-    if (pageStarts_.contains({index, from})) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     QTextTable* made =
         cursor_.insertTable(static_cast<int>(rows.size()), static_cast<int>(table.widths.size()), format);
     QTextTableCellFormat padding;
@@ -250,7 +258,7 @@ class Layout {
         const auto& paragraphs = table.rows[rows[row]][column].paragraphs;
         for (std::size_t i = 0; i < paragraphs.size(); ++i) {
           if (i > 0) cursor_.insertBlock();
-          type(paragraphs[i], false);
+          type(paragraphs[i]);
         }
         cell.setFormat(padding);  // last: the first block of a cell carries the format of both
       }
@@ -263,7 +271,8 @@ class Layout {
   const Document& document_;
   double scale_;  // device dots to a point
   double unit_;   // lengths in formats are dots of the screen to Qt, which scales them to the device
-  const std::set<Place>& pageStarts_;
+  Place from_, to_;
+  double height_ = 0;  // of a page as it is painted
   QTextDocument text_;
   QTextCursor cursor_;
   bool blockIsFree_ = true;
@@ -272,10 +281,10 @@ class Layout {
   std::vector<std::pair<std::size_t, QTextTable*>> tables_;
 };
 
-/// Where pages begin: before each element that would not end on the page it begins on, and before those that
-/// stand with it.
-std::set<Place> pageStarts(const std::vector<Element>& elements, double pageHeight) {
-  std::set<Place> starts;
+/// Where pages begin: at the start, and before each element that would not end on the page it begins on and
+/// those that stand with it.
+std::vector<Place> pageStarts(const std::vector<Element>& elements, double pageHeight) {
+  std::vector<Place> starts{kStart};
   double pageTop = 0;
   std::size_t first = 0;  // of the page
   for (std::size_t i = 0; i < elements.size(); ++i) {
@@ -283,7 +292,7 @@ std::set<Place> pageStarts(const std::vector<Element>& elements, double pageHeig
     std::size_t start = i;
     while (start > first && elements[start - 1].keepWithNext) --start;
     first = i = start > first ? start : i;
-    starts.insert(elements[first].place);
+    starts.push_back(elements[first].place);
     pageTop = elements[first].top - elements[first].heading;
   }
   return starts;
@@ -297,11 +306,15 @@ bool paint(const Document& document, QPagedPaintDevice& device) {
   device.setPageLayout(QPageLayout(size, QPageLayout::Portrait, QMarginsF()));
   QPainter painter;
   if (!painter.begin(&device)) return false;
-  const std::set<Place> none;
-  Layout whole(document, device, none);
-  const double slack = device.logicalDpiX() / 18.0;  // the tiny blocks between the halves of cut tables
-  const std::set<Place> starts = pageStarts(whole.measure(), whole.pageHeight() - slack);
-  Layout(document, device, starts).paintPages(painter, device);
+  Layout whole(document, device, kStart, kEnd);
+  const std::vector<Place> starts = pageStarts(whole.measure(), whole.pageHeight());
+  for (std::size_t page = 0; page < starts.size(); ++page) {
+    if (page > 0) device.newPage();
+    // A text document for each page: the toolkit's own page breaks leave empty pages where a table ends on
+    // one.
+    Layout(document, device, starts[page], page + 1 < starts.size() ? starts[page + 1] : kEnd)
+        .paint(painter, device);
+  }
   return painter.end();
 }
 
