@@ -14,6 +14,7 @@ void setEnvironment() {
   const QByteArray screen =
       qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "screen_1366x768.json" : "screen_1024x768.json";
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/" + screen);
+  qputenv("CUPS_SERVER", "127.0.0.1:9");  // no printer of this machine's
   qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   if (!qEnvironmentVariableIsSet("QTWEBENGINE_CHROMIUM_FLAGS")) {
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --disable-gpu --lang=pt-BR");
