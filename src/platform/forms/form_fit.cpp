@@ -56,7 +56,7 @@ QRect Form::Private::room() const {
 void Form::Private::scrollContent() {
   auto* box = qobject_cast<QBoxLayout*>(form.layout());
   if (box == nullptr || box->direction() != QBoxLayout::TopToBottom) return;
-  auto* content = new QWidget;
+  auto* content = new QWidget(&form);  // within the window from the start, so that the chain of Tab stays
   const QMargins margins = box->contentsMargins();
   const int width = room().width() - margins.left() - margins.right();
   content->setLayout(box);  // takes the controls along
