@@ -137,9 +137,10 @@ QString inputBox(const Input& input) {
   window.setWindowTitle(input.title);
   window.setLabelText(values::withPlainLineEnds(input.prompt));
   window.setTextValue(input.initial);
-  window.setMinimumWidth(titleWidth(window));
   window.setOkButtonText(u"&OK"_s);
   window.setCancelButtonText(u"&Cancelar"_s);
+  if (window.layout() != nullptr) window.layout()->setSizeConstraint(QLayout::SetDefaultConstraint);
+  window.setMinimumWidth(titleWidth(window));
   return window.exec() == QDialog::Accepted ? window.textValue() : QString();
 }
 
