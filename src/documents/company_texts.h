@@ -3,7 +3,7 @@
 #include <array>
 
 // Fixed texts of the house that HTML and word-processor documents share.
-namespace company {
+namespace empresa {
 
 inline constexpr char16_t kNome[] = u"Marta L. Tavora Produtos Personalizados";
 inline constexpr char16_t kMarca[] = u"Marta Tavora Prestige";
@@ -44,4 +44,4 @@ inline constexpr std::array<const char16_t*, 7> kClausulas{
     u"7 - Todas as peças serão etiquetadas com logomarca Marta Tavora Prestige.",
 };
 
-}  // namespace company
+}  // namespace empresa

@@ -24,7 +24,7 @@ QString montaTabela(const QStringList& linhas, const char16_t* alinhamento) {
 
 QString montaClausulas() {
   QString texto;
-  for (const char16_t* clausula : company::kClausulas)
+  for (const char16_t* clausula : empresa::kClausulas)
     texto += montaLinha(QString::fromUtf16(clausula), u"left");
   return texto;
 }
@@ -46,12 +46,12 @@ QString CondicoesOrcaHTML(const QString& id) {
   const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,
                               html::escapado(textoPagamento(documento().rsImpressao, id).get()),
                               u"&nbsp"_s,
-                              u"Validade da proposta:"_s + QString::fromUtf16(company::kValidade),
-                              u"Dados bancários:"_s + QString::fromUtf16(company::kBanco),
-                              u"Razão Social:"_s + QString::fromUtf16(company::kNome),
-                              QString::fromUtf16(company::kDepartamento)};
+                              u"Validade da proposta:"_s + QString::fromUtf16(empresa::kValidade),
+                              u"Dados bancários:"_s + QString::fromUtf16(empresa::kBanco),
+                              u"Razão Social:"_s + QString::fromUtf16(empresa::kNome),
+                              QString::fromUtf16(empresa::kDepartamento)};
   QStringList aprovacao{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s};
-  for (const char16_t* linha : company::kAssinatura) aprovacao << QString::fromUtf16(linha);
+  for (const char16_t* linha : empresa::kAssinatura) aprovacao << QString::fromUtf16(linha);
   return u"<BR><table border='0' width='800' align='center'>"_s +
          montaLinha(u"<b>Observações</b>"_s, u"center") + montaClausulas() +
          u"</table><BR><!-- CondiÃ§Ãµes de pagamento -->"_s +

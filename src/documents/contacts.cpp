@@ -9,7 +9,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace company {
+namespace empresa {
 
 Contatos contatos() {
   const QString arquivo = arquivoConfiguracao(u"casa.ini"_s);
@@ -21,4 +21,4 @@ Contatos contatos() {
   return {campo(1, kSite), campo(2, kEmail)};
 }
 
-}  // namespace company
+}  // namespace empresa

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace company {
+namespace empresa {
 
 /// Site and e-mail of the letterheads.
 struct Contatos {
@@ -13,4 +13,4 @@ struct Contatos {
 /// such file or field.
 [[nodiscard]] Contatos contatos();
 
-}  // namespace company
+}  // namespace empresa

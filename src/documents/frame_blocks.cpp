@@ -49,7 +49,7 @@ QString quebraLinhas(QString texto) {
 
 /// The quote's clauses as the styled documents have them: the second, third and fifth over several lines.
 QStringList clausulasEstilos() {
-  QStringList textos = listaDe(company::kClausulas).first(qsizetype(clausulas::kOrcamento.size()));
+  QStringList textos = listaDe(empresa::kClausulas).first(qsizetype(clausulas::kOrcamento.size()));
   for (const int longa : {1, 2, 4}) textos[longa] = quebraLinhas(textos[longa]);
   return textos;
 }
@@ -97,10 +97,10 @@ QString AbreDocumentoSimplesHTML(const QString&) { return fixo(textos::kHeadSimp
 QString CabecalhoEmpresaHTML() {
   const data::Recordset rs = linhaDaEmpresa();
   if (rs.eof()) return {};
-  const company::Contatos contatos = company::contatos();
+  const empresa::Contatos contatos = empresa::contatos();
   // The fax number is the house's own, whatever the company's row says.
   return fixo(textos::kCabecalhoEmpresa)
-      .arg(atributo(imagemDaCasa(QString::fromUtf16(company::kLogoCliente))), escapado(rs.text(u"nome_empr")),
+      .arg(atributo(imagemDaCasa(QString::fromUtf16(empresa::kLogoCliente))), escapado(rs.text(u"nome_empr")),
            escapado(u"CNPJ:"_s + rs.text(u"cnpj_empr") + u" - I.E.:"_s + rs.text(u"IE00_EMPR")),
            escapado(enderecoDaEmpresa(rs)),
            escapado(u"Tel.: "_s + apara(rs.text(u"tele_0001_empr")) + u" - "_s +
@@ -109,14 +109,14 @@ QString CabecalhoEmpresaHTML() {
 }
 
 QString CabecalhoLogoHTML() {
-  return fixo(textos::kCabecalhoLogo).arg(atributo(imagemDaCasa(QString::fromUtf16(company::kLogoCliente))));
+  return fixo(textos::kCabecalhoLogo).arg(atributo(imagemDaCasa(QString::fromUtf16(empresa::kLogoCliente))));
 }
 
 QString CabecalhoFixoHTML() {
   return fixo(textos::kCabecalhoFixo)
-      .arg(atributo(imagemDaCasa(QString::fromUtf16(company::kLogoFixo))), QString::fromUtf16(company::kNome),
-           QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
-           escapado(company::contatos().site), QString::fromUtf16(company::kFoneFax));
+      .arg(atributo(imagemDaCasa(QString::fromUtf16(empresa::kLogoFixo))), QString::fromUtf16(empresa::kNome),
+           QString::fromUtf16(empresa::kEndereco), QString::fromUtf16(empresa::kCidade),
+           escapado(empresa::contatos().site), QString::fromUtf16(empresa::kFoneFax));
 }
 
 QString NomeRelatorioHTML(const QString& texto, const QString& alinhamento) {

@@ -46,18 +46,18 @@ Asked<QString> linhaDoKit(data::Recordset kit) {
 }
 
 QString composicaoImpressa(const QStringList& linhas) {
-  forms::GridModel& grid = documento().FlexTemp;
-  grid.layOut(composicao::kLayout);
-  for (const QString& linha : linhas) grid.addItem(linha);
-  if (documento().OrdemComposicao == u"DESCRICAO") grid.sortAscending(composicao::Descricao);
+  forms::GridModel& tabela = documento().FlexTemp;
+  tabela.layOut(composicao::kLayout);
+  for (const QString& linha : linhas) tabela.addItem(linha);
+  if (documento().OrdemComposicao == u"DESCRICAO") tabela.sortAscending(composicao::Descricao);
   QString texto = fixo(
       u"<!--Detalhe do Detalhe-->\n"
       u"<table border='1' width=400 bordercolor='#e2cda0' cellspacing=0 cellpadding=2>\n");
   const auto celula = [&](int linha, int coluna, const QString& atributos) {
     texto += u"    <td "_s + atributos + u"><span class='dados1'>"_s +
-             html::escapado(grid.text(linha, coluna)) + u"</span></td>"_s + kFim;
+             html::escapado(tabela.text(linha, coluna)) + u"</span></td>"_s + kFim;
   };
-  for (int linha = 1; linha < grid.rows(); ++linha) {
+  for (int linha = 1; linha < tabela.rows(); ++linha) {
     texto += u"<tr>"_s + kFim;
     celula(linha, composicao::Codigo, u"width=15%"_s);
     celula(linha, composicao::Descricao, u"width=60%"_s);

@@ -46,7 +46,7 @@ QString montaParagrafos(const QStringList& linhas) {
 
 QString montaDespedida(QStringList antes) {
   return u"<br>"_s + kFim +
-         montaParagrafos(antes << u"Atenciosamente,"_s << QString::fromUtf16(company::kMarca)
+         montaParagrafos(antes << u"Atenciosamente,"_s << QString::fromUtf16(empresa::kMarca)
                                << u"Departamento de Compras"_s);
 }
 

@@ -8,19 +8,19 @@
 namespace clausulas {
 
 inline constexpr std::array<const char16_t*, 6> kOrcamento{
-    company::kClausulas[0],
+    empresa::kClausulas[0],
     u"2 - Após a aprovação do pedido, quaisquer modificações solicitadas pelo contratante, terão valores "
     u"acrescidos de acordo com as alterações;",
     u"3 - O transporte das mercadorias para fora dos limites da Grande São Paulo, correrá por conta do "
     u"contratante, que assumirá todas e quaisquer responsabilidades decorrentes do mesmo. Neste caso, as "
     u"eventuais avarias serão de inteira responsabilidade da transportadora contratada;",
-    company::kClausulas[3],
+    empresa::kClausulas[3],
     u"5 - Toda matéria-prima utilizada nos protótipos são apenas amostras, produtos armazenados em nosso "
     u"estoque, e por isso não apresentam 100% de qualidade. Após a aprovação do pedido, as peças serão "
     u"fabricadas com os critérios de qualidade da Casa Lumiar. Os protótipos deverão retornar a Casa "
     u"Lumiar 24 horas após a sua apresentação, e os mesmos só permanecerão em poder do contratante após o "
     u"fechamento do pedido para definição de detalhes;",
-    company::kClausulas[5],
+    empresa::kClausulas[5],
 };
 
 inline constexpr std::array<const char16_t*, 7> kPedido{

@@ -41,15 +41,15 @@ void timbre(WordProcessor& word) {
     word.setColumnWidth(1, 248.9);
   }
   word.setAlignment(Qt::AlignHCenter);
-  word.addPicture(contexto().PathImagens + QString::fromUtf16(company::kLogoFixo));
+  word.addPicture(contexto().PathImagens + QString::fromUtf16(empresa::kLogoFixo));
   word.moveRight();
   word.setAlignment(Qt::AlignLeft);
   word.setFont(u"Arial"_s, kLetraNome, true);
-  word.typeText(QString::fromUtf16(company::kNome));
+  word.typeText(QString::fromUtf16(empresa::kNome));
   word.setFont(u"Arial"_s, 9);
   for (const QString& linha :
-       {QString::fromUtf16(company::kEndereco), QString::fromUtf16(company::kCidade),
-        u"Site: "_s + company::contatos().site, QString::fromUtf16(company::kFoneFax)}) {
+       {QString::fromUtf16(empresa::kEndereco), QString::fromUtf16(empresa::kCidade),
+        u"Site: "_s + empresa::contatos().site, QString::fromUtf16(empresa::kFoneFax)}) {
     word.typeParagraph();
     word.typeText(linha);
   }
@@ -116,7 +116,7 @@ void clausulas(WordProcessor& word) {
   word.setAlignment(Qt::AlignHCenter);
   word.typeText(u"Observações"_s);
   word.keepWithNext();
-  for (const char16_t* clausula : company::kClausulas) {
+  for (const char16_t* clausula : empresa::kClausulas) {
     word.setFont(u"Arial"_s, kLetraClausula);
     word.typeParagraph();
     word.setAlignment(Qt::AlignLeft);
@@ -140,15 +140,15 @@ void tabelaDaAprovacao(WordProcessor& word, const QString& pagamento) {
   rotulado(word, u"Forma de Pagamento"_s, {});
   word.typeText(pagamento);
   word.typeParagraph();
-  rotulado(word, u"Validade da proposta: "_s, QString::fromUtf16(company::kValidade));
-  rotulado(word, u"Dados bancários: "_s, QString::fromUtf16(company::kBanco));
-  rotulado(word, u"Razão Social: "_s, QString::fromUtf16(company::kNome));
-  word.typeText(QString::fromUtf16(company::kDepartamento));
+  rotulado(word, u"Validade da proposta: "_s, QString::fromUtf16(empresa::kValidade));
+  rotulado(word, u"Dados bancários: "_s, QString::fromUtf16(empresa::kBanco));
+  rotulado(word, u"Razão Social: "_s, QString::fromUtf16(empresa::kNome));
+  word.typeText(QString::fromUtf16(empresa::kDepartamento));
   word.moveRight();
   word.setAlignment(Qt::AlignHCenter);
   word.setFont(u"Arial"_s, kLetraCelula);
   word.typeText(u"Aprovação\nData ____ /____ /________"_s);
-  for (const char16_t* linha : company::kAssinatura) {
+  for (const char16_t* linha : empresa::kAssinatura) {
     word.typeParagraph();
     word.typeText(QString::fromUtf16(linha));
   }

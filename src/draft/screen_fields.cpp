@@ -118,8 +118,8 @@ constexpr QChar kTab = u'\t';
 constexpr QChar kFim = u'\n';
 
 bool conta(const Tela& tela) {
-  const forms::Form* form = forms::registry::find(QString::fromUtf16(tela.nome));
-  return form != nullptr && (!tela.soAberta || form->isVisible());
+  const forms::Form* formulario = forms::registry::find(QString::fromUtf16(tela.nome));
+  return formulario != nullptr && (!tela.soAberta || formulario->isVisible());
 }
 
 QObject* controle(QStringView tela, QStringView nome) {
@@ -233,10 +233,10 @@ QString retrato() {
 }
 
 QString campoAtual() {
-  const forms::Form* form = forms::registry::find(QString::fromUtf16(kTelas[0].nome));
+  const forms::Form* formulario = forms::registry::find(QString::fromUtf16(kTelas[0].nome));
   const QWidget* parte = forms::controlBeingLeft();
-  if (form == nullptr || parte == nullptr || !form->isAncestorOf(parte))
-    parte = form == nullptr ? nullptr : form->focusWidget();
+  if (formulario == nullptr || parte == nullptr || !formulario->isAncestorOf(parte))
+    parte = formulario == nullptr ? nullptr : formulario->focusWidget();
   for (; parte != nullptr; parte = parte->parentWidget())
     for (const Campo& campo : kOrcamento)
       if (parte->objectName() == QStringView(campo.nome)) return parte->objectName();

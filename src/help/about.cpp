@@ -23,12 +23,12 @@ QString nomeDoBanco() {
 
 QString textoSobre() {
   const Contexto& c = contexto();
-  const QString build = QCoreApplication::applicationVersion();
+  const QString compilacao = QCoreApplication::applicationVersion();
   const QStringList linhas{
       QString::fromUtf16(kTitulo),
       {},
       u"Versão: " ZARIM_VERSION ""_s,
-      u"Compilação: "_s + (build.isEmpty() ? u"de desenvolvimento"_s : build),
+      u"Compilação: "_s + (compilacao.isEmpty() ? u"de desenvolvimento"_s : compilacao),
       u"Banco de dados: "_s + nomeDoBanco(),
       u"Ambiente: "_s + c.Ambiente,
       u"Usuário: %1 - %2"_s.arg(c.IdUsuarioAtual).arg(c.NomeUsuarioAtual),

@@ -9,19 +9,20 @@
 
 bool TeclasDeAjuda::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
-  const auto* key = static_cast<QKeyEvent*>(event);
-  const auto held = key->modifiers() & ~Qt::KeypadModifier;
-  if (key->key() != Qt::Key_F1 || (held != Qt::NoModifier && held != Qt::ShiftModifier)) return false;
-  if (key->isAutoRepeat()) return true;
-  const auto* form = qobject_cast<const forms::Form*>(static_cast<QWidget*>(watched)->window());
-  if (form == nullptr) return false;
+  const auto* tecla = static_cast<QKeyEvent*>(event);
+  const auto modificadores = tecla->modifiers() & ~Qt::KeypadModifier;
+  if (tecla->key() != Qt::Key_F1 || (modificadores != Qt::NoModifier && modificadores != Qt::ShiftModifier))
+    return false;
+  if (tecla->isAutoRepeat()) return true;
+  const auto* tela = qobject_cast<const forms::Form*>(static_cast<QWidget*>(watched)->window());
+  if (tela == nullptr) return false;
   forms::guarded(
       [&] {
-        if (held == Qt::ShiftModifier)
+        if (modificadores == Qt::ShiftModifier)
           mostraSobre();
         else
-          abreManual(form->objectName());
+          abreManual(tela->objectName());
       },
-      form->objectName() + QStringLiteral(".F1"));
+      tela->objectName() + QStringLiteral(".F1"));
   return true;
 }

@@ -53,18 +53,18 @@ void frmPropCmrcTL::tiraLinha(int linha, int coluna) {
 void frmPropCmrcTL::CalculaTotais() {
   using namespace grades;
   // The labels are the only store of the sums: each is read back for the next addition.
-  const auto soma = [](QLabel* label, double valor) {
-    label->setText(values::toText(leNumero(label->text()) + valor));
+  const auto soma = [](QLabel* rotulo, double valor) {
+    rotulo->setText(values::toText(leNumero(rotulo->text()) + valor));
   };
   const std::initializer_list<QLabel*> somas3 = {lblTotaGeral, lblTotaAprov, lblTotaNaoAprov};
-  for (QLabel* label : somas3) label->setText(u"0"_s);
+  for (QLabel* rotulo : somas3) rotulo->setText(u"0"_s);
   const forms::GridModel& itens = Flex->grid();
   for (int linha = 1; linha < itens.rows(); ++linha) {
     const double total = leNumero(itens.text(linha, item::Total));
     soma(lblTotaGeral, total);
     soma(apara(itens.text(linha, item::DtAprov)).isEmpty() ? lblTotaNaoAprov : lblTotaAprov, total);
   }
-  for (QLabel* label : somas3) label->setText(emMoeda(label->text()));
+  for (QLabel* rotulo : somas3) rotulo->setText(emMoeda(rotulo->text()));
   if (lblDesconto->text().isEmpty()) lblDesconto->setText(u"0"_s);
   lblTotalLiquido->setText(
       emMoeda(values::toNumber(lblTotaAprov->text()) - values::toNumber(lblDesconto->text())));

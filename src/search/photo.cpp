@@ -40,12 +40,11 @@ QPixmap carregaFigura(const QString& caminho) {
 }
 
 QString arquivoDaFoto(const QString& codigo, const QString& vista) {
-  const Contexto& run = contexto();
+  const Contexto& c = contexto();
   const QString nome = apara(codigo) + vista;
-  for (const QString& caminho :
-       {run.PathImagens + nome + run.ExtImagens, run.PathImagens2 + nome + run.ExtImagens2})
+  for (const QString& caminho : {c.PathImagens + nome + c.ExtImagens, c.PathImagens2 + nome + c.ExtImagens2})
     if (files::exists(caminho)) return caminho;
-  return run.ArqSemImagem;
+  return c.ArqSemImagem;
 }
 
 }  // namespace pesquisa

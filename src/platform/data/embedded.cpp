@@ -52,7 +52,7 @@ struct Compiled {
   Prepared statement;
   std::shared_ptr<const Columns> columns;
   std::vector<Reading> readings;
-  int compiledAnew = 0;  // how often the library compiled it again since a table changed
+  int compiledAgain = 0;  // how often the library compiled it again since a table changed
 
   [[nodiscard]] sqlite3_stmt* get() const { return statement.get(); }
   void describe();
@@ -193,9 +193,9 @@ Recordset EmbeddedEngine::readRows(Compiled& compiled, Rows rows) {
   sqlite3_stmt_readonly(statement) != 0 ? lockForWalk() : freeLock();
   const Reset reset(statement);
   int outcome = sqlite3_step(statement);
-  if (const int anew = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
-      anew != compiled.compiledAnew) {
-    compiled.compiledAnew = anew;
+  if (const int again = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
+      again != compiled.compiledAgain) {
+    compiled.compiledAgain = again;
     compiled.describe();
   }
   const auto width = static_cast<int>(compiled.readings.size());
