@@ -45,7 +45,7 @@ TEST_F(PurchaseLetter, PurchaseOrder) {
       "Atenciosamente,"_s);
 }
 
-TEST_F(PurchaseLetter, NoRowWritesNothingAndAFailureIsTold) {
+TEST_F(PurchaseLetter, NoRowWritesNothingAndAFailureIsShown) {
   CotacaoCompraHTML(99, document());
   OrdemCompraHTML(99, document());
   EXPECT_FALSE(files::exists(document()));

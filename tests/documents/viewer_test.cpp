@@ -38,7 +38,7 @@ class Viewer : public Quotes {
   }
 };
 
-TEST_F(Viewer, WritesBothCopiesAnewAndItsToolsActOnTheOneInSight) {
+TEST_F(Viewer, WritesBothCopiesAgainAndItsToolsActOnTheVisibleOne) {
   const QString first = contexto().PathDocs + u"orca_cliente_000123.html"_s;
   files::write(first, "an older one");
   print(123);

@@ -31,7 +31,7 @@ class WholeDocument : public Quotes, public ::testing::WithParamInterface<Case> 
   }
 };
 
-TEST_P(WholeDocument, IsAsTold) {
+TEST_P(WholeDocument, IsAsExpected) {
   const Case& one = GetParam();
   parameter(u"MODELO_PROP_CMRC"_s, QString::fromUtf16(one.model));
   parameter(u"MODELO_PEDI_VEDS"_s, QString::fromUtf16(one.look));

@@ -55,7 +55,7 @@ const QString kTexts =
     "Forma de Pagamento|5% de desconto para pagamento à vista ou|50% de sinal e 50% na entrega|"
     "Validade da proposta: 10 dias|Banco Alfa - Ag 0001 - C/C 00000-00|carimbo da empresa"_s;
 
-TEST_F(WordDocument, PdfTellsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
+TEST_F(WordDocument, PdfHoldsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
   office::setDefaultPrinter(u"Laser do escritório"_s);
   files::write(pdf_, "an old one");
   DocumentoWord(u"123"_s, doc_, pdf_);

@@ -151,7 +151,7 @@ class Entered : public faults::FaultCase {
     _exit(3);
   }
 
-  /// What must hold when a process ended behind so many begun steps, of which so many may not be lost.
+  /// What must hold when a process ended after so many begun steps, of which so many may not be lost.
   void expectRecovered(int begun, int sure) {
     ASSERT_EQ(statusOf(inChild([this] { recoverAndSave(); })), 0);
     const int from = shared_.from;
@@ -160,7 +160,7 @@ class Entered : public faults::FaultCase {
     if (from == kStored) {
       EXPECT_EQ(begun, states_.size() - 1);
     } else {
-      // Before anything is typed there is no draft. The same state stands behind steps that only look.
+      // Before anything is typed there is no draft. The same state stands after steps that only look.
       EXPECT_GE(states_.lastIndexOf(states_.at(from == kNothing ? 2 : from)), sure);
     }
     EXPECT_EQ(rowsOf(database()), stored_);
@@ -196,12 +196,12 @@ TEST_F(Entered, IsThereUpToTheLastSecondAfterAKillAtAnyInstant) {
   const int kills = qEnvironmentVariable("ZARIM_KILLS", QString::number(kFew)).toInt();
   const int pause = kills > kFew ? 12 : 3;
   learn();
-  const auto enterAnew = [&] {
+  const auto enterAgain = [&] {
     static_cast<void>(begin());
     enter(pause, folder());
   };
   const qint64 start = now();
-  ASSERT_EQ(statusOf(inChild(enterAnew)), 0);
+  ASSERT_EQ(statusOf(inChild(enterAgain)), 0);
   const qint64 whole = now() - start;
   const auto last = static_cast<int>(states_.size()) - 1;
   const qint64 saving = shared_.doneAt.at(static_cast<std::size_t>(last)) - shared_.begunAt;
@@ -214,7 +214,7 @@ TEST_F(Entered, IsThereUpToTheLastSecondAfterAKillAtAnyInstant) {
   qint64 worst = 0;
   for (int kill = 0; kill < kills && !HasFailure(); ++kill) {
     shared_.begun = -1;
-    const pid_t child = inChild(enterAnew);
+    const pid_t child = inChild(enterAgain);
     const auto awaitStep = [this, begun = now()](int step) {
       while (shared_.begun < step && now() - begun < 60'000)
         std::this_thread::sleep_for(std::chrono::microseconds(200));

@@ -94,7 +94,7 @@ TEST_P(StoredDraft, ThatWasNotRemovedYetIsNotStoredTwice) {
 INSTANTIATE_TEST_SUITE_P(Modes, StoredDraft, ::testing::Bool(),
                          [](const auto& one) { return one.param ? "Altered" : "New"; });
 
-TEST_F(Draft, ThatCantBeRecoveredIsToldAndKeptAndAnothersIsNotTold) {
+TEST_F(Draft, ThatCantBeRecoveredIsShownAndKeptAndAnothersIsNot) {
   begin();
   enter();
   rascunho::guarda().desliga();

@@ -68,7 +68,7 @@ TEST_F(Modes, FieldsTrimAndLimitWhatIsTypedAndTheRemarkUnfolds) {
   EXPECT_EQ(screen->txtObserva->height(), forms::pixels(1315));
 }
 
-TEST_F(Modes, OnAMachineOfTheMakersTheFirstUserStartsAndTheGroundTellsTheResolution) {
+TEST_F(Modes, OnAMachineOfTheMakersTheFirstUserStartsAndTheGroundShowsTheResolution) {
   const QString line = u"(embutido)^"_s + databasePath() + u"^sa^x^MS-SQL^^False^\r\n"_s;
   configure(u"server.ini"_s, line + line + line);
   configure(u"TREVANO.txt"_s, {});

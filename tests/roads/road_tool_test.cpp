@@ -34,20 +34,27 @@ class FaultyRoads : public ::testing::TestWithParam<Fault> {
   static void TearDownTestSuite() { folder_.reset(); }
   static QString drive() { return folder_->filePath(u"drive"_s); }
 
+  /// Starts a walk of the steps with one variable more in its environment.
+  static void start(QProcess& process, const QString& pictures, const QString& variable,
+                    const QString& value) {
+    QFile file(folder_->filePath(u"a.road"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(GetParam().steps.toUtf8());
+    file.close();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(u"XDG_RUNTIME_DIR"_s);  // temporary files would stand there
+    environment.insert(u"ZARIM_DRIVE_C"_s, drive());
+    environment.insert(variable, value);
+    process.setProcessEnvironment(environment);
+    process.start(tool(u"road"_s), {u"--pictures"_s, folder_->filePath(pictures), file.fileName()});
+  }
+
   static inline std::unique_ptr<QTemporaryDir> folder_;
 };
 
 TEST_P(FaultyRoads, FailWithFileLineExpectedAndFound) {
-  QFile file(folder_->filePath(u"a.road"_s));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(GetParam().steps.toUtf8());
-  file.close();
   QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(u"ZARIM_DRIVE_C"_s, drive());
-  environment.insert(u"ZARIM_MAIL_FOLDER"_s, folder_->filePath(u"mail"_s));
-  process.setProcessEnvironment(environment);
-  process.start(tool(u"road"_s), {u"--pictures"_s, folder_->path(), file.fileName()});
+  start(process, u"pictures"_s, u"ZARIM_MAIL_FOLDER"_s, folder_->filePath(u"mail"_s));
   process.waitForFinished(180'000);
   EXPECT_EQ(process.exitCode(), 1);
   const QString output = QString::fromUtf8(process.readAllStandardError());
@@ -62,17 +69,8 @@ class KilledRoad : public FaultyRoads {};
 TEST_P(KilledRoad, LeavesNothingInTheTemporaryFolder) {
   const QString temporary = folder_->filePath(u"tmp"_s);
   ASSERT_TRUE(QDir().mkpath(temporary));
-  QFile file(folder_->filePath(u"b.road"_s));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(GetParam().steps.toUtf8());
-  file.close();
   QProcess process;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(u"ZARIM_DRIVE_C"_s, drive());
-  environment.insert(u"TMPDIR"_s, temporary);
-  environment.remove(u"XDG_RUNTIME_DIR"_s);  // which would then stand there
-  process.setProcessEnvironment(environment);
-  process.start(tool(u"road"_s), {u"--pictures"_s, folder_->filePath(u"p"_s), file.fileName()});
+  start(process, u"p"_s, u"TMPDIR"_s, temporary);
   const QString picture = folder_->filePath(u"p/begun.png"_s);
   ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(picture); }, 60'000));
   if (GetParam().name == "Asked"s)

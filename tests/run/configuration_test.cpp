@@ -54,7 +54,7 @@ class Configuration : public support::Company {
   }
 };
 
-TEST_F(Configuration, AConnectionThatCantBeClosedIsTold) {
+TEST_F(Configuration, AConnectionThatCantBeClosedIsReported) {
   sqlserver::TdsServer server;
   contexto().Conexao.open(server.connectionString(), 5);
   contexto().TipoBanco = u"MS-SQL"_s;

@@ -98,7 +98,7 @@ TEST_P(AskedTogether, FullBatchesGoOneByOneAndLongWorkSaysHowFarItIs) {
   data::Walk::setWatcher(nullptr);
 }
 
-TEST_P(AskedTogether, TheFirstBadStatementIsToldAndTheRowsEndWithIt) {
+TEST_P(AskedTogether, TheFirstBadStatementIsReportedAndTheRowsEndWithIt) {
   connection.execute(u"UPDATE nota SET outra = NULL WHERE id > 3"_s);
   static_cast<void>(server.requests());
   const QString reported = [&] {

@@ -125,7 +125,7 @@ const std::vector<Case>& refusals() {
        {},
        kInsert.arg(u"NOME_CLIE"_s, u"'x') SELECT * FROM PROP_CMRC WHERE ('1'='1'"_s),
        {}},
-      {"CommentBehindASecondStatement",
+      {"CommentAfterASecondStatement",
        {},
        kInsert.arg(u"NOME_CLIE"_s, u"'x'); DELETE FROM PROP_CMRC; --'"_s),
        {}},
@@ -281,7 +281,7 @@ TEST_P(Contract, GivesAResultForEachStatementOfABatch) {
   EXPECT_EQ(rows(u"SELECT COUNT(*) FROM PROP_CMRC WHERE NOME_CLIE = 'a--/*\n2499'"_s), QStringList{u"1"_s});
 }
 
-TEST_P(Contract, EndsABatchAtItsFirstErrorAndLeavesNoLimitBehind) {
+TEST_P(Contract, EndsABatchAtItsFirstErrorAndLeavesNoLimit) {
   for (int i = 0; i < 6; ++i) insert(u"IDCLIE"_s, u"1"_s);
   const auto failing = [&](const QString& bad) {
     try {
@@ -305,7 +305,7 @@ TEST_P(Contract, EndsABatchAtItsFirstErrorAndLeavesNoLimitBehind) {
   EXPECT_EQ(errorOf([&] { connection.batch({{u"SELECT 1"_s}}); }), values::kStatementFailed);
 }
 
-TEST_P(Contract, TellsAClosedConnectionFromAnEmptyResult) {
+TEST_P(Contract, DistinguishesAClosedConnectionFromAnEmptyResult) {
   EXPECT_TRUE(connection.query(u"SELECT * FROM PROP_CMRC"_s).eof());
   connection.close();
   EXPECT_FALSE(connection.isOpen());

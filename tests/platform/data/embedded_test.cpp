@@ -77,7 +77,7 @@ TEST_F(EmbeddedFile, IsReadInOneStateByAWalkThatCanWriteAllTheSame) {
   EXPECT_EQ(ask(connection, count), u"3"_s);
 }
 
-TEST_F(EmbeddedFile, TellsWhatIsWrongWithAFile) {
+TEST_F(EmbeddedFile, SaysWhatIsWrongWithAFile) {
   open().execute(u"INSERT INTO t (nome) VALUES ('%1')"_s.arg(QString(100'000, u'x')));
   QFile file(path);
   ASSERT_TRUE(file.resize(file.size() / 2));

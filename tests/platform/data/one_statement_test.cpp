@@ -60,7 +60,7 @@ TEST(OneStatement, IsNotWhatAServerWouldReadAsMore) {
     EXPECT_EQ(data::statementsIn(sql), Statements::More) << sql.toUtf8().toStdString();
 }
 
-TEST(OneStatement, TellsQuotesThatDoNotPair) {
+TEST(OneStatement, FindsQuotesThatDoNotPair) {
   for (const QStringView sql :
        {u"SELECT 'D'Ávila'", u"SELECT [a]]", u"SELECT \"a", u"SELECT N'x''; delete t"})
     EXPECT_EQ(data::statementsIn(sql), Statements::Unpaired) << sql.toUtf8().toStdString();

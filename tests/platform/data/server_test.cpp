@@ -133,7 +133,7 @@ struct Addition {
   const char* sent;
 };
 
-TEST(ServerString, GetsWhatTheDriverNeedsBehindIt) {
+TEST(ServerString, GetsWhatTheDriverNeedsAppended) {
   for (const Addition& one :
        {Addition{"driver={SQL Server};server=s;uid=u;pwd=p;database=d", "",
                  "driver={SQL Server};server=s;uid=u;pwd=p;database=d;port=1433;TDS_Version=7.4;Timeout=400;"

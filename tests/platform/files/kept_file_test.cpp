@@ -69,7 +69,7 @@ TEST_F(Kept, HoldsWhatCameLastForItsUserAlone) {
   EXPECT_EQ(names(), QStringList());
 }
 
-TEST_F(Kept, TellsAFileThatIsNotWholeAndSweepsWhatAKilledProgramLeft) {
+TEST_F(Kept, ReportsAFileThatIsNotWholeAndRemovesWhatAKilledProgramLeft) {
   file()->keep("line\nline\n");
   ASSERT_EQ(left().size(), 1);
   const QString path = left().first().path;

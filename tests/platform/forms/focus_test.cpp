@@ -5,7 +5,7 @@ using forms::msgBox;
 
 class Focus : public FormTest {};
 
-TEST_F(Focus, MovesFromFieldToFieldByEnterAndTellsBoth) {
+TEST_F(Focus, MovesFromFieldToFieldByEnterWithEventsOfBoth) {
   sample.txtA->setText(u"abc"_s);
   support::key(sample.txtA, Qt::Key_Return);
   EXPECT_EQ(sample.taken(), u"txtA- txtB+"_s);

@@ -98,7 +98,7 @@ TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
   EXPECT_TRUE(facts.contains(u"A4"_s)) << facts.toStdString();
 }
 
-TEST_F(WordProcessorTest, FaultsAreTold) {
+TEST_F(WordProcessorTest, FaultsAreReported) {
   WordProcessor word;
   EXPECT_THROW(word.typeText(u"x"_s), values::RuntimeError) << "there is no document";
   word.addDocument();
