@@ -7,54 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Modes : public QuoteCase {
- protected:
-  /// Names of the enabled ones among the main buttons.
-  QString enabled() const {
-    QStringList names = u"INCLUIR ALTERAR SALVAR EXCLUIR Reativar Imprimir SAIR Fechar"_s.split(u' ');
-    names.removeIf([this](const QString& name) { return !control(u"cmd"_s + name)->isEnabled(); });
-    return names.join(u' ');
-  }
-  void expectLocked(bool locked) const {
-    for (const auto& name : {u"txtDesc"_s, u"cboCliente"_s, u"txtNumePess"_s, u"txtObserva"_s,
-                             u"cboTipoServ"_s, u"mskDataEven"_s, u"txtNomeHomg"_s, u"cboItemPropCmrc"_s})
-      EXPECT_EQ(forms::isLocked(control(name)), locked) << name.toStdString();
-    EXPECT_EQ(forms::isLocked(screen->txtCodigo), !locked);
-    for (const auto& name :
-         {u"opPV"_s, u"opShowRoom"_s, u"cmdIncluirItem"_s, u"cmdIncluirMassa"_s, u"cmdAbreAprova"_s})
-      EXPECT_EQ(control(name)->isEnabled(), !locked) << name.toStdString();
-  }
-
- private:
-  QWidget* control(const QString& name) const { return screen->findChild<QWidget*>(name); }
-};
-
-TEST_F(Modes, ANewQuoteAndAnAlteredOneUnlockTheFieldsAndTakeCommandsAway) {
-  store(3);
-  start();
-  EXPECT_EQ(enabled(), u"INCLUIR ALTERAR EXCLUIR Reativar Imprimir SAIR Fechar"_s);
-  EXPECT_EQ(screen->focusWidget(), screen->txtCodigo);
-  expectLocked(true);
-  support::type(screen->txtCodigo, u"12"_s);
-  support::click(screen->cmdINCLUIR);
-  EXPECT_EQ(enabled(), u"SALVAR SAIR"_s);
-  expectLocked(false);
-  EXPECT_EQ(contexto().ModoOrcamento, u"I"_s);
-  EXPECT_EQ(contexto().ModoItem, u"I"_s);
-  EXPECT_EQ(screen->txtCodigo->text(), QString());
-  EXPECT_EQ(screen->focusWidget(), screen->mskDtPropCmrc);
-  EXPECT_EQ(screen->mskDtPropCmrc->boxText(), u"15/03/2024"_s);
-  EXPECT_EQ(forms::controlText(screen->txtCondPagto),
-            u"5% de desconto para pagamento à vista ou\r\n50% de sinal e 50% na entrega\r\n"_s);
-  forms::registry::clear();
-  start();
-  load(3);
-  support::click(screen->cmdALTERAR);
-  EXPECT_EQ(enabled(), u"SALVAR SAIR"_s);
-  EXPECT_EQ(contexto().ModoOrcamento, u"A"_s);
-  EXPECT_EQ(contexto().ModoItem, u"A"_s);
-  expectLocked(false);
-}
+using Modes = QuoteCase;
 
 TEST_F(Modes, FieldsTrimAndLimitWhatIsTypedAndTheRemarkUnfolds) {
   start();
