@@ -5,6 +5,8 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
+#include <algorithm>
+#include <utility>
 
 #include "platform/web/page_files.h"
 
@@ -38,22 +40,24 @@ QByteArray preface(const QString& folder) {
          "<style>@media print { tr, img { break-inside: avoid } }</style>";
 }
 
-/// The document with its preface, after the document type where there is one.
+/// The document with its preface, after the document type where there is one. In front of that may stand
+/// plain comments alone: others the engine ends by rules of its own, and the policy would come too late.
 QByteArray guarded(const QByteArray& html, const QString& folder) {
-  static const QRegularExpression type(
-      uR"(^(?:\s|<!--.*?-->)*<!DOCTYPE[^>]*>)"_s,
-      QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+  static const QRegularExpression type(uR"(^[ \t\r\n]*(?:<!--[^<>!-]*-->[ \t\r\n]*)*<!DOCTYPE[^>]*>)"_s,
+                                       QRegularExpression::CaseInsensitiveOption);
   constexpr qsizetype kHead = 2000;
   const qsizetype place =
       type.match(QString::fromLatin1(html.first(std::min(kHead, html.size())))).capturedEnd();
   return QByteArray(html).insert(std::max(qsizetype{0}, place), preface(folder));
 }
 
-/// Whether an address opens a mail without a file of this machine.
+/// Whether an address opens a mail without a file of this machine. Mail programs, and what starts them, read
+/// an address in ways of their own, so the word for a file stands nowhere in it, however it is encoded.
 bool isPlainMail(const QUrl& url) {
-  static const QRegularExpression attachment(u"[?&;]\\s*attach"_s, QRegularExpression::CaseInsensitiveOption);
-  return url.scheme() == u"mailto" &&
-         !attachment.match(QString::fromUtf8(QByteArray::fromPercentEncoding(url.toEncoded()))).hasMatch();
+  QByteArray plain = url.toEncoded();
+  for (QByteArray encoded; encoded != plain;)
+    encoded = std::exchange(plain, QByteArray::fromPercentEncoding(plain));
+  return url.scheme() == u"mailto" && !plain.toLower().contains("attach");
 }
 
 }  // namespace

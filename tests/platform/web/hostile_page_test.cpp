@@ -67,6 +67,17 @@ TEST_F(Hostile, DocumentFetchesPicturesAloneAndStaysInThePaneWithAPdfBetween) {
   EXPECT_FALSE(view->acceptDrops());
 }
 
+TEST_F(Hostile, PolicyStandsInFrontOfAllThatTheEngineReads) {
+  const QByteArray ownBase = "<base href='" + server_.address(u"base/"_s).toLatin1() + "'>";
+  // Comments that end sooner than they seem to, and what a parser takes for text in front of the type.
+  for (const QByteArray& head : {"<!-->" + ownBase + "-->", "<!--->" + ownBase + "-->",
+                                 "<!--x--!>" + ownBase + "-->", "\v" + ownBase, "<!--x-->" + ownBase}) {
+    pane_.navigate(file(u"page.html"_s, head + "<!DOCTYPE html><html>corpo<img src='relative.png'></html>"));
+    ASSERT_TRUE(pane_.waitForLoad());
+    EXPECT_TRUE(server_.asked.isEmpty()) << head.toStdString();
+  }
+}
+
 /// Notes what would be opened in the system's own programs.
 class Opened : public QObject {
   Q_OBJECT
@@ -101,27 +112,30 @@ TEST_F(Hostile, LinksOpenTheWebPlainMailAndPicturesOfThePictureFolders) {
   QFile::link(other + u"/secret.jpg"_s, pictures + u"/link.jpg"_s);
   OpenPage shown({}, other, web::PictureFolders({u"c:\\fotos\\"_s, u"http://127.0.0.1/web/"_s, QString()}),
                  {}, nullptr);
-  const std::pair<QString, bool> cases[] = {{u"http://zarim.example/fotos/VL-301_g.jpg"_s, true},
-                                            {u"https://zarim.example/"_s, true},
-                                            {u"mailto:ana@correio.example?subject=Pedido"_s, true},
-                                            {u"mailto:a@b.example?subject=x&attach=/etc/passwd"_s, false},
-                                            {u"mailto:a@b.example?Attachment=/etc/passwd"_s, false},
-                                            {u"mailto:a@b.example?subject=x%26ATTACH=/etc/passwd"_s, false},
-                                            {u"c:\\fotos\\vl-301_G.jpg"_s, true},
-                                            {u"file://"_s + pictures + u"/VL-301_g.jpg"_s, true},
-                                            {u"c:\\fotos\\calc.exe"_s, false},
-                                            {u"c:\\fotos\\link.jpg"_s, false},
-                                            {u"c:\\fotos\\..\\docs\\secret.jpg"_s, false},
-                                            {u"c:\\docs\\secret.jpg"_s, false},
-                                            {u"file:///etc/passwd"_s, false},
-                                            {u"file://server/share/calc.exe"_s, false},
-                                            {u"smb://server/share"_s, false},
-                                            {u"ftp://server/x"_s, false},
-                                            {u"ssh://server"_s, false},
-                                            {u"tel:123"_s, false},
-                                            {u"data:text/html,x"_s, false},
-                                            {u"javascript:alert(1)"_s, false},
-                                            {u"about:blank"_s, false}};
+  const std::pair<QString, bool> cases[] = {
+      {u"http://zarim.example/fotos/VL-301_g.jpg"_s, true},
+      {u"https://zarim.example/"_s, true},
+      {u"mailto:ana@correio.example?subject=Pedido"_s, true},
+      {u"mailto:a@b.example?subject=x&attach=/etc/passwd"_s, false},
+      {u"mailto:a@b.example?Attachment=/etc/passwd"_s, false},
+      {u"mailto:a@b.example?subject=x%26ATTACH=/etc/passwd"_s, false},
+      {u"mailto:a@b.example?x=1&%2561ttach=/etc/passwd"_s, false},
+      {u"mailto:a@b.example?subject=x',attachment='/etc/passwd"_s, false},
+      {u"c:\\fotos\\vl-301_G.jpg"_s, true},
+      {u"file://"_s + pictures + u"/VL-301_g.jpg"_s, true},
+      {u"c:\\fotos\\calc.exe"_s, false},
+      {u"c:\\fotos\\link.jpg"_s, false},
+      {u"c:\\fotos\\..\\docs\\secret.jpg"_s, false},
+      {u"c:\\docs\\secret.jpg"_s, false},
+      {u"file:///etc/passwd"_s, false},
+      {u"file://server/share/calc.exe"_s, false},
+      {u"smb://server/share"_s, false},
+      {u"ftp://server/x"_s, false},
+      {u"ssh://server"_s, false},
+      {u"tel:123"_s, false},
+      {u"data:text/html,x"_s, false},
+      {u"javascript:alert(1)"_s, false},
+      {u"about:blank"_s, false}};
   for (const auto& [address, opens] : cases) {
     Opened opened;
     EXPECT_FALSE(shown.follows(address)) << "the pane stays";
