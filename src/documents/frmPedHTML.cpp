@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/files/paths.h"
+#include "platform/forms/tips.h"
 #include "run/context.h"
 #include "shared/pictures.h"
 #include "shared/theme.h"
@@ -144,7 +145,7 @@ void frmPedHTML::mostraArquivo() {
 void frmPedHTML::mostraCaminho(const QString& caminho, const QString& rotulo) {
   lblArquivo->setText(rotulo);
   txtArquivo->setText(caminho);
-  txtArquivo->setToolTip(caminho);
+  txtArquivo->setToolTip(forms::asTip(caminho));
   cmdAbrirPasta->setEnabled(!caminho.isEmpty());
 }
 

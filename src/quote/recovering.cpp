@@ -4,6 +4,7 @@
 #include "closing/frmConfirmaPropCmrcTL.h"
 #include "draft/keeper.h"
 #include "draft/screen_fields.h"
+#include "platform/forms/tips.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "shared/lookups.h"
@@ -69,7 +70,7 @@ void frmPropCmrcTL::mostraOferta() {
   QString frase = ofertas.first().frase;
   if (ofertas.size() > 1) frase += u" (mais "_s + QString::number(ofertas.size() - 1) + u")"_s;
   lblRascunho->setText(frase);
-  lblRascunho->setToolTip(frase + u'\n' + ofertas.first().caminho);
+  lblRascunho->setToolTip(forms::asTip(frase + u'\n' + ofertas.first().caminho));
   cmdRecuperar->setEnabled(ofertas.first().recuperavel);
 }
 

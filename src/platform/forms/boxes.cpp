@@ -6,6 +6,7 @@
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -136,6 +137,7 @@ QString inputBox(const Input& input) {
   window.setInputMode(QInputDialog::TextInput);
   window.setWindowTitle(input.title);
   window.setLabelText(values::withPlainLineEnds(input.prompt));
+  for (auto* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   window.setTextValue(input.initial);
   window.setOkButtonText(u"&OK"_s);
   window.setCancelButtonText(u"&Cancelar"_s);

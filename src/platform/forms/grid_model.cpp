@@ -1,12 +1,12 @@
 #include "platform/forms/grid_model.h"
 
-#include <QTextDocument>
 #include <algorithm>
 #include <iterator>
 #include <numeric>
 #include <utility>
 
 #include "platform/forms/controls.h"
+#include "platform/forms/tips.h"
 #include "platform/values/numbers.h"
 
 namespace forms {
@@ -35,11 +35,6 @@ struct SortKey {
     return kind == 1 ? number < other.number : text < other.text;
   }
 };
-
-/// A tip that shows a text as it is: one that looks like HTML would be read so, with the files that it names.
-QString asTip(const QString& text) {
-  return Qt::mightBeRichText(text) ? QStringLiteral("<qt>") + text.toHtmlEscaped() : text;
-}
 
 }  // namespace
 

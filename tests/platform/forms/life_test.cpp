@@ -109,4 +109,11 @@ TEST_F(Life, RealBoxesAnswerToKeys) {
     EXPECT_EQ(forms::msgBox({.text = u"a"_s, .buttons = buttons}), answer);
     EXPECT_TRUE(sample.isLoaded());
   }
+  QTimer::singleShot(0, &sample, [] {
+    QWidget* box = QApplication::activeModalWidget();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->findChild<QLabel*>()->textFormat(), Qt::PlainText) << "a remark names no file to be read";
+    QTest::keyClick(box, Qt::Key_Escape);
+  });
+  EXPECT_EQ(forms::inputBox({u"<img src='/dev/zero'>"_s, u"a"_s, u"b"_s}), QString());
 }
