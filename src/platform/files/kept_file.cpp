@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "platform/files/process_lock.h"
+#include "platform/files/regular_file.h"
 
 using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
@@ -49,8 +50,8 @@ std::unique_ptr<ProcessLock> lockOf(const QString& path) {
 
 KeptFile::Left readLeft(const QString& path) {
   KeptFile::Left left{path, QFileInfo(path).lastModified(), {}, false};
-  QFile file(path);
-  if (file.size() > kLargest || !file.open(QIODevice::ReadOnly)) return left;
+  QFile file;
+  if (openRegular(file, path, QIODevice::ReadOnly) != 0 || file.size() > kLargest) return left;
   QByteArray all = file.readAll();
   const QByteArray last = all.sliced(all.lastIndexOf('\n', -2) + 1);
   all.chop(last.size());

@@ -1,5 +1,6 @@
 #include "platform/forms/measures.h"
 
+#include <QFileInfo>
 #include <QSettings>
 #include <QStringList>
 #include <memory>
@@ -20,7 +21,9 @@ QString columnsGroup(const QString& form, const QString& grid) { return form + u
 }  // namespace
 
 void keepIn(const QString& file) {
-  settings() = file.isEmpty() ? nullptr : std::make_unique<QSettings>(file, QSettings::IniFormat);
+  const QFileInfo info(file);
+  const bool usable = info.isFile() || (!file.isEmpty() && !info.exists());  // a pipe would be waited for
+  settings() = usable ? std::make_unique<QSettings>(file, QSettings::IniFormat) : nullptr;
 }
 
 std::optional<Window> window(const QString& form) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -91,6 +92,11 @@ TEST_F(Kept, ReportsAFileThatIsNotWholeAndRemovesWhatAKilledProgramLeft) {
   ASSERT_EQ(left().size(), 1);
   EXPECT_TRUE(left().first().whole);
   EXPECT_EQ(names().size(), 1) << names().join(u' ').toStdString();
+  // A pipe by such a name is not waited for.
+  put(path + u".AbCdEf"_s, "1\n");
+  ASSERT_TRUE(QFile::remove(path) && ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
+  const auto found = left();
+  EXPECT_TRUE(found.size() == 1 && !found.first().whole);
 }
 
 TEST_F(Kept, HoldsNobodyUpOnASlowDisk) {
