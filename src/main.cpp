@@ -4,10 +4,12 @@
 #include "build_id.h"
 #include "platform/files/regular_file.h"
 #include "platform/forms/measures.h"
+#include "platform/forms/process.h"
 #include "platform/web/web_pane.h"
 #include "quote/program.h"
 
 int main(int argc, char** argv) {
+  forms::endPlainly();
   files::keepFromOthers();
   web::prepare();
   QApplication application(argc, argv);

@@ -10,7 +10,6 @@
 #include "shared/program_icon.h"
 
 int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
-  forms::endPlainly();
   aplicacao.setQuitOnLastWindowClosed(false);
   forms::applyStyle();
   aplicacao.setWindowIcon(iconeDoPrograma());

@@ -1,6 +1,9 @@
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <QFile>
+#include <csignal>
 #include <exception>
 
 #include "fault_case.h"
@@ -26,6 +29,12 @@ TEST_F(Ends, TheDisplayThatGoesAwayEndsTheProgramWithoutACrash) {
 
 TEST_F(Ends, AnErrorThatNobodyCatchesIsNoCrash) {
   EXPECT_EXIT((forms::endPlainly(), std::terminate()), ::testing::ExitedWithCode(1), "nenhuma caixa");
+}
+
+TEST_F(Ends, OutputThatIsClosedOrNotReadIsNone) {
+  EXPECT_EXIT((::close(STDERR_FILENO), forms::endPlainly(), std::raise(SIGPIPE), std::raise(SIGXFSZ),
+               std::_Exit(::fcntl(STDERR_FILENO, F_GETFD) >= 0 ? 3 : 4)),
+              ::testing::ExitedWithCode(3), "");
 }
 
 TEST_F(Ends, MemoryThatRunsOutIsABox) {

@@ -12,6 +12,7 @@
 #include "driver.h"
 #include "platform/files/regular_file.h"
 #include "platform/forms/form.h"
+#include "platform/forms/process.h"
 #include "platform/web/web_pane.h"
 
 using namespace Qt::StringLiterals;
@@ -74,6 +75,7 @@ bool isChild(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  forms::endPlainly();
   files::keepFromOthers();
   qInstallMessageHandler(showMessage);
   if (!isChild(argc, argv)) {

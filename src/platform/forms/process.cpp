@@ -1,5 +1,6 @@
 #include "platform/forms/process.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -9,6 +10,11 @@
 #include "platform/data/last_statement.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/modal_loops.h"
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +70,14 @@ void endPlainly() {
     std::fputs("O programa terminou por um erro que nenhuma caixa pode mostrar.\n", stderr);
     std::_Exit(1);
   });
+#ifdef Q_OS_UNIX
+  // A pipe without a reader and a limit on files are errors of the write that meets them.
+  for (const int number : {SIGPIPE, SIGXFSZ}) std::signal(number, SIG_IGN);
+  // What is written to a closed output must not go into the file or connection that is opened next.
+  int opened = 0;
+  while (opened >= 0 && opened <= STDERR_FILENO) opened = ::open("/dev/null", O_RDWR);
+  if (opened >= 0) ::close(opened);
+#endif
 }
 
 void setEnd(std::function<void(int)> end) { ownEnd() = std::move(end); }

@@ -17,7 +17,8 @@ struct Ended {
 [[noreturn]] void end(int status);
 
 /// From here on an error that nobody catches, or that comes up while its box is made, ends the process with a
-/// line on its error output and status 1, without a crash.
+/// line on its error output and status 1, without a crash; an output that nobody reads, or that is closed, is
+/// no end. The first thing that a program does.
 void endPlainly();
 
 /// Puts another end in place (tests, guided roads); an empty function brings the real one back.
