@@ -2,6 +2,7 @@
 
 #include "documents/document_names.h"
 #include "documents/document_values.h"
+#include "documents/html_text.h"
 #include "documents/word.h"
 #include "platform/office/word_processor.h"
 #include "platform/values/numbers.h"
@@ -36,11 +37,10 @@ void timbre(WordProcessor& word) {
   word.setFont(u"Arial"_s, 10, true);
   word.typeText(campo(Nome));
   word.setFont(u"Arial"_s, 8);
-  for (const QString& linha :
-       {u"CNPJ: "_s + campo(Cnpj) + u" - I.E.: "_s + campo(Ie),
-        campo(Endereco) + u" - "_s + campo(Cidade) + u" - "_s + campo(Uf) + u" - "_s + campo(Cep),
-        u"Tel.: "_s + campo(Fone1) + u" - "_s + campo(Fone2), u"e-mail: "_s + campo(Email),
-        u"Site: "_s + campo(Site)}) {
+  for (const QString& linha : {u"CNPJ: "_s + campo(Cnpj) + u" - I.E.: "_s + campo(Ie),
+                               html::juntos({campo(Endereco), campo(Cidade), campo(Uf), campo(Cep)}),
+                               u"Tel.: "_s + html::juntos({campo(Fone1), campo(Fone2)}),
+                               u"e-mail: "_s + campo(Email), u"Site: "_s + campo(Site)}) {
     word.typeParagraph();
     word.typeText(linha);
   }
