@@ -20,6 +20,19 @@ namespace {
 
 constexpr QColor kMark(255, 200, 0, 120);
 
+/// Keeps off the terminal what the toolkit warns of: finds whose letters are of another case.
+class Quiet {
+ public:
+  Quiet() = default;
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
+  ~Quiet() { qInstallMessageHandler(before_); }
+
+ private:
+  QtMessageHandler before_ =
+      qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+};
+
 double pixelsPerPoint() { return QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72.0; }
 
 }  // namespace
@@ -114,6 +127,7 @@ void PdfView::search(const QString& text) {
   current_ = -1;
   found_.clear();
   if (text.isEmpty()) return;
+  const Quiet quiet;
   QPdfSearchModel model;
   model.setDocument(&document_);
   model.setSearchString(text);
