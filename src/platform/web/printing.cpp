@@ -1,5 +1,6 @@
 #include "platform/web/printing.h"
 
+#include <QImage>
 #include <QPainter>
 #include <QPdfDocument>
 #include <QPrinter>
@@ -37,7 +38,10 @@ Printed draw(const QString& file, const QString& printerName, const QString& job
   for (int page = 0; page < document.pageCount(); ++page) {
     if (page > 0 && !printer.newPage()) return Printed::Refused;
     const QSize size = (document.pagePointSize(page) * kDotsPerInch / 72.0).toSize();
-    painter.drawImage(0, 0, document.render(page, size));
+    QImage paper(size, QImage::Format_RGB32);  // a page has no ground of its own: its edges would print grey
+    paper.fill(Qt::white);
+    QPainter(&paper).drawImage(0, 0, document.render(page, size));
+    painter.drawImage(0, 0, paper);
   }
   return painter.end() ? Printed::Sent : Printed::Refused;
 }
