@@ -103,7 +103,7 @@ int conduct(const Road& road, const QString& pictures) {
   watchSignals();
   const QString progressFile = folder.filePath(u"progress"_s);
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json");
-  // A road prints on no printer of this machine's, unless it is told where to find one.
+  // A road prints on no printer of this machine's, unless a variable names a print server.
   if (!qEnvironmentVariableIsSet("CUPS_SERVER")) qputenv("CUPS_SERVER", "127.0.0.1:9");
   // What the program keeps of its user's goes with the road.
   qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(u"data"_s)));
