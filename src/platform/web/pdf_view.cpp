@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
+#include <cmath>
 
 namespace web {
 
@@ -36,6 +37,12 @@ class Quiet {
 double pixelsPerPoint() { return QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72.0; }
 
 }  // namespace
+
+double largestScale(const QPdfDocument& document, int page) {
+  constexpr double kMostPixels = 36e6;  // an A4 page at 600 dots an inch
+  const QSizeF size = document.pagePointSize(page);
+  return std::sqrt(kMostPixels / std::max(1.0, size.width() * size.height()));
+}
 
 PdfPages::PdfPages(QWidget* parent) : QPdfView(parent) {
   setPageMode(PageMode::MultiPage);
@@ -85,6 +92,13 @@ double PdfPages::fittingZoom() const {
   const int room = width() - 2 * frameWidth() - verticalScrollBar()->sizeHint().width() -
                    documentMargins().left() - documentMargins().right();
   return room / (widest * pixelsPerPoint());
+}
+
+double PdfPages::largestZoom() const {
+  double zoom = kLargestZoom;
+  for (int i = 0; i < document()->pageCount(); ++i)
+    zoom = std::min(zoom, largestScale(*document(), i) / pixelsPerPoint());
+  return zoom;
 }
 
 void PdfPages::paintEvent(QPaintEvent* event) {
@@ -171,8 +185,9 @@ void PdfView::resizeEvent(QResizeEvent* event) {
 }
 
 void PdfView::applyZoom(double factor) {
-  pages_->setZoomFactor(factor);
-  Q_EMIT zoomChanged(factor);
+  const double zoom = std::min(factor, pages_->largestZoom());
+  pages_->setZoomFactor(zoom);
+  Q_EMIT zoomChanged(zoom);
 }
 
 }  // namespace web

@@ -8,6 +8,9 @@
 
 namespace web {
 
+/// Pixels to a point up to which a page, of whatever size it says it is, is a picture that memory holds.
+[[nodiscard]] double largestScale(const QPdfDocument& document, int page);
+
 /// The pages of a PDF one under the other, with a place marked on them.
 class PdfPages : public QPdfView {
   Q_OBJECT
@@ -20,6 +23,8 @@ class PdfPages : public QPdfView {
   void mark(int page, const QList<QRectF>& places);
   /// The zoom that shows the widest page whole.
   [[nodiscard]] double fittingZoom() const;
+  /// The zoom up to which all pages are pictures that memory holds.
+  [[nodiscard]] double largestZoom() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -7,6 +7,9 @@
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <algorithm>
+
+#include "platform/web/pdf_view.h"
 
 namespace web {
 
@@ -37,7 +40,8 @@ Printed draw(const QString& file, const QString& printerName, const QString& job
   if (!painter.begin(&printer)) return Printed::Refused;
   for (int page = 0; page < document.pageCount(); ++page) {
     if (page > 0 && !printer.newPage()) return Printed::Refused;
-    const QSize size = (document.pagePointSize(page) * kDotsPerInch / 72.0).toSize();
+    const double scale = std::min(kDotsPerInch / 72.0, largestScale(document, page));
+    const QSize size = (document.pagePointSize(page) * scale).toSize();
     QImage paper(size, QImage::Format_RGB32);  // a page has no ground of its own: its edges would print grey
     paper.fill(Qt::white);
     QPainter(&paper).drawImage(0, 0, document.render(page, size));

@@ -78,6 +78,17 @@ TEST_F(Hostile, PolicyStandsInFrontOfAllThatTheEngineReads) {
   }
 }
 
+TEST_F(Hostile, PdfPageOfAnySizeIsAPictureThatMemoryHolds) {
+  pane_.navigate(
+      file(u"x.pdf"_s,
+           "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n2 0 obj<</Type/Pages/Count 1/Kids[3 0 "
+           "R]>>endobj\n3 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 14400 14400]>>endobj\n"
+           "trailer<</Root 1 0 R>>\n%%EOF\n"));
+  ASSERT_TRUE(pane_.waitForLoad());
+  pane_.setZoom(4.0);
+  EXPECT_LT(14400 / 72.0 * pane_.logicalDpiX() * pane_.zoom(), 6001);
+}
+
 /// Notes what would be opened in the system's own programs.
 class Opened : public QObject {
   Q_OBJECT
