@@ -24,8 +24,9 @@ class ClosesLater : public QObject {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::Close) return false;
     auto* window = qobject_cast<QWindow*>(watched);
-    if (window == nullptr || event->type() != QEvent::Close) return false;
+    if (window == nullptr) return false;
     if (!asked_.contains(window)) asked_.append(window);
     event->ignore();
     return true;
