@@ -121,11 +121,21 @@ QString Recordset::text(QStringView field) const {
   return values_->text(at);
 }
 
-bool Recordset::isNull(QStringView field) const { return values_->kind(place(field)) == Kind::Null; }
+// The place comes first: a closed recordset has no values.
+bool Recordset::isNull(QStringView field) const {
+  const qsizetype at = place(field);
+  return values_->kind(at) == Kind::Null;
+}
 
-double Recordset::number(QStringView field) const { return numberOf(*values_, place(field)); }
+double Recordset::number(QStringView field) const {
+  const qsizetype at = place(field);
+  return numberOf(*values_, at);
+}
 
-QDateTime Recordset::date(QStringView field) const { return dateOf(*values_, place(field)); }
+QDateTime Recordset::date(QStringView field) const {
+  const qsizetype at = place(field);
+  return dateOf(*values_, at);
+}
 
 QString Recordset::format(QStringView field, QStringView mask) const {
   const qsizetype at = place(field);
