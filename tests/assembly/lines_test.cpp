@@ -100,31 +100,4 @@ TEST_F(Lines, BecomeOneItemWithItsMaterialsTiedToIt) {
                          u"102|BOM-1|Bombom|3|UN|1|10,40|31,20|CONTEÚDO COMESTÍVEL||2|2"_s}));
 }
 
-/// An item goes back to the assembly as the quote screen hands it over, is changed and given up: its
-/// materials come back under what the screen says now.
-TEST_F(Lines, OfAnItemThatIsGivenUpComeBackUnderTheNewPrice) {
-  const QStringList lines{u"101\tCX-100\tCaixa branca\t2\tUN\t1\t12,50\t25,00\tPRODUTO\tTAMPA\t1\t"_s,
-                          u"102\tBOM-1\tBombom\t3\tUN\t1\t10,40\t31,20\tCONTEÚDO COMESTÍVEL\tMEIO\t2\t"_s};
-  for (int item = 1; item <= 2; ++item) {
-    for (const QString& line : lines) {
-      screen().Flex->grid().addItem(line);
-      screen().FlexSombra.addItem(line);
-    }
-    screen().txtObservacoes->setText(u" do item "_s);
-    assemble([&](frmMontarProduto& screen) {
-      script.input(u"A"_s).input(u"4"_s).input(u""_s);
-      support::doubleClick(screen.Flex, 1);
-      support::type(screen.txtQuantidade, u"1,5"_s);
-      support::clickRow(screen.Flex, item);
-      script.box(u"Tem certeza que deseja cancelar a operação? (S/N)"_s, forms::Answer::Yes);
-      support::click(screen.cmdCancelar);
-    });
-    EXPECT_EQ(rows(quote().Flex->grid()).last(),
-              u"101|PROD|CX-100|Caixa branca|81,20|0,00|81,20|1,5|121,80||UN|do item"_s);
-    QStringList materials = lines;
-    for (QString& line : materials) line = line.replace(u'\t', u'|') + QString::number(item);
-    EXPECT_EQ(rows(quote().FlexMonta).last(2), materials);
-  }
-}
-
 }  // namespace

@@ -17,54 +17,7 @@ class CatalogueSearch : public SearchTest {
     sql(u"INSERT INTO prot (idprot, desc_prot, idprod) VALUES (204, 'Baú', 0)"_s);
     sql(u"INSERT INTO prot (idprot, desc_prot, data_desa) VALUES (205, 'Caixa velha', '20240110 10:00')"_s);
   }
-
-  /// Clicks the options and boxes named, types, searches: the statement and the ids found. With none, the
-  /// notice is expected.
-  template <class T>
-  void expectFound(const QString& clicked, const QString& text, const QString& statement, const QString& ids,
-                   const QString& collection = {}) {
-    open<T>([&](T& screen) {
-      for (const QString& name : clicked.split(u' ', Qt::SkipEmptyParts))
-        screen.template findChild<QAbstractButton*>(name)->click();
-      screen.txtCOD->setText(text);
-      if (auto* combo = screen.template findChild<forms::Combo*>(u"cboCole"_s)) combo->setText(collection);
-      (void)statements();
-      if (ids.isEmpty()) script.box(u"Nenhum Registro Localizado com esses parâmetros..."_s);
-      support::click(screen.cmdPesquisa);
-      EXPECT_EQ(statements().filter(u"SELECT * FROM PRO"_s).value(0), u"SELECT * FROM PRO"_s + statement);
-      EXPECT_EQ(column(screen.Flex->grid(), 0), ids);
-    });
-  }
 };
-
-TEST_F(CatalogueSearch, StatementsOfTheProductSearch) {
-  const auto expect = [this](auto... values) { expectFound<frmBROWSE_PRODUTO>(values...); };
-  expect(u"opExata"_s, u" "_s, u"D WHERE  PROD.DATA_DESA IS NULL  ORDER BY DESC_PROD"_s,
-         u"102|101|105|104|106|107|103"_s);
-  expect(u"Option2 opInicialCom opBrowseProduto"_s, u"c"_s,
-         u"D WHERE  PROD.DATA_DESA IS NULL  AND PROD.CODI_PROD LIKE 'C%' AND PROD_MATE_PRIM = 'P'  "
-         u"ORDER BY CODI_PROD"_s,
-         u"101"_s);
-  expect(u"opExata opBrowseMateriaPrima chkVisualiza"_s, u"vela velha"_s,
-         u"D WHERE  (NOT PROD.DATA_DESA IS NULL)  AND PROD.DESC_PROD = 'VELA VELHA' AND PROD_MATE_PRIM = 'M' "
-         u"AND IDCOLE = 16  ORDER BY DESC_PROD"_s,
-         u"108"_s, u"Verão"_s);
-  expect(u"Option1 chkVisualiza opBrowseProduto"_s, u"não conta"_s,
-         u"D WHERE (NOT DATA_DESA IS NULL) AND PROD_MATE_PRIM = 'P' AND IDCOLE = 15 ORDER BY IDPROD"_s,
-         QString(), u"Primavera"_s);
-}
-
-TEST_F(CatalogueSearch, StatementsOfThePrototypeSearch) {
-  const auto expect = [this](auto... values) { expectFound<frmBROWSE_Prototipo>(values...); };
-  expect(u"opCampoInteiro chkSomenteSemProd"_s, QString(),
-         u"T WHERE  PROT.DATA_DESA IS NULL  AND (IDPROD = 0 OR IDPROD IS NULL)  ORDER BY DESC_PROT"_s,
-         u"204|201|202"_s);
-  expect(u"Option1 chkVisualiza"_s, u"não conta"_s, u"T WHERE (NOT DATA_DESA IS NULL) ORDER BY IDPROT"_s,
-         u"205"_s);
-  expect(u"Option1 chkSomenteSemProd"_s, QString(),
-         u"T WHERE DATA_DESA IS NULL  AND (IDPROD = 0 OR IDPROD IS NULL) ORDER BY IDPROT"_s,
-         u"201|202|204"_s);
-}
 
 TEST_F(CatalogueSearch, TheLastOneComesBackAfterAClickOnARow) {
   const auto search = [](frmBROWSE_PRODUTO& screen) {

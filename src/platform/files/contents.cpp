@@ -128,9 +128,8 @@ void write(const QString& path, const QByteArray& bytes, Readers readers) {
   QSaveFile file(found);  // the old content stays until the new one is whole
   if (!file.open(QIODevice::WriteOnly)) raiseFor(faultOf(file.error()), found);
   if (readers == Readers::Nobody) file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  file.write(bytes);
-  // A commit alone would put an empty file in place of the old one where the disk is full.
-  if (!file.flush()) raiseFor(errno, found);
+  // A commit alone would put half a file in place of the old one where the disk is full.
+  if (file.write(bytes) != bytes.size() || !file.flush()) raiseFor(errno, found);
   if (!file.commit()) raiseFor(faultOf(file.error()), found);
 }
 

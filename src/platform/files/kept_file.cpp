@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSet>
 #include <condition_variable>
 #include <cstdio>
@@ -14,8 +13,10 @@
 #include <thread>
 #include <utility>
 
+#include "platform/files/contents.h"
 #include "platform/files/process_lock.h"
 #include "platform/files/regular_file.h"
+#include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
 using std::chrono::milliseconds;
@@ -24,8 +25,7 @@ namespace files {
 
 namespace {
 
-constexpr QFile::Permissions kOwnersFile = QFile::ReadOwner | QFile::WriteOwner;
-constexpr QFile::Permissions kOwnersFolder = kOwnersFile | QFile::ExeOwner;
+constexpr QFile::Permissions kOwnersFolder = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 /// Another program holds a lock for a moment while it looks.
 constexpr milliseconds kLockPatience{100};
 /// No file of this program's comes near it.
@@ -130,7 +130,7 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   QString folder_, ending_;
   QString own_;
   std::unique_ptr<ProcessLock> lock_;
-  bool told_ = false;
+  bool reported_ = false;
 };
 
 void KeptFile::Keeper::run() {
@@ -178,7 +178,7 @@ void KeptFile::Keeper::update() {
     wanted = std::exchange(wanted_, std::nullopt);
   }
   const bool good = wanted->has_value() ? write(**wanted) : remove();
-  told_ = !good;
+  reported_ = !good;
   const std::lock_guard guard(mutex_);
   good_ = good;
 }
@@ -188,16 +188,13 @@ bool KeptFile::Keeper::write(const QByteArray& content) {
     report(u"a pasta não pode ser usada"_s);
     return false;
   }
-  QSaveFile file(own_);
-  bool good = file.open(QIODevice::WriteOnly);
-  // Nobody else reads it, from the first byte on.
-  if (good) file.setPermissions(kOwnersFile);
-  const QByteArray last = lastLine(content);
-  good = good && file.write(content) == content.size() && file.write(last) == last.size();
-  // A commit alone would put an empty file in place of the old one where the disk is full.
-  good = good && file.flush() && file.commit();
-  if (!good) report(file.errorString());
-  return good;
+  try {
+    files::write(own_, content + lastLine(content), Readers::Nobody);
+    return true;
+  } catch (const values::RuntimeError& error) {
+    report(error.text());
+    return false;
+  }
 }
 
 bool KeptFile::Keeper::remove() {
@@ -210,7 +207,7 @@ bool KeptFile::Keeper::remove() {
 }
 
 void KeptFile::Keeper::report(const QString& why) {
-  if (told_) return;
+  if (reported_) return;
   std::fputs((u"Rascunho %1: %2\n"_s.arg(own_.isEmpty() ? folder_ : own_, why)).toUtf8().constData(), stderr);
 }
 
