@@ -6,10 +6,12 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <vector>
 
 #include "platform/forms/form.h"
 #include "platform/forms/rest.h"
 #include "quote/grids.h"
+#include "quote/header_fields.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,40 +22,13 @@ namespace {
 enum class Origem { Tela, Banco };
 
 struct Campo {
-  const char16_t* nome;
+  QStringView nome;
   Origem origem = Origem::Tela;  ///< where a quote that was just loaded has it from
   int colunas = 0;               ///< of a grid, how many come from there; 0 for all
 };
 
-constexpr std::array kOrcamento{
-    Campo{u"txtRowId", Origem::Banco},
-    Campo{u"txtCodigo"},
-    Campo{u"mskDtPropCmrc", Origem::Banco},
-    Campo{u"mskDataEven", Origem::Banco},
-    Campo{u"mskDtValidade", Origem::Banco},
-    Campo{u"mskDtEntrega", Origem::Banco},
-    Campo{u"lblDTDesativa", Origem::Banco},
-    Campo{u"lblDataFechamento", Origem::Banco},
-    Campo{u"lblNumePedido", Origem::Banco},
-    Campo{u"opPV", Origem::Banco},
-    Campo{u"opShowRoom", Origem::Banco},
-    Campo{u"cboCliente", Origem::Banco},
-    Campo{u"txtFoneExtra", Origem::Banco},
-    Campo{u"txtEmailExtra", Origem::Banco},
-    Campo{u"cboClienteContato", Origem::Banco},
-    Campo{u"txtFoneExtraContato", Origem::Banco},
-    Campo{u"txtEmailExtraContato", Origem::Banco},
-    Campo{u"cboVendedor", Origem::Banco},
-    Campo{u"cboRespAtendimento", Origem::Banco},
-    Campo{u"cboLocalVenda", Origem::Banco},
-    Campo{u"cboTipoMktg", Origem::Banco},
-    Campo{u"cboTipoEven", Origem::Banco},
-    Campo{u"cboTipoServ", Origem::Banco},
-    Campo{u"txtNumePess", Origem::Banco},
-    Campo{u"txtDesc", Origem::Banco},
-    Campo{u"txtObserva", Origem::Banco},
-    Campo{u"txtObservacao"},
-    Campo{u"txtCondPagto", Origem::Banco},
+/// What belongs to a quote beside its header.
+constexpr std::array kItens{
     Campo{u"opPROD"},
     Campo{u"opPROT"},
     Campo{u"txtCodProduto"},
@@ -68,8 +43,6 @@ constexpr std::array kOrcamento{
     Campo{u"lblTotaGeral"},
     Campo{u"lblTotaAprov"},
     Campo{u"lblTotaNaoAprov"},
-    Campo{u"lblDesconto", Origem::Banco},
-    Campo{u"lblPercDesconto", Origem::Banco},
     Campo{u"lblTotalLiquido"},
     Campo{u"cboCole"},
     Campo{u"txtNomeHomg"},
@@ -102,23 +75,36 @@ constexpr std::array kMontagem{
     Campo{u"FlexSombra"},
 };
 
+const std::vector<Campo>& orcamento() {
+  static const std::vector<Campo> todos = [] {
+    std::vector<Campo> campos;
+    for (const auto& campo : cabecalho::campos())
+      for (const QStringView nome : {campo.controle, campo.outro})
+        if (!nome.isEmpty()) campos.push_back({nome, Origem::Banco});
+    campos.insert(campos.end(), kItens.begin(), kItens.end());
+    return campos;
+  }();
+  return todos;
+}
+
 struct Tela {
-  const char16_t* nome;
+  QStringView nome;
   std::span<const Campo> campos;
   bool soAberta = false;  ///< counts only while it is open
 };
 
-constexpr std::array kTelas{
-    Tela{u"frmPropCmrcTL", kOrcamento},
-    Tela{u"frmConfirmaPropCmrcTL", kFechamento},
-    Tela{u"frmMontarProduto", kMontagem, true},
-};
+constexpr QStringView kOrcamento = u"frmPropCmrcTL";
+
+std::array<Tela, 3> telas() {
+  return {Tela{kOrcamento, orcamento()}, Tela{u"frmConfirmaPropCmrcTL", kFechamento},
+          Tela{u"frmMontarProduto", kMontagem, true}};
+}
 
 constexpr QChar kTab = u'\t';
 constexpr QChar kFim = u'\n';
 
 bool conta(const Tela& tela) {
-  const forms::Form* formulario = forms::registry::find(QString::fromUtf16(tela.nome));
+  const forms::Form* formulario = forms::registry::find(tela.nome.toString());
   return formulario != nullptr && (!tela.soAberta || formulario->isVisible());
 }
 
@@ -216,12 +202,12 @@ QString comoEra(QStringView linha) {
 
 QString retrato() {
   QString texto;
-  for (const Tela& tela : kTelas) {
+  for (const Tela& tela : telas()) {
     if (!conta(tela)) continue;
     texto += linhaDaTela(tela.nome);
     for (const Campo& campo : tela.campos) {
       QObject* objeto = controle(tela.nome, campo.nome);
-      texto += QStringView(campo.nome);
+      texto += campo.nome;
       texto += kTab;
       if (const forms::GridModel* modelo = grade(objeto))
         escreveGrade(texto, *modelo);
@@ -233,13 +219,13 @@ QString retrato() {
 }
 
 QString campoAtual() {
-  const forms::Form* formulario = forms::registry::find(QString::fromUtf16(kTelas[0].nome));
+  const forms::Form* formulario = forms::registry::find(kOrcamento.toString());
   const QWidget* parte = forms::controlBeingLeft();
   if (formulario == nullptr || parte == nullptr || !formulario->isAncestorOf(parte))
     parte = formulario == nullptr ? nullptr : formulario->focusWidget();
   for (; parte != nullptr; parte = parte->parentWidget())
-    for (const Campo& campo : kOrcamento)
-      if (parte->objectName() == QStringView(campo.nome)) return parte->objectName();
+    for (const Campo& campo : orcamento())
+      if (parte->objectName() == campo.nome) return parte->objectName();
   return {};
 }
 
@@ -275,9 +261,9 @@ void repoe(const QString& retrato, QStringView tela) {
 
 QString resumoDoLido() {
   QCryptographicHash resumo(QCryptographicHash::Sha1);
-  for (const Campo& campo : kOrcamento) {
+  for (const Campo& campo : orcamento()) {
     if (campo.origem != Origem::Banco) continue;
-    QObject* objeto = controle(u"frmPropCmrcTL", campo.nome);
+    QObject* objeto = controle(kOrcamento, campo.nome);
     const forms::GridModel* modelo = grade(objeto);
     const QString texto =
         modelo == nullptr ? valor(objeto) : linhasOrdenadas(*modelo, campo.colunas).join(kFim);

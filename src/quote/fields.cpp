@@ -1,5 +1,6 @@
 #include "platform/values/dates.h"
 #include "quote/frmPropCmrcTL.h"
+#include "quote/header_fields.h"
 #include "shared/lists.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
@@ -31,9 +32,14 @@ void marcaData(forms::MaskedBox* caixa, bool errada) {
 }  // namespace
 
 void frmPropCmrcTL::ligaDatas() {
-  for (forms::MaskedBox* caixa : {mskDtPropCmrc, mskDataEven, mskDtValidade, mskDtEntrega, mskDataAprv})
+  const auto completa = [this](forms::MaskedBox* caixa) {
     on(caixa, Event::LostFocus, [caixa] { caixa->setBoxText(ValidaDataMascara(caixa->boxText())); });
-  for (forms::MaskedBox* caixa : {mskDtPropCmrc, mskDataEven, mskDtValidade, mskDtEntrega}) {
+  };
+  completa(mskDataAprv);
+  for (const auto& campo : cabecalho::campos()) {
+    auto* caixa = qobject_cast<forms::MaskedBox*>(cabecalho::controles(campo, *this).first());
+    if (caixa == nullptr) continue;
+    completa(caixa);
     on(caixa, Event::LostFocus, [caixa] { marcaData(caixa, !certa(caixa)); });
     connect(caixa, &QLineEdit::textChanged, this, [caixa] {
       if (certa(caixa)) marcaData(caixa, false);
@@ -42,27 +48,17 @@ void frmPropCmrcTL::ligaDatas() {
 }
 
 void frmPropCmrcTL::ligaListas() {
-  struct Lista {
-    forms::Combo* combo;
-    Asked<QString> (*id)(const QString&);
-    const char16_t* recusa;
-  };
-  const Lista listas[] = {
-      {cboVendedor, &IdVendedor, u"Este(a) Vendedor(a) não Existe!"},
-      {cboLocalVenda, &IdLocalVenda, u"Este Local de Vendas não Existe!"},
-      {cboTipoMktg, &IdTipoMarketing, u"Esta Estratégia (Tipo) de Marketing não Existe!"},
-      {cboTipoEven, &IdTipoEvento, u"Este Tipo de Evento não Existe!"},
-      {cboTipoServ, &IdTipoServico, u"Este Tipo de Serviço não Existe!"},
-  };
-  for (const Lista& lista : listas) {
-    lista.combo->setCompleting(true);
-    on(lista.combo, Event::LostFocus, [lista] {
-      if (lista.combo->isLocked() || lista.combo->text().isEmpty()) return;
+  for (const auto& campo : cabecalho::campos()) {
+    if (campo.busca.recusa.isEmpty()) continue;
+    auto* combo = qobject_cast<forms::Combo*>(cabecalho::controles(campo, *this).first());
+    combo->setCompleting(true);
+    on(combo, Event::LostFocus, [combo, &busca = campo.busca] {
+      if (combo->isLocked() || combo->text().isEmpty()) return;
       const forms::WaitPointer espera;
-      if (!lista.id(lista.combo->text()).get().isEmpty()) return;
-      avisa(QString::fromUtf16(lista.recusa));
-      lista.combo->setText({});
-      focus(lista.combo);
+      if (!busca.id(combo->text(), {}).get().isEmpty()) return;
+      avisa(busca.recusa.toString());
+      combo->setText({});
+      focus(combo);
     });
   }
 

@@ -11,6 +11,7 @@
 #include "platform/forms/boxes.h"
 #include "platform/forms/icons.h"
 #include "platform/forms/process.h"
+#include "quote/header_fields.h"
 #include "run/context.h"
 #include "shared/column_lengths.h"
 #include "shared/text.h"
@@ -64,37 +65,18 @@ frmPropCmrcTL::frmPropCmrcTL() {
 }
 
 void frmPropCmrcTL::ligaTeclado() {
-  const std::initializer_list<QWidget*> campos = {txtCodigo,
-                                                  mskDtPropCmrc,
-                                                  mskDataEven,
-                                                  mskDtValidade,
-                                                  mskDtEntrega,
-                                                  cboCliente,
-                                                  txtFoneExtra,
-                                                  txtEmailExtra,
-                                                  cboClienteContato,
-                                                  txtFoneExtraContato,
-                                                  txtEmailExtraContato,
-                                                  cboVendedor,
-                                                  cboRespAtendimento,
-                                                  cboLocalVenda,
-                                                  cboTipoMktg,
-                                                  cboTipoEven,
-                                                  cboTipoServ,
-                                                  txtNumePess,
-                                                  txtDesc,
-                                                  txtObserva,
-                                                  txtCondPagto,
-                                                  txtCodProduto,
-                                                  txtQuantidade,
-                                                  txtObseDetaItem,
-                                                  txtNomeHomg,
-                                                  cboCole,
-                                                  cboItemPropCmrc,
-                                                  mskDataAprv};
-  enterMovesOn(campos);
-  selectOnFocus(campos);
-  enterMovesOn({opPV, opShowRoom, txtDesconto});
+  const auto segue = [this](QWidget* campo) {
+    enterMovesOn({campo});
+    selectOnFocus({campo});
+  };
+  for (const auto& campo : cabecalho::campos())
+    if (campo.digitado())
+      for (QWidget* um : cabecalho::controles(campo, *this)) segue(um);
+  for (QWidget* campo :
+       std::initializer_list<QWidget*>{txtCodigo, txtCodProduto, txtQuantidade, txtObseDetaItem, txtNomeHomg,
+                                       cboCole, cboItemPropCmrc, mskDataAprv})
+    segue(campo);
+  enterMovesOn({txtDesconto});
   for (QLineEdit* numero : {txtNumePess, txtQuantidade, txtDesconto}) onKeyPress(numero, &filtraTeclaDecimal);
 }
 
@@ -169,19 +151,10 @@ void frmPropCmrcTL::ligaItens() {
 }
 
 void frmPropCmrcTL::LimitaCampos() {
-  const std::pair<QLineEdit*, int> limites[] = {
-      {txtNumePess, 9}, {txtFoneExtra, 50}, {txtDesc, 100}, {txtCodProduto, 15}, {txtObseDetaItem, 50}};
-  for (const auto& [caixa, maximo] : limites) caixa->setMaxLength(maximo);
-  forms::limitToDigits(txtCodigo, 10);
-  forms::limitText(txtObserva, 200);
-  const std::pair<QWidget*, QStringView> colunas[] = {{cboCliente, u"nome_clie"},
-                                                      {txtEmailExtra, u"emai_clie"},
-                                                      {cboClienteContato, u"nome_clie_cont"},
-                                                      {txtFoneExtraContato, u"fone_clie_cont"},
-                                                      {txtEmailExtraContato, u"emai_clie_cont"},
-                                                      {txtCondPagto, u"txt_cond_pgto"},
-                                                      {txtNomeHomg, u"nome_homg"}};
-  for (const auto& [campo, coluna] : colunas) limitaPelaColuna(campo, coluna);
+  for (const auto& campo : cabecalho::campos()) cabecalho::limita(campo, *this);
+  limita(txtCodProduto, 15);
+  limita(txtObseDetaItem, 50);
+  limitaPelaColuna(txtNomeHomg, u"nome_homg");
 }
 
 void frmPropCmrcTL::MontaGridItens() { Flex->grid().layOut(grades::item::kLayout); }

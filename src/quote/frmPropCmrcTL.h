@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "draft/draft_text.h"
 #include "platform/data/asked.h"
 #include "platform/data/recordset.h"
@@ -92,10 +90,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   [[nodiscard]] bool faltaCarregar() const;
   /// Loads such a choice as cmdPesquisar_PropCmrc does; false when it is gone.
   [[nodiscard]] bool carregaEscolhido();
-  /// Texts of combos, asked with the rest of the quote.
-  using Nomes = std::vector<std::pair<forms::Combo*, data::Asked<QString>>>;
-  [[nodiscard]] Nomes pedeNomesDoCabecalho(const data::Recordset& rs) const;
-  void carregaCabecalho(const data::Recordset& rs);
   /// Terms of the quote into the confirmation screen (loading_terms.cpp).
   struct Termos {
     data::Asked<QString> transportadora, parcelas, prazos;
@@ -111,8 +105,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// The id of the last line.
   [[nodiscard]] QString gravaLinhas(const QString& idOrcamento, Caixa caixa);
   [[nodiscard]] QStringList gravaItens(const QString& idOrcamento, Caixa caixa);
-  struct Campo;
-  [[nodiscard]] std::vector<Campo> camposDoCabecalho() const;
   [[nodiscard]] QString MontaInsertOrcamento() const;
   [[nodiscard]] QString MontaUpdateOrcamento() const;
   [[nodiscard]] QString MontaInsertDetalhe(const QString& idOrcamento, int linha) const;
@@ -188,5 +180,5 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   [[nodiscard]] bool avisaFechamento();
   void cmdImprimir_Click();
 
-  QString idCarregado_;  ///< the quote on the screen, as txtRowId names it
+  QString idCarregado_;  ///< the quote on the screen; txtRowId may hold a choice of the search already
 };

@@ -1,5 +1,5 @@
-#include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
+#include "quote/header_fields.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
 #include "shared/text.h"
@@ -112,7 +112,7 @@ void frmPropCmrcTL::CarregaOrcamento() {
       abreConsulta(u"SELECT * FROM PROP_CMRC WHERE PROP_CMRC.IDPROP_CMRC = '"_s + txtCodigo->text() + u"'"_s);
   if (rs.eof()) return avisaFalha(u"Há Problemas Neste Registro!"_s);
   const QString id = rs.text(u"idprop_cmrc");
-  auto pedeNomes = pedeNomesDoCabecalho(rs);
+  auto pedeCabecalho = cabecalho::pedeTextos(rs);
   auto pedeTermos = pedeTermosDaConfirmacao(rs);
   auto pedeItens = leItens(id);
   auto pedeHomenageados = pedeConsulta(
@@ -121,8 +121,7 @@ void frmPropCmrcTL::CarregaOrcamento() {
   data::Recordset homenageados = pedeHomenageados.get();
 
   LimpaTela();
-  carregaCabecalho(rs);
-  for (auto& [combo, nome] : pedeNomes) combo->setText(nome.get());
+  for (auto& [campo, texto] : pedeCabecalho) cabecalho::poe(*campo, *this, texto.get());
   idCarregado_ = txtRowId->text();
   carregaConfirmacao(rs, pedeTermos);
   for (const ItemLido& item : itens) {
@@ -133,58 +132,4 @@ void frmPropCmrcTL::CarregaOrcamento() {
     FlexHomg->grid().addRow({{grades::homenageado::Id, homenageados.text(u"IDPROP_CMRC_HOMG")},
                              {grades::homenageado::Nome, homenageados.text(u"NOME_HOMG")}});
   mostraSituacao();
-}
-
-/// Null leaves its field as it was cleared.
-frmPropCmrcTL::Nomes frmPropCmrcTL::pedeNomesDoCabecalho(const data::Recordset& rs) const {
-  struct Nomeado {
-    QStringView coluna;
-    forms::Combo* combo;
-    Asked<QString> (*consulta)(const QString&);
-  };
-  const Nomeado nomeados[] = {{u"IDRESV_PROP_CMRC", cboRespAtendimento, &UsuarioAtual},
-                              {u"idvend", cboVendedor, &NomeConhecidoVendedor},
-                              {u"idloca_veds", cboLocalVenda, &DescricaoLocalVenda},
-                              {u"idtipo_mktg", cboTipoMktg, &DescricaoTipoMarketing},
-                              {u"idtipo_even", cboTipoEven, &DescricaoTipoEvento},
-                              {u"idtipo_serv", cboTipoServ, &DescricaoTipoServico}};
-  Nomes nomes;
-  for (const auto& [coluna, combo, consulta] : nomeados)
-    if (!rs.isNull(coluna)) nomes.emplace_back(combo, consulta(rs.text(coluna)));
-  return nomes;
-}
-
-void frmPropCmrcTL::carregaCabecalho(const data::Recordset& rs) {
-  const auto texto = [&rs](QStringView coluna, QObject* campo) {
-    if (!rs.isNull(coluna)) forms::setControlText(campo, rs.text(coluna));
-  };
-  const auto dia = [&rs](QStringView coluna, QObject* campo) {
-    if (!rs.isNull(coluna)) forms::setControlText(campo, rs.formatDate(coluna, u"dd/mm/yyyy"));
-  };
-  const auto desconto = [&rs](QStringView coluna, QLabel* valor) {
-    valor->setText(rs.isNull(coluna) ? u"0"_s : rs.format(coluna, kMascaraMoeda));
-  };
-
-  texto(u"idprop_cmrc", txtRowId);
-  texto(u"idprop_cmrc", txtCodigo);
-  texto(u"prop_cmrc_desc", txtDesc);
-  if (!rs.isNull(u"SHOW_EXCL")) (rs.text(u"SHOW_EXCL") == u"S" ? opShowRoom : opPV)->setChecked(true);
-  texto(u"NOME_CLIE", cboCliente);
-  texto(u"fone_CLIE", txtFoneExtra);
-  texto(u"emai_CLIE", txtEmailExtra);
-  texto(u"NOME_CLIE_CONT", cboClienteContato);
-  texto(u"fone_CLIE_CONT", txtFoneExtraContato);
-  texto(u"emai_CLIE_CONT", txtEmailExtraContato);
-  texto(u"NUME_PESS", txtNumePess);
-  dia(u"DATA_PROP_CMRC", mskDtPropCmrc);
-  dia(u"DATA_even", mskDataEven);
-  dia(u"DATA_vali", mskDtValidade);
-  dia(u"DATA_ENTG", mskDtEntrega);
-  texto(u"OBSE_prop_CMRC", txtObserva);
-  dia(u"data_desa", lblDTDesativa);
-  dia(u"data_fech", lblDataFechamento);
-  forms::setControlText(
-      txtCondPagto, rs.isNull(u"txt_cond_pgto") ? kCondPagtoPadrao.toString() : rs.text(u"txt_cond_pgto"));
-  desconto(u"VALO_DECT", lblDesconto);
-  desconto(u"PERC_DECT", lblPercDesconto);
 }

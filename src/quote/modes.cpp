@@ -2,6 +2,7 @@
 #include "platform/values/dates.h"
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
+#include "quote/header_fields.h"
 #include "run/context.h"
 #include "run/program_title.h"
 #include "shared/messages.h"
@@ -30,16 +31,13 @@ void frmPropCmrcTL::travaOuDestrava(bool trava) {
   for (QWidget* botao :
        {cmdPesquisar_ProdProt, cmdIncluir_ProdProt, cmdIncluirMassa, cmdAbreAprova, cmdIncluirItem})
     botao->setEnabled(!trava);
-  const std::initializer_list<QWidget*> campos = {
-      txtDesc,           cboCliente,          txtFoneExtra,        txtEmailExtra,
-      cboClienteContato, txtFoneExtraContato, txtCodProduto,       txtQuantidade,
-      txtObservacao,     txtObserva,          cboVendedor,         cboRespAtendimento,
-      cboLocalVenda,     cboTipoMktg,         cboTipoEven,         cboTipoServ,
-      txtDesconto,       txtNumePess,         txtNomeHomg,         cboItemPropCmrc,
-      mskDtPropCmrc,     mskDataEven,         mskDtValidade,       mskDtEntrega,
-      mskDataAprv,       txtObseDetaItem,     txtEmailExtraContato};
-  for (QWidget* campo : campos) forms::setLocked(campo, trava);
-  for (QWidget* opcao : {opPV, opShowRoom}) opcao->setEnabled(!trava);
+  for (const auto& campo : cabecalho::campos())
+    if (campo.digitado() && campo.trava)
+      for (QWidget* um : cabecalho::controles(campo, *this)) forms::setLocked(um, trava);
+  for (QWidget* campo :
+       std::initializer_list<QWidget*>{txtCodProduto, txtQuantidade, txtDesconto, txtObseDetaItem,
+                                       txtNomeHomg, cboItemPropCmrc, mskDataAprv})
+    forms::setLocked(campo, trava);
   forms::setLocked(txtCodigo, !trava);
   // While editing, Enter from the number must not load another quote over this one.
   cmdPesquisar_PropCmrc->setFocusPolicy(trava ? Qt::StrongFocus : Qt::ClickFocus);

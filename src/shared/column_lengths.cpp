@@ -57,10 +57,12 @@ int tamanhoDaColuna(QStringView coluna) {
   return tamanhos->value(coluna.toString().toUpper());
 }
 
-void limitaPelaColuna(QWidget* campo, QStringView coluna) {
-  const int maximo = tamanhoDaColuna(coluna);
-  if (maximo == 0) return;
+void limita(QWidget* campo, int maximo) {
   if (auto* combo = qobject_cast<forms::Combo*>(campo)) combo->lineEdit()->setMaxLength(maximo);
   if (auto* caixa = qobject_cast<QLineEdit*>(campo)) caixa->setMaxLength(maximo);
   if (auto* texto = qobject_cast<QPlainTextEdit*>(campo)) forms::limitText(texto, maximo);
+}
+
+void limitaPelaColuna(QWidget* campo, QStringView coluna) {
+  if (const int maximo = tamanhoDaColuna(coluna); maximo > 0) limita(campo, maximo);
 }
