@@ -9,7 +9,7 @@
 #include "platform/forms/process.h"
 #include "platform/forms/rest.h"
 #include "platform/values/dates.h"
-#include "quote/grids.h"
+#include "quote/situation.h"
 #include "run/context.h"
 #include "text/trim.h"
 
@@ -25,10 +25,7 @@ const QString kTela = u"frmPropCmrcTL"_s;
 /// How long a user's command waits for the disk.
 constexpr auto kEspera = 2s;
 
-bool editando() {
-  const QString& modo = contexto().ModoOrcamento;
-  return (modo == u"I" || modo == u"A") && forms::registry::find(kTela) != nullptr;
-}
+bool editando() { return situacao::editando() && forms::registry::find(kTela) != nullptr; }
 
 /// The database of this run, without its name.
 QString bancoAtual() {
@@ -112,7 +109,7 @@ void Guarda::nota() {
 void Guarda::comeca() {
   if (tomado_) return;
   ultimo_ = retrato();
-  lido_ = contexto().ModoOrcamento == u"A" ? resumoDoLido() : QString();
+  lido_ = situacao::alterando() ? resumoDoLido() : QString();
 }
 
 void Guarda::encerra() {

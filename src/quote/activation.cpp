@@ -8,17 +8,20 @@ using namespace Qt::StringLiterals;
 
 // A quote is never deleted: it is marked as deactivated with its lines and honorees, and the mark taken away.
 
-bool frmPropCmrcTL::recusaSemRegistro() {
-  if (!aparaDireita(txtRowId->text()).isEmpty()) return false;
-  avisa(u"Selecione Um Registro Para Executar esta Operação!"_s);
-  return true;
+situacao::Situacao frmPropCmrcTL::situacaoDoRegistro() const {
+  return {.desativado = !lblDTDesativa->text().isEmpty(), .fechado = !lblDataFechamento->text().isEmpty()};
 }
 
-/// A command that the state of the quote forbids: says why and empties the screen.
-bool frmPropCmrcTL::recusaEstado(bool recusado, const QString& motivo) {
-  if (!recusado) return false;
-  avisa(u"Impossibilidade de Executar o Comando!\r"_s + motivo);
-  LimpaTela();
+bool frmPropCmrcTL::recusa(situacao::Comando comando) {
+  if (aparaDireita(txtRowId->text()).isEmpty()) {
+    avisa(u"Selecione Um Registro Para Executar esta Operação!"_s);
+    return true;
+  }
+  if (!carregaEscolhido()) return true;
+  const auto recusada = situacao::recusa(comando, situacaoDoRegistro());
+  if (!recusada) return false;
+  avisa(recusada->texto);
+  if (recusada->limpa) LimpaTela();
   return true;
 }
 
@@ -35,10 +38,7 @@ void frmPropCmrcTL::alteraOrcamento(const QStringList& comandos) {
 }
 
 void frmPropCmrcTL::cmdEXCLUIR_Click() {
-  if (recusaSemRegistro() || !carregaEscolhido() ||
-      recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Já está como Desativado."_s) ||
-      recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
-    return;
+  if (recusa(situacao::Comando::Desativar)) return;
   if (pergunta(u"Deseja realmente Desativar?"_s)) {
     const QString marca = u"data_desa='"_s + values::formatDate(values::now(), u"yyyymmdd") + u"' "_s;
     alteraOrcamento({u"UPDATE prop_cmrc SET user_desa='"_s + QString::number(contexto().IdUsuarioAtual) +
@@ -52,10 +52,7 @@ void frmPropCmrcTL::cmdEXCLUIR_Click() {
 }
 
 void frmPropCmrcTL::cmdReativar_Click() {
-  if (recusaSemRegistro() || !carregaEscolhido() ||
-      recusaEstado(lblDTDesativa->text().isEmpty(), u"O Registro Já está como Ativo."_s) ||
-      recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
-    return;
+  if (recusa(situacao::Comando::Reativar)) return;
   if (pergunta(u"Deseja realmente Reativar Este Registro ?"_s))
     alteraOrcamento({u"UPDATE prop_cmrc SET user_desa=null, data_desa=null "_s,
                      u"UPDATE prop_cmrc_deta SET data_desa=null "_s,

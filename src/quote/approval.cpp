@@ -38,7 +38,7 @@ int linhaDaEntrada(const forms::GridModel& itens, const QString& texto) {
 }  // namespace
 
 void frmPropCmrcTL::cmdAbreAprova_Click() {
-  if (!editando()) return;
+  if (!situacao::editando()) return;
   forms::GridModel& itens = Flex->grid();
   cboItemPropCmrc->clearList();
   cboItemPropCmrc->addEntry(u"TODOS"_s);

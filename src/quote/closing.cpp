@@ -28,10 +28,7 @@ bool temItemAprovado(const forms::GridModel& itens) {
 }  // namespace
 
 void frmPropCmrcTL::cmdFechar_Click() {
-  if (recusaSemRegistro() || !carregaEscolhido() ||
-      recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s) ||
-      recusaEstado(!lblDataFechamento->text().isEmpty(), u"O Registro Já Está Fechado!"_s))
-    return;
+  if (recusa(situacao::Comando::Fechar)) return;
   if (!temItemAprovado(Flex->grid())) {
     avisaFalha(u"Impossibilidade de Executar o Comando!\rNão há itens aprovados!"_s);
     return LimpaTela();
@@ -67,11 +64,7 @@ void frmPropCmrcTL::marcaFechamento() {
 }
 
 void frmPropCmrcTL::cmdReabrir_Click() {
-  if (recusaSemRegistro() || !carregaEscolhido() ||
-      recusaEstado(!lblDTDesativa->text().isEmpty(), u"O Registro Está Desativado!"_s))
-    return;
-  if (lblDataFechamento->text().isEmpty())
-    return avisa(u"Impossibilidade de Executar o Comando!\rO Registro não está Fechado!"_s);
+  if (recusa(situacao::Comando::Reabrir)) return;
   if (const QString pedido = pedidoDoOrcamento(apara(txtCodigo->text())); !pedido.isEmpty())
     return avisa(
         u"Já foi criado um pedido para este orçamento.\r"
@@ -91,7 +84,7 @@ void frmPropCmrcTL::cmdReabrir_Click() {
 /// A closed quote shows its terms for looking only; an open one its text of terms.
 void frmPropCmrcTL::cmdCondPgto_Click() {
   if (!carregaEscolhido()) return;
-  if (!values::isDate(lblDataFechamento->text())) return openOverFrame(frameCondPgto, txtCondPagto);
+  if (!situacaoDoRegistro().fechado) return openOverFrame(frameCondPgto, txtCondPagto);
   auto& tela = forms::form<frmConfirmaPropCmrcTL>();
   passaTotaisParaConfirmacao();
   for (QWidget* grupo : {tela.Frame1, tela.Frame7}) grupo->setEnabled(false);

@@ -21,7 +21,7 @@ void frmPropCmrcTL::cmdPesquisar_PropCmrc_Click() {
 }
 
 bool frmPropCmrcTL::faltaCarregar() const {
-  return !editando() && !txtRowId->text().isEmpty() && txtRowId->text() != idCarregado_;
+  return !situacao::editando() && !txtRowId->text().isEmpty() && txtRowId->text() != idCarregado_;
 }
 
 bool frmPropCmrcTL::carregaEscolhido() {

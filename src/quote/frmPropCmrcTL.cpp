@@ -233,7 +233,7 @@ void frmPropCmrcTL::ligaAtalhos() {
   for (const auto& [tecla, botao] : atalhos)
     connect(new QShortcut(tecla, this), &QShortcut::activated, this, [this, botao = botao] {
       // While editing, a search by key would drop what was typed; the button stays.
-      if (botao != cmdPesquisar_PropCmrc || !editando()) clickByKey(botao);
+      if (botao != cmdPesquisar_PropCmrc || !situacao::editando()) clickByKey(botao);
     });
 }
 

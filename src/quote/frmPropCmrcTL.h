@@ -5,6 +5,7 @@
 #include "platform/data/recordset.h"
 #include "platform/forms/form.h"
 #include "quote/grids.h"
+#include "quote/situation.h"
 #include "ui_frmPropCmrcTL.h"
 
 /// The quote screen: header, items, totals and the commands of a quote. Its grids Flex (items), FlexMonta
@@ -36,7 +37,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  // Modes (modes.cpp, situation.cpp)
+  // Modes (modes.cpp)
   /// Buttons as they are while nothing is edited.
   void BotoesNeutros();
   /// Locked: only the number can be typed.
@@ -65,8 +66,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   // Commands of the modes (modes.cpp)
   void botoesEditando();
   void travaOuDestrava(bool trava);
-  /// Whether a quote is being made or altered.
-  [[nodiscard]] static bool editando();
   /// Back to looking only.
   void encerraEdicao();
   void cmdINCLUIR_Click();
@@ -167,8 +166,9 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void FlexHomg_DblClick();
 
   // States of a quote (activation.cpp, closing.cpp, closing_notices.cpp, printing.cpp)
-  [[nodiscard]] bool recusaSemRegistro();
-  [[nodiscard]] bool recusaEstado(bool recusado, const QString& motivo);
+  [[nodiscard]] situacao::Situacao situacaoDoRegistro() const;
+  /// Whether a command is refused: without a quote, or by what the quote is.
+  [[nodiscard]] bool recusa(situacao::Comando comando);
   void alteraOrcamento(const QStringList& comandos);
   void cmdEXCLUIR_Click();
   void cmdReativar_Click();

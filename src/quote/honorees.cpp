@@ -21,7 +21,7 @@ void frmPropCmrcTL::cmdIncluirHomg_Click() {
 
 /// Takes a name out of the list and back into its box, to be mended and added again.
 void frmPropCmrcTL::FlexHomg_DblClick() {
-  if (!editando()) return;
+  if (!situacao::editando()) return;
   forms::GridModel& lista = FlexHomg->grid();
   const int linha = lista.row();
   if (linha == 0) return;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 // The item grid: removing a line, and the totals below.
 
 void frmPropCmrcTL::Flex_DblClick() {
-  if (!editando()) return;
+  if (!situacao::editando()) return;
   const QString resposta =
       maiusculas(forms::inputBox({.prompt = u"Deseja [E]xclui ou [A]lterar? [E] ou [A]"_s,
                                   .title = u"Exclui ou Altera Item"_s,

@@ -11,6 +11,45 @@ using namespace Qt::StringLiterals;
 
 // Idle, new, altering: what can be typed and pressed, and how the screen shows it.
 
+namespace {
+
+struct Rotulo {
+  const char16_t* texto;
+  forms::ColorNumber fundo;
+};
+// Dark enough for white letters on any theme.
+constexpr Rotulo kNovo{u"Novo orçamento", 0x2F6B1E};
+constexpr Rotulo kAlterando{u"Em alteração", 0x0050B4};
+constexpr Rotulo kDesativado{u"Desativado", 0x2020B0};
+constexpr Rotulo kFechado{u"Fechado", 0x8C4A1B};
+constexpr Rotulo kNaoCarregado{u"Nr. %1 não carregado", 0x702870};
+constexpr Rotulo kAberto{u"Aberto", 0x606060};
+constexpr forms::ColorNumber kBranco = 0xFFFFFF;
+
+}  // namespace
+
+void frmPropCmrcTL::mostraSituacao() {
+  mostraOferta();
+  const auto [desativado, fechado] = situacaoDoRegistro();
+  const Rotulo* rotulo = nullptr;
+  if (cmdSALVAR->isEnabled())
+    rotulo = situacao::incluindo() ? &kNovo : &kAlterando;
+  else if (faltaCarregar())
+    rotulo = &kNaoCarregado;
+  else if (desativado)
+    rotulo = &kDesativado;
+  else if (fechado)
+    rotulo = &kFechado;
+  else if (!txtRowId->text().isEmpty())
+    rotulo = &kAberto;
+
+  lblSituacao->setVisible(rotulo != nullptr);
+  if (rotulo == nullptr) return;
+  lblSituacao->setText(QString::fromUtf16(rotulo->texto).replace(u"%1"_s, txtRowId->text()));
+  forms::setBackColor(lblSituacao, rotulo->fundo);
+  forms::setForeColor(lblSituacao, kBranco);
+}
+
 void frmPropCmrcTL::BotoesNeutros() {
   for (QWidget* botao :
        {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdSAIR, cmdFechar, cmdReabrir})
@@ -65,15 +104,7 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
 }
 
 void frmPropCmrcTL::cmdALTERAR_Click() {
-  if (recusaSemRegistro() || !carregaEscolhido()) return;
-  if (!lblDTDesativa->text().isEmpty()) {
-    avisa(u"O Registro Está Desativado."_s);
-    return LimpaTela();
-  }
-  if (!lblDataFechamento->text().isEmpty()) {
-    avisa(u"O Registro Já Está Fechado!\rSelecione a opção [Abrir] antes de entrar no modo de alteração"_s);
-    return LimpaTela();
-  }
+  if (recusa(situacao::Comando::Alterar)) return;
   contexto().ModoOrcamento = u"A"_s;
   contexto().ModoItem = u"A"_s;
   botoesEditando();
@@ -84,7 +115,7 @@ void frmPropCmrcTL::cmdALTERAR_Click() {
 }
 
 void frmPropCmrcTL::cmdSAIR_Click() {
-  if (!editando()) return unload();
+  if (!situacao::editando()) return unload();
   const auto resposta = forms::msgBox({.text = u"Existe operação não concluída!!!\r<Sim> Sair sem Concluir\r"
                                                "<Não> Retornar para a Operação Atual\r"
                                                "<Cancela> Retornar e Abortar a Operação Atual"_s,
@@ -100,8 +131,3 @@ void frmPropCmrcTL::cmdSAIR_Click() {
 }
 
 void frmPropCmrcTL::closeRequested() { cmdSAIR_Click(); }
-
-bool frmPropCmrcTL::editando() {
-  const QString& modo = contexto().ModoOrcamento;
-  return modo == u"A" || modo == u"I";
-}

@@ -58,7 +58,7 @@ const QString kMesmoAssim = u"\r\rDeseja recuperar mesmo assim o que não foi sa
 
 void frmPropCmrcTL::mostraOferta() {
   const auto& ofertas = guarda().ofertas();
-  const bool oferece = !ofertas.isEmpty() && !editando();
+  const bool oferece = !ofertas.isEmpty() && !situacao::editando();
   for (QWidget* parte : std::initializer_list<QWidget*>{lblRascunho, cmdRecuperar, cmdDescartar})
     parte->setVisible(oferece);
   // Without a quote the dates beside the title are empty, and the line takes their place.
@@ -103,8 +103,8 @@ bool frmPropCmrcTL::carregaAntesDeRecuperar(const Rascunho& rascunho) {
   cmdPesquisar_PropCmrc_Click();
   if (txtRowId->text() != id) return false;
   const QString orcamento = u"O orçamento nr. "_s + id;
-  if (!lblDTDesativa->text().isEmpty() || !lblDataFechamento->text().isEmpty()) {
-    avisa(orcamento + (lblDTDesativa->text().isEmpty() ? u" foi fechado"_s : u" foi desativado"_s) +
+  if (const auto [desativado, fechado] = situacaoDoRegistro(); desativado || fechado) {
+    avisa(orcamento + (desativado ? u" foi desativado"_s : u" foi fechado"_s) +
           u" depois do que não foi salvo.\rPara recuperá-lo, o registro precisa estar aberto e ativo."_s);
     return false;
   }

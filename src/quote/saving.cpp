@@ -68,9 +68,9 @@ void frmPropCmrcTL::cmdSALVAR_Click() {
     return avisa(u"[Campo Obrigatório] - Responsável pelo Atendimento"_s, cboRespAtendimento);
   if (Flex->grid().rows() <= 1) return avisa(u"Quantidade de Itens Inválida!!!"_s, txtCodProduto);
   TravaCampos();
-  if (contexto().ModoOrcamento == u"I")
+  if (situacao::incluindo())
     gravaNovo();
-  else if (contexto().ModoOrcamento == u"A")
+  else if (situacao::alterando())
     gravaAlteracao();
   TravaCampos();
   BotoesNeutros();

@@ -1,42 +1,49 @@
-#include "quote/frmPropCmrcTL.h"
+#include "quote/situation.h"
+
 #include "run/context.h"
 
 using namespace Qt::StringLiterals;
 
+namespace situacao {
+
 namespace {
 
-struct Situacao {
-  const char16_t* texto;
-  forms::ColorNumber fundo;
+struct Regra {
+  Comando comando;
+  bool Situacao::*marca;
+  bool recusada;  ///< the value of the mark that forbids the command
+  QStringView motivo;
 };
-// Dark enough for white letters on any theme.
-constexpr Situacao kNovo{u"Novo orçamento", 0x2F6B1E};
-constexpr Situacao kAlterando{u"Em alteração", 0x0050B4};
-constexpr Situacao kDesativado{u"Desativado", 0x2020B0};
-constexpr Situacao kFechado{u"Fechado", 0x8C4A1B};
-constexpr Situacao kNaoCarregado{u"Nr. %1 não carregado", 0x702870};
-constexpr Situacao kAberto{u"Aberto", 0x606060};
-constexpr forms::ColorNumber kBranco = 0xFFFFFF;
+// The first that holds is said.
+constexpr Regra kRegras[] = {
+    {Comando::Alterar, &Situacao::desativado, true, u"O Registro Está Desativado."},
+    {Comando::Alterar, &Situacao::fechado, true,
+     u"O Registro Já Está Fechado!\rSelecione a opção [Abrir] antes de entrar no modo de alteração"},
+    {Comando::Desativar, &Situacao::desativado, true, u"O Registro Já está como Desativado."},
+    {Comando::Desativar, &Situacao::fechado, true, u"O Registro Já Está Fechado!"},
+    {Comando::Reativar, &Situacao::desativado, false, u"O Registro Já está como Ativo."},
+    {Comando::Reativar, &Situacao::fechado, true, u"O Registro Já Está Fechado!"},
+    {Comando::Fechar, &Situacao::desativado, true, u"O Registro Está Desativado!"},
+    {Comando::Fechar, &Situacao::fechado, true, u"O Registro Já Está Fechado!"},
+    {Comando::Reabrir, &Situacao::desativado, true, u"O Registro Está Desativado!"},
+    {Comando::Reabrir, &Situacao::fechado, false, u"O Registro não está Fechado!"},
+};
 
 }  // namespace
 
-void frmPropCmrcTL::mostraSituacao() {
-  mostraOferta();
-  const Situacao* situacao = nullptr;
-  if (cmdSALVAR->isEnabled())
-    situacao = contexto().ModoOrcamento == u"I" ? &kNovo : &kAlterando;
-  else if (faltaCarregar())
-    situacao = &kNaoCarregado;
-  else if (!lblDTDesativa->text().isEmpty())
-    situacao = &kDesativado;
-  else if (!lblDataFechamento->text().isEmpty())
-    situacao = &kFechado;
-  else if (!txtRowId->text().isEmpty())
-    situacao = &kAberto;
+bool incluindo() { return contexto().ModoOrcamento == u"I"; }
+bool alterando() { return contexto().ModoOrcamento == u"A"; }
+bool editando() { return incluindo() || alterando(); }
 
-  lblSituacao->setVisible(situacao != nullptr);
-  if (situacao == nullptr) return;
-  lblSituacao->setText(QString::fromUtf16(situacao->texto).replace(u"%1"_s, txtRowId->text()));
-  forms::setBackColor(lblSituacao, situacao->fundo);
-  forms::setForeColor(lblSituacao, kBranco);
+std::optional<Recusa> recusa(Comando comando, const Situacao& situacao) {
+  for (const Regra& regra : kRegras) {
+    if (regra.comando != comando || situacao.*regra.marca != regra.recusada) continue;
+    const QString antes =
+        comando == Comando::Alterar ? QString() : u"Impossibilidade de Executar o Comando!\r"_s;
+    // What can't be reopened since it is open stays on the screen.
+    return Recusa{antes + regra.motivo.toString(), comando != Comando::Reabrir || regra.recusada};
+  }
+  return std::nullopt;
 }
+
+}  // namespace situacao

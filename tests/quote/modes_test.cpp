@@ -9,6 +9,29 @@ namespace {
 
 using Modes = QuoteCase;
 
+/// Commands that a stored quote allows.
+QStringList allowed(const situacao::Situacao& state) {
+  using enum situacao::Comando;
+  QStringList names;
+  for (const auto& [command, name] : {std::pair{Alterar, u"Alterar"_s},
+                                      {Desativar, u"Desativar"_s},
+                                      {Reativar, u"Reativar"_s},
+                                      {Fechar, u"Fechar"_s},
+                                      {Reabrir, u"Reabrir"_s}})
+    if (!situacao::recusa(command, state)) names << name;
+  return names;
+}
+
+TEST(Situation, SaysWhichCommandsGo) {
+  EXPECT_EQ(allowed({}), (QStringList{u"Alterar"_s, u"Desativar"_s, u"Fechar"_s}));
+  EXPECT_EQ(allowed({.desativado = true}), QStringList{u"Reativar"_s});
+  EXPECT_EQ(allowed({.fechado = true}), QStringList{u"Reabrir"_s});
+  // Nothing but the ERP's own programs gets such a quote out of it.
+  EXPECT_EQ(allowed({.desativado = true, .fechado = true}), QStringList());
+  // What a quote is both is refused for the first.
+  EXPECT_TRUE(situacao::recusa(situacao::Comando::Fechar, {true, true})->texto.contains(u"Desativado!"));
+}
+
 TEST_F(Modes, FieldsTrimAndLimitWhatIsTypedAndTheRemarkUnfolds) {
   start();
   support::type(screen->txtCodigo, u" 12 "_s);
