@@ -1,13 +1,20 @@
 #include "search/frmBROWSE_PropCmrc.h"
 
 #include <QRegularExpression>
+#include <QShortcut>
+#include <QStandardPaths>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
 
+#include "platform/files/contents.h"
+#include "platform/forms/boxes.h"
+#include "platform/forms/controls.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
+#include "platform/values/runtime_error.h"
+#include "platform/values/spreadsheet.h"
 #include "run/context.h"
 #include "run/program_title.h"
 #include "search/delivery.h"
@@ -15,6 +22,7 @@
 #include "shared/messages.h"
 #include "shared/text.h"
 #include "shared/theme.h"
+#include "shared/validity.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -31,6 +39,10 @@ constexpr std::array<forms::GridColumn, 8> kLayout{{
     {u"Dt.Evento", 1000, forms::kRight},
     {u"Dt.Validade", 1000, forms::kRight},
 }};
+
+constexpr int kEventoProximo = 30;  // days
+constexpr forms::ColorNumber kVencido = 0xC0C0FF;
+constexpr forms::ColorNumber kVence = 0xA8E4FF;
 
 using Tela = frmBROWSE_PropCmrc;
 constexpr pesquisa::Entrega kEntregas[] = {
@@ -91,11 +103,13 @@ frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() {
   using forms::Event;
   setupUi(this);
   on(cmdPesquisa, Event::Click, &frmBROWSE_PropCmrc::cmdPesquisa_Click);
-  on(chkVisualiza, Event::Click, &frmBROWSE_PropCmrc::cmdPesquisa_Click);
-  on(chkSomenteFechados, Event::Click, [this] { somenteUma(chkSomenteFechados, chkSomenteNaoFechados); });
-  on(chkSomenteNaoFechados, Event::Click, [this] { somenteUma(chkSomenteNaoFechados, chkSomenteFechados); });
+  for (QCheckBox* caixa :
+       {chkVisualiza, chkSomenteFechados, chkSomenteNaoFechados, chkVencidos, chkEventoProximo})
+    on(caixa, Event::Click, [this, caixa] { caixaClicada(caixa); });
+  on(cmdExportar, Event::Click, &frmBROWSE_PropCmrc::cmdExportar_Click);
+  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, Flex, &forms::FlexGrid::copyRows);
   on(Flex, Event::DoubleClick, &frmBROWSE_PropCmrc::Flex_DblClick);
-  enterMovesOn({txtCOD, cmdPesquisa, txtMaxReg});
+  enterMovesOn({txtCOD, cmdPesquisa, txtMaxReg, cmdExportar});
   selectOnFocus({txtCOD, txtMaxReg});
   resultsUnder({txtCOD, cmdPesquisa}, [this] { return Flex; });
   Flex->setLeastText(DtOrcamento, u"00/00/0000 00:00:00"_s);
@@ -114,11 +128,29 @@ void frmBROWSE_PropCmrc::Form_Load() {
   AplicaCoresForm(*this);
 }
 
-void frmBROWSE_PropCmrc::PreparaGradePropCmrc() { Flex->grid().layOut(kLayout); }
+void frmBROWSE_PropCmrc::PreparaGradePropCmrc() {
+  Flex->grid().layOut(kLayout);
+  lblContagem->clear();
+  cmdExportar->setEnabled(false);
+}
 
-void frmBROWSE_PropCmrc::somenteUma(QCheckBox* marcada, QCheckBox* outra) {
-  if (marcada->isChecked()) outra->setChecked(false);
+void frmBROWSE_PropCmrc::caixaClicada(QCheckBox* clicada) {
+  // What is due is open and active.
+  const bool aberto = clicada == chkVencidos || clicada == chkEventoProximo;
+  if (aberto && clicada->isChecked()) {
+    chkVisualiza->setChecked(true);
+    chkSomenteFechados->setChecked(false);
+  }
+  if (clicada == chkSomenteNaoFechados && clicada->isChecked()) chkSomenteFechados->setChecked(false);
+  const bool outros = clicada == chkSomenteFechados && clicada->isChecked();
+  if (outros) chkSomenteNaoFechados->setChecked(false);
+  if (outros || !chkVisualiza->isChecked())
+    for (QCheckBox* caixa : {chkVencidos, chkEventoProximo}) caixa->setChecked(false);
   cmdPesquisa_Click();
+}
+
+bool frmBROWSE_PropCmrc::filtraTexto() const {
+  return !apara(txtCOD->text()).isEmpty() && !opPROD->isChecked() && !opPROT->isChecked();
 }
 
 std::optional<QString> frmBROWSE_PropCmrc::montaConsulta() {
@@ -131,7 +163,15 @@ std::optional<QString> frmBROWSE_PropCmrc::montaConsulta() {
   sql += chkVisualiza->isChecked() ? u"Where (PROP_CMRC.DATA_DESA Is Null) "_s
                                    : u"Where (Not PROP_CMRC.DATA_DESA Is Null) "_s;
   if (chkSomenteFechados->isChecked()) sql += u" and (Not PROP_CMRC.DATA_FECH Is Null) "_s;
-  if (chkSomenteNaoFechados->isChecked()) sql += u" and (PROP_CMRC.DATA_FECH Is Null) "_s;
+  const bool prazo = chkVencidos->isChecked() || chkEventoProximo->isChecked();
+  if (chkSomenteNaoFechados->isChecked() || prazo) sql += u" and (PROP_CMRC.DATA_FECH Is Null) "_s;
+  const auto dia = [](int dias) {
+    return values::formatDate(values::wallClock(values::today().addDays(dias)), u"yyyymmdd");
+  };
+  if (chkVencidos->isChecked()) sql += u" and (PROP_CMRC.DATA_VALI < '%1') "_s.arg(dia(0));
+  if (chkEventoProximo->isChecked())
+    sql += u" and (PROP_CMRC.DATA_EVEN >= '%1') and (PROP_CMRC.DATA_EVEN < '%2') "_s.arg(
+        dia(0), dia(kEventoProximo + 1));
 
   struct Filtro {
     const QRadioButton* opcao;
@@ -159,7 +199,6 @@ std::optional<QString> frmBROWSE_PropCmrc::montaConsulta() {
 
 void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
   PreparaGradePropCmrc();
-  lblContagem->clear();
   const auto sql = montaConsulta();
   if (!sql) return avisa(u"Data Inválida!"_s, txtCOD);
 
@@ -169,8 +208,37 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
   for (auto rs = abreConsulta(*sql); !rs.eof(); rs.moveNext()) linhas.push_back(linhaDoOrcamento(rs));
   grade.addRows(linhas);
   grade.chooseSingleRow();
+  pintaValidades();
+  cmdExportar->setEnabled(grade.rows() > 1);
   lblContagem->setText(
-      pesquisa::contagem(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s));
+      filtraTexto()
+          ? pesquisa::contagem(grade.rows() - 1, u"orçamento encontrado"_s, u"orçamentos encontrados"_s)
+          : pesquisa::contagem(grade.rows() - 1, u"orçamento, sem filtro de texto"_s,
+                               u"orçamentos, sem filtro de texto"_s));
+}
+
+void frmBROWSE_PropCmrc::pintaValidades() {
+  // Only an open, active quote is due.
+  if (!chkVisualiza->isChecked()) return;
+  auto& grade = Flex->grid();
+  for (int linha = 1; linha < grade.rows(); ++linha) {
+    const Prazo prazo = prazoDaValidade(grade.text(linha, DtValidade), values::today());
+    if (prazo.estado == Prazo::SemPressa || !grade.text(linha, DtFechamento).isEmpty()) continue;
+    grade.setCellBackColor(linha, DtValidade,
+                           forms::toColor(prazo.estado == Prazo::Vencido ? kVencido : kVence));
+  }
+}
+
+void frmBROWSE_PropCmrc::cmdExportar_Click() {
+  const QString pasta = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  const QString caminho = forms::saveFileBox(u"Exportar orçamentos"_s, pasta + u"/orcamentos.csv"_s);
+  if (caminho.isEmpty()) return;
+  try {
+    files::write(caminho, values::toCsv(Flex->visibleTexts()));
+  } catch (const values::RuntimeError&) {
+    avisaFalha(
+        u"Não foi possível gravar %1. Escolha outra pasta ou feche o arquivo na planilha."_s.arg(caminho));
+  }
 }
 
 void frmBROWSE_PropCmrc::Flex_DblClick() {

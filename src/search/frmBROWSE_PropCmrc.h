@@ -23,6 +23,11 @@ class frmBROWSE_PropCmrc : public forms::Form, public Ui::frmBROWSE_PropCmrc {
   void cmdPesquisa_Click();
   /// The statement of the filter; nothing where the text should be a date and is none.
   [[nodiscard]] std::optional<QString> montaConsulta();
-  void somenteUma(QCheckBox* marcada, QCheckBox* outra);
+  /// Whether a text goes into the statement.
+  [[nodiscard]] bool filtraTexto() const;
+  /// Searches anew; a box that was ticked clears the one that says the opposite and ticks what it holds for.
+  void caixaClicada(QCheckBox* clicada);
+  void pintaValidades();
+  void cmdExportar_Click();
   void Flex_DblClick();
 };

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QInputDialog>
@@ -97,6 +98,27 @@ QList<ButtonText> buttonsOf(Buttons buttons) {
   return {{Answer::Ok, u"&OK", QMessageBox::AcceptRole}};
 }
 
+QString chosenFile(const QString& title, const QString& start, QFileDialog::AcceptMode mode,
+                   const QString& accept) {
+  ++shownSoFar;
+  if (inputAnswerer) return inputAnswerer({title, title, start});
+
+  const Interlude interlude;
+  const bool open = mode == QFileDialog::AcceptOpen;
+  const QFileInfo named(start);
+  QFileDialog window(interlude.caller(), title, open ? start : named.path());
+  window.setAcceptMode(mode);
+  window.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  if (!open) window.selectFile(named.fileName());
+  if (!open) window.setDefaultSuffix(named.suffix());
+  window.setLabelText(QFileDialog::FileName, u"Arquivo:"_s);
+  window.setLabelText(QFileDialog::FileType, u"Tipo:"_s);
+  window.setLabelText(QFileDialog::LookIn, u"Pasta:"_s);
+  window.setLabelText(QFileDialog::Accept, accept);
+  window.setLabelText(QFileDialog::Reject, u"&Cancelar"_s);
+  return window.exec() == QDialog::Accepted ? window.selectedFiles().value(0) : QString();
+}
+
 }  // namespace
 
 Answer msgBox(const Box& box) {
@@ -147,18 +169,11 @@ QString inputBox(const Input& input) {
 }
 
 QString fileBox(const QString& title, const QString& folder) {
-  ++shownSoFar;
-  if (inputAnswerer) return inputAnswerer({title, title, folder});
+  return chosenFile(title, folder, QFileDialog::AcceptOpen, u"&Abrir"_s);
+}
 
-  const Interlude interlude;
-  QFileDialog window(interlude.caller(), title, folder);
-  window.setFileMode(QFileDialog::ExistingFile);
-  window.setLabelText(QFileDialog::FileName, u"Arquivo:"_s);
-  window.setLabelText(QFileDialog::FileType, u"Tipo:"_s);
-  window.setLabelText(QFileDialog::LookIn, u"Pasta:"_s);
-  window.setLabelText(QFileDialog::Accept, u"&Abrir"_s);
-  window.setLabelText(QFileDialog::Reject, u"&Cancelar"_s);
-  return window.exec() == QDialog::Accepted ? window.selectedFiles().value(0) : QString();
+QString saveFileBox(const QString& title, const QString& path) {
+  return chosenFile(title, path, QFileDialog::AcceptSave, u"&Salvar"_s);
 }
 
 void setBoxAnswerer(std::function<Answer(const Box&)> answerer) { boxAnswerer = std::move(answerer); }

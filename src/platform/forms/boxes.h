@@ -35,6 +35,10 @@ Answer msgBox(const Box& box);
 /// text.
 [[nodiscard]] QString fileBox(const QString& title, const QString& folder);
 
+/// Lets the user name a file to write, beginning with a path of this machine; asks before a file that is
+/// there is taken. Cancel gives an empty text.
+[[nodiscard]] QString saveFileBox(const QString& title, const QString& path);
+
 /// Answers boxes in place of a user; an empty function brings the real ones back.
 void setBoxAnswerer(std::function<Answer(const Box&)> answerer);
 void setInputAnswerer(std::function<QString(const Input&)> answerer);

@@ -6,11 +6,13 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QSet>
 #include <algorithm>
 #include <utility>
 
 #include "platform/forms/controls.h"
 #include "platform/forms/measures.h"
+#include "platform/values/spreadsheet.h"
 
 namespace forms {
 
@@ -164,7 +166,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) {
-    copySelectedRows();
+    copyRows();
     return;
   }
   if (event->matches(QKeySequence::SelectAll)) {
@@ -225,21 +227,25 @@ void FlexGrid::chooseVisibleColumn() {
   grid_.setCol(column);
 }
 
-void FlexGrid::copySelectedRows() const {
-  QStringList lines;
-  const auto add = [this, &lines](int row) {
-    QStringList cells;
+QList<QStringList> FlexGrid::visibleTexts() const {
+  QList<QStringList> texts;
+  for (int row = 0; row < grid_.rows(); ++row) {
+    texts.emplace_back();
     for (int column = 0; column < grid_.cols(); ++column)
-      if (!isColumnHidden(column)) cells << grid_.text(row, column);
-    lines << cells.join(u'\t');
-  };
-  QList<int> rows;
-  for (const QModelIndex& index : selectionModel()->selectedRows()) rows << index.row() + 1;
-  if (rows.isEmpty()) return;
-  std::ranges::sort(rows);
-  add(0);
-  for (const int row : std::as_const(rows)) add(row);
-  QApplication::clipboard()->setText(lines.join(u'\n'));
+      if (!isColumnHidden(column)) texts.back() << grid_.text(row, column);
+  }
+  return texts;
+}
+
+void FlexGrid::copyRows() const {
+  QList<QStringList> texts = visibleTexts();
+  if (texts.size() < 2) return;
+  QSet<qsizetype> chosen;
+  for (const QModelIndex& index : selectionModel()->selectedRows()) chosen << index.row() + 1;
+  qsizetype row = 0;
+  if (!chosen.isEmpty())
+    texts.removeIf([&](const QStringList&) { return row++ > 0 && !chosen.contains(row - 1); });
+  QApplication::clipboard()->setText(values::tabSeparated(texts));
 }
 
 void FlexGrid::changeEvent(QEvent* event) {

@@ -9,9 +9,9 @@ namespace forms {
 
 /// Shows a GridModel of its own: whole rows selected (several with Shift and the arrows or Ctrl+A, for
 /// copying), the title row fixed, light bands, fixed row height, columns that can be dragged and stay so in
-/// later layouts, Ctrl+C copies the selected rows, visible columns with their titles, as tab-separated text.
-/// A click on the title makes row 0 current, a click on empty ground changes nothing. Promoted in Designer
-/// files (header platform/forms/flex_grid.h).
+/// later layouts, Ctrl+C copies the selected rows, visible columns with their titles, for a spreadsheet; all
+/// rows where none is selected. A click on the title makes row 0 current, a click on empty ground changes
+/// nothing. Promoted in Designer files (header platform/forms/flex_grid.h).
 class FlexGrid : public QTableView {
   Q_OBJECT
 
@@ -27,6 +27,10 @@ class FlexGrid : public QTableView {
   /// Columns that share what the others leave of the width, in proportion to their own; without them the
   /// widest one takes it.
   void setSpareColumns(const QList<int>& columns);
+
+  /// The texts of the visible columns: the titles, then the data rows.
+  [[nodiscard]] QList<QStringList> visibleTexts() const;
+  void copyRows() const;
 
   /// Widths that the user drags are kept for this form (measures.h), and those kept are taken.
   void rememberWidths(const QString& form);
@@ -49,7 +53,6 @@ class FlexGrid : public QTableView {
   void giveSpareWidth();
   void showCurrent(int row, int column);
   void showTopRow(int row);
-  void copySelectedRows() const;
   void selectRows(int from, int to);
   void noteDrag(int column, int width);
   /// How much larger than the plain text size the text is.
