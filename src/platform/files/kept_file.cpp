@@ -5,7 +5,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
+#include <QHash>
+#include <QRegularExpression>
 #include <condition_variable>
 #include <cstdio>
 #include <deque>
@@ -114,8 +115,7 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   [[nodiscard]] bool remove();
   bool makeOwn();
   void report(const QString& why);
-  QSet<QString> namesThere() const;
-  void sweep(const QString& path) const;
+  QHash<QString, QStringList> filesThere() const;
 
   std::mutex mutex_;
   std::condition_variable changed_;
@@ -155,9 +155,9 @@ void KeptFile::Keeper::run() {
 
 bool KeptFile::Keeper::makeOwn() {
   if (lock_ && lock_->holds()) return true;
-  // What stands in its place and is no folder is somebody else's.
+  // What stands in its place and is no folder is somebody else's, and so is what a link there leads to.
   if (!QDir().mkpath(folder_) || !QFileInfo(folder_).isDir()) return false;
-  QFile::setPermissions(folder_, kOwnersFolder);
+  if (!QFileInfo(folder_).isSymLink()) QFile::setPermissions(folder_, kOwnersFolder);
   // Where the lock was removed by hand the file stays the own one, unless another program has found it.
   lock_.reset();
   if (!own_.isEmpty()) lock_ = lockOf(own_);
@@ -211,31 +211,32 @@ void KeptFile::Keeper::report(const QString& why) {
   std::fputs((u"Rascunho %1: %2\n"_s.arg(own_.isEmpty() ? folder_ : own_, why)).toUtf8().constData(), stderr);
 }
 
-/// Paths of the files that are there, or of which something is.
-QSet<QString> KeptFile::Keeper::namesThere() const {
-  QSet<QString> paths;
-  for (const QString& name : QDir(folder_).entryList(QDir::Files | QDir::Hidden)) {
-    const qsizetype end = name.indexOf(ending_);
-    if (end > 0) paths.insert(folder_ + u'/' + name.first(end + ending_.size()));
+/// Paths of the files that are there, or of which something is, each with what a program leaves of it when it
+/// is killed while it writes.
+QHash<QString, QStringList> KeptFile::Keeper::filesThere() const {
+  // As makeOwn names them, with the ending of a lock or of a file that is not whole yet.
+  const QRegularExpression own(u"^(\\d{8}-\\d{6}-\\d{3}-\\d+(?:-\\d+)?%1)(%2|\\.[A-Za-z]{6})?$"_s.arg(
+      QRegularExpression::escape(ending_), QRegularExpression::escape(kLockEnding)));
+  QHash<QString, QStringList> files;
+  for (const QString& name :
+       QDir(folder_).entryList(QDir::Files | QDir::Hidden | QDir::System | QDir::NoSymLinks)) {
+    const auto parts = own.match(name);
+    if (!parts.hasMatch()) continue;
+    QStringList& halves = files[folder_ + u'/' + parts.captured(1)];
+    if (parts.hasCaptured(2) && parts.captured(2) != kLockEnding) halves << folder_ + u'/' + name;
   }
-  return paths;
-}
-
-/// What a program leaves when it is killed while it writes.
-void KeptFile::Keeper::sweep(const QString& path) const {
-  const QFileInfo info(path);
-  for (const QString& name : QDir(folder_).entryList({info.fileName() + u".*"_s}, QDir::Files | QDir::Hidden))
-    if (!name.endsWith(kLockEnding)) QFile::remove(folder_ + u'/' + name);
+  return files;
 }
 
 void KeptFile::Keeper::look(const std::function<void(const QList<Left>&)>& found) {
   QList<Left> all;
-  for (const QString& path : namesThere()) {
-    if (path == own_) continue;
-    const auto lock = lockOf(path);
+  const auto files = filesThere();
+  for (auto file = files.begin(); file != files.end(); ++file) {
+    if (file.key() == own_) continue;
+    const auto lock = lockOf(file.key());
     if (!lock) continue;
-    sweep(path);
-    if (QFileInfo::exists(path)) all << readLeft(path);
+    for (const QString& half : file.value()) QFile::remove(half);
+    if (QFileInfo::exists(file.key())) all << readLeft(file.key());
   }
   found(all);
 }

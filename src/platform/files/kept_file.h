@@ -38,8 +38,10 @@ class KeptFile {
     QDateTime written;
     QByteArray content;  ///< empty where the file is not whole
     bool whole = false;
+    bool operator==(const Left&) const = default;
   };
   /// Looks for them and sweeps up what killed programs left half made; `found` is called in the other thread.
+  /// What bears no name that this class gives is neither found nor touched.
   void look(std::function<void(const QList<Left>&)> found);
   /// Makes one this program's own file in place of the present one; nullopt when it is gone, another program
   /// has it, or the disk takes too long.

@@ -92,11 +92,34 @@ TEST_F(Kept, ReportsAFileThatIsNotWholeAndRemovesWhatAKilledProgramLeft) {
   ASSERT_EQ(left().size(), 1);
   EXPECT_TRUE(left().first().whole);
   EXPECT_EQ(names().size(), 1) << names().join(u' ').toStdString();
+  // What bears no such name is nobody's, whatever it is called.
+  const QStringList others{u"copia.x"_s, u"copia.x.bak"_s, u"*.x"_s, u"20260101-000000-000-1.x.bak"_s,
+                           u"20260101-000000-000-1.x.AbCdEf~"_s};
+  for (const QString& other : others) put(folder() + u'/' + other, "1\n");
+  ASSERT_TRUE(QFile::link(path, folder() + u"/20260101-000000-000-2.x"_s));
+  put(path + u".AbCdEf"_s, "1\n");
+  ASSERT_EQ(left().size(), 1);
+  EXPECT_EQ(left().first().path, path);
+  EXPECT_EQ(names().size(), others.size() + 2) << names().join(u' ').toStdString();
   // A pipe by such a name is not waited for.
   put(path + u".AbCdEf"_s, "1\n");
   ASSERT_TRUE(QFile::remove(path) && ::mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
   const auto found = left();
   EXPECT_TRUE(found.size() == 1 && !found.first().whole);
+}
+
+TEST_F(Kept, ChangesNoRightsThroughALinkInItsPlace) {
+  const QString target = folder() + u"/../elsewhere"_s;
+  ASSERT_TRUE(QDir().mkpath(target) && QDir().mkpath(folder() + u"/.."_s));
+  QDir().rmdir(folder());
+  ASSERT_TRUE(QFile::link(QFileInfo(target).absoluteFilePath(), folder()));
+  const auto rights = QFile::Permissions(0x7755);
+  ASSERT_TRUE(QFile::setPermissions(target, rights));
+  auto own = file();
+  own->keep("a\n");
+  ASSERT_TRUE(own->settle(20s));
+  EXPECT_EQ(QFile::permissions(target), rights);
+  EXPECT_EQ(QDir(target).entryList({u"*.x"_s}).size(), 1);
 }
 
 TEST_F(Kept, HoldsNobodyUpOnASlowDisk) {
