@@ -31,3 +31,10 @@ bool pergunta(const QString& texto, const QString& titulo) {
   return forms::msgBox({.text = texto, .title = titulo, .buttons = forms::Buttons::YesNo}) ==
          forms::Answer::Yes;
 }
+
+bool perguntaComCuidado(const QString& texto) {
+  return forms::msgBox({.text = texto,
+                        .title = titulo(),
+                        .buttons = forms::Buttons::YesNo,
+                        .usual = forms::Answer::No}) == forms::Answer::Yes;
+}

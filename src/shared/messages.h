@@ -16,3 +16,5 @@ void avisaFalha(const QString& texto);
 /// A question with Yes and No; whether the answer was Yes.
 [[nodiscard]] bool pergunta(const QString& texto);
 [[nodiscard]] bool pergunta(const QString& texto, const QString& titulo);
+/// One whose Yes loses something: Enter is No.
+[[nodiscard]] bool perguntaComCuidado(const QString& texto);

@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontMetrics>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
@@ -77,6 +79,42 @@ void widenForTitle(QMessageBox& window) {
                 grid->columnCount());
 }
 
+/// Keeps what was typed ahead from answering a question.
+class TypedAhead : public QObject {
+ public:
+  explicit TypedAhead(QMessageBox& window) : QObject(&window), window_(window) {
+    window.installEventFilter(this);
+    for (QAbstractButton* button : window.buttons()) button->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::Show:
+        if (watched == &window_) since_.start();
+        return false;
+      case QEvent::ShortcutOverride:
+        // What is taken here comes as a key, not as a shortcut.
+        event->setAccepted(isEarly());
+        return isEarly();
+      case QEvent::KeyPress:
+        return isEarly() || isText(*static_cast<QKeyEvent*>(event));
+      default:
+        return false;
+    }
+  }
+
+ private:
+  [[nodiscard]] bool isEarly() const { return !since_.isValid() || !since_.hasExpired(kTypedAhead); }
+  static bool isText(const QKeyEvent& key) {
+    const bool held = (key.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier)) != 0;
+    return !held && !key.text().isEmpty() && key.text().at(0).isPrint();
+  }
+
+  QMessageBox& window_;
+  QElapsedTimer since_;
+};
+
 struct ButtonText {
   Answer answer;
   const char16_t* text;
@@ -138,13 +176,14 @@ Answer msgBox(const Box& box) {
   QHash<QAbstractButton*, Answer> answers;
   for (const ButtonText& button : buttonsOf(box.buttons)) {
     QPushButton* push = window.addButton(QString::fromUtf16(button.text), button.role);
-    // The first button is the default; of three, the one that changes nothing, and Esc and the box's X press
-    // it.
+    // Of three it is the one that changes nothing; Esc and the box's X press it too.
     const bool harmless = box.buttons == Buttons::YesNoCancel && button.answer == Answer::No;
-    if (answers.isEmpty() || harmless) window.setDefaultButton(push);
+    const bool usual = box.usual ? button.answer == box.usual : answers.isEmpty() || harmless;
+    if (usual) window.setDefaultButton(push);
     if (harmless) window.setEscapeButton(push);
     answers.insert(push, button.answer);
   }
+  if (box.buttons != Buttons::Ok) new TypedAhead(window);
   widenForTitle(window);
   window.exec();
   return answers.value(window.clickedButton(), box.buttons == Buttons::Ok ? Answer::Ok : Answer::No);

@@ -16,7 +16,12 @@ struct Box {
   std::optional<QString> title = {};  ///< without one: the program's name
   Icon icon = Icon::None;
   Buttons buttons = Buttons::Ok;
+  /// What Enter answers; without one the first button, of three No.
+  std::optional<Answer> usual = {};
 };
+
+/// For so long, in milliseconds, after a question is shown, keys answer nothing: they were typed ahead.
+inline constexpr int kTypedAhead = 400;
 
 struct Input {
   QString prompt;
@@ -24,8 +29,9 @@ struct Input {
   QString initial;
 };
 
-/// Shows a box and waits for its answer. Enter presses the first button, of three No; Esc and the box's X are
-/// Ok or, of three, No, and leave a question of two where it is.
+/// Shows a box and waits for its answer. Esc and the box's X are Ok or, of three, No, and leave a question of
+/// two where it is. A question is not answered by a letter or a space alone, which are what a user types who
+/// has not seen it: Alt with the letter, the arrows, Tab, Enter, Esc and clicks do.
 Answer msgBox(const Box& box);
 
 /// Asks for a line of text. Cancel gives an empty text.

@@ -2,6 +2,8 @@
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
+#include <optional>
+#include <vector>
 
 #include "platform/data/walk.h"
 #include "platform/forms/process.h"
@@ -92,21 +94,39 @@ TEST_F(Life, TheProcessEndsAtOnceWithItsStatus) {
 
 TEST_F(Life, RealBoxesAnswerToKeys) {
   using enum forms::Buttons;
-  const std::tuple<forms::Buttons, Qt::Key, forms::Answer> cases[] = {
-      {Ok, Qt::Key_Escape, forms::Answer::Ok},
-      {YesNo, Qt::Key_N, forms::Answer::No},
-      {YesNo, Qt::Key_Escape, forms::Answer::Yes},  // Esc leaves a question without Cancel where it is
-      {YesNoCancel, Qt::Key_Escape, forms::Answer::No},
-      {YesNoCancel, Qt::Key_Return, forms::Answer::No}};
-  for (const auto& [buttons, key, answer] : cases) {
-    QTimer::singleShot(0, &sample, [this, key] {
-      QWidget* box = QApplication::activeModalWidget();
-      ASSERT_NE(box, nullptr);
+  const auto press = [](QKeyCombination key) {
+    const QWidget* box = QApplication::activeModalWidget();
+    if (box != nullptr) QTest::keyClick(box->focusWidget(), key.key(), key.keyboardModifiers());
+  };
+  const struct {
+    forms::Buttons buttons;
+    std::vector<QKeyCombination> keys;
+    forms::Answer answer;
+    std::optional<forms::Answer> usual = {};
+  } cases[] = {{Ok, {Qt::Key_Escape}, forms::Answer::Ok},
+               {Ok, {Qt::Key_Space}, forms::Answer::Ok},
+               // Letters and blanks are what a user types on who has not seen the question.
+               {YesNo, {Qt::Key_N, Qt::Key_Space, Qt::SHIFT | Qt::Key_N, Qt::Key_Return}, forms::Answer::Yes},
+               {YesNo, {Qt::ALT | Qt::Key_N}, forms::Answer::No},
+               {YesNo, {Qt::Key_Tab, Qt::Key_Return}, forms::Answer::No},
+               {YesNo, {Qt::Key_Right, Qt::Key_Return}, forms::Answer::No},
+               {YesNo, {Qt::Key_Return}, forms::Answer::No, forms::Answer::No},
+               {YesNo, {Qt::Key_Escape, Qt::Key_Return}, forms::Answer::Yes},  // Esc leaves it where it is
+               {YesNoCancel, {Qt::Key_S, Qt::Key_Escape}, forms::Answer::No},
+               {YesNoCancel, {Qt::Key_Return}, forms::Answer::No}};
+  for (const auto& one : cases) {
+    // What comes while a question has not been seen yet answers nothing.
+    const int early = one.buttons == Ok ? 0 : forms::kTypedAhead / 2;
+    if (early > 0)
+      QTimer::singleShot(early, &sample, [&press] {
+        for (const QKeyCombination key : {QKeyCombination(Qt::Key_Return), Qt::ALT | Qt::Key_S}) press(key);
+      });
+    QTimer::singleShot(early * 3, &sample, [&, this] {
+      ASSERT_NE(QApplication::activeModalWidget(), nullptr);
       sample.close();
-      QTest::keyClick(box, key);
-      if (key == Qt::Key_Escape && box->isVisible()) QTest::keyClick(box, Qt::Key_Return);
+      for (const QKeyCombination key : one.keys) press(key);
     });
-    EXPECT_EQ(forms::msgBox({.text = u"a"_s, .buttons = buttons}), answer);
+    EXPECT_EQ(forms::msgBox({.text = u"a"_s, .buttons = one.buttons, .usual = one.usual}), one.answer);
     EXPECT_TRUE(sample.isLoaded());
   }
   QTimer::singleShot(0, &sample, [] {
