@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "draft/screen_fields.h"
+#include "platform/data/database_place.h"
 #include "platform/forms/form.h"
 #include "platform/forms/process.h"
 #include "platform/forms/rest.h"
@@ -27,11 +28,27 @@ constexpr auto kEspera = 2s;
 
 bool editando() { return situacao::editando() && forms::registry::find(kTela) != nullptr; }
 
-/// The database of this run, without its name.
+/// The database of this run by what it is, without its name: two drives may have one text in server.ini.
 QString bancoAtual() {
   const Contexto& c = contexto();
-  const QString nome = c.NomeServidor + u'^' + c.NomeBanco;
-  return QString::fromLatin1(QCryptographicHash::hash(nome.toUtf8(), QCryptographicHash::Sha1).toHex());
+  const QString lugar =
+      data::placeOf(c.StringConexaoMSSQL.isEmpty() ? c.StringConexaoFirebird : c.StringConexaoMSSQL);
+  return QString::fromLatin1(QCryptographicHash::hash(lugar.toUtf8(), QCryptographicHash::Sha1).toHex());
+}
+
+/// The lines of the quote; one that is in the assembly is none of them yet, and counts.
+int itensAtuais() {
+  const auto linhas = [](const QString& tela, const QString& nome) {
+    QObject* controle = forms::findControl(tela, nome);
+    const auto* vista = qobject_cast<const forms::FlexGrid*>(controle);
+    const auto* modelo = vista != nullptr ? &vista->grid() : qobject_cast<const forms::GridModel*>(controle);
+    return modelo == nullptr ? 0 : modelo->rows() - 1;
+  };
+  const QString montagem = u"frmMontarProduto"_s;
+  const forms::Form* aberta = forms::registry::find(montagem);
+  const bool montando = aberta != nullptr && aberta->isVisible() &&
+                        (linhas(montagem, u"Flex"_s) > 0 || linhas(kTela, u"ItemNaMontagem"_s) > 0);
+  return linhas(kTela, u"Flex"_s) + (montando ? 1 : 0);
 }
 
 bool meu(const Rascunho& rascunho) {
@@ -39,12 +56,16 @@ bool meu(const Rascunho& rascunho) {
          rascunho.ambiente == contexto().Ambiente && rascunho.banco == bancoAtual();
 }
 
-/// "Orçamento não salvo de 16/03 14:32, Camila Siqueira Nunes, 7 itens".
+/// "Não salvo: Nr. 16, em alteração, Camila Siqueira Nunes, 7 itens, de 16/03 14:32". Where there is not room
+/// for all of it, the end is what can be done without.
 QString frase(const Rascunho& rascunho) {
   const QDateTime quando = QDateTime::fromString(rascunho.quando, Qt::ISODate);
-  QString frase = u"Orçamento não salvo de "_s + quando.toString(u"dd/MM hh:mm"_s);
-  if (!apara(rascunho.cliente).isEmpty()) frase += u", "_s + apara(rascunho.cliente);
-  return frase + u", "_s + rascunho.itens + (rascunho.itens == u"1" ? u" item"_s : u" itens"_s);
+  QStringList partes{rascunho.orcamento.isEmpty() ? u"novo"_s
+                                                  : u"Nr. "_s + rascunho.orcamento + u", em alteração"_s};
+  if (const QString cliente = apara(rascunho.cliente); !cliente.isEmpty()) partes << cliente;
+  partes << rascunho.itens + (rascunho.itens == u"1" ? u" item"_s : u" itens"_s)
+         << u"de "_s + quando.toString(u"dd/MM hh:mm"_s);
+  return u"Não salvo: "_s + partes.join(u", "_s);
 }
 
 struct Achado {
@@ -54,18 +75,15 @@ struct Achado {
 
 /// What a file offers; nothing where it is another user's, or of another database.
 std::optional<Achado> achado(const files::KeptFile::Left& arquivo) {
-  const QString quando = arquivo.written.toString(u"dd/MM hh:mm"_s);
   const auto lido = arquivo.whole ? le(arquivo.content) : std::nullopt;
+  if (lido && !meu(*lido)) return std::nullopt;
+  const QString nome = u"Orçamento não salvo de "_s + arquivo.written.toString(u"dd/MM hh:mm"_s);
   const QString ordem = arquivo.written.toString(Qt::ISODate);
-  if (!lido)
-    return Achado{
-        {arquivo.path, u"Orçamento não salvo de "_s + quando + u" está danificado e fica guardado"_s}, ordem};
+  if (!lido) return Achado{{arquivo, nome + u" está danificado e fica guardado"_s}, ordem};
   if (lido->versao != versaoDoPrograma())
-    return Achado{{arquivo.path, u"Orçamento não salvo de "_s + quando + u" é da versão "_s + lido->versao +
-                                     u" do programa e fica guardado"_s},
+    return Achado{{arquivo, nome + u" é da versão "_s + lido->versao + u" do programa e fica guardado"_s},
                   ordem};
-  if (!meu(*lido)) return std::nullopt;
-  return Achado{{arquivo.path, frase(*lido), true}, lido->quando};
+  return Achado{{arquivo, frase(*lido), true}, lido->quando};
 }
 
 }  // namespace
@@ -121,14 +139,13 @@ void Guarda::encerra() {
 
 QByteArray Guarda::textoDoRascunho(const Gravacao& gravacao) const {
   const Contexto& c = contexto();
-  const auto* itens = qobject_cast<const forms::FlexGrid*>(forms::findControl(kTela, u"Flex"_s));
   return texto({.versao = versaoDoPrograma(),
                 .usuario = QString::number(c.IdUsuarioAtual),
                 .ambiente = c.Ambiente,
                 .banco = bancoAtual(),
                 .quando = values::now().toString(u"yyyy-MM-ddThh:mm:ss"_s),
                 .cliente = forms::controlText(forms::findControl(kTela, u"cboCliente"_s)),
-                .itens = QString::number(itens == nullptr ? 0 : itens->grid().rows() - 1),
+                .itens = QString::number(itensAtuais()),
                 .modo = c.ModoOrcamento,
                 .modoItem = c.ModoItem,
                 .foco = campoAtual(),
@@ -142,9 +159,8 @@ QByteArray Guarda::textoDoRascunho(const Gravacao& gravacao) const {
 void Guarda::marcaGravacao(const Gravacao& gravacao) {
   if (!arquivo_ || !escrito_) return;
   arquivo_->keep(textoDoRascunho(gravacao));
-  if (arquivo_->settle(kEspera)) return;
-  // Better no draft than one that is stored and doesn't say so.
-  arquivo_->drop();
+  // A draft that is stored and doesn't say so is asked about; one that is gone before a commit that fails is
+  // lost.
   static_cast<void>(arquivo_->settle(kEspera));
 }
 
@@ -175,7 +191,7 @@ void Guarda::recebe(const QList<files::KeptFile::Left>& arquivos) {
 
 std::optional<Rascunho> Guarda::toma() {
   if (ofertas_.isEmpty()) return std::nullopt;
-  const auto arquivo = arquivo_->take(ofertas_.first().caminho, kEspera);
+  const auto arquivo = arquivo_->take(ofertas_.first().arquivo.path, kEspera);
   auto lido = arquivo && arquivo->whole ? le(arquivo->content) : std::nullopt;
   tomado_ = lido.has_value();
   if (tomado_) tomada_ = ofertas_.takeFirst();
@@ -191,13 +207,29 @@ void Guarda::devolve() {
   Q_EMIT ofertasMudaram();
 }
 
+void Guarda::deixa() {
+  if (!arquivo_) return;
+  arquivo_->giveBack();
+  editava_ = tomado_ = escrito_ = false;
+  ultimo_.clear();
+  procura();
+}
+
 void Guarda::apaga() {
-  if (!tomado_) {
-    if (ofertas_.isEmpty() || !arquivo_->take(ofertas_.first().caminho, kEspera)) return procura();
-    ofertas_.removeFirst();
-  }
   encerra();
   Q_EMIT ofertasMudaram();
+}
+
+bool Guarda::apaga(const Oferta& oferta) {
+  const auto arquivo = arquivo_->take(oferta.arquivo.path, kEspera);
+  if (arquivo != oferta.arquivo) {
+    if (arquivo) arquivo_->giveBack();
+    procura();
+    return false;
+  }
+  ofertas_.removeIf([&](const Oferta& uma) { return uma.arquivo.path == oferta.arquivo.path; });
+  apaga();
+  return true;
 }
 
 }  // namespace rascunho

@@ -12,7 +12,7 @@ namespace rascunho {
 
 /// A draft that a program which is gone has left.
 struct Oferta {
-  QString caminho;
+  files::KeptFile::Left arquivo;
   QString frase;  ///< for the user
   bool recuperavel = false;
 };
@@ -28,7 +28,8 @@ class Guarda : public QObject {
   /// The program's normal end: what was asked of the disk is waited for a little.
   void desliga();
 
-  /// About to commit a save: the draft on the disk says so from here on, or there is none.
+  /// About to commit a save: the draft on the disk says so from here on, or stays as it was where the disk
+  /// does not take it.
   void marcaGravacao(const Gravacao& gravacao);
   /// The commit is done.
   void gravado();
@@ -41,8 +42,12 @@ class Guarda : public QObject {
   void continua(const QString& lido) { lido_ = lido; }
   /// Leaves the one that was taken as it is.
   void devolve();
-  /// Throws the one that was taken, or the first of those offered, away.
+  /// Leaves the draft of the quote that is being edited, which is given up, to be offered.
+  void deixa();
+  /// Throws the one that was taken away.
   void apaga();
+  /// Throws one that was offered away; false where it is gone or is not what it was then.
+  [[nodiscard]] bool apaga(const Oferta& oferta);
 
  Q_SIGNALS:
   void ofertasMudaram();

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 using rascunho::guarda;
 using rascunho::Rascunho;
 
-// A quote that was being edited when the program ended: one line beside the title offers it.
+// A quote that was being edited when the program ended: one line under the title offers it.
 
 namespace {
 
@@ -52,6 +52,7 @@ QString gravadoDepois(const Rascunho& rascunho) {
   return {};
 }
 
+const QString kIndisponivel = u"Este orçamento não salvo não está mais disponível."_s;
 const QString kMesmoAssim = u"\r\rDeseja recuperar mesmo assim o que não foi salvo?"_s;
 
 }  // namespace
@@ -61,22 +62,17 @@ void frmPropCmrcTL::mostraOferta() {
   const bool oferece = !ofertas.isEmpty() && !situacao::editando();
   for (QWidget* parte : std::initializer_list<QWidget*>{lblRascunho, cmdRecuperar, cmdDescartar})
     parte->setVisible(oferece);
-  // Without a quote the dates beside the title are empty, and the line takes their place.
-  const bool semDatas = oferece && txtRowId->text().isEmpty();
-  for (QWidget* parte : std::initializer_list<QWidget*>{rotuloDesativa, lblDTDesativa, rotuloFechamento,
-                                                        lblDataFechamento, rotuloPedido, lblNumePedido})
-    parte->setVisible(!semDatas);
   if (!oferece) return;
   QString frase = ofertas.first().frase;
   if (ofertas.size() > 1) frase += u" (mais "_s + QString::number(ofertas.size() - 1) + u")"_s;
   lblRascunho->setText(frase);
-  lblRascunho->setToolTip(forms::asTip(frase + u'\n' + ofertas.first().caminho));
+  lblRascunho->setToolTip(forms::asTip(frase + u'\n' + ofertas.first().arquivo.path));
   cmdRecuperar->setEnabled(ofertas.first().recuperavel);
 }
 
 void frmPropCmrcTL::cmdRecuperar_Click() {
   const auto rascunho = guarda().toma();
-  if (!rascunho) return avisa(u"Este orçamento não salvo não está mais disponível."_s);
+  if (!rascunho) return avisa(kIndisponivel);
   if (const QString id = jaGravado(*rascunho); !id.isEmpty()) {
     guarda().apaga();
     avisa(u"Este orçamento já foi gravado: nr. "_s + id);
@@ -142,7 +138,9 @@ void frmPropCmrcTL::reabreMontagem(const QString& retrato) {
 }
 
 void frmPropCmrcTL::cmdDescartar_Click() {
-  const auto& ofertas = guarda().ofertas();
-  if (ofertas.isEmpty() || !pergunta(ofertas.first().frase + u".\r\rDeseja descartá-lo?"_s)) return;
-  guarda().apaga();
+  if (guarda().ofertas().isEmpty()) return;
+  // Another one may come while the question waits.
+  const rascunho::Oferta oferta = guarda().ofertas().first();
+  if (!perguntaComCuidado(oferta.frase + u".\r\rDeseja descartá-lo?"_s)) return;
+  if (!guarda().apaga(oferta)) avisa(kIndisponivel);
 }

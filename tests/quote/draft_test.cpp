@@ -1,6 +1,9 @@
+#include <sys/resource.h>
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <csignal>
 
 #include "draft/keeper.h"
 #include "quote_case.h"
@@ -22,8 +25,13 @@ class Draft : public QuoteCase {
   void begin() {
     rascunho::guarda().desliga();
     forms::registry::clear();
+    contexto().Conexao.close();
     contexto().ModoOrcamento = u" "_s;
     start();
+    look();
+  }
+  /// Looks for what was left, as the start does.
+  void look() {
     bool known = false;
     const auto seen =
         QObject::connect(&rascunho::guarda(), &rascunho::Guarda::ofertasMudaram, [&] { known = true; });
@@ -46,12 +54,41 @@ class Draft : public QuoteCase {
     support::type(screen->txtDesc, u"Prata"_s);
     support::click(screen->cmdMultiHomenagem);
   }
-  /// A draft as another run has left it.
-  void leave(const rascunho::Rascunho& draft) {
+  /// A draft as another run has left it, in a file of its own or in one that is there.
+  void leave(const rascunho::Rascunho& draft, const QString& path = {}) {
     files::KeptFile file(folder(), u".rascunho"_s);
+    if (!path.isEmpty()) {
+      EXPECT_TRUE(file.take(path, std::chrono::seconds(20)).has_value());
+    }
     file.keep(rascunho::texto(draft));
     EXPECT_TRUE(file.settle(std::chrono::seconds(20)));
   }
+  /// The only draft that is there.
+  [[nodiscard]] rascunho::Rascunho draft() const {
+    QFile file(folder() + u'/' + kept().value(0));
+    EXPECT_TRUE(kept().size() == 1 && file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    return rascunho::le(bytes.first(bytes.lastIndexOf("fim\t"))).value();
+  }
+};
+
+const QString kDiskFull = u"Erro em tempo de execução '-2147217900':\n\ndisk I/O error"_s;
+
+/// A disk that takes no file beyond a few bytes, while it lives.
+class FullDisk {
+ public:
+  FullDisk() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit full{256, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+  }
+  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
 };
 
 /// The parameter: a new quote, or number 1 altered.
@@ -72,7 +109,7 @@ TEST_P(StoredDraft, ThatWasNotRemovedYetIsNotStoredTwice) {
   ASSERT_FALSE(atCommit.isEmpty());
   rascunho::guarda().desliga();
   EXPECT_EQ(kept(), QStringList());
-  QFile file(folder() + u"/1.rascunho"_s);
+  QFile file(folder() + u"/20240315-103000-000-1.rascunho"_s);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write(atCommit);
   file.close();
@@ -94,31 +131,109 @@ TEST_P(StoredDraft, ThatWasNotRemovedYetIsNotStoredTwice) {
 INSTANTIATE_TEST_SUITE_P(Modes, StoredDraft, ::testing::Bool(),
                          [](const auto& one) { return one.param ? "Altered" : "New"; });
 
+TEST_P(StoredDraft, IsThereWhenAFullDiskTakesNeitherItsMarkNorTheCommit) {
+  if (GetParam()) store(1);
+  begin();
+  GetParam() ? alter() : enter();
+  std::optional<FullDisk> full;
+  contexto().Conexao.setListener([&](const QString& sql) {
+    if (sql == u"BEGIN") full.emplace();
+  });
+  script.box(kDiskFull).expectEnd(1);
+  support::click(screen->cmdSALVAR);
+  rascunho::guarda().desliga();
+  full.reset();
+  EXPECT_EQ(draft().gravacao.orcamento, QString()) << "the mark was not to be written";
+
+  begin();
+  support::click(screen->cmdRecuperar);
+  EXPECT_EQ(screen->txtDesc->text(), GetParam() ? u"Prata"_s : QString());
+  script.box(u"Registro Gravado com sucesso!\nOrçamento nr.1"_s);
+  support::click(screen->cmdSALVAR);
+  EXPECT_EQ(ask(u"SELECT count(*) FROM prop_cmrc"_s), u"1"_s);
+  EXPECT_EQ(ask(u"SELECT prop_cmrc_desc FROM prop_cmrc"_s), GetParam() ? u"PRATA"_s : QString());
+}
+
+/// Two drives whose configuration names their database by one text.
+TEST_F(Draft, IsOfferedToItsOwnCompanyAlone) {
+  const QString link = drive() + u"/empresa.db"_s;
+  const QString other = drive() + u"/other.db"_s;
+  configure(u"server.ini"_s, u"(embutido)^"_s + link + u"^sa^x^MS-SQL^^False^\r\n"_s);
+  const auto leadTo = [&](const QString& database) {
+    rascunho::guarda().desliga();
+    forms::registry::clear();
+    contexto().Conexao.close();
+    QFile::remove(link);
+    ASSERT_TRUE(QFile::link(database, link));
+    begin();
+  };
+  store(1);
+  contexto().Conexao.close();
+  ASSERT_TRUE(QFile::copy(databasePath(), other));
+  leadTo(databasePath());
+  alter();
+  leadTo(other);
+  EXPECT_EQ(line(), QString());
+  EXPECT_EQ(kept().size(), 1);
+  leadTo(databasePath());
+  EXPECT_EQ(line(), u"Não salvo: Nr. 1, em alteração, Clara Festas Ltda, 2 itens, de 15/03 10:30"_s);
+}
+
+TEST_F(Draft, ThatIsThrownAwayIsTheOneThatWasNamed) {
+  begin();
+  enter();
+  rascunho::guarda().desliga();
+  const auto first = draft();
+  auto newer = first;
+  newer.quando = u"2024-03-15T11:00:00"_s;
+  newer.cliente = u"Outra"_s;
+  const QString named = folder() + u'/' + kept().value(0);
+  QStringList boxes;
+  std::function<void()> meanwhile = [&] {
+    leave(newer);
+    look();
+  };
+  forms::setBoxAnswerer([&](const forms::Box& box) {
+    boxes << box.text;
+    EXPECT_TRUE(box.buttons == forms::Buttons::Ok || box.usual == forms::Answer::No);
+    if (meanwhile) meanwhile();
+    return box.buttons == forms::Buttons::Ok ? forms::Answer::Ok : forms::Answer::Yes;
+  });
+  begin();
+  support::click(screen->cmdDescartar);
+  EXPECT_FALSE(QFile::exists(named));
+  EXPECT_EQ(draft().cliente, u"Outra"_s);
+  // Another program has gone on with it and has ended.
+  meanwhile = [&] { leave(first, folder() + u'/' + kept().value(0)); };
+  support::click(screen->cmdDescartar);
+  EXPECT_EQ(boxes.size(), 3);
+  EXPECT_EQ(boxes.last(), u"Este orçamento não salvo não está mais disponível."_s);
+  EXPECT_EQ(kept().size(), 1);
+}
+
 TEST_F(Draft, ThatCantBeRecoveredIsShownAndKeptAndAnothersIsNot) {
   begin();
   enter();
   rascunho::guarda().desliga();
-  QFile mine(folder() + u'/' + kept().value(0));
-  ASSERT_TRUE(mine.open(QIODevice::ReadOnly));
-  QByteArray bytes = mine.readAll();
-  const auto draft = *rascunho::le(bytes.first(bytes.lastIndexOf("fim\t")));
+  const auto mine = draft();
   for (auto change :
        {&rascunho::Rascunho::usuario, &rascunho::Rascunho::ambiente, &rascunho::Rascunho::banco}) {
-    auto other = draft;
+    auto other = mine;
     other.*change = u"outro"_s;
+    other.versao = u"9.9"_s;
     leave(other);
   }
-  auto newer = draft;
+  auto newer = mine;
   newer.versao = u"9.9"_s;
   leave(newer);
-  QFile broken(folder() + u"/1.rascunho"_s);
+  QFile broken(folder() + u"/20240315-103000-000-1.rascunho"_s);
   ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-  broken.write(bytes.chopped(9));
+  broken.write(rascunho::texto(mine));
   broken.close();
 
   begin();
-  EXPECT_EQ(line(), u"Orçamento não salvo de 15/03 10:30, Clara Festas Ltda, 1 item (mais 2)"_s);
-  script.box(u"Orçamento não salvo de 15/03 10:30, Clara Festas Ltda, 1 item.\n\nDeseja descartá-lo?"_s,
+  EXPECT_EQ(line(), u"Não salvo: novo, Clara Festas Ltda, 1 item, de 15/03 10:30 (mais 2)"_s);
+  script.box(u"Não salvo: novo, Clara Festas Ltda, 1 item, de 15/03 10:30.\n\nDeseja descartá-lo?"_s,
              forms::Answer::Yes);
   support::click(screen->cmdDescartar);
   begin();

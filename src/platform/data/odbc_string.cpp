@@ -15,6 +15,12 @@ std::optional<QString> keyValue(const QString& connectionString, QStringView key
   return std::nullopt;
 }
 
+bool isEmbeddedString(const QString& connectionString) {
+  return keyValue(connectionString, u"server")
+             .value_or(QString())
+             .compare("(embutido)"_L1, Qt::CaseInsensitive) == 0;
+}
+
 bool isServerString(const QString& connectionString) {
   return connectionString.contains("{SQL Server}"_L1, Qt::CaseInsensitive);
 }

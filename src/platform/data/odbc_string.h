@@ -5,6 +5,9 @@
 
 namespace data {
 
+/// Whether a string names the embedded file.
+[[nodiscard]] bool isEmbeddedString(const QString& connectionString);
+
 /// Whether a string names the driver of SQL Server.
 [[nodiscard]] bool isServerString(const QString& connectionString);
 

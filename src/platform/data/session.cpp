@@ -15,9 +15,8 @@ namespace data {
 
 void Session::open(const QString& connectionString, int timeout) {
   close();
-  const auto value = [&](QStringView key) { return keyValue(connectionString, key).value_or(QString()); };
-  if (value(u"server").compare(u"(embutido)", Qt::CaseInsensitive) == 0)
-    engine_ = openEmbedded(files::resolve(value(u"database")));
+  if (isEmbeddedString(connectionString))
+    engine_ = openEmbedded(files::resolve(keyValue(connectionString, u"database").value_or(QString())));
   else
     engine_ = openOdbc(connectionString, timeout);
 }

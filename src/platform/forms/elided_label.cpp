@@ -16,7 +16,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   drawFrame(&painter);
-  const QString fitting = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+  const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
   style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
                         fitting, foregroundRole());
 }

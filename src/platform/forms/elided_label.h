@@ -4,7 +4,7 @@
 
 namespace forms {
 
-/// A line of text that gives way where there is no room: what doesn't fit is left out in its middle. Promoted
+/// A line of text that gives way where there is no room: what does not fit is left out at its end. Promoted
 /// in Designer files (header platform/forms/elided_label.h).
 class ElidedLabel : public QLabel {
   Q_OBJECT
