@@ -231,10 +231,8 @@ void frmPropCmrcTL::ligaAtalhos() {
       {QKeySequence::Print, cmdImprimir},
       {QKeySequence(Qt::ALT | Qt::Key_O), cmdExpandirObservacao}};
   for (const auto& [tecla, botao] : atalhos)
-    connect(new QShortcut(tecla, this), &QShortcut::activated, this, [this, botao = botao] {
-      // While editing, a search by key would drop what was typed; the button stays.
-      if (botao != cmdPesquisar_PropCmrc || !situacao::editando()) clickByKey(botao);
-    });
+    connect(new QShortcut(tecla, this), &QShortcut::activated, this,
+            [this, botao = botao] { clickByKey(botao); });
 }
 
 /// Esc closes the frame that is open; it never ends the program.

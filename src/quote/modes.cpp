@@ -26,6 +26,12 @@ constexpr Rotulo kNaoCarregado{u"Nr. %1 não carregado", 0x702870};
 constexpr Rotulo kAberto{u"Aberto", 0x606060};
 constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 
+/// While a quote is edited a search would load another one over it.
+void permitePesquisa(QWidget* botao, bool permite) {
+  botao->setEnabled(permite);
+  botao->setToolTip(permite ? u"Pesquisar"_s : u"Salve ou abandone este orçamento para pesquisar outro"_s);
+}
+
 }  // namespace
 
 void frmPropCmrcTL::mostraSituacao() {
@@ -55,6 +61,7 @@ void frmPropCmrcTL::BotoesNeutros() {
        {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdSAIR, cmdFechar, cmdReabrir})
     botao->setEnabled(true);
   cmdSALVAR->setEnabled(false);
+  permitePesquisa(cmdPesquisar_PropCmrc, true);
   mostraSituacao();
 }
 
@@ -63,6 +70,7 @@ void frmPropCmrcTL::botoesEditando() {
   for (QWidget* botao : {cmdINCLUIR, cmdALTERAR, cmdEXCLUIR, cmdReativar, cmdImprimir, cmdFechar, cmdReabrir})
     botao->setEnabled(false);
   for (QWidget* botao : {cmdSALVAR, cmdSAIR}) botao->setEnabled(true);
+  permitePesquisa(cmdPesquisar_PropCmrc, false);
   mostraSituacao();
 }
 
@@ -78,8 +86,6 @@ void frmPropCmrcTL::travaOuDestrava(bool trava) {
                                        txtNomeHomg, cboItemPropCmrc, mskDataAprv})
     forms::setLocked(campo, trava);
   forms::setLocked(txtCodigo, !trava);
-  // While editing, Enter from the number must not load another quote over this one.
-  cmdPesquisar_PropCmrc->setFocusPolicy(trava ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void frmPropCmrcTL::TravaCampos() { travaOuDestrava(true); }
