@@ -1,3 +1,6 @@
+#include <utility>
+
+#include "draft/keeper.h"
 #include "platform/values/dates.h"
 #include "quote/frmPropCmrcTL.h"
 #include "quote/header_fields.h"
@@ -22,7 +25,7 @@ bool certa(const forms::MaskedBox* caixa) {
   return caixa->boxText() == caixa->emptyMask() || values::isDate(caixa->boxText());
 }
 
-/// A date that is none is saved as null without a word, so the box shows it until it is right.
+/// A date that is none is saved as null, so the box shows it until it is right.
 void marcaData(forms::MaskedBox* caixa, bool errada) {
   if (errada == !caixa->toolTip().isEmpty()) return;
   forms::setBackColor(caixa, errada ? kVermelhoClaro : kCorJanela);
@@ -41,10 +44,32 @@ void frmPropCmrcTL::ligaDatas() {
     if (caixa == nullptr) continue;
     completa(caixa);
     on(caixa, Event::LostFocus, [caixa] { marcaData(caixa, !certa(caixa)); });
-    connect(caixa, &QLineEdit::textChanged, this, [caixa] {
-      if (certa(caixa)) marcaData(caixa, false);
+    // A date that is just being typed is none yet.
+    connect(caixa, &QLineEdit::textChanged, this, [this, caixa] {
+      if (certa(caixa) || focusWidget() != caixa) marcaData(caixa, !certa(caixa));
     });
   }
+}
+
+/// Whether a save goes on, which stores a date that is none as empty.
+bool frmPropCmrcTL::confirmaDatas() {
+  const std::pair<forms::MaskedBox*, QString> datas[] = {{mskDtPropCmrc, u"Dt Orçamento"_s},
+                                                         {mskDataEven, u"Dt do Evento"_s},
+                                                         {mskDtValidade, u"Dt Validade"_s},
+                                                         {mskDtEntrega, u"Dt Entrega"_s}};
+  QStringList erradas;
+  forms::MaskedBox* primeira = nullptr;
+  for (const auto& [caixa, nome] : datas) {
+    if (certa(caixa)) continue;
+    erradas << nome + u": "_s + caixa->boxText();
+    if (primeira == nullptr) primeira = caixa;
+  }
+  if (erradas.isEmpty()) return true;
+  const QString ficam =
+      erradas.size() == 1 ? u" não é uma data e ficará vazia."_s : u" não são datas e ficarão vazias."_s;
+  if (perguntaComCuidado(erradas.join(u", "_s) + ficam + u" Gravar assim mesmo?"_s)) return true;
+  focus(primeira);
+  return false;
 }
 
 void frmPropCmrcTL::ligaListas() {
@@ -101,9 +126,10 @@ void frmPropCmrcTL::cboClienteContato_LostFocus() {
   txtEmailExtraContato->setText(pedeEmail.get());
 }
 
-/// Yes goes on with a name that no table knows; No ends the editing.
+/// Yes goes on with a name that no table knows; No ends the editing, and what was entered can be recovered.
 void frmPropCmrcTL::confirmaSemCadastro(const QString& aviso) {
   if (pergunta(u"Atenção!!!\r\r"_s + aviso + u"\r\rVocê Deseja Continuar o Orçamento mesmo assim?"_s)) return;
+  rascunho::guarda().deixa();
   BotoesNeutros();
   LimpaTela();
   TravaCampos();

@@ -75,6 +75,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   // Fields (fields.cpp)
   void ligaListas();
   void ligaDatas();
+  [[nodiscard]] bool confirmaDatas();
   void txtCodigo_LostFocus();
   void cboCliente_DropDown();
   void cboCliente_LostFocus();
@@ -112,7 +113,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   [[nodiscard]] QString MontaInsertHomenageado(const QString& idOrcamento, int linha) const;
 
   // What was not saved (recovering.cpp)
-  /// The line beside the title, while nothing is edited.
+  /// The line under the title, while nothing is edited.
   void mostraOferta();
   void cmdRecuperar_Click();
   void cmdDescartar_Click();

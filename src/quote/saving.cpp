@@ -67,6 +67,7 @@ void frmPropCmrcTL::cmdSALVAR_Click() {
   if (apara(cboRespAtendimento->text()).isEmpty())
     return avisa(u"[Campo Obrigatório] - Responsável pelo Atendimento"_s, cboRespAtendimento);
   if (Flex->grid().rows() <= 1) return avisa(u"Quantidade de Itens Inválida!!!"_s, txtCodProduto);
+  if (!confirmaDatas()) return;
   TravaCampos();
   if (situacao::incluindo())
     gravaNovo();

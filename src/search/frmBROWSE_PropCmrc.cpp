@@ -61,20 +61,22 @@ constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmProjetaCompra", u"txtCOD", Tela::Id},
 };
 
-QString anoInteiro(const QString& ano) {
-  if (ano.size() == 4) return ano;
-  return (ano.toInt() < 30 ? u"20"_s : u"19"_s) + ano;
-}
-
-/// What a user types as a date: a day or month of one digit, a year of two (00 to 29 are the 2000s). Empty
-/// for anything else.
+/// What a user types as a date: "5/9/26", "05-09-2026", "05092026", "5/9" of this year. Empty for anything
+/// else.
 QString dataDoFiltro(const QString& digitada) {
-  static const QRegularExpression forma(u"^(\\d{1,2})/(\\d{1,2})/(\\d{2}|\\d{4})$"_s);
-  const auto partes = forma.match(apara(digitada).trimmed());
-  const QString texto = partes.hasMatch() ? u"%1/%2/%3"_s.arg(partes.captured(1).rightJustified(2, u'0'),
-                                                              partes.captured(2).rightJustified(2, u'0'),
-                                                              anoInteiro(partes.captured(3)))
-                                          : digitada;
+  static const QRegularExpression formas[] = {
+      QRegularExpression(u"^(\\d{1,2})[/-](\\d{1,2})(?:[/-](\\d{2}|\\d{4}))?$"_s),
+      QRegularExpression(u"^(\\d{2})(\\d{2})(\\d{2}|\\d{4})$"_s)};
+  QString texto = apara(digitada).trimmed();
+  for (const QRegularExpression& forma : formas) {
+    const auto partes = forma.match(texto);
+    if (!partes.hasMatch()) continue;
+    const QString ano = partes.captured(3);
+    texto = u"%1/%2/%3"_s.arg(partes.captured(1).rightJustified(2, u'0'),
+                              partes.captured(2).rightJustified(2, u'0'),
+                              ano.isEmpty() ? QString::number(values::today().year()) : anoInteiro(ano));
+    break;
+  }
   return values::isDate(texto) ? values::formatDate(texto, u"yyyymmdd") : QString();
 }
 

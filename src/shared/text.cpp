@@ -43,11 +43,20 @@ QString MascaraDecimais(const QString& casas) {
 
 void RestauraMascara(forms::MaskedBox* caixa) { caixa->setBoxText({}); }
 
+QString anoInteiro(const QString& ano) {
+  constexpr int kPrimeiroDoSeculoPassado = 30;
+  if (ano.size() != 2) return ano;
+  return (ano.toInt() < kPrimeiroDoSeculoPassado ? u"20"_s : u"19"_s) + ano;
+}
+
 QString ValidaDataMascara(const QString& texto) {
   const QStringView dia = QStringView(texto).left(10);
   const bool comHora = texto.size() > 10;
   if (dia == u"__/__/____") return comHora ? u"__/__/____ __:__"_s : u"__/__/____"_s;
-  if (dia.mid(6) != u"____") return texto;
+  const QStringView ano = dia.mid(6);
+  if (ano.endsWith(u"__") && ano[0].isDigit() && ano[1].isDigit())
+    return dia.first(6).toString() + anoInteiro(ano.first(2).toString()) + texto.mid(10);
+  if (ano != u"____") return texto;
   // A day without its year counts the days from now.
   int dias = 0;
   for (const QChar c : dia.left(5)) {

@@ -27,7 +27,9 @@ inline constexpr const char16_t* kMascaraMoeda = u"###0.00";
 [[nodiscard]] QString MascaraDecimais(const QString& casas);
 
 void RestauraMascara(forms::MaskedBox* caixa);
-/// Completes the text of a date box: without a year it counts days from now.
+/// A year of two digits whole: 00 to 29 are the 2000s. Any other text stays as it is.
+[[nodiscard]] QString anoInteiro(const QString& ano);
+/// Completes the text of a date box: without a year it counts days from now, a year of two digits is whole.
 [[nodiscard]] QString ValidaDataMascara(const QString& texto);
 
 /// Without accents where the configuration wants it so.

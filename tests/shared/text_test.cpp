@@ -37,7 +37,9 @@ TEST(Text, DatesAreCompleted) {
                                                {u"__/03/____"_s, u"20/02/2024"_s},
                                                {u"15/__/____ __:__"_s, u"06/03/2024 08:30"_s},
                                                {u"31/02/2024"_s, u"31/02/2024"_s},
-                                               {u"15/03/20__"_s, u"15/03/20__"_s},
+                                               {u"15/03/20__"_s, u"15/03/2020"_s},
+                                               {u"15/03/3___"_s, u"15/03/3___"_s},
+                                               {u"15/03/30__ 10:00"_s, u"15/03/1930 10:00"_s},
                                                {u""_s, u""_s}};
   for (const auto& [typed, completed] : cases) EXPECT_EQ(ValidaDataMascara(typed), completed);
   values::setClock({});

@@ -234,7 +234,9 @@ QColor toColor(ColorNumber number) {
 void setBackColor(QWidget* control, ColorNumber number) {
   const Roles roles = rolesOf(control);
   const QColor ground = toColor(number);
-  control->setProperty(kBackProperty, number);
+  // A field's own ground is white, or the form's while it is locked.
+  const bool own = isField(control) && number == kWindowGround;
+  control->setProperty(kBackProperty, own ? QVariant() : QVariant(number));
   // Options and checks stand on the window's ground, not on a button's face.
   control->setBackgroundRole(roles.back);
   paint(control, roles.back, ground);

@@ -10,6 +10,9 @@ namespace values {
 
 namespace {
 
+/// The server's columns for dates begin there.
+constexpr int kFirstYear = 1753;
+
 std::function<QDateTime()>& clock() {
   static std::function<QDateTime()> source;
   return source;
@@ -35,7 +38,7 @@ std::optional<QDateTime> parse(QStringView text) {
     if (text[10] != u' ' || text[13] != u':') return std::nullopt;
     time = QTime(digits(text, 11, 2), digits(text, 14, 2));
   }
-  if (!date.isValid() || date.year() < 1 || !time.isValid()) return std::nullopt;
+  if (!date.isValid() || date.year() < kFirstYear || !time.isValid()) return std::nullopt;
   return wallClock(date, time);
 }
 

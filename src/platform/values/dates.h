@@ -12,7 +12,7 @@ namespace values {
 /// A date and time of day as the program holds it.
 [[nodiscard]] QDateTime wallClock(QDate date, QTime time = QTime(0, 0));
 
-/// The date test: "dd/mm/yyyy" with or without " hh:mm", a day that exists, and nothing else.
+/// The date test: "dd/mm/yyyy" with or without " hh:mm", a day that exists, from 1753 on, and nothing else.
 [[nodiscard]] bool isDate(QStringView text);
 
 /// The date of a text that isDate accepts; raises 13 for any other.
