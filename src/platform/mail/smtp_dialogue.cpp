@@ -1,8 +1,7 @@
 #include "platform/mail/smtp_dialogue.h"
 
+#include <algorithm>
 #include <array>
-
-#include "platform/mail/answer_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,9 +10,12 @@ namespace mail {
 namespace {
 
 constexpr qsizetype kKeptBytes = 4000;
+constexpr qsizetype kShownLines = 4;
+constexpr qsizetype kShownLength = 120;
 constexpr int kMostLines = 500;             // an answer of more has no end
 constexpr qint64 kGoodbyePatience = 2'000;  // milliseconds
 constexpr char kStartTls[] = "STARTTLS";
+constexpr char kAuth[] = "AUTH";
 
 constexpr const char16_t* kLate = u"o servidor de e-mail não respondeu a tempo";
 constexpr const char16_t* kNoSafeLine = u"o servidor não iniciou a conexão segura";
@@ -28,7 +30,7 @@ constexpr std::array<Step, 7> kSteps{{
     {"EHLO", u"o servidor recusou a conexão"},
     {"HELO", u"o servidor recusou a conexão"},
     {kStartTls, kNoSafeLine},
-    {"AUTH", u"o servidor recusou o usuário ou a senha"},
+    {kAuth, u"o servidor recusou o usuário ou a senha"},
     {"MAIL FROM", u"o servidor recusou o remetente %1"},
     {"RCPT TO", u"o servidor recusou o destinatário %1"},
     {"DATA", u"o servidor recusou a mensagem"},
@@ -67,6 +69,23 @@ QString addressIn(const QByteArray& command) {
 /// Whether a line of an answer offers TLS, in whatever letters.
 bool offersTls(const QByteArray& line) {
   return line.mid(4).simplified().toUpper().split(' ').first() == kStartTls;
+}
+
+bool isShown(QChar c) { return c == u'\n' || (c.isPrint() && c.category() != QChar::Other_Format); }
+
+/// A server's answer for an error box: its first lines, cut to a length that fits, without control characters
+/// and secrets.
+QString answerText(const QByteArray& answer, const QStringList& secrets) {
+  QString text = QString::fromUtf8(answer);
+  std::ranges::replace_if(
+      text, [](QChar c) { return !isShown(c); }, QChar(u' '));
+  for (const QString& secret : secrets) text.replace(secret, u"•••"_s, Qt::CaseInsensitive);
+  QStringList lines;
+  for (const QString& line : text.split(u'\n'))
+    if (const QString words = line.simplified(); !words.isEmpty())
+      lines << (words.size() > kShownLength ? words.first(kShownLength) + u'…' : words);
+  if (lines.size() > kShownLines) lines = lines.first(kShownLines) << u"…"_s;
+  return lines.join(u'\r');
 }
 
 }  // namespace
@@ -161,7 +180,10 @@ bool Dialogue::silence(CURLcode result) const {
 }
 
 QStringList Dialogue::details(const QString& server) const {
-  const QString answer = answerText(answer_, secrets_);
+  // What a server makes of a password in its answer to the login is anybody's guess: the code alone is shown.
+  const QString answer = command_ == kAuth && !answer_.isEmpty()
+                             ? QString::number(answer_.left(3).toInt()) + u" •••"_s
+                             : answerText(answer_, secrets_);
   return {u"Servidor: "_s + server, u"Resposta: "_s + (answer.isEmpty() ? u"nenhuma"_s : answer)};
 }
 

@@ -1,11 +1,8 @@
 #include "platform/mail/smtp_transfer.h"
 
-#include <curl/curl.h>
-
-#include <algorithm>
-#include <memory>
-
+#include "platform/mail/curl_handles.h"
 #include "platform/mail/mail_error.h"
+#include "platform/mail/mime.h"
 #include "platform/mail/smtp_dialogue.h"
 
 using namespace Qt::StringLiterals;
@@ -15,33 +12,6 @@ namespace mail {
 namespace {
 
 constexpr int kTlsPort = 465;
-
-template <auto release>
-struct Releaser {
-  template <class T>
-  void operator()(T* thing) const {
-    release(thing);
-  }
-};
-using Handle = std::unique_ptr<CURL, Releaser<curl_easy_cleanup>>;
-using Url = std::unique_ptr<CURLU, Releaser<curl_url_cleanup>>;
-using Text = std::unique_ptr<char, Releaser<curl_free>>;
-
-struct ListReleaser {
-  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-};
-using List = std::unique_ptr<curl_slist, ListReleaser>;
-
-List makeList(const std::vector<QByteArray>& entries) {
-  List list;
-  for (const QByteArray& entry : entries) {
-    curl_slist* grown = curl_slist_append(list.get(), entry.constData());
-    if (grown == nullptr) throw std::bad_alloc();
-    static_cast<void>(list.release());
-    list.reset(grown);
-  }
-  return list;
-}
 
 Handle makeHandle() {
   static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
@@ -70,21 +40,6 @@ Url serverUrl(const QString& server) {
 }
 
 bool isEncrypted(CURLU* url) { return partOf(url, CURLUPART_SCHEME) == "smtps"; }
-
-/// Gives the message to the client piece by piece.
-struct Upload {
-  const QByteArray& message;
-  qsizetype sent = 0;
-
-  static size_t read(char* room, size_t size, size_t count, void* self) {
-    auto* upload = static_cast<Upload*>(self);
-    const qsizetype bytes =
-        std::min(upload->message.size() - upload->sent, static_cast<qsizetype>(size * count));
-    std::copy_n(upload->message.constData() + upload->sent, bytes, room);
-    upload->sent += bytes;
-    return static_cast<size_t>(bytes);
-  }
-};
 
 template <class Value>
 void set(CURL* handle, CURLoption option, Value value) {
@@ -116,11 +71,14 @@ void transfer(const Outgoing& mail, const Settings& settings) {
   const QByteArray user = mail.username.toUtf8();
   const QByteArray password = mail.password.toUtf8();
   const QByteArray caFile = settings.caFile.toLocal8Bit();
-  Upload upload{mail.message};
   Dialogue dialogue(isEncrypted(url.get()), mail.password, settings.stallTimeout);
 
   const Handle handle = makeHandle();
   CURL* curl = handle.get();
+  const Parts parts = makeParts(curl, mail.bodies, mail.files);
+  std::vector<QByteArray> lines = mail.headers;
+  lines.push_back(parts.typeHeader);
+  const List headers = makeList(lines);
   set(curl, CURLOPT_CURLU, url.get());
   set(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
   set(curl, CURLOPT_MAIL_FROM, mail.from.constData());
@@ -134,10 +92,8 @@ void transfer(const Outgoing& mail, const Settings& settings) {
   setLimits(curl, settings);
   setSafety(curl, caFile);
   dialogue.listenTo(curl);
-  set(curl, CURLOPT_UPLOAD, 1L);
-  set(curl, CURLOPT_READFUNCTION, &Upload::read);
-  set(curl, CURLOPT_READDATA, &upload);
-  set(curl, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(mail.message.size()));
+  set(curl, CURLOPT_HTTPHEADER, headers.get());
+  set(curl, CURLOPT_MIMEPOST, parts.mime.get());
 
   const CURLcode result = curl_easy_perform(curl);
   if (result != CURLE_OK)
