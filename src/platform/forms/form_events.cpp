@@ -135,9 +135,7 @@ namespace {
 /// Grows with each box and each modal form: what swallows the click or key that caused it.
 int interruptions() { return boxesShown() + modal::runs(); }
 
-bool isMultiLine(const QWidget* control) {
-  return control->inherits("QPlainTextEdit") || control->inherits("QTextEdit");
-}
+bool isMultiLine(const QWidget* control) { return control->inherits("QPlainTextEdit"); }
 
 }  // namespace
 
