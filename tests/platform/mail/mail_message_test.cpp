@@ -213,7 +213,7 @@ TEST_F(Mail, NothingGoesInClearOnceTlsWasOffered) {
 }
 
 TEST_F(Mail, AnswersAreCutAndShowNoSecret) {
-  const QByteArray login = QByteArray("\0vendas@aurora.example\0Senha secreta-1", 37).toBase64();
+  const QByteArray login = QByteArray("\0vendas@aurora.example\0Senha secreta-1", 38).toBase64();
   const QString word = QString::fromLatin1(login);
   const QString echo =
       u"AUTH=334 \n535-{}\n535-senha SECRETA-1 \x1b[2J\u202e%1\n535-%2 %3\n535-4\n535-5\n535 6"_s;
@@ -262,6 +262,7 @@ TEST_F(Mail, TlsFromTheStartOnItsPort) {
 
 TEST_F(Mail, FaultsNameTheStepAndTheAnswer) {
   const QString late = u"o servidor de e-mail não respondeu a tempo."_s;
+  const QString tooLarge = u"a mensagem é grande demais para o servidor."_s;
   const struct {
     QString option, value, step, answer;
   } cases[] = {
@@ -270,6 +271,13 @@ TEST_F(Mail, FaultsNameTheStepAndTheAnswer) {
       {u"--refuse"_s, u"vendas@aurora.example"_s, u"o servidor recusou o remetente vendas@aurora.example."_s,
        u"550 5.1.0 sender unknown here"_s},
       {u"--refuse"_s, u"message"_s, u"o servidor recusou a mensagem."_s, u"554 5.7.1 looks like spam"_s},
+      {u"--answer"_s, u"MAIL=552 Error: message size exceeds the maximum"_s, tooLarge, u"552 Error"_s},
+      {u"--answer"_s, u"MAIL=552 5.2.2 no room"_s, u"o servidor recusou o remetente vendas@aurora.example."_s,
+       u"552 5.2.2 no room"_s},
+      {u"--answer"_s, u"RCPT=550 5.2.3 too long for this mailbox"_s, tooLarge, u"550 5.2.3"_s},
+      {u"--answer"_s, u"RCPT=552 mailbox full"_s, u"o servidor recusou o destinatário dora@clara.example."_s,
+       u"552 mailbox full"_s},
+      {u"--answer"_s, u"DATA=552-5.3.4 too big\n552 5.3.4 really"_s, tooLarge, u"552-5.3.4 too big"_s},
       {u"--fault"_s, u"gone"_s, u"a conexão com o servidor de e-mail caiu."_s, {}},
       {u"--fault"_s, u"stall"_s, late, {}},
       {u"--fault"_s, u"mute"_s, late, u"nenhuma"_s},
