@@ -11,6 +11,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <array>
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/form_private.h"
@@ -25,28 +26,17 @@ namespace forms {
 
 namespace {
 
-QString nameOf(Event event) {
-  switch (event) {
-    case Event::Click:
-      return u"Click"_s;
-    case Event::DoubleClick:
-      return u"DblClick"_s;
-    case Event::GotFocus:
-      return u"GotFocus"_s;
-    case Event::LostFocus:
-      return u"LostFocus"_s;
-    case Event::DropDown:
-      return u"DropDown"_s;
-  }
-  return {};
-}
+/// By the order of Event.
+constexpr std::array<const char16_t*, 5> kNames{u"Click", u"DblClick", u"GotFocus", u"LostFocus",
+                                                u"DropDown"};
 
 }  // namespace
 
 void Form::Private::run(QWidget* control, Event event) {
   const Handlers known = handlers.value(control).value(event);
   if (known.empty()) return;
-  const QString where = name() + u'.' + control->objectName() + u'_' + nameOf(event);
+  const QString where = name() + u'.' + control->objectName() + u'_' +
+                        QString::fromUtf16(kNames[static_cast<std::size_t>(event)]);
   handle(
       [&known] {
         for (const auto& handler : known) handler();
@@ -221,10 +211,7 @@ void Form::clickByKey(QAbstractButton* button) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape) {
-    event->ignore();
-    return;
-  }
+  if (event->key() != Qt::Key_Escape) return event->ignore();
   if (const Private::OverFrame* open = d_->openFrame(); open != nullptr && open->closeButton != nullptr) {
     open->closeButton->click();
   } else if (!d_->escButton.isNull()) {
