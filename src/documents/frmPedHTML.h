@@ -44,6 +44,7 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
   void cmdPDF_Click();
   void cmdWord_Click();
 
+  QString pdf_;  ///< of this document, once it is made
   double escala_ = 1.0;
   int topoFrame2_ = 0;  // twips
 };

@@ -49,5 +49,6 @@ void frmPedHTML::cmdEnviarEmail_Click() {
   if (!prefixo.isNull())
     tela.txtTitulo->setText(prefixo + numeroDocumento(documento().IdDocumento) + u" - "_s +
                             NomeConhecidoEmpresa());
+  tela.poeAnexo(pdf_);
   tela.showModal();
 }
