@@ -30,11 +30,11 @@ catcher='' pictureserver=''
 stop_servers() { for one in $catcher $pictureserver; do kill "$one" 2>/dev/null || true; done; }
 trap stop_servers EXIT
 
-# start_catcher FOLDER PORT: keeps what the program mails as files beside the sample.
+# start_catcher FOLDER PORT [LIMIT]: keeps what the program mails as files beside the sample.
 start_catcher() {
   mkdir -p "$1"
   : >"$state/log/mail.log"
-  /usr/bin/python3 tools/servers/mailcatcher.py --folder "$1" --port "$2" >"$state/log/mail.log" 2>&1 </dev/null &
+  /usr/bin/python3 tools/servers/mailcatcher.py --folder "$1" --port "$2" ${3:+--limit "$3"} >"$state/log/mail.log" 2>&1 </dev/null &
   catcher=$!
   for _ in $(seq 100); do
     grep -q 'Mail for' "$state/log/mail.log" && return
@@ -83,7 +83,7 @@ if [ -n "$server" ]; then
   cp "$ZARIM_SERVER_INI" "$ZARIM_DRIVE_C/zarim/config/server.ini"
   "${install[@]}" --server --fresh >>"$state/log/install.log"
 fi
-start_catcher "$state/road/mail" "$port"
+start_catcher "$state/road/mail" "$port" 400000
 start_pictures "$pictureport"
 # The browser engine reports the graphics card that is not there, whatever its settings.
 engine_talk='^$|No suitable graphics backend|--expose_wasm'
