@@ -63,14 +63,42 @@ void setSafety(CURL* handle, const QByteArray& caFile) {
   if (!caFile.isEmpty()) set(handle, CURLOPT_CAINFO, caFile.constData());
 }
 
+/// All but the message.
+void prepare(CURL* curl, CURLU* url, const Outgoing& mail, const Settings& settings, Dialogue& dialogue) {
+  set(curl, CURLOPT_CURLU, url);
+  set(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+  if (!mail.username.isEmpty()) {
+    set(curl, CURLOPT_USERNAME, mail.username.toUtf8().constData());
+    set(curl, CURLOPT_PASSWORD, mail.password.toUtf8().constData());
+    // The methods that take user and password as they are, whatever else the server offers.
+    set(curl, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
+  }
+  setLimits(curl, settings);
+  setSafety(curl, settings.caFile.toLocal8Bit());
+  dialogue.listenTo(curl);
+}
+
+void perform(CURL* curl, const Dialogue& dialogue, const QString& server) {
+  const CURLcode result = curl_easy_perform(curl);
+  if (result != CURLE_OK) fail(dialogue.failure(result), dialogue.details(server), dialogue.silence(result));
+}
+
 }  // namespace
+
+bool tryLogin(const Outgoing& login, const Settings& settings) {
+  const Url url = serverUrl(login.server);
+  Dialogue dialogue(isEncrypted(url.get()), login.password, settings.stallTimeout);
+  const Handle handle = makeHandle();
+  prepare(handle.get(), url.get(), login, settings, dialogue);
+  set(handle.get(), CURLOPT_NOBODY, 1L);
+  set(handle.get(), CURLOPT_CUSTOMREQUEST, "NOOP");
+  perform(handle.get(), dialogue, login.server);
+  return dialogue.encrypted();
+}
 
 void transfer(const Outgoing& mail, const Settings& settings) {
   const Url url = serverUrl(mail.server);
   const List recipients = makeList(mail.recipients);
-  const QByteArray user = mail.username.toUtf8();
-  const QByteArray password = mail.password.toUtf8();
-  const QByteArray caFile = settings.caFile.toLocal8Bit();
   Dialogue dialogue(isEncrypted(url.get()), mail.password, settings.stallTimeout);
 
   const Handle handle = makeHandle();
@@ -79,25 +107,13 @@ void transfer(const Outgoing& mail, const Settings& settings) {
   std::vector<QByteArray> lines = mail.headers;
   lines.push_back(parts.typeHeader);
   const List headers = makeList(lines);
-  set(curl, CURLOPT_CURLU, url.get());
-  set(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+  prepare(curl, url.get(), mail, settings, dialogue);
   set(curl, CURLOPT_MAIL_FROM, mail.from.constData());
   set(curl, CURLOPT_MAIL_RCPT, recipients.get());
-  if (!user.isEmpty()) {
-    set(curl, CURLOPT_USERNAME, user.constData());
-    set(curl, CURLOPT_PASSWORD, password.constData());
-    // The methods that take user and password as they are, whatever else the server offers.
-    set(curl, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
-  }
-  setLimits(curl, settings);
-  setSafety(curl, caFile);
-  dialogue.listenTo(curl);
   set(curl, CURLOPT_HTTPHEADER, headers.get());
   set(curl, CURLOPT_MIMEPOST, parts.mime.get());
 
-  const CURLcode result = curl_easy_perform(curl);
-  if (result != CURLE_OK)
-    fail(dialogue.failure(result), dialogue.details(mail.server), dialogue.silence(result));
+  perform(curl, dialogue, mail.server);
 }
 
 }  // namespace mail

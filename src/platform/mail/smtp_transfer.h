@@ -21,6 +21,10 @@ struct Outgoing {
   std::vector<AttachmentList::File> files;
 };
 
+/// Connects and logs in, and sends nothing: of `login` only server and user count. Whether the line was
+/// encrypted. Raises as transfer does.
+[[nodiscard]] bool tryLogin(const Outgoing& login, const Settings& settings);
+
 /// Hands it to the server and waits. Raises values::kMailFailed, with the step and the server's answer.
 void transfer(const Outgoing& mail, const Settings& settings);
 
