@@ -45,6 +45,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void DestravaCampos();
   /// Shows by colour and word whether the quote is being looked at, edited, closed or deactivated.
   void mostraSituacao();
+  /// What the idle screen says of folders that are missing; found at the start.
+  QString aviso_;
 
   void MontaGridMontagem();
   void MontaGridHomenageados();
