@@ -68,8 +68,9 @@ const char* foreignTable(data::Connection& connection) {
   const bool hasCompany = company.isOpen() && !company.eof();
   const auto quotes = schema::quoteTables();
   for (const schema::Table& table : schema::tables()) {
-    const bool ofQuotes = std::ranges::any_of(
-        quotes, [&](const auto& one) { return QLatin1StringView(one.name) == QLatin1StringView(table.name); });
+    const bool ofQuotes = std::ranges::any_of(quotes, [&](const auto& one) {
+      return QLatin1StringView(one.name) == QLatin1StringView(table.name);
+    });
     if ((ofQuotes && hasCompany) || holdsOnlySampleRows(table, rowsOf(connection, table.name))) continue;
     return table.name;
   }
