@@ -136,6 +136,8 @@ void frmPropCmrcTL::ligaItens() {
   };
   for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
   on(Flex, Event::DoubleClick, &frmPropCmrcTL::Flex_DblClick);
+  on(Flex, Event::PushUp, [this] { moveLinha(-1); });
+  on(Flex, Event::PushDown, [this] { moveLinha(1); });
   onLinesPasted(txtNomeHomg, [this](const QStringList& nomes) {
     for (const QString& nome : nomes) {
       txtNomeHomg->setText(nome);

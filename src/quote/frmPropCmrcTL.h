@@ -127,6 +127,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   // Items (item_grid.cpp, item_assembly.cpp)
   void Flex_DblClick();
   void excluiItem();
+  /// The current line changes places with the one so many rows on (moving_lines.cpp).
+  void moveLinha(int passo);
   void soltaMateriais(int linha, int coluna);
   void tiraLinha(int linha, int coluna);
   void alteraItem();

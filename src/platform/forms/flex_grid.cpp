@@ -164,6 +164,15 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) return copyRows();
   if (event->matches(QKeySequence::SelectAll)) return selectAll();
+  const bool up = event->key() == Qt::Key_Up;
+  if (event->modifiers().testFlag(Qt::AltModifier) && (up || event->key() == Qt::Key_Down)) {
+    if (grid_.row() < 1) return;
+    if (up)
+      Q_EMIT pushedUp();
+    else
+      Q_EMIT pushedDown();
+    return;
+  }
   const int page =
       std::max(1, viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()) - 1);
   const int row = grid_.row();

@@ -27,8 +27,8 @@ namespace forms {
 namespace {
 
 /// By the order of Event.
-constexpr std::array<const char16_t*, 5> kNames{u"Click", u"DblClick", u"GotFocus", u"LostFocus",
-                                                u"DropDown"};
+constexpr std::array<const char16_t*, 7> kNames{u"Click",    u"DblClick", u"GotFocus", u"LostFocus",
+                                                u"DropDown", u"PushUp",   u"PushDown"};
 
 }  // namespace
 
@@ -57,6 +57,8 @@ void Form::on(QWidget* control, Event event, std::function<void()> handler) {
   const auto raise = [this, control, event] { d_->run(control, event); };
   auto* grid = qobject_cast<FlexGrid*>(control);
   if (event == Event::DoubleClick && grid != nullptr) connect(grid, &FlexGrid::rowDoubleClicked, this, raise);
+  if (event == Event::PushUp) connect(grid, &FlexGrid::pushedUp, this, raise);
+  if (event == Event::PushDown) connect(grid, &FlexGrid::pushedDown, this, raise);
   if (event == Event::DropDown) connect(qobject_cast<Combo*>(control), &Combo::dropDown, this, raise);
   if (event != Event::Click) return;
   if (grid != nullptr) connect(grid, &FlexGrid::rowClicked, this, raise);

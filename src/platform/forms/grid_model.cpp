@@ -124,6 +124,12 @@ void GridModel::removeItem(int row) {
   Q_EMIT currentMoved(row_, col_);
 }
 
+void GridModel::swapRows(int one, int other) {
+  if (std::min(one, other) < 1 || std::max(one, other) >= rows()) return;
+  rows_.swapItemsAt(one, other);
+  for (const int row : {one, other}) Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, cols() - 1));
+}
+
 void GridModel::sortAscending(int column) {
   if (column < 0 || column >= cols() || rows() < 3) return;
   std::vector<SortKey> keys;

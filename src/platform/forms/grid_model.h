@@ -63,6 +63,8 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] GridRow rowTexts(int row) const;
   /// Removes a data row; the current row stays where it is, or on the last row if that is gone.
   void removeItem(int row);
+  /// Two data rows change places.
+  void swapRows(int one, int other);
   /// Stable, ascending, by text (numbers among texts by value), blanks first; cell formats move along.
   void sortAscending(int column);
 
