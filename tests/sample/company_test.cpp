@@ -80,6 +80,12 @@ TEST_F(SampleCompany, ItsNumbersAgreeWithEachOther) {
       // An approved prototype carries the mark of the quote that approved it.
       u"prop_cmrc_deta d, prot where d.prod_prot = 'PROT' and prot.idprot = d.idprodprot and d.data_aprov "
       "is not null and (prot.data_aprv is null or prot.prop_cmrc_aprv <> d.idprop_cmrc)",
+      // Documents name a prototype by the product of its number, which no search of active ones finds.
+      u"prot where not exists (select * from prod where prod.idprod = prot.idprot and codi_prod = idprot and "
+      "desc_prod = desc_prot and prod.idunid = prot.idunid and prod_mate_prim is null and not prod.data_desa "
+      "is null)",
+      // The PDF multiplies the sum by the persons: then the lines are for one.
+      u"prop_cmrc q, prop_cmrc_deta d where q.idprop_cmrc = d.idprop_cmrc and nume_pess > 0 and qtde <> 1",
       // An order holds the approved lines of its quote.
       u"pedi_veds o where (select sum(valo_tota) from pedi_veds_deta d where d.idpedi_veds = o.idpedi_veds) "
       "<> (select sum(valo_tota) from prop_cmrc_deta q where q.idprop_cmrc = o.idprop_cmrc and data_aprov "
