@@ -21,7 +21,7 @@ void frmPedHTML::cmdPDF_Click() {
     DocumentoWord(QString::number(id), doc, pdf);
   }
   pdf_ = pdf;
-  WebBrowser1->navigate(pdf);
+  vias_.front().painel->navigate(pdf);
   SSTab1->setCurrentIndex(0);
   mostraCaminho(pdf, u"PDF gravado em:"_s);
 }
