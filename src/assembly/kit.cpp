@@ -1,5 +1,6 @@
 #include "assembly/kit.h"
 
+#include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "shared/text.h"
 
@@ -33,8 +34,8 @@ Asked<forms::GridRow> linhaDoKit(data::Recordset rs) {
 void carregaKit(forms::GridModel& grade, const QString& codigo) {
   if (codigo.isEmpty()) return;
   const QString produto = IdProdutoPorCodigo(codigo);
-  const data::Recordset rs =
-      abreConsulta(u"select * from prod_kit0 where idprod = "_s + produto + u" and data_desa is null"_s);
+  const data::Recordset rs = abreConsulta(u"select * from prod_kit0 where idprod = "_s +
+                                          consulta::numero(produto) + u" and data_desa is null"_s);
   grade.addRows(data::forEachRow(rs, linhaDoKit).get());
   grade.sortAscending(Codigo);
 }

@@ -116,8 +116,10 @@ QString frmBROWSE_PRODUTO::filtroClasse() const {
   QString filtro;
   if (opBrowseProduto->isChecked()) filtro = u"and PROD_MATE_PRIM = 'P' "_s;
   if (opBrowseMateriaPrima->isChecked()) filtro = u"and PROD_MATE_PRIM = 'M' "_s;
-  if (!cboCole->text().isEmpty()) filtro += u"and idcole = "_s + IdColecao(cboCole->text()) + u" "_s;
-  return filtro;
+  if (cboCole->text().isEmpty()) return filtro;
+  // A collection that there isn't has no product, not those without a collection.
+  const QString colecao = IdColecao(cboCole->text());
+  return filtro + (colecao.isEmpty() ? u"and 1 = 0 "_s : u"and idcole = "_s + colecao + u" "_s);
 }
 
 QString frmBROWSE_PRODUTO::montaConsulta() const {

@@ -39,12 +39,15 @@ QPixmap carregaFigura(const QString& caminho) {
   return figura;
 }
 
-QString arquivoDaFoto(const QString& codigo, const QString& vista) {
+FotoDeArquivo fotoDoCodigo(const QString& codigo, const QString& vista) {
   const Contexto& c = contexto();
   const QString nome = apara(codigo) + vista;
-  for (const QString& caminho : {c.PathImagens + nome + c.ExtImagens, c.PathImagens2 + nome + c.ExtImagens2})
-    if (files::exists(caminho)) return caminho;
-  return c.ArqSemImagem;
+  for (const QString& caminho :
+       {c.PathImagens + nome + c.ExtImagens, c.PathImagens2 + nome + c.ExtImagens2}) {
+    QPixmap figura;
+    if (files::exists(caminho) && figura.loadFromData(files::readAll(caminho))) return {caminho, figura};
+  }
+  return {c.ArqSemImagem, carregaFigura(c.ArqSemImagem)};
 }
 
 }  // namespace pesquisa

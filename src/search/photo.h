@@ -26,8 +26,14 @@ class Foto : public QLabel {
 /// is no picture.
 [[nodiscard]] QPixmap carregaFigura(const QString& caminho);
 
-/// The photo of a code, in the first or the second folder of photos; ArqSemImagem where there is none.
-/// vista is empty, "_2", "_3" or "_4".
-[[nodiscard]] QString arquivoDaFoto(const QString& codigo, const QString& vista = {});
+/// A photo and the file that it is of.
+struct FotoDeArquivo {
+  QString arquivo;
+  QPixmap figura;
+};
+
+/// The photo of a code, in the first or the second folder of photos; ArqSemImagem where there is none, or one
+/// that is no picture. vista is empty, "_2", "_3" or "_4".
+[[nodiscard]] FotoDeArquivo fotoDoCodigo(const QString& codigo, const QString& vista = {});
 
 }  // namespace pesquisa

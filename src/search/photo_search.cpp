@@ -106,6 +106,7 @@ void PesquisaComFotos::acompanhaLinha() {
 
 void PesquisaComFotos::lembraPesquisa() {
   auto& lembranca = lembrancas().pesquisa;
+  lembranca.tela = objectName();
   lembranca.BrowseOpcao = nomeDaMarcada(campos_);
   lembranca.BrowseTexto = c_.txtCOD->text();
   lembranca.BrowseAtivos = c_.chkVisualiza->isChecked() ? u"Sim"_s : u"Não"_s;
@@ -121,15 +122,17 @@ void PesquisaComFotos::retomaPesquisa() {
   if (!antes.BrowseTexto.isEmpty()) c_.txtCOD->setText(antes.BrowseTexto);
   c_.chkVisualiza->setChecked(antes.BrowseAtivos == u"Sim"_s);
   if (c_.cboCole != nullptr && !antes.BrowseCombo.isEmpty()) c_.cboCole->setText(antes.BrowseCombo);
+  // That of the other screen would say that it finds nothing before this one stands.
+  if (antes.tela != objectName()) return;
   cmdPesquisa_Click();
   c_.Flex->grid().setTopRow(antes.LinhaBrowse);
 }
 
 void PesquisaComFotos::mostraFoto(std::size_t vista) {
   auto& globais = lembrancas();
-  globais.ArqImagem = arquivoDaFoto(chave(), QString::fromUtf16(kVistas[vista]));
-  globais.ArqImagem2 = globais.ArqImagem;
-  c_.Image1->setFoto(carregaFigura(globais.ArqImagem));
+  const auto [arquivo, figura] = fotoDoCodigo(chave(), QString::fromUtf16(kVistas[vista]));
+  globais.ArqImagem = globais.ArqImagem2 = arquivo;
+  c_.Image1->setFoto(figura);
   for (std::size_t i = 0; i < kVistas.size(); ++i) c_.cmdImagem1[i]->setChecked(i == vista);
 }
 
@@ -163,6 +166,7 @@ QString PesquisaComFotos::MontaDetalheHTML() const {
 void PesquisaComFotos::Flex_DblClick() {
   auto& grade = c_.Flex->grid();
   if (grade.row() <= 0) return;
+  lembraPesquisa();  // Enter on a row is no click
   lembrancas().pesquisa.LinhaBrowse = grade.topRow();
   entregaEscolha();
   unload();

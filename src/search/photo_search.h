@@ -58,7 +58,7 @@ class PesquisaComFotos : public forms::Form {
   /// Double click on a data row, before the screen unloads.
   virtual void entregaEscolha() = 0;
 
-  /// Sets the remembered search again and runs it, if there is one.
+  /// Sets the remembered search again, if there is one, and runs it where it was this screen's.
   void retomaPesquisa();
   /// Runs a statement and adds a row for each record. Nothing found is announced, and the focus goes to
   /// `foco`.

@@ -7,6 +7,7 @@ namespace pesquisa {
 
 /// The last search that was followed by a click on a row, whichever of the two screens it was on.
 struct Lembranca {
+  QString tela;         ///< the screen that it was on
   QString BrowseOpcao;  ///< name of the option of the field searched; empty: nothing to remember
   QString BrowseTexto;
   QString BrowseAtivos;  ///< "Sim" or "Não"
