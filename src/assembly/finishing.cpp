@@ -1,6 +1,7 @@
 #include "assembly/frmMontarProduto.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
+#include "shared/comma_numbers.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
 #include "shared/text.h"
@@ -62,17 +63,44 @@ QString frmMontarProduto::totalDoItem() const {
                  leNumero(emMoeda(lblTotalUnitarioProduto->text())));
 }
 
+/// The box where it alone was changed, which then is the product line's remark too; else that of the product
+/// line, but where it has none, or what its length left of the item's, the item keeps the one it had.
+QString frmMontarProduto::observacaoDoItem() {
+  auto& grade = Flex->grid();
+  const int produto = linhaProduto(grade);
+  const QString daLinha = apara(grade.text(produto, Column::Observacao));
+  const bool mudouLinha =
+      !daLinha.isEmpty() && daLinha != apara(FlexSombra.text(linhaProduto(FlexSombra), Column::Observacao));
+  const QString doItem = apara(txtObservacoes->text());
+  const QString antes = apara(txtObservacoesSombra->text());
+  if (doItem != antes && !mudouLinha) {
+    grade.setText(produto, Column::Observacao, apara(doItem.left(maximoDaObservacao())));
+    return doItem;
+  }
+  return daLinha.isEmpty() || daLinha == apara(antes.left(maximoDaObservacao())) ? antes : daLinha;
+}
+
+/// Whether what was opened is the line that left the quote: after a removal its number can name the materials
+/// of another.
+bool frmMontarProduto::voltaOMesmoItem() const {
+  const auto& aberto = forms::form<frmPropCmrcTL>().ItemNaMontagem;
+  return aberto.rows() <= 1 ||
+         (maiusculas(aberto.text(1, grades::item::Tipo)) == QStringView(grades::kProduto) &&
+          aberto.text(1, grades::item::Id) == FlexSombra.text(linhaProduto(FlexSombra), Column::Id));
+}
+
 void frmMontarProduto::cmdConfirmar_Click() {
   const auto& grade = Flex->grid();
   const int produto = linhaProduto(grade);
   if (grade.text(produto, Column::Tipo) != kTipoProduto)
     return avisa(u"Não é possível finalizar, pois falta item do tipo PRODUTO"_s, windowTitle());
-  // Reading stops at a comma: "0,5" is none.
-  if (values::leadingNumber(txtQuantidade->text()) <= 0)
-    return avisa(u"Quantidade Inválida!"_s, txtQuantidade);
+  // Reading stops at a comma: "0,5" is none. "1.500" is three numbers to three readers.
+  const QString quantidade = txtQuantidade->text();
+  if (values::leadingNumber(quantidade) <= 0 || quantidade.contains(u'.'))
+    return avisa(recusaDoNumero(u"Quantidade Inválida!"_s, quantidade), txtQuantidade);
 
-  entregaItem({grade, emMoeda(lblTotalUnitarioProduto->text()), txtQuantidade->text(), totalDoItem(),
-               apara(grade.text(produto, Column::Observacao))});
+  const QString observacao = observacaoDoItem();
+  entregaItem({grade, emMoeda(lblTotalUnitarioProduto->text()), quantidade, totalDoItem(), observacao});
   PreparaGradeMontagem();
   preparaGradesPesquisa();
   unload();
@@ -80,7 +108,8 @@ void frmMontarProduto::cmdConfirmar_Click() {
 
 void frmMontarProduto::cmdCancelar_Click() {
   if (!pergunta(u"Tem certeza que deseja cancelar a operação? (S/N)"_s, windowTitle())) return;
-  if (FlexSombra.rows() > 1) {
+  // Else the quote puts the line back as it was, without materials.
+  if (FlexSombra.rows() > 1 && voltaOMesmoItem()) {
     // The materials go back as they were; quantity, price and observation stay as they stand now.
     const QString unitario = lblTotalUnitarioProduto->text();
     const int produto = linhaProduto(FlexSombra);

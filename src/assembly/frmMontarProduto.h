@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "assembly/material_classes.h"
 #include "platform/data/asked.h"
 #include "platform/forms/form.h"
@@ -9,6 +11,13 @@
 /// The line that a composite has its identity from: that of class "PRODUTO", the first one where there is
 /// none (finishing.cpp).
 [[nodiscard]] int linhaProduto(const forms::GridModel& materiais);
+
+/// Whether a text is the quantity of a line: a number with a comma that isn't 0; else a box says so
+/// (line_editing.cpp).
+[[nodiscard]] bool quantidadeValida(const QString& quantidade, const QString& titulo);
+
+/// Longest remark of a line: 250 letters, fewer where its column takes fewer (line_editing.cpp).
+[[nodiscard]] int maximoDaObservacao();
 
 /// The assembly screen: a composite product of a quote is put together from one finished product and raw
 /// materials of six classes. Flex holds the lines of the product, Flex1 to Flex7 what was found on each tab.
@@ -40,28 +49,27 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   void Form_Load() override;
 
  private:
-  /// That of a tab; the tabs stand as the classes do.
-  [[nodiscard]] forms::FlexGrid* gradeDaAba(int aba) const;
-  [[nodiscard]] forms::FlexGrid* gradeAtual() const { return gradeDaAba(SSTab1->currentIndex()); }
+  [[nodiscard]] std::array<forms::FlexGrid*, kClassesDeMaterial.size()> grades() const;
   void preparaGradesPesquisa();
 
   // Finding and choosing articles (material_tabs.cpp)
   void ligaPesquisa();
   void cmdPesquisar_Click();
   void cmdLimpar_Click();
-  void PesquisaMaterial(int aba, const QString& texto);
+  void PesquisaMaterial(std::size_t aba, const QString& texto);
   static data::Asked<forms::GridRow> linhaDoArtigo(data::Recordset rs);
-  void escolheMaterial(int aba);
+  void escolheMaterial(std::size_t aba);
   void cmdPesquisa_Click();
 
   // Lines (line_editing.cpp)
   void Flex_DblClick();
   void excluiLinha();
   void alteraLinha();
-  [[nodiscard]] bool quantidadeValida(const QString& quantidade);
 
   // Leaving (finishing.cpp)
   void cmdConfirmar_Click();
   void cmdCancelar_Click();
   [[nodiscard]] QString totalDoItem() const;
+  [[nodiscard]] QString observacaoDoItem();
+  [[nodiscard]] bool voltaOMesmoItem() const;
 };

@@ -33,7 +33,7 @@ void frmConfirmaItem::Form_Load() {
   resize(width(), layout()->totalHeightForWidth(width()));
   CentralizaForm(*this);
   txtQuantidade->setText(u"1"_s);
-  txtObservacoes->setMaxLength(250);
+  txtObservacoes->setMaxLength(maximoDaObservacao());
   forms::setLocked(txtObservacoes, lblTipo->text() == kTipoProduto);
   aplicaTemaPadrao(*this);
   forms::setBackColor(txtQuantidade, kCorEntrada);
@@ -42,10 +42,8 @@ void frmConfirmaItem::Form_Load() {
 }
 
 void frmConfirmaItem::cmdConfirmar_Click() {
-  const QString quantidade = txtQuantidade->text();
-  // The keys let "12%" through, which is no number; an empty box ends in the runtime's own error.
-  const bool numero = quantidade.isEmpty() || values::isNumeric(quantidade);
-  if (!numero || values::toNumber(quantidade) == 0) return avisa(u"Valor inválido!"_s, windowTitle());
+  // The keys let "12%" through, which is no number.
+  if (!quantidadeValida(txtQuantidade->text(), windowTitle())) return focus(txtQuantidade);
   if (recusaArtigo()) return unload();
   if (opShowRoom->isChecked()) aplicaShowRoom();
   incluiLinha();
@@ -98,7 +96,5 @@ void frmConfirmaItem::incluiLinha() {
                 {Column::Ordem, lblOrdem->text()}});
   montagem.marcaLinha(grade.rows() - 1);
   grade.sortAscending(Column::Ordem);
-
-  auto* soma = montagem.lblTotalUnitarioProduto;
-  soma->setText(emMoeda(values::toText(leValor(soma->text()) + total)));
+  montagem.RecalculaTotalProduto();
 }

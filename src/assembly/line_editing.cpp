@@ -1,6 +1,10 @@
+#include <algorithm>
+
 #include "assembly/frmMontarProduto.h"
 #include "platform/forms/boxes.h"
 #include "platform/values/numbers.h"
+#include "shared/column_lengths.h"
+#include "shared/comma_numbers.h"
 #include "shared/messages.h"
 #include "shared/text.h"
 #include "text/trim.h"
@@ -51,7 +55,7 @@ void frmMontarProduto::alteraLinha() {
   const QString atual = grade.text(linha, Column::Quantidade);
   const QString quantidade = apara(forms::inputBox(
       {u"Quantidade Atual:"_s + atual + u"\rInformar nova quantidade:"_s, windowTitle(), atual}));
-  if (quantidade.isEmpty() || !quantidadeValida(quantidade)) return;
+  if (quantidade.isEmpty() || !quantidadeValida(quantidade, windowTitle())) return;
   grade.setText(linha, Column::Quantidade, quantidade);
   grade.setText(linha, Column::Total, emMoeda(values::toNumber(quantidade) * leValor(valor)));
   RecalculaTotalProduto();
@@ -60,19 +64,19 @@ void frmMontarProduto::alteraLinha() {
   const QString observacao =
       apara(forms::inputBox({u"Observação Atual:\r"_s + anterior + u"\rInformar nova observação:"_s,
                              windowTitle(), anterior}))
-          .left(250);
+          .left(maximoDaObservacao());
   // An observation can be changed but not blanked.
   if (!observacao.isEmpty()) grade.setText(linha, Column::Observacao, maiusculas(observacao));
 }
 
-bool frmMontarProduto::quantidadeValida(const QString& quantidade) {
-  if (!values::isNumeric(quantidade) || values::toNumber(quantidade) == 0) {
-    avisa(u"Valor inválido!"_s, windowTitle());
-    return false;
-  }
-  if (quantidade.contains(u'.')) {
-    avisa(u"Valor inválido!\rUsar vírgula no lugar de ponto!"_s, windowTitle());
-    return false;
-  }
-  return true;
+int maximoDaObservacao() {
+  constexpr int kMaximo = 250;
+  const int daColuna = tamanhoDaColuna(u"obse_prop_cmrc_deta_monta");
+  return daColuna > 0 ? std::min(kMaximo, daColuna) : kMaximo;
+}
+
+bool quantidadeValida(const QString& quantidade, const QString& titulo) {
+  if (ehNumeroComVirgula(quantidade) && values::toNumber(quantidade) != 0) return true;
+  avisa(recusaDoNumero(u"Valor inválido!"_s, quantidade), titulo);
+  return false;
 }

@@ -3,14 +3,14 @@
 #include <QString>
 #include <array>
 
-/// A class of material: its text on a line, its sort number.
+/// The seven classes of material, in the order of the assembly screen's tabs: class text on a line, sort
+/// number.
 struct ClasseDeMaterial {
-  QStringView texto;  ///< TIPO_MATE_PRIMA
-  QStringView ordem;  ///< ORDEM_MATE_PRIMA
+  const char16_t* texto;  ///< TIPO_MATE_PRIMA
+  const char16_t* ordem;  ///< ORDEM_MATE_PRIMA, "1" to "7"
 };
 
-/// One for each tab of the assembly screen, in their order.
-inline constexpr auto kClassesDeMaterial = std::to_array<ClasseDeMaterial>({
+inline constexpr std::array<ClasseDeMaterial, 7> kClassesDeMaterial{{
     {u"PRODUTO", u"1"},
     {u"CONTEÚDO COMESTÍVEL", u"2"},
     {u"CONTEÚDO NÃO COMESTÍVEL", u"3"},
@@ -18,18 +18,14 @@ inline constexpr auto kClassesDeMaterial = std::to_array<ClasseDeMaterial>({
     {u"CARD", u"5"},
     {u"ADEREÇO", u"6"},
     {u"OUTROS", u"7"},
-});
-
-[[nodiscard]] inline const ClasseDeMaterial& classeDaAba(int aba) {
-  return kClassesDeMaterial.at(static_cast<std::size_t>(aba));
-}
+}};
 
 /// The class of a line that is a product by itself.
-inline constexpr QStringView kTipoProduto = kClassesDeMaterial.front().texto;
+inline constexpr QStringView kTipoProduto(kClassesDeMaterial.front().texto);
 
 /// Sort number of a class text, "8" for any other.
 [[nodiscard]] inline QString ordemDoTipo(QStringView texto) {
   for (const auto& uma : kClassesDeMaterial)
-    if (texto == uma.texto) return uma.ordem.toString();
+    if (texto == QStringView(uma.texto)) return QString::fromUtf16(uma.ordem);
   return QStringLiteral("8");
 }

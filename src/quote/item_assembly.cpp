@@ -16,7 +16,7 @@ void frmPropCmrcTL::mostraMontagem() {
   forms::GridModel& itens = Flex->grid();
   const int restantes = itens.rows();
   forms::form<frmMontarProduto>().showModal();
-  // A line without materials has nothing that a cancel could put back.
+  // A cancel puts nothing back for a line without materials, or with those of another.
   if (itens.rows() == restantes && ItemNaMontagem.rows() > 1) itens.addRow(ItemNaMontagem.rowTexts(1));
   ItemNaMontagem.layOut(grades::item::kLayout);
   CalculaTotais();
@@ -42,10 +42,14 @@ void frmPropCmrcTL::passaParaMontagem(int linha) {
   auto& tela = forms::form<frmMontarProduto>();
   const auto celula = [this, linha](item::Column coluna) { return Flex->grid().text(linha, coluna); };
   tela.PreparaGradeMontagem();
-  tela.lblTotalUnitarioProduto->setText(u"0"_s);
-  for (int i = 1; i < FlexMonta.rows(); ++i)
-    if (leNumero(FlexMonta.text(i, material::VinculoComFlex)) == linha)
-      passaMaterial(i, celula(item::Quantidade));
+  for (int i = 1; i < FlexMonta.rows(); ++i) {
+    if (leNumero(FlexMonta.text(i, material::VinculoComFlex)) != linha) continue;
+    // These two have no column for the link: it is left out.
+    const forms::GridRow campos = FlexMonta.rowTexts(i);
+    tela.Flex->grid().addRow(campos);
+    tela.FlexSombra.addRow(campos);
+    tela.marcaLinha(tela.Flex->grid().rows() - 1);
+  }
 
   tela.Flex->grid().setRow(linhaProduto(tela.Flex->grid()));
   tela.txtObservacoes->setText(celula(item::Observacao));
@@ -53,16 +57,4 @@ void frmPropCmrcTL::passaParaMontagem(int linha) {
   tela.txtQuantidade->setText(celula(item::Quantidade));
   tela.txtQuantidadeSombra->setText(celula(item::Quantidade));
   tela.lblTotalUnitarioProduto->setText(emMoeda(celula(item::VrUnit)));
-}
-
-void frmPropCmrcTL::passaMaterial(int linhaMonta, const QString& quantidade) {
-  using namespace grades;
-  auto& tela = forms::form<frmMontarProduto>();
-  // These two have no column for the link: it is left out.
-  const forms::GridRow linha = FlexMonta.rowTexts(linhaMonta);
-  tela.Flex->grid().addRow(linha);
-  tela.FlexSombra.addRow(linha);
-  tela.marcaLinha(tela.Flex->grid().rows() - 1);
-  const double valor = leNumero(FlexMonta.text(linhaMonta, material::ValorUnitario)) * leNumero(quantidade);
-  tela.lblTotalUnitarioProduto->setText(emMoeda(leNumero(tela.lblTotalUnitarioProduto->text()) + valor));
 }
