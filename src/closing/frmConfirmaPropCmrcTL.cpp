@@ -15,12 +15,15 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() {
   using Tela = frmConfirmaPropCmrcTL;
   on(txtDescontoGeral, Event::LostFocus, &Tela::txtDescontoGeral_LostFocus);
   on(txtPercDesc, Event::LostFocus, &Tela::txtPercDesc_LostFocus);
+  on(txtValorSinal, Event::LostFocus, &Tela::txtValorSinal_LostFocus);
   on(cboTransportadora, Event::DropDown, &Tela::cboTransportadora_DropDown);
   on(cmdPesquisa_CondPg, Event::Click, &Tela::cmdPesquisa_CondPg_Click);
   on(mskDataBase, Event::LostFocus, &Tela::mskDataBase_LostFocus);
   on(cmdConfirmaCondPg, Event::Click, &Tela::cmdConfirmaCondPg_Click);
   on(cmdDesfazer, Event::Click, &Tela::cmdDesfazer_Click);
   on(cmdConfirmar, Event::Click, &Tela::cmdConfirmar_Click);
+  // Another number is another condition until it has been looked up.
+  connect(txtIdCondPg, &QLineEdit::textEdited, this, &Tela::esqueceCondicao);
   forms::limitText(txtObservacaoPedido, 250);
   forms::limitToDigits(txtIdCondPg, 10);
 
@@ -55,8 +58,7 @@ void frmConfirmaPropCmrcTL::LimpaFechamento() {
   lblVrBrutoTOT->setText(emMoeda(0.0));
   lblVrLiqTOT->setText(emMoeda(0.0));
   txtIdCondPg->clear();
-  lblParcelas->clear();
-  lblPrazos->clear();
+  esqueceCondicao();
   RestauraMascara(mskDataBase);
   PreparaGradeParcelas();
 }

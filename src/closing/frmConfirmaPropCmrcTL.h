@@ -18,6 +18,9 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   /// "S" when it is shown to look only: cmdConfirmar then checks and writes nothing.
   QString FlagCondPgto;
 
+  /// The quote that the screen serves from here on: for another than before it begins without terms,
+  /// instalments and down payment, its inputs free (instalments.cpp).
+  void comecaOrcamento(const QString& id);
   /// All fields to their empty state, the list of instalments empty.
   void LimpaFechamento();
   /// Lays the list of instalments out, empty.
@@ -37,6 +40,7 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   // Discount (discount.cpp)
   void txtDescontoGeral_LostFocus();
   void txtPercDesc_LostFocus();
+  void txtValorSinal_LostFocus();
   bool descontoPassaDoBruto();
 
   // Condition and instalments (choosing_condition.cpp, instalments.cpp)
@@ -44,9 +48,13 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   void cmdConfirmaCondPg_Click();
   void cmdDesfazer_Click();
   bool podeProcessar();
+  [[nodiscard]] bool datasCabem() const;
+  void esqueceCondicao();
   void congelaCondicao(bool congelada);
   void montaParcelas(double liquido);
+  void incluiParcelas(double liquido);
   void acertaResto(double liquido);
+  void refazParcelas();
 
   // Leaving (confirming.cpp)
   void cmdConfirmar_Click();
@@ -55,4 +63,6 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   [[nodiscard]] QString montaUpdateCondicao();
   void gravaCondicao();
   void gravaParcelas();
+
+  QString idServido_;  ///< the quote that it was last filled for
 };

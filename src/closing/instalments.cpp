@@ -1,5 +1,8 @@
 // The instalments of a quote from its payment condition.
 
+#include <algorithm>
+#include <utility>
+
 #include "closing/frmConfirmaPropCmrcTL.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
@@ -32,7 +35,6 @@ void frmConfirmaPropCmrcTL::cmdConfirmaCondPg_Click() {
   const double liquido = leNumero(lblVrLiqTOT->text());
   congelaCondicao(true);
   montaParcelas(liquido);
-  acertaResto(liquido);
 }
 
 bool frmConfirmaPropCmrcTL::podeProcessar() {
@@ -40,7 +42,7 @@ bool frmConfirmaPropCmrcTL::podeProcessar() {
     avisa(u"O Valor Liquido Ainda está zerado. Impossível Processar!"_s);
     return false;
   }
-  if (!values::isDate(mskDataBase->boxText())) {
+  if (!values::isDate(mskDataBase->boxText()) || !datasCabem()) {
     avisa(u"Informe Data Base!"_s, mskDataBase);
     return false;
   }
@@ -55,6 +57,31 @@ bool frmConfirmaPropCmrcTL::podeProcessar() {
   return true;
 }
 
+/// Whether base date and due dates are of years that a server's column takes.
+bool frmConfirmaPropCmrcTL::datasCabem() const {
+  constexpr int kPrimeiroAno = 1753;
+  constexpr int kUltimoAno = 9999;
+  const QDate base = values::toDate(mskDataBase->boxText()).date();
+  const QStringList prazos = lblPrazos->text().split(u'/') << QString();  // the base date itself
+  return std::ranges::all_of(prazos, [base](const QString& dias) {
+    const int ano = base.addDays(values::toInt32(leNumero(dias))).year();
+    return kPrimeiroAno <= ano && ano <= kUltimoAno;
+  });
+}
+
+void frmConfirmaPropCmrcTL::comecaOrcamento(const QString& id) {
+  if (id == std::exchange(idServido_, id)) return;
+  for (QLineEdit* caixa : {txtValorSinal, txtIdCondPg}) caixa->clear();
+  esqueceCondicao();
+  PreparaGradeParcelas();
+  congelaCondicao(false);
+}
+
+void frmConfirmaPropCmrcTL::esqueceCondicao() {
+  lblParcelas->clear();
+  lblPrazos->clear();
+}
+
 void frmConfirmaPropCmrcTL::congelaCondicao(bool congelada) {
   cmdConfirmaCondPg->setEnabled(!congelada);
   cmdDesfazer->setEnabled(congelada);
@@ -66,6 +93,22 @@ void frmConfirmaPropCmrcTL::congelaCondicao(bool congelada) {
 }
 
 void frmConfirmaPropCmrcTL::montaParcelas(double liquido) {
+  incluiParcelas(liquido);
+  acertaResto(liquido);
+}
+
+/// A list that stands follows the net value and the down payment.
+void frmConfirmaPropCmrcTL::refazParcelas() {
+  if (Flex2->grid().rows() <= 1) return;
+  PreparaGradeParcelas();
+  const double liquido = leNumero(lblVrLiqTOT->text());
+  if (liquido > 0)
+    montaParcelas(liquido);
+  else
+    congelaCondicao(false);
+}
+
+void frmConfirmaPropCmrcTL::incluiParcelas(double liquido) {
   const int parcelas = values::toInt16(leNumero(lblParcelas->text()));
   const QString prazos = aparaDireita(lblPrazos->text());
   const double sinal = leNumero(txtValorSinal->text());

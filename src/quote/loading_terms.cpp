@@ -15,6 +15,7 @@ frmPropCmrcTL::Termos frmPropCmrcTL::pedeTermosDaConfirmacao(const data::Records
 /// The confirmation screen shows a quote's stored terms as soon as the quote is on the screen.
 void frmPropCmrcTL::carregaConfirmacao(const data::Recordset& rs, Termos& termos) {
   auto& tela = forms::form<frmConfirmaPropCmrcTL>();
+  tela.comecaOrcamento(rs.text(u"idprop_cmrc"));
   forms::setControlText(tela.txtObservacaoPedido, rs.text(u"OBSE_PEDI_VEDS"));
   tela.cboTransportadora->setText(termos.transportadora.get());
   tela.mskDataBase->setBoxText(rs.isNull(u"DATA_BASE") ? values::formatDate(values::now(), u"dd/mm/yyyy")
