@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -73,6 +74,13 @@ void bringIntoSight(const QWidget& control, QScrollArea& area) {
   area.ensureVisible(place.left(), place.top(), 0, 0);
 }
 
+/// A text that is longer than its box shows its beginning, not the end that was typed last.
+void showBeginning(QWidget& control) {
+  auto* combo = qobject_cast<Combo*>(&control);
+  auto* line = combo != nullptr ? combo->lineEdit() : qobject_cast<QLineEdit*>(&control);
+  if (line != nullptr && !line->hasFocus()) line->setCursorPosition(0);
+}
+
 }  // namespace
 
 void Form::Private::gotFocus(QWidget* control) {
@@ -93,6 +101,7 @@ void Form::flushFocusEvents() {
     auto* remark = qobject_cast<QPlainTextEdit*>(next.control);
     if (next.event == Event::LostFocus && remark != nullptr) showFirstLine(remark);
     d_->run(next.control, next.event);
+    if (next.event == Event::LostFocus && !next.control.isNull()) showBeginning(*next.control);
     if (modal::ends() != ends) d_->waiting.clear();
   }
 }
@@ -108,6 +117,7 @@ void Form::focus(QWidget* control) {
 }
 
 void Form::moveOn() {
+  setAttribute(Qt::WA_KeyboardFocusChange);  // a button that Enter leads to shows its ring, as after Tab
   focusNextPrevChild(true);
   d_->noteFocus(focusWidget());
 }

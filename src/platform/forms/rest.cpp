@@ -26,8 +26,17 @@ int modalFormsShown() {
   return static_cast<int>(std::ranges::count_if(shown, [](const Form* form) { return form->isModal(); }));
 }
 
-const QList<QEvent::Type> kInput{QEvent::KeyPress, QEvent::MouseButtonRelease, QEvent::InputMethod,
-                                 QEvent::Drop};
+bool isInput(QEvent::Type type) {
+  switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::InputMethod:
+    case QEvent::Drop:
+      return true;
+    default:
+      return false;
+  }
+}
 
 /// Sees the input of all windows, lists that drop down and menus among them.
 class Watch : public QObject {
@@ -50,7 +59,7 @@ class Watch : public QObject {
 
  protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (kInput.contains(event->type()) && !timer_.isActive()) timer_.start();
+    if (isInput(event->type()) && !timer_.isActive()) timer_.start();
     return false;
   }
 

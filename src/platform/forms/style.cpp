@@ -146,12 +146,14 @@ class ProgramStyle : public QProxyStyle {
 
  private:
   /// A locked field reads as text on the form's own ground, with a thin line under it; a ground of its own
-  /// that was asked for stays.
+  /// that was asked for stays, and on a dark form it keeps that of a field, which its text is made for.
   static void drawLockedGround(const QStyleOption& option, QPainter* painter, const QWidget* widget) {
     const QWidget* holder = widget->parentWidget();
     const bool part = qobject_cast<const Combo*>(holder) != nullptr;
     if (part) return;
-    if (widget->property("backColor").isValid()) painter->fillRect(option.rect, option.palette.base());
+    const bool dark = isDark(option.palette.color(QPalette::Active, QPalette::Window));
+    if (dark || widget->property("backColor").isValid())
+      painter->fillRect(option.rect, option.palette.base());
     painter->setPen(option.palette.color(QPalette::Active, QPalette::Mid));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     if (option.state.testFlag(State_HasFocus)) {
@@ -214,10 +216,11 @@ QPalette programPalette() {
   return palette;
 }
 
-/// The desktop's own size of text, as far as the screens stay whole with it.
+/// The desktop's own size of text, as far as the screens stay whole with it. Without a desktop, the smallest.
 double textSize() {
   constexpr double smallest = 9;
   constexpr double largest = 18;
+  if (QApplication::platformName() == u"offscreen") return smallest;
   return std::clamp(QFontInfo(QApplication::font()).pointSizeF(), smallest, largest);
 }
 
