@@ -49,6 +49,7 @@ void frmPropCmrcTL::cmdEXCLUIR_Click() {
   }
   BotoesNeutros();
   LimpaTela();
+  focus(txtCodigo);
 }
 
 void frmPropCmrcTL::cmdReativar_Click() {
@@ -59,4 +60,5 @@ void frmPropCmrcTL::cmdReativar_Click() {
                      u"UPDATE prop_cmrc_homg SET data_desa=null "_s});
   BotoesNeutros();
   LimpaTela();
+  focus(txtCodigo);
 }

@@ -14,11 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The number of the order that was made of a quote, empty when there is none.
-QString pedidoDoOrcamento(const QString& numero) {
-  return podeSerId(numero) ? NumeroPedidoDoOrcamento(numero).get() : QString();
-}
-
 bool temItemAprovado(const forms::GridModel& itens) {
   for (int linha = 1; linha < itens.rows(); ++linha)
     if (!apara(itens.text(linha, grades::item::DtAprov)).isEmpty()) return true;
@@ -65,11 +60,11 @@ void frmPropCmrcTL::marcaFechamento() {
 
 void frmPropCmrcTL::cmdReabrir_Click() {
   if (recusa(situacao::Comando::Reabrir)) return;
-  if (const QString pedido = pedidoDoOrcamento(apara(txtCodigo->text())); !pedido.isEmpty())
+  if (const QString pedido = NumeroPedidoDoOrcamento(txtRowId->text()); !pedido.isEmpty())
     return avisa(
         u"Já foi criado um pedido para este orçamento.\r"
         "A alteração somente poderá ser realizada no pedido.\rOrçamento:"_s +
-        txtCodigo->text() + u" - Pedido:"_s + values::format(pedido, u"000000"));
+        txtRowId->text() + u" - Pedido:"_s + values::format(pedido, u"000000"));
   if (pergunta(u"Deseja realmente abrir?"_s)) {
     alteraOrcamento({u"UPDATE prop_cmrc SET user_fech=null, data_fech=null "_s});
     avisa(u"Orçamento aberto com sucesso!\rOrçamento nr."_s + txtRowId->text() +

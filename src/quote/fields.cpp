@@ -106,8 +106,17 @@ void frmPropCmrcTL::cboCliente_LostFocus() {
   if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente não está cadastrado!"_s);
   auto pedeFones = FonesCliente(id);
   auto pedeEmail = EmailCliente(id);
-  txtFoneExtra->setText(pedeFones.get());
-  txtEmailExtra->setText(pedeEmail.get());
+  forms::setControlText(txtFoneExtra, pedeFones.get());
+  forms::setControlText(txtEmailExtra, pedeEmail.get());
+  if (maiusculas(apara(cboCliente->text())) != clienteAntes_) soltaContatoDeOutro();
+}
+
+/// Another customer's contact would get this one's mail.
+void frmPropCmrcTL::soltaContatoDeOutro() {
+  const QString contato = cboClienteContato->text();
+  if (contato.isEmpty() || !IdPessoaContato(contato, cboCliente->text()).get().isEmpty()) return;
+  cboClienteContato->setText({});
+  for (QLineEdit* caixa : {txtFoneExtraContato, txtEmailExtraContato}) caixa->clear();
 }
 
 void frmPropCmrcTL::cboClienteContato_DropDown() {
@@ -122,8 +131,8 @@ void frmPropCmrcTL::cboClienteContato_LostFocus() {
   if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente/Contato não está cadastrado!"_s);
   auto pedeFone = FoneContato(id);
   auto pedeEmail = EmailContato(id);
-  txtFoneExtraContato->setText(pedeFone.get());
-  txtEmailExtraContato->setText(pedeEmail.get());
+  forms::setControlText(txtFoneExtraContato, pedeFone.get());
+  forms::setControlText(txtEmailExtraContato, pedeEmail.get());
 }
 
 /// Yes goes on with a name that no table knows; No ends the editing, and what was entered can be recovered.

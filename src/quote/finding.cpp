@@ -24,6 +24,11 @@ bool frmPropCmrcTL::faltaCarregar() const {
   return !situacao::editando() && !txtRowId->text().isEmpty() && txtRowId->text() != idCarregado_;
 }
 
+bool frmPropCmrcTL::digitouOutro() const {
+  const QString numero = apara(txtCodigo->text());
+  return !numero.isEmpty() && leNumero(numero) != leNumero(txtRowId->text());
+}
+
 bool frmPropCmrcTL::carregaEscolhido() {
   if (!faltaCarregar()) return true;
   txtCodigo->setText(txtRowId->text());

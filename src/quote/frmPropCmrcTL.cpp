@@ -82,7 +82,9 @@ void frmPropCmrcTL::ligaTeclado() {
 
 void frmPropCmrcTL::ligaCampos() {
   on(txtCodigo, Event::LostFocus, &frmPropCmrcTL::txtCodigo_LostFocus);
+  connect(txtCodigo, &QLineEdit::textEdited, this, &frmPropCmrcTL::mostraSituacao);
   on(cboCliente, Event::DropDown, &frmPropCmrcTL::cboCliente_DropDown);
+  on(cboCliente, Event::GotFocus, [this] { clienteAntes_ = maiusculas(apara(cboCliente->text())); });
   on(cboCliente, Event::LostFocus, &frmPropCmrcTL::cboCliente_LostFocus);
   on(cboClienteContato, Event::DropDown, &frmPropCmrcTL::cboClienteContato_DropDown);
   on(cboClienteContato, Event::LostFocus, &frmPropCmrcTL::cboClienteContato_LostFocus);
@@ -102,6 +104,7 @@ void frmPropCmrcTL::ligaCampos() {
 void frmPropCmrcTL::ligaComandos() {
   const std::pair<QWidget*, void (frmPropCmrcTL::*)()> comandos[] = {
       {cmdINCLUIR, &frmPropCmrcTL::cmdINCLUIR_Click},
+      {cmdComecarEmBranco, &frmPropCmrcTL::cmdComecarEmBranco_Click},
       {cmdALTERAR, &frmPropCmrcTL::cmdALTERAR_Click},
       {cmdSALVAR, &frmPropCmrcTL::cmdSALVAR_Click},
       {cmdEXCLUIR, &frmPropCmrcTL::cmdEXCLUIR_Click},
@@ -135,9 +138,12 @@ void frmPropCmrcTL::ligaItens() {
       {cmdIncluirHomg, &frmPropCmrcTL::cmdIncluirHomg_Click},
   };
   for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
-  on(Flex, Event::DoubleClick, &frmPropCmrcTL::Flex_DblClick);
-  on(Flex, Event::PushUp, [this] { moveLinha(-1); });
-  on(Flex, Event::PushDown, [this] { moveLinha(1); });
+  on(Flex, Event::DoubleClick, [this] { excluiOuAltera(u"A"_s); });
+  for (const auto& [tecla, sugestao] : {std::pair{Qt::Key_F2, u"A"_s}, {Qt::Key_Delete, u"E"_s}})
+    connect(new QShortcut(tecla, Flex, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+            [this, sugestao = sugestao] {
+              forms::guarded([&] { excluiOuAltera(sugestao); }, objectName() + u".Flex_KeyDown"_s);
+            });
   onLinesPasted(txtNomeHomg, [this](const QStringList& nomes) {
     for (const QString& nome : nomes) {
       txtNomeHomg->setText(nome);

@@ -45,8 +45,6 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void DestravaCampos();
   /// Shows by colour and word whether the quote is being looked at, edited, closed or deactivated.
   void mostraSituacao();
-  /// What the idle screen says of folders that are missing; found at the start.
-  QString aviso_;
 
   void MontaGridMontagem();
   void MontaGridHomenageados();
@@ -71,6 +69,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   /// Back to looking only.
   void encerraEdicao();
   void cmdINCLUIR_Click();
+  void fazCopia();  // copying.cpp, as the next
+  void cmdComecarEmBranco_Click();
   void cmdALTERAR_Click();
   void cmdSAIR_Click();
 
@@ -81,6 +81,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void txtCodigo_LostFocus();
   void cboCliente_DropDown();
   void cboCliente_LostFocus();
+  void soltaContatoDeOutro();
   void cboClienteContato_DropDown();
   void cboClienteContato_LostFocus();
   void confirmaSemCadastro(const QString& aviso);
@@ -90,7 +91,9 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void carregaNumero();
   /// Whether txtRowId holds a choice of the search that is not the quote on the screen.
   [[nodiscard]] bool faltaCarregar() const;
-  /// Loads such a choice as cmdPesquisar_PropCmrc does; false when it is gone.
+  /// Whether Nr. holds a number that is not txtRowId's.
+  [[nodiscard]] bool digitouOutro() const;
+  /// Loads a choice as cmdPesquisar_PropCmrc does; false when it is gone.
   [[nodiscard]] bool carregaEscolhido();
   /// Terms of the quote into the confirmation screen (loading_terms.cpp).
   struct Termos {
@@ -125,15 +128,12 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void reabreMontagem(const QString& retrato);
 
   // Items (item_grid.cpp, item_assembly.cpp)
-  void Flex_DblClick();
+  void excluiOuAltera(const QString& sugestao);
   void excluiItem();
-  /// The current line changes places with the one so many rows on (moving_lines.cpp).
-  void moveLinha(int passo);
   void soltaMateriais(int linha, int coluna);
   void tiraLinha(int linha, int coluna);
   void alteraItem();
   void passaParaMontagem(int linha);
-  void passaMaterial(int linhaMonta, const QString& quantidade);
   void cmdIncluirItem_Click();
   void mostraMontagem();
 
@@ -185,5 +185,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   [[nodiscard]] bool avisaFechamento();
   void cmdImprimir_Click();
 
-  QString idCarregado_;  ///< the quote on the screen; txtRowId may hold a choice of the search already
+  QString idCarregado_;   ///< the quote on the screen; txtRowId may hold a choice of the search already
+  QString copiado_;       ///< digest of a copy as it began
+  QString clienteAntes_;  ///< the customer as cboCliente was entered, in capitals
 };

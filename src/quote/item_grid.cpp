@@ -9,12 +9,12 @@ using namespace Qt::StringLiterals;
 
 // The item grid: removing a line, and the totals below.
 
-void frmPropCmrcTL::Flex_DblClick() {
+void frmPropCmrcTL::excluiOuAltera(const QString& sugestao) {
   if (!situacao::editando()) return;
   const QString resposta =
       maiusculas(forms::inputBox({.prompt = u"Deseja [E]xclui ou [A]lterar? [E] ou [A]"_s,
                                   .title = u"Exclui ou Altera Item"_s,
-                                  .initial = u"A"_s}));
+                                  .initial = sugestao}));
   if (resposta == u"E") return excluiItem();
   if (resposta == u"A") return alteraItem();
 }

@@ -1,13 +1,12 @@
 #include "platform/forms/boxes.h"
-#include "platform/forms/tips.h"
 #include "platform/values/dates.h"
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
 #include "quote/header_fields.h"
-#include "run/configuration.h"
 #include "run/context.h"
 #include "run/program_title.h"
 #include "shared/messages.h"
+#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,14 +20,13 @@ struct Rotulo {
 };
 // Dark enough for white letters on any theme.
 constexpr Rotulo kNovo{u"Novo orçamento", 0x2F6B1E};
+constexpr Rotulo kCopia{u"Cópia do nr. %2", kNovo.fundo};
 constexpr Rotulo kAlterando{u"Em alteração", 0x0050B4};
 constexpr Rotulo kDesativado{u"Desativado", 0x2020B0};
 constexpr Rotulo kFechado{u"Fechado", 0x8C4A1B};
 constexpr Rotulo kNaoCarregado{u"Nr. %1 não carregado", 0x702870};
+constexpr Rotulo kDigitado{u"Nr. %1 não carregado · na tela: %2", kNaoCarregado.fundo};
 constexpr Rotulo kAberto{u"Aberto", 0x606060};
-// Of the idle screen.
-constexpr Rotulo kAmostra{u"Empresa de amostra", 0x606060};
-constexpr Rotulo kAviso{u"%2", 0x2020B0};
 constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 
 /// While a quote is edited a search would load another one over it.
@@ -44,25 +42,24 @@ void frmPropCmrcTL::mostraSituacao() {
   const auto [desativado, fechado] = situacaoDoRegistro();
   const Rotulo* rotulo = nullptr;
   if (cmdSALVAR->isEnabled())
-    rotulo = situacao::incluindo() ? &kNovo : &kAlterando;
+    rotulo = !situacao::incluindo() ? &kAlterando : idCarregado_.isEmpty() ? &kNovo : &kCopia;
   else if (faltaCarregar())
     rotulo = &kNaoCarregado;
+  else if (digitouOutro() && !idCarregado_.isEmpty())
+    rotulo = &kDigitado;
   else if (desativado)
     rotulo = &kDesativado;
   else if (fechado)
     rotulo = &kFechado;
   else if (!txtRowId->text().isEmpty())
     rotulo = &kAberto;
-  else if (!aviso_.isEmpty())
-    rotulo = &kAviso;
-  else if (ehAmostra())
-    rotulo = &kAmostra;
 
   lblSituacao->setVisible(rotulo != nullptr);
+  cmdComecarEmBranco->setVisible(rotulo == &kCopia);
   if (rotulo == nullptr) return;
+  const QString numero = rotulo == &kDigitado ? apara(txtCodigo->text()) : txtRowId->text();
   lblSituacao->setText(
-      QString::fromUtf16(rotulo->texto).replace(u"%1"_s, txtRowId->text()).replace(u"%2"_s, aviso_));
-  lblSituacao->setToolTip(rotulo == &kAviso ? forms::asTip(aviso_) : QString());
+      QString::fromUtf16(rotulo->texto).replace(u"%1"_s, numero).replace(u"%2"_s, idCarregado_));
   forms::setBackColor(lblSituacao, rotulo->fundo);
   forms::setForeColor(lblSituacao, kBranco);
 }
@@ -113,10 +110,13 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
   botoesEditando();
   DestravaCampos();
   txtCodigo->clear();
-  // Over a quote on the screen it is a copy of it; without one it starts as any other.
-  if (idCarregado_.isEmpty()) opPV->setChecked(true);
   mskDtPropCmrc->setBoxText(values::formatDate(values::now(), u"dd/mm/yyyy"));
   forms::setControlText(txtCondPagto, kCondPagtoPadrao.toString());
+  // Over a quote on the screen it is a copy of it; without one it starts as any other.
+  if (idCarregado_.isEmpty())
+    opPV->setChecked(true);
+  else
+    fazCopia();
   focus(mskDtPropCmrc);
 }
 

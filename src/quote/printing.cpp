@@ -8,10 +8,13 @@
 using namespace Qt::StringLiterals;
 
 void frmPropCmrcTL::cmdImprimir_Click() {
-  // A number that was typed instead of the chosen one goes to the print screen as it is.
-  const QString numero = txtCodigo->text();
-  const bool digitado = !apara(numero).isEmpty() && leNumero(numero) != leNumero(txtRowId->text());
-  if (!digitado && !carregaEscolhido()) return;
+  // A number that was typed without a quote on the screen, or instead of a chosen one, goes to the print
+  // screen as it is.
+  if (digitouOutro() && !faltaCarregar() && !idCarregado_.isEmpty()) {
+    txtCodigo->setText(idCarregado_);
+    mostraSituacao();
+  }
+  if (!digitouOutro() && !carregaEscolhido()) return;
   const QString contato = apara(txtEmailExtraContato->text());
   QString destinatarios = apara(txtEmailExtra->text());
   if (!destinatarios.isEmpty() && !contato.isEmpty()) destinatarios += u", "_s;

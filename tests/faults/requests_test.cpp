@@ -31,11 +31,7 @@ void PrintTo(const Action& one, std::ostream* out) { *out << one.name; }
 
 QStringList seen(const forms::GridModel& grid) {
   QStringList rows;
-  for (int row = 1; row < grid.rows(); ++row) {
-    QStringList cells;
-    for (int column = 0; column < grid.cols(); ++column) cells << grid.text(row, column);
-    rows << cells.join(u'\t');
-  }
+  for (int row = 1; row < grid.rows(); ++row) rows << grid.rowTexts(row).tabSeparated();
   return rows;
 }
 

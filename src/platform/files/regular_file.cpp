@@ -23,8 +23,6 @@ int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode) {
 
 void keepFromOthers() {}
 
-bool othersMayRead(const QString&) { return false; }
-
 #else
 
 int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode) {
@@ -44,8 +42,6 @@ void keepFromOthers() {
   constexpr mode_t kOthers = 027;
   ::umask(kOthers | ::umask(kOthers));
 }
-
-bool othersMayRead(const QString& path) { return QFileInfo(path).permission(QFile::ReadOther); }
 
 #endif
 
