@@ -27,9 +27,7 @@ constexpr std::pair<QStringView, QString Rascunho::*> kCabecalho[] = {
 };
 constexpr std::pair<QStringView, QString Gravacao::*> kGravacao[] = {
     {u"gravando", &Gravacao::orcamento},
-    {u"gravandoDesde", &Gravacao::desde},
-    {u"gravandoAte", &Gravacao::ate},
-    {u"gravandoUltimo", &Gravacao::ultimoDetalhe},
+    {u"gravandoConteudo", &Gravacao::conteudo},
 };
 
 }  // namespace

@@ -6,11 +6,11 @@
 
 namespace rascunho {
 
-/// What a draft says of a save that has begun: enough to know its rows again.
+/// What a draft says of a save that has begun: enough to know whether it came to its end. Ids alone do not
+/// tell, for after a commit that fails the next save may be given the same ones.
 struct Gravacao {
-  QString orcamento;      ///< id of the quote; empty where no save has begun
-  QString desde, ate;     ///< between these its header was written, "yyyymmdd hh:mm"
-  QString ultimoDetalhe;  ///< id of its last line
+  QString orcamento;  ///< id of the quote; empty where no save has begun
+  QString conteudo;   ///< digest of what it is stored as
 };
 
 /// A draft: the working copy of a quote that is being edited, and whose it is.

@@ -28,6 +28,8 @@ class Guarda : public QObject {
   /// The program's normal end: what was asked of the disk is waited for a little.
   void desliga();
 
+  /// Whether there is a draft that a save has to mark.
+  [[nodiscard]] bool temRascunho() const { return escrito_; }
   /// About to commit a save: the draft on the disk says so from here on, or stays as it was where the disk
   /// does not take it.
   void marcaGravacao(const Gravacao& gravacao);

@@ -107,7 +107,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void gravaNovo();
   void gravaAlteracao();
   enum class Caixa { Maiuscula, ComoDigitada };
-  /// The id of the last line.
+  /// A digest of the quote as it is stored, where its draft wants one.
   [[nodiscard]] QString gravaLinhas(const QString& idOrcamento, Caixa caixa);
   [[nodiscard]] QStringList gravaItens(const QString& idOrcamento, Caixa caixa);
   [[nodiscard]] QString MontaInsertOrcamento() const;
@@ -122,7 +122,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void mostraOferta();
   void cmdRecuperar_Click();
   void cmdDescartar_Click();
-  [[nodiscard]] static bool aindaFalta(const rascunho::Rascunho& rascunho);
+  [[nodiscard]] static bool aindaFalta(const rascunho::Rascunho& rascunho, bool numeroOcupado);
   [[nodiscard]] bool carregaAntesDeRecuperar(const rascunho::Rascunho& rascunho);
   void recupera(const rascunho::Rascunho& rascunho);
   void reabreMontagem(const QString& retrato);

@@ -1,11 +1,10 @@
-#include <algorithm>
-
 #include "assembly/frmMontarProduto.h"
 #include "closing/frmConfirmaPropCmrcTL.h"
 #include "draft/keeper.h"
 #include "draft/screen_fields.h"
 #include "platform/forms/tips.h"
 #include "quote/frmPropCmrcTL.h"
+#include "quote/stored_content.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
@@ -20,23 +19,10 @@ using rascunho::Rascunho;
 
 namespace {
 
-/// The quote that the draft's save stored, where it came to its end; empty where it did not.
-QString jaGravado(const Rascunho& rascunho) {
-  const auto& [id, desde, ate, ultimo] = rascunho.gravacao;
-  if (id.isEmpty()) return {};
-  if (rascunho.modo == u"I") {
-    // The clock may have been set back meanwhile.
-    const auto [cedo, tarde] = std::minmax(desde, ate);
-    const auto rs = abreConsulta(u"SELECT IDPROP_CMRC FROM PROP_CMRC WHERE IDPROP_CMRC = '"_s + id +
-                                 u"' AND USER_INCL = '"_s + rascunho.usuario + u"' AND DATA_INCL >= '"_s +
-                                 cedo + u"' AND DATA_INCL <= '"_s + tarde + u"'"_s);
-    return rs.eof() ? QString() : id;
-  }
-  // Each save of a quote gives its lines new ids.
-  const auto rs = abreConsulta(u"SELECT IDPROP_CMRC_DETA FROM PROP_CMRC_DETA WHERE IDPROP_CMRC = '"_s + id +
-                               u"' AND IDPROP_CMRC_DETA = '"_s + ultimo + u"' AND USER_INCL = '"_s +
-                               rascunho.usuario + u"'"_s);
-  return rs.eof() ? QString() : id;
+/// A digest of what is stored under the number that the draft's save was given; empty where nothing is.
+QString gravadoNoNumero(const Rascunho& rascunho) {
+  const QString& id = rascunho.gravacao.orcamento;
+  return id.isEmpty() ? QString() : conteudo::resumo(contexto().Conexao.batch(conteudo::leituras(id)));
 }
 
 /// A quote of the same user and customer that was stored after the draft: the draft of a save that a failing
@@ -73,22 +59,30 @@ void frmPropCmrcTL::mostraOferta() {
 void frmPropCmrcTL::cmdRecuperar_Click() {
   const auto rascunho = guarda().toma();
   if (!rascunho) return avisa(kIndisponivel);
-  if (const QString id = jaGravado(*rascunho); !id.isEmpty()) {
-    guarda().apaga();
+  const QString gravado = gravadoNoNumero(*rascunho);
+  if (!gravado.isEmpty() && gravado == rascunho->gravacao.conteudo) {
+    const QString& id = rascunho->gravacao.orcamento;
     avisa(u"Este orçamento já foi gravado: nr. "_s + id);
+    guarda().apaga();
     txtCodigo->setText(id);
     return cmdPesquisar_PropCmrc_Click();
   }
-  const bool segue = rascunho->modo == u"A" ? carregaAntesDeRecuperar(*rascunho) : aindaFalta(*rascunho);
+  const bool segue =
+      rascunho->modo == u"A" ? carregaAntesDeRecuperar(*rascunho) : aindaFalta(*rascunho, !gravado.isEmpty());
   if (!segue) return guarda().devolve();
   recupera(*rascunho);
 }
 
-/// Whether a new quote goes on although one like it was stored since.
-bool frmPropCmrcTL::aindaFalta(const Rascunho& rascunho) {
+/// Whether a new quote goes on although another one has the number that it was given, or one like it was
+/// stored since.
+bool frmPropCmrcTL::aindaFalta(const Rascunho& rascunho, bool numeroOcupado) {
+  if (numeroOcupado)
+    return perguntaComCuidado(u"O nr. "_s + rascunho.gravacao.orcamento +
+                              u", que este orçamento ia receber, está gravado com outro conteúdo."_s +
+                              kMesmoAssim);
   const QString id = gravadoDepois(rascunho);
-  return id.isEmpty() || pergunta(u"Depois deste foi gravado o orçamento nr. "_s + id +
-                                  u", do mesmo cliente."_s + kMesmoAssim);
+  return id.isEmpty() || perguntaComCuidado(u"Depois deste foi gravado o orçamento nr. "_s + id +
+                                            u", do mesmo cliente."_s + kMesmoAssim);
 }
 
 /// The stored quote as it is now; whether the draft goes on from there.
@@ -106,7 +100,8 @@ bool frmPropCmrcTL::carregaAntesDeRecuperar(const Rascunho& rascunho) {
   }
   const QString lido = rascunho::resumoDoLido();
   if (lido != rascunho.lido &&
-      !pergunta(orcamento + u" foi alterado no banco de dados depois do que não foi salvo."_s + kMesmoAssim))
+      !perguntaComCuidado(orcamento + u" foi alterado no banco de dados depois do que não foi salvo."_s +
+                          kMesmoAssim))
     return false;
   guarda().continua(lido);
   return true;

@@ -7,6 +7,7 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
+#include "quote/stored_content.h"
 #include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
@@ -40,13 +41,11 @@ QString AprovaPrototipo(const QString& idProt, const QString& idOrcamento, const
 }
 
 /// Commits a save; the draft of the quote bears its mark meanwhile.
-void confirma(const rascunho::Gravacao& gravacao) {
-  rascunho::guarda().marcaGravacao(gravacao);
+void confirma(const QString& id, const QString& gravado) {
+  rascunho::guarda().marcaGravacao({id, gravado});
   contexto().Conexao.commit();
   rascunho::guarda().gravado();
 }
-
-QString agora() { return values::formatDate(values::now(), u"yyyymmdd hh:mm"); }
 
 void avisaGravado(const QString& id) { avisa(u"Registro Gravado com sucesso!\rOrçamento nr."_s + id); }
 
@@ -84,13 +83,11 @@ void frmPropCmrcTL::gravaNovo() {
   QString id;
   {
     const forms::WaitPointer espera;
-    const QString desde = agora();
     c.Conexao.begin();
     const auto resultados = executa(
         {{maiusculas(MontaInsertOrcamento())}, {maiusculas(u"SELECT @@identity as 'MaxPropCmrc'"_s)}});
     id = numeroGravado(resultados.back(), u"MaxPropCmrc");
-    const QString ultimo = gravaLinhas(id, Caixa::Maiuscula);
-    confirma({id, desde, agora(), ultimo});
+    confirma(id, gravaLinhas(id, Caixa::Maiuscula));
   }
   avisaGravado(id);
   c.ModoOrcamento = u" "_s;
@@ -109,8 +106,7 @@ void frmPropCmrcTL::gravaAlteracao() {
              {montaDelete(u"PROP_CMRC_DETA_MONTA"_s, id)},
              {montaDelete(u"PROP_CMRC_HOMG"_s, id)}});
     // Remarks of items and names of honorees keep their case when a quote is altered.
-    const QString ultimo = gravaLinhas(id, Caixa::ComoDigitada);
-    confirma({id, {}, agora(), ultimo});
+    confirma(id, gravaLinhas(id, Caixa::ComoDigitada));
   }
   avisaGravado(id);
   c.ModoOrcamento = u" "_s;
@@ -148,6 +144,13 @@ QString frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
     const QString insert = MontaInsertHomenageado(idOrcamento, linha);
     comandos.push_back({caixa == Caixa::Maiuscula ? maiusculas(insert) : insert});
   }
-  executa(comandos);
-  return ids.last();
+  if (!rascunho::guarda().temRascunho()) {
+    executa(comandos);
+    return {};
+  }
+  // What its draft is known by is read back with the rest.
+  const auto leituras = conteudo::leituras(idOrcamento);
+  comandos.insert(comandos.end(), leituras.begin(), leituras.end());
+  const auto resultados = executa(comandos);
+  return conteudo::resumo({resultados.end() - std::ssize(leituras), resultados.end()});
 }

@@ -154,6 +154,52 @@ TEST_P(StoredDraft, IsThereWhenAFullDiskTakesNeitherItsMarkNorTheCommit) {
   EXPECT_EQ(ask(u"SELECT prop_cmrc_desc FROM prop_cmrc"_s), GetParam() ? u"PRATA"_s : QString());
 }
 
+TEST_P(StoredDraft, OfACommitThatFailedIsNotTakenForWhatGotItsIdsNext) {
+  if (GetParam()) store(1);
+  begin();
+  GetParam() ? alter() : enter();
+  std::optional<FullDisk> full;
+  contexto().Conexao.setListener([&](const QString& sql) {
+    if (sql == u"COMMIT") full.emplace();
+  });
+  script.box(kDiskFull).expectEnd(1);
+  support::click(screen->cmdSALVAR);
+  rascunho::guarda().desliga();
+  full.reset();
+  EXPECT_EQ(draft().gravacao.orcamento, u"1"_s);
+
+  // The next save of the same user gets the same ids.
+  forms::registry::clear();
+  contexto().Conexao.close();
+  contexto().ModoOrcamento = u" "_s;
+  start();
+  GetParam() ? alter() : enter();
+  screen->txtDesc->setText(u"Outra"_s);
+  script.box(u"Registro Gravado com sucesso!\nOrçamento nr.1"_s);
+  support::click(screen->cmdSALVAR);
+
+  begin();
+  const QString question =
+      (GetParam() ? u"O orçamento nr. 1 foi alterado no banco de dados depois do que não foi salvo."_s
+                  : u"O nr. 1, que este orçamento ia receber, está gravado com outro conteúdo."_s) +
+      u"\n\nDeseja recuperar mesmo assim o que não foi salvo?"_s;
+  script.box(question, forms::Answer::No);
+  support::click(screen->cmdRecuperar);
+  EXPECT_EQ(script.lastBox().usual, forms::Answer::No);
+  EXPECT_NE(line(), QString());
+  EXPECT_EQ(kept().size(), 1);
+  script.box(question, forms::Answer::Yes);
+  support::click(screen->cmdRecuperar);
+  EXPECT_EQ(screen->txtDesc->text(), GetParam() ? u"Prata"_s : QString());
+  script.box(GetParam() ? u"Registro Gravado com sucesso!\nOrçamento nr.1"_s
+                        : u"Registro Gravado com sucesso!\nOrçamento nr.2"_s);
+  support::click(screen->cmdSALVAR);
+  EXPECT_EQ(ask(u"SELECT count(*) FROM prop_cmrc"_s), GetParam() ? u"1"_s : u"2"_s);
+  EXPECT_EQ(ask(u"SELECT prop_cmrc_desc FROM prop_cmrc WHERE idprop_cmrc = 1"_s),
+            GetParam() ? u"PRATA"_s : u"OUTRA"_s);
+  EXPECT_EQ(kept(), QStringList());
+}
+
 /// Two drives whose configuration names their database by one text.
 TEST_F(Draft, IsOfferedToItsOwnCompanyAlone) {
   const QString link = drive() + u"/empresa.db"_s;
