@@ -1,10 +1,13 @@
 #pragma once
 
+#include <vector>
+
 #include "draft/draft_text.h"
 #include "platform/data/asked.h"
 #include "platform/data/recordset.h"
 #include "platform/forms/form.h"
 #include "quote/grids.h"
+#include "quote/header_fields.h"
 #include "quote/situation.h"
 #include "ui_frmPropCmrcTL.h"
 
@@ -188,4 +191,5 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   QString idCarregado_;   ///< the quote on the screen; txtRowId may hold a choice of the search already
   QString copiado_;       ///< digest of a copy as it began
   QString clienteAntes_;  ///< the customer as cboCliente was entered, in capitals
+  std::vector<cabecalho::Original> originais_;  ///< of the quote on the screen
 };

@@ -208,4 +208,24 @@ std::vector<Gravado> pedeValores(const forms::Form& tela) {
   return valores;
 }
 
+std::vector<Original> originais(const data::Recordset& rs, const forms::Form& tela) {
+  std::vector<Original> todos;
+  for (const QStringView coluna : kOrdemDaAlteracao) {
+    const Campo& campo = daColuna(coluna);
+    if (campo.tipo != Data && !rs.isNull(coluna))
+      todos.push_back({coluna, texto(campo, tela), rs.text(coluna)});
+  }
+  return todos;
+}
+
+const QString* intocado(std::span<const Original> originais, QStringView coluna, const forms::Form& tela) {
+  const auto mostra = [&](const Original& um) { return texto(daColuna(um.coluna), tela) == um.texto; };
+  const auto desta = std::ranges::find(originais, coluna, &Original::coluna);
+  if (desta == originais.end() || !mostra(*desta)) return nullptr;
+  // A contact is known by its customer too.
+  const auto cliente = std::ranges::find(originais, QStringView(u"nome_clie"), &Original::coluna);
+  const bool doContato = coluna == u"idclie_cont";
+  return doContato && (cliente == originais.end() || !mostra(*cliente)) ? nullptr : &desta->valor;
+}
+
 }  // namespace cabecalho

@@ -96,4 +96,17 @@ struct Gravado {
 /// In the order of a new quote.
 [[nodiscard]] std::vector<Gravado> pedeValores(const forms::Form& tela);
 
+/// What a column held when its quote was loaded, and what its field showed then, which may be less.
+struct Original {
+  QStringView coluna;
+  QString texto;
+  QString valor;
+};
+/// Of the columns that an altered quote writes, without those that are null and the dates, of which the day
+/// alone counts; for a quote that was just loaded.
+[[nodiscard]] std::vector<Original> originais(const data::Recordset& rs, const forms::Form& tela);
+/// What a column held whose field shows what it did then; nullptr for any other.
+[[nodiscard]] const QString* intocado(std::span<const Original> originais, QStringView coluna,
+                                      const forms::Form& tela);
+
 }  // namespace cabecalho

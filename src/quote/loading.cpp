@@ -122,6 +122,7 @@ void frmPropCmrcTL::CarregaOrcamento() {
 
   LimpaTela();
   for (auto& [campo, texto] : pedeCabecalho) cabecalho::poe(*campo, *this, texto.get());
+  originais_ = cabecalho::originais(rs, *this);
   idCarregado_ = txtRowId->text();
   carregaConfirmacao(rs, pedeTermos);
   for (const ItemLido& item : itens) {

@@ -29,7 +29,8 @@ QString frmPropCmrcTL::MontaUpdateOrcamento() const {
   for (const QStringView coluna : cabecalho::ordemDaAlteracao()) {
     const auto um = std::ranges::find(valores, coluna, &Gravado::coluna);
     if (um == valores.end()) continue;
-    const QString valor = um->valor.get();
+    QString valor = um->valor.get();
+    if (const QString* original = cabecalho::intocado(originais_, coluna, *this)) valor = *original;
     sql.campoOuNull(um->vazio == Vazio::Grava || !valor.isEmpty(), coluna, valor);
   }
   return sql.texto(u"WHERE (idPROP_CMRC="_s + txtRowId->text() + u")"_s);

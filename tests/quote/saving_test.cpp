@@ -78,6 +78,29 @@ TEST_F(Saving, ANewQuoteGoesOutInUpperCaseInOneTransaction) {
   EXPECT_EQ(column(screen->FlexMonta, grades::material::VinculoComFlex), u"1|1");
 }
 
+TEST_F(Saving, WhatAnAlterationDidNotTouchGoesBackAsItWasLoaded) {
+  const QString phone(60, u'3');
+  store(3,
+        u"nume_pess='150 a 200', idvend=99, idclie=77, nome_clie='Casa Antiga', fone_clie='%1'"_s.arg(phone));
+  start();
+  const auto alter = [this](QWidget* field, const QString& text) {
+    load(3);
+    support::click(screen->cmdALTERAR);
+    forms::setControlText(field, text);
+    script.box(u"Registro Gravado com sucesso!\nOrçamento nr.3"_s);
+    support::click(screen->cmdSALVAR);
+    return ask(
+        u"SELECT nume_pess || '|' || idvend || '|' || idclie || '|' || nome_clie || '|' || idclie_cont || "
+        "'|' || fone_clie FROM prop_cmrc"_s);
+  };
+  EXPECT_EQ(alter(screen->txtDesc, u"Outra"_s), u"150 A 200|99|77|CASA ANTIGA|22|"_s + phone);
+  sql(u"UPDATE prop_cmrc SET nume_pess='1234567890'"_s);
+  EXPECT_EQ(alter(screen->cboVendedor, u"BIA"_s), u"1234567890|5|77|CASA ANTIGA|22|"_s + phone);
+  EXPECT_EQ(alter(screen->txtNumePess, u"12"_s), u"12|5|77|CASA ANTIGA|22|"_s + phone);
+  // A contact is one of its customer's.
+  EXPECT_EQ(alter(screen->cboCliente, u"Ninguém"_s), u"12|5|0|NINGUÉM|0|"_s + phone);
+}
+
 TEST_F(Saving, AnAlteredQuoteRewritesItsRowsAndKeepsTheCaseOfRemarks) {
   store(3);
   start();
