@@ -1,40 +1,41 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, makes the sample company and starts the program.
 #   ./run.sh                       the program; without a display, the guided road
-#   ./run.sh --road FILE [--server]  a road against a fresh copy of the sample company; with --server on the
-#                                  connection that the server.ini named by ZARIM_SERVER_INI holds
+#   ./run.sh --road FILE [--server DATABASE]
+#                                  a road against a fresh copy of the sample company; with --server on the connection
+#                                  that the server.ini named by ZARIM_SERVER_INI holds, its database typed once more
 #   ./run.sh --fresh               makes the sample company anew first, and forgets window sizes and column widths
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . setup/common.sh
 
-road='' server='' fresh=''
+road='' database='' fresh=''
 while [ $# -gt 0 ]; do
   case $1 in
-    --road) [ $# -ge 2 ] || fail "--road wants a file: ./run.sh --road FILE [--server]"; road=$2; shift ;;
-    --server) server=yes ;;
+    --road) [ $# -ge 2 ] || fail "--road wants a file: ./run.sh --road FILE"; road=$2; shift ;;
+    --server) [ $# -ge 2 ] || fail "--server wants the name of the database."; database=$2; shift ;;
     --fresh) fresh=yes ;;
-    -h | --help) sed -n '2,7s/^# \{0,1\}//p' "$0"; exit 0 ;;
+    -h | --help) sed -n '2,8s/^# \{0,1\}//p' "$0"; exit 0 ;;
     *) fail "Unknown argument: $1 (see ./run.sh --help)" ;;
   esac
   shift
 done
 [ -z "$road" ] || [ -f "$road" ] || fail "There is no road file $road."
-[ -z "$server" ] || [ -n "$road" ] || fail "--server goes with --road FILE."
-[ -z "$server" ] || [ -f "${ZARIM_SERVER_INI:-}" ] || fail "--server wants ZARIM_SERVER_INI to name a server.ini (see docs/server.md)."
+[ -z "$database" ] || [ -n "$road" ] || fail "--server goes with --road FILE."
+[ -z "$database" ] || [ -f "${ZARIM_SERVER_INI:-}" ] || fail "--server wants ZARIM_SERVER_INI to name a server.ini (see docs/server.md)."
 
 set_up
-build release zarim zarim_install zarim_road
+build release zarim zarim_install zarim_road ${database:+zarim_fill}
 
 catcher='' pictureserver=''
 stop_servers() { for one in $catcher $pictureserver; do kill "$one" 2>/dev/null || true; done; }
 trap stop_servers EXIT
 
-# start_catcher FOLDER PORT: keeps what the program mails as files beside the sample.
+# start_catcher FOLDER PORT [LIMIT]: keeps what the program mails as files beside the sample.
 start_catcher() {
   mkdir -p "$1"
   : >"$state/log/mail.log"
-  /usr/bin/python3 tools/servers/mailcatcher.py --folder "$1" --port "$2" >"$state/log/mail.log" 2>&1 </dev/null &
+  /usr/bin/python3 tools/servers/mailcatcher.py --folder "$1" --port "$2" ${3:+--limit "$3"} >"$state/log/mail.log" 2>&1 </dev/null &
   catcher=$!
   for _ in $(seq 100); do
     grep -q 'Mail for' "$state/log/mail.log" && return
@@ -79,11 +80,12 @@ pictureport=$(free_port)
 install=(build/release/tools/zarim_install --to "$ZARIM_DRIVE_C" --day 16/03/2026 --mail-server "127.0.0.1:$port" \
   --web-pictures "http://127.0.0.1:$pictureport/")
 "${install[@]}" --fresh >"$state/log/install.log"
-if [ -n "$server" ]; then
+if [ -n "$database" ]; then
   cp "$ZARIM_SERVER_INI" "$ZARIM_DRIVE_C/zarim/config/server.ini"
-  "${install[@]}" --server --fresh >>"$state/log/install.log"
+  build/release/tools/zarim_fill --company "$ZARIM_DRIVE_C" --day 16/03/2026 --mail-server "127.0.0.1:$port" \
+    --database "$database" --fresh >>"$state/log/install.log"
 fi
-start_catcher "$state/road/mail" "$port"
+start_catcher "$state/road/mail" "$port" 400000
 start_pictures "$pictureport"
 # The browser engine reports the graphics card that is not there, whatever its settings.
 engine_talk='^$|No suitable graphics backend|--expose_wasm'

@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json");
   QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);
+  QApplication::setFont({QApplication::font().family(), 9});  // as a desktop sets it
   QApplication::setQuitOnLastWindowClosed(false);
   forms::applyStyle();
   if (argc > 1 && std::strcmp(argv[1], "--start") == 0) return bench::startAsChild();

@@ -1,13 +1,16 @@
 #include "sample/company.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QTemporaryDir>
+#include <functional>
 
 #include "platform/data/engine.h"
 #include "platform/files/contents.h"
+#include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
 #include "run/configuration.h"
-#include "run/context.h"
 #include "sample/fill.h"
 #include "sample/pictures.h"
 
@@ -69,10 +72,6 @@ QString databaseFile(const QString& company, const Environment& environment) {
   return company + u"/dados/"_s + path.sliced(path.lastIndexOf(u'\\') + 1);
 }
 
-void setMailServer(data::Connection& connection, const QString& server) {
-  if (!server.isEmpty()) connection.execute(u"update empr set emai_serv = '%1'"_s.arg(server));
-}
-
 /// The three environments start with the same rows.
 void writeDatabases(const QString& company, const Wishes& wishes) {
   const QString first = databaseFile(company, kEnvironments[0]);
@@ -80,39 +79,86 @@ void writeDatabases(const QString& company, const Wishes& wishes) {
   data::Connection connection;
   connection.open(u"server=(embutido);database="_s + first, 30);
   fill(connection, schema::Dialect::Embedded, wishes.day);
-  setMailServer(connection, wishes.mailServer);
+  setMailServer(connection, wishes);
   connection.close();
   for (const Environment& one : std::span(kEnvironments).subspan(1))
     if (!QFile::copy(first, databaseFile(company, one))) values::raise(values::kPathFileAccess);
 }
 
+const QString kCompany = u"c:\\zarim\\"_s;
+
+const QString kAboutMark =
+    u"Esta pasta é a empresa de amostra do Zarim. Quem a faz de novo apaga só os arquivos desta lista:"_s;
+
+/// The files that the installer made, by the company's mark; none without it.
+QStringList marked() {
+  const QString mark = kCompany + u"config\\"_s + QString::fromUtf16(kMarcaDaAmostra);
+  return files::exists(mark) ? files::readLines(mark).mid(1) : QStringList();
+}
+
+/// Paths of all files below a folder, hidden ones and links among them.
+QStringList filesBelow(const QString& folder) {
+  QStringList found;
+  QDirIterator file(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+  while (file.hasNext()) found += file.next().sliced(folder.size() + 1);
+  found.sort();
+  return found;
+}
+
+[[noreturn]] void refuse(const QString& why) {
+  throw values::RuntimeError(values::kPathFileAccess,
+                             why + u" Nothing was changed: move it away, or name another folder."_s);
+}
+
+/// A database takes with it what its library keeps beside it.
+void removeMarked(const QStringList& names) {
+  for (const QString& name : names)
+    for (const auto& beside : {u""_s, u"-wal"_s, u"-shm"_s})
+      if (beside.isEmpty() || name.endsWith(u".db"_s)) files::removeIfThere(kCompany + name + beside);
+}
+
 }  // namespace
 
+void setMailServer(data::Connection& connection, const Wishes& wishes) {
+  if (wishes.mailServer.isEmpty()) return;
+  connection.execute(u"update empr set emai_serv = '%1'"_s.arg(wishes.mailServer));
+}
+
 bool isInstalled(const QString& folder) {
-  return QFile::exists(folder + u"/zarim/config/server_aplic.ini"_s);
-}
-
-void install(const QString& folder, const Wishes& wishes) {
-  const QString company = folder + u"/zarim"_s;
-  if (!QDir(company).removeRecursively()) values::raise(values::kPathFileAccess, company);
-  for (const char16_t* part : kFolders)
-    if (!QDir().mkpath(company + u'/' + QString::fromUtf16(part)))
-      values::raise(values::kPathFileAccess, company);
-  writeDatabases(company, wishes);
-  drawPictures(company);
-  writeConfiguration(company, wishes.webPictures);  // last, for it marks the installation as done
-}
-
-void fillServer(const QString& folder, const Wishes& wishes, bool fresh) {
   qputenv("ZARIM_DRIVE_C", folder.toUtf8());
-  contexto().Ambiente = u"PRD"_s;
-  ConectaServidor();
-  data::Connection& connection = contexto().Conexao;
-  if (fresh)
-    for (const QString& statement : schema::dropStatements()) connection.execute(statement);
-  fill(connection, schema::Dialect::SqlServer, wishes.day);
-  setMailServer(connection, wishes.mailServer);
-  connection.close();
+  return files::exists(kCompany + u"config\\server_aplic.ini"_s);
+}
+
+void install(const QString& folder, const Wishes& wishes, bool fresh) {
+  qputenv("ZARIM_DRIVE_C", folder.toUtf8());
+  const QString company = files::resolve(kCompany);
+  const QStringList old = marked();
+  if (QFile::exists(company) && !QFileInfo(company).isDir()) refuse(company + u" is no folder."_s);
+  if (old.isEmpty() && !filesBelow(company).isEmpty())
+    refuse(company + u" holds files that this installer did not make."_s);
+  if (!old.isEmpty() && !fresh)
+    refuse(u"The sample company in "_s + company + u" is not whole (--fresh makes it anew)."_s);
+
+  // Made aside and put in its place file by file: no file of somebody's is written over.
+  if (!QDir().mkpath(company)) values::raise(values::kPathFileAccess, company);
+  const QTemporaryDir aside(folder + u"/zarim-XXXXXX"_s);
+  if (!aside.isValid()) values::raise(values::kPathFileAccess, folder);
+  for (const char16_t* part : kFolders)
+    for (const QString& parent : {aside.path(), company})
+      if (!QDir(parent).mkpath(QString::fromUtf16(part))) values::raise(values::kPathFileAccess, parent);
+  writeDatabases(aside.path(), wishes);
+  drawPictures(aside.path());
+  writeConfiguration(aside.path(), wishes.webPictures);
+  QStringList made = filesBelow(aside.path());
+  for (const QString& name : std::as_const(made))
+    if (!old.contains(name) && QFile::exists(company + u'/' + name)) refuse(name + u" is in the way."_s);
+  removeMarked(old);
+  files::write(company + u"/config/"_s + QString::fromUtf16(kMarcaDaAmostra),
+               (kAboutMark + u"\r\n"_s + made.join(u"\r\n"_s) + u"\r\n"_s).toUtf8());
+  std::ranges::sort(made, std::greater());  // the configuration last: it says that the company is whole
+  for (const QString& name : std::as_const(made))
+    if (!QFile::rename(aside.filePath(name), company + u'/' + name))
+      values::raise(values::kPathFileAccess, company + u'/' + name);
 }
 
 }  // namespace sample

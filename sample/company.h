@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QCommandLineParser>
 #include <QDate>
 #include <QString>
+
+#include "platform/data/connection.h"
 
 // The sample company: an installation that the program can work with at once, under a folder that stands for
 // drive C.
@@ -10,7 +13,7 @@ namespace sample {
 /// Path of the embedded database as server.ini names it.
 inline constexpr char16_t kDatabase[] = u"c:\\zarim\\dados\\zarim.db";
 
-/// Whether the folder holds an installation.
+/// Whether the folder holds an installation, the sample's or another.
 [[nodiscard]] bool isInstalled(const QString& folder);
 
 struct Wishes {
@@ -21,12 +24,18 @@ struct Wishes {
   QString webPictures;
 };
 
-/// Makes the sample company under the folder, in place of one that is there: configuration, database,
-/// pictures, empty documents folder. A QGuiApplication must be there. Raises values::RuntimeError.
-void install(const QString& folder, const Wishes& wishes);
+/// The options that say them (wishes.cpp).
+void addWishes(QCommandLineParser& parser);
+/// What was wished. Ends the program with a message where the day is none (wishes.cpp).
+[[nodiscard]] Wishes wishesOf(const QCommandLineParser& parser);
 
-/// Puts schema and rows on the server that the installation's server.ini names for production; with fresh,
-/// the tables that are there go first. Ends the program with a message when the server does not answer.
-void fillServer(const QString& folder, const Wishes& wishes, bool fresh);
+/// Makes the sample company under the folder: configuration, database, pictures, empty documents folder, and
+/// a mark that lists these files. Where the company's place is taken it raises 75 and changes nothing, unless
+/// `fresh` is set and the mark is there: then the files that the mark lists are made anew and all others
+/// stay. A QGuiApplication must be there. Raises values::RuntimeError.
+void install(const QString& folder, const Wishes& wishes, bool fresh = false);
+
+/// Has the company's row name the mail server that was wished.
+void setMailServer(data::Connection& connection, const Wishes& wishes);
 
 }  // namespace sample

@@ -2,6 +2,9 @@
 #include <QStandardPaths>
 
 #include "build_id.h"
+#include "help/options.h"
+#include "platform/files/drives.h"
+#include "platform/files/log_file.h"
 #include "platform/files/regular_file.h"
 #include "platform/forms/measures.h"
 #include "platform/forms/process.h"
@@ -11,6 +14,8 @@
 int main(int argc, char** argv) {
   forms::endPlainly();
   files::keepFromOthers();
+  if (const auto status = atendeOpcao(argc, argv, QStringLiteral(ZARIM_BUILD_ID))) return *status;
+  files::logInto(files::stateFolder() + QStringLiteral("/zarim.log"));
   web::prepare();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("zarim"));

@@ -76,8 +76,8 @@ void frmMontarProduto::Form_Load() {
   SSTab1->setCurrentIndex(0);
 }
 
-std::array<forms::FlexGrid*, kClassesDeMaterial.size()> frmMontarProduto::grades() const {
-  return {Flex1, Flex2, Flex3, Flex4, Flex5, Flex6, Flex7};
+forms::FlexGrid* frmMontarProduto::gradeDaAba(int aba) const {
+  return SSTab1->widget(aba)->findChild<forms::FlexGrid*>();
 }
 
 void frmMontarProduto::PreparaGradeMontagem() { Flex->grid().layOut(kMontagem); }
@@ -87,7 +87,7 @@ void frmMontarProduto::PreparaGradeSombra() { FlexSombra.layOut(kSombra); }
 void frmMontarProduto::PreparaGradePesquisa(forms::FlexGrid* grade) { grade->grid().layOut(kPesquisa); }
 
 void frmMontarProduto::preparaGradesPesquisa() {
-  for (auto* grade : grades()) PreparaGradePesquisa(grade);
+  for (int aba = 0; aba < SSTab1->count(); ++aba) PreparaGradePesquisa(gradeDaAba(aba));
 }
 
 void frmMontarProduto::marcaLinha(int linha) {

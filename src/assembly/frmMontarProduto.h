@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-
 #include "assembly/material_classes.h"
 #include "platform/data/asked.h"
 #include "platform/forms/form.h"
@@ -49,16 +47,18 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   void Form_Load() override;
 
  private:
-  [[nodiscard]] std::array<forms::FlexGrid*, kClassesDeMaterial.size()> grades() const;
+  /// That of a tab; the tabs stand as the classes do.
+  [[nodiscard]] forms::FlexGrid* gradeDaAba(int aba) const;
+  [[nodiscard]] forms::FlexGrid* gradeAtual() const { return gradeDaAba(SSTab1->currentIndex()); }
   void preparaGradesPesquisa();
 
   // Finding and choosing articles (material_tabs.cpp)
   void ligaPesquisa();
   void cmdPesquisar_Click();
   void cmdLimpar_Click();
-  void PesquisaMaterial(std::size_t aba, const QString& texto);
+  void PesquisaMaterial(int aba, const QString& texto);
   static data::Asked<forms::GridRow> linhaDoArtigo(data::Recordset rs);
-  void escolheMaterial(std::size_t aba);
+  void escolheMaterial(int aba);
   void cmdPesquisa_Click();
 
   // Lines (line_editing.cpp)

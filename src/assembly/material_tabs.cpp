@@ -5,7 +5,7 @@
 #include "shared/lookups.h"
 #include "shared/text.h"
 
-// Finding articles on the seven tabs and choosing one of them.
+// Finding articles on the tabs and choosing one of them.
 
 using namespace Qt::StringLiterals;
 
@@ -13,18 +13,15 @@ void frmMontarProduto::ligaPesquisa() {
   using forms::Event;
   on(cmdPesquisar, Event::Click, &frmMontarProduto::cmdPesquisar_Click);
   on(cmdLimpar, Event::Click, &frmMontarProduto::cmdLimpar_Click);
-  resultsUnder({txtCOD, cmdPesquisar},
-               [this] { return grades()[static_cast<std::size_t>(SSTab1->currentIndex())]; });
+  resultsUnder({txtCOD, cmdPesquisar}, [this] { return gradeAtual(); });
   on(txtCOD, Event::LostFocus, [this] { txtCOD->setText(maiusculas(txtCOD->text())); });
-  const auto todas = grades();
-  for (std::size_t aba = 0; aba < todas.size(); ++aba)
-    on(todas[aba], Event::DoubleClick, [this, aba] { escolheMaterial(aba); });
+  for (int aba = 0; aba < SSTab1->count(); ++aba)
+    on(gradeDaAba(aba), Event::DoubleClick, [this, aba] { escolheMaterial(aba); });
 }
 
 void frmMontarProduto::cmdPesquisar_Click() {
-  const auto aba = static_cast<std::size_t>(SSTab1->currentIndex());
-  PreparaGradePesquisa(grades()[aba]);
-  PesquisaMaterial(aba, txtCOD->text());
+  PreparaGradePesquisa(gradeAtual());
+  PesquisaMaterial(SSTab1->currentIndex(), txtCOD->text());
 }
 
 Asked<forms::GridRow> frmMontarProduto::linhaDoArtigo(data::Recordset rs) {
@@ -45,33 +42,33 @@ Asked<forms::GridRow> frmMontarProduto::linhaDoArtigo(data::Recordset rs) {
   co_return linha;
 }
 
-void frmMontarProduto::PesquisaMaterial(std::size_t aba, const QString& texto) {
+void frmMontarProduto::PesquisaMaterial(int aba, const QString& texto) {
   QString sql = u"SELECT * FROM prod "_s;
   sql += u"WHERE data_desa is null "_s;
   if (aba == 0)
     sql += u"and PROD_MATE_PRIM = 'P' "_s;
   else
-    sql += u"and PROD_MATE_PRIM = 'M' and tipo_mate_prima = '"_s +
-           QString::fromUtf16(kClassesDeMaterial[aba].texto) + u"' "_s;
+    sql +=
+        u"and PROD_MATE_PRIM = 'M' and tipo_mate_prima = '"_s + classeDaAba(aba).texto.toString() + u"' "_s;
   sql += u"and PROD.data_desa is null "_s;
   sql += (opCodigo->isChecked() ? u"and PROD.codi_prod like '%"_s : u"and PROD.desc_prod like '%"_s) + texto +
          u"%' "_s;
   sql += u"ORDER BY codi_prod"_s;
 
   const forms::WaitPointer espera;
-  auto& grade = grades()[aba]->grid();
+  auto& grade = gradeDaAba(aba)->grid();
   grade.addRows(data::forEachRow(abreConsulta(sql), linhaDoArtigo).get());
   grade.chooseSingleRow();
 }
 
 void frmMontarProduto::cmdLimpar_Click() {
-  PreparaGradePesquisa(grades()[static_cast<std::size_t>(SSTab1->currentIndex())]);
+  PreparaGradePesquisa(gradeAtual());
   txtCOD->clear();
   focus(txtCOD);
 }
 
-void frmMontarProduto::escolheMaterial(std::size_t aba) {
-  const auto& grade = grades()[aba]->grid();
+void frmMontarProduto::escolheMaterial(int aba) {
+  const auto& grade = gradeDaAba(aba)->grid();
   auto& item = forms::form<frmConfirmaItem>();
   const std::pair<ColunaPesquisa, QLabel*> destinos[] = {
       {Id, item.lblId},
@@ -83,8 +80,8 @@ void frmMontarProduto::escolheMaterial(std::size_t aba) {
   };
   // The title row is handed over like any other.
   for (const auto& [coluna, rotulo] : destinos) rotulo->setText(grade.text(grade.row(), coluna));
-  item.lblTipo->setText(QString::fromUtf16(kClassesDeMaterial[aba].texto));
-  item.lblOrdem->setText(QString::fromUtf16(kClassesDeMaterial[aba].ordem));
+  item.lblTipo->setText(classeDaAba(aba).texto.toString());
+  item.lblOrdem->setText(classeDaAba(aba).ordem.toString());
   item.showModal();
 }
 

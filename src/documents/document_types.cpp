@@ -15,10 +15,10 @@ void montaOrcamento(qint32 id, const QString& caminho) {
 }
 
 constexpr std::array<TipoDeDocumento, 4> kTipos{{
-    {u"PEDIDO_VENDAS", MontaPedidoHTML, u"pedido_cliente", u"pedido_empresa", u"Pedido - "},
-    {u"ORCA_VENDAS", montaOrcamento, u"orca_cliente", u"orca_empresa", u"Orçamento - "},
-    {u"COTA_COMPRA", CotacaoCompraHTML, u"cota_compra", nullptr, u"Cotação de Compras - "},
-    {u"ORDEM_COMPRA", OrdemCompraHTML, u"ordem_compra", nullptr, u"Ordem de Compras - "},
+    {u"PEDIDO_VENDAS", MontaPedidoHTML, {u"pedido_cliente", u"pedido_empresa"}, u"Pedido - "},
+    {u"ORCA_VENDAS", montaOrcamento, {u"orca_cliente", u"orca_empresa"}, u"Orçamento - "},
+    {u"COTA_COMPRA", CotacaoCompraHTML, {u"cota_compra"}, u"Cotação de Compras - "},
+    {u"ORDEM_COMPRA", OrdemCompraHTML, {u"ordem_compra"}, u"Ordem de Compras - "},
 }};
 
 }  // namespace

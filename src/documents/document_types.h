@@ -1,15 +1,18 @@
 #pragma once
 
 #include <QtGlobal>
+#include <array>
 
 class QString;
+
+/// Copies that a document can have: the customer's, the company's.
+inline constexpr std::size_t kVias = 2;
 
 /// What sets the types of documents apart: how one is written, the names of its copies, its mail's subject.
 struct TipoDeDocumento {
   const char16_t* tipo;  ///< as TipoDocumento names it
   void (*monta)(qint32 id, const QString& caminho);
-  const char16_t* via1;  ///< beginning of the file's name
-  const char16_t* via2;  ///< nullptr: one copy only
+  std::array<const char16_t*, kVias> vias;  ///< beginnings of the files' names; nullptr: no such copy
   const char16_t* assunto;
 };
 

@@ -53,6 +53,7 @@ int alturaControles(const QWidget& opcoes, const QWidget& comandos, const QWidge
 
 frmPedHTML::frmPedHTML() {
   setupUi(this);
+  vias_ = {Via{Frame1, WebBrowser1, Option1}, Via{Frame3, WebBrowser2, Option2}};
   // The two named sizes share the large layout; every other screen takes the small one.
   const QString resolucao = ResolucaoTela();
   const bool grande = resolucao == u"1280 x 800" || resolucao == u"1024 x 768";
@@ -73,10 +74,11 @@ void frmPedHTML::Form_Load() {
   CentralizaForm(*this);
   const forms::WaitPointer espera;
   montaVias();
-  for (web::WebPane* painel : {WebBrowser1, WebBrowser2}) painel->setPictureFolders(pastasDeFiguras());
-  // A letter without a row leaves no file.
-  WebBrowser1->navigate(arqVia1, u"Documento não localizado!"_s);
-  WebBrowser2->navigate(arqVia2);
+  for (const Via& via : vias_) {
+    via.painel->setPictureFolders(pastasDeFiguras());
+    // A letter without a row leaves no file.
+    via.painel->navigate(via.arquivo, u"Documento não localizado!"_s);
+  }
   Option1->setChecked(true);
   SSTab1->setCurrentIndex(0);
   mostraArquivo();
@@ -104,7 +106,7 @@ void frmPedHTML::dispoe() {
     return QSize(pixels(largura * escala_) + sobraX, pixels(altura * escala_) + sobraY);
   };
   SSTab1->setGeometry(QRect(QPoint(0, 0), tamanho(kLarguraTab, kAlturaTab)));
-  for (auto [frame, painel] : {std::pair{Frame1, WebBrowser1}, std::pair{Frame3, WebBrowser2}}) {
+  for (const auto& [frame, painel, opcao, arquivo] : vias_) {
     // With large text the tabs' captions take more of the height.
     const int pagina = SSTab1->height() - SSTab1->tabBar()->sizeHint().height() - kFolga;
     const QSize externo = tamanho(kLarguraFrame, kAlturaFrame).boundedTo(QSize(SSTab1->width(), pagina));
@@ -134,7 +136,7 @@ bool frmPedHTML::eventFilter(QObject* watched, QEvent* event) {
 }
 
 web::WebPane& frmPedHTML::painelAtual() const {
-  return SSTab1->currentIndex() == 0 ? *WebBrowser1 : *WebBrowser2;
+  return *vias_.at(static_cast<std::size_t>(SSTab1->currentIndex())).painel;
 }
 
 void frmPedHTML::mostraArquivo() {
@@ -175,6 +177,5 @@ void frmPedHTML::ligaFerramentas() {
     QDesktopServices::openUrl(QUrl::fromLocalFile(arquivo.absolutePath()));
   });
   connect(SSTab1, &QTabWidget::currentChanged, this, &frmPedHTML::mostraArquivo);
-  for (const web::WebPane* painel : {WebBrowser1, WebBrowser2})
-    connect(painel, &web::WebPane::zoomChanged, this, &frmPedHTML::mostraZoom);
+  for (const Via& via : vias_) connect(via.painel, &web::WebPane::zoomChanged, this, &frmPedHTML::mostraZoom);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+
+#include "documents/document_types.h"
 #include "platform/forms/form.h"
 #include "ui_frmPedHTML.h"
 
@@ -11,7 +14,13 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
  public:
   frmPedHTML();
 
-  QString arqVia1, arqVia2;  ///< paths of the copies; empty where there is none
+  /// A copy: its tab's frame and pane, the option that chooses it.
+  struct Via {
+    QGroupBox* frame;
+    web::WebPane* painel;
+    QRadioButton* opcao;
+    QString arquivo = {};  ///< empty where there is none
+  };
 
   /// The pane of the tab that is shown, and the path of what it shows.
   [[nodiscard]] web::WebPane& painelAtual() const;
@@ -40,10 +49,13 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
   void cmdEnviarEmail_Click();
   [[nodiscard]] bool escolheCorpo();
 
+  std::array<Via, kVias> vias_;  ///< in the order of the tabs
+
   // viewer_word.cpp
   void cmdPDF_Click();
   void cmdWord_Click();
 
+  QString pdf_;  ///< of this document, once it is made
   double escala_ = 1.0;
   int topoFrame2_ = 0;  // twips
 };

@@ -24,7 +24,7 @@ constexpr std::array<forms::GridColumn, 4> kLayout{{{u"", 0}, {u"", 0}, {u"", 0}
 }  // namespace composicao
 
 // An article that is not in the catalogue stands there as free text.
-Asked<QString> linhaDoKit(data::Recordset kit) {
+Asked<forms::GridRow> linhaDoKit(data::Recordset kit) {
   QString codigo = u"NPROD"_s;
   QString descricao = kit.text(u"DESC_NPROD");
   QString idunid = kit.text(u"idunid_nprod");
@@ -40,15 +40,18 @@ Asked<QString> linhaDoKit(data::Recordset kit) {
   const QString casas = co_await CasasDecimaisUnidade(unidade);
   const QString quantidade =  // installations call the column by either name
       kit.columns().contains(u"QTDE_PROD"_s, Qt::CaseInsensitive) ? u"QTDE_PROD"_s : u"qtde"_s;
-  forms::RowBuilder linha;
-  linha << codigo << descricao << kit.format(quantidade, MascaraDecimais(casas)) << unidade;
-  co_return linha.text();
+  forms::GridRow linha;
+  linha.set(composicao::Codigo, codigo);
+  linha.set(composicao::Descricao, descricao);
+  linha.set(composicao::Quantidade, kit.format(quantidade, MascaraDecimais(casas)));
+  linha.set(composicao::Unidade, unidade);
+  co_return linha;
 }
 
-QString composicaoImpressa(const QStringList& linhas) {
+QString composicaoImpressa(std::vector<forms::GridRow> linhas) {
   forms::GridModel& tabela = documento().FlexTemp;
   tabela.layOut(composicao::kLayout);
-  for (const QString& linha : linhas) tabela.addItem(linha);
+  tabela.addRows(std::move(linhas));
   if (documento().OrdemComposicao == u"DESCRICAO") tabela.sortAscending(composicao::Descricao);
   QString texto = fixo(
       u"<!--Detalhe do Detalhe-->\n"
@@ -71,13 +74,9 @@ QString composicaoImpressa(const QStringList& linhas) {
 Asked<QString> montaComposicao(QString idprot) {
   if (!documento().ExibeComposicao) co_return QString();
   const data::Recordset kit = co_await pedeConsulta(u"select * from prot_kit0 where idprot="_s + idprot);
-  auto pedidas = data::startEachRow(kit, linhaDoKit);
-  QStringList linhas;
-  for (auto& pedida : pedidas) {
-    const QString linha = co_await pedida;
-    linhas.append(linha);
-  }
-  co_return composicaoImpressa(linhas);
+  auto pedidas = data::forEachRow(kit, linhaDoKit);
+  auto linhas = co_await pedidas;
+  co_return composicaoImpressa(std::move(linhas));
 }
 
 Asked<QString> observacaoDe(data::Recordset rs) {

@@ -9,9 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString caminhoDaVia(const char16_t* tronco) {
-  if (tronco == nullptr) return {};
-  return arquivoDocumento(QString::fromUtf16(tronco), documento().IdDocumento, u".html"_s);
+QString caminhoDaVia(const char16_t* tronco, qint32 id) {
+  return tronco == nullptr ? QString() : arquivoDocumento(QString::fromUtf16(tronco), id, u".html"_s);
 }
 
 }  // namespace
@@ -19,10 +18,12 @@ QString caminhoDaVia(const char16_t* tronco) {
 void frmPedHTML::montaVias() {
   const TipoDeDocumento* tipo = tipoDoDocumento();
   if (tipo == nullptr) return;
-  arqVia1 = caminhoDaVia(tipo->via1);
-  arqVia2 = caminhoDaVia(tipo->via2);
-  QStringList vias{arqVia1, arqVia2};
-  vias.removeAll(QString());
-  for (const QString& via : vias) files::removeIfThere(via);
-  for (const QString& via : vias) tipo->monta(documento().IdDocumento, via);
+  const qint32 id = documento().IdDocumento;
+  for (std::size_t i = 0; i < kVias; ++i) vias_[i].arquivo = caminhoDaVia(tipo->vias[i], id);
+  const auto porVia = [this](const auto& acao) {
+    for (const Via& via : vias_)
+      if (!via.arquivo.isEmpty()) acao(via.arquivo);
+  };
+  porVia(files::removeIfThere);
+  porVia([&](const QString& arquivo) { tipo->monta(id, arquivo); });
 }

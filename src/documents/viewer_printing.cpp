@@ -42,11 +42,9 @@ void avisaFiguras(const QStringList& faltam) {
 }  // namespace
 
 void frmPedHTML::cmdImprimir_Click() {
-  QList<web::WebPane*> vias;
-  if (Option1->isChecked() || Option3->isChecked()) vias << WebBrowser1;
-  if (Option2->isChecked() || Option3->isChecked()) vias << WebBrowser2;
-  for (web::WebPane* via : vias) {
-    const auto [resultado, faltam] = imprime(*via);
+  for (const Via& via : vias_) {
+    if (!via.opcao->isChecked() && !Option3->isChecked()) continue;
+    const auto [resultado, faltam] = imprime(*via.painel);
     const QString recusa = motivoDaRecusa(resultado);
     if (!recusa.isEmpty()) avisa(recusa);
     if (resultado == web::Printed::Sent) avisaFiguras(faltam);

@@ -13,13 +13,15 @@ void frmPedHTML::cmdPDF_Click() {
   // The stem is the customer's copy whatever is on view.
   const QString doc = arquivoDocumento(u"orca_cliente"_s, id, u".doc"_s);
   const QString pdf = arquivoDocumento(u"orca_cliente"_s, id, u".pdf"_s);
+  pdf_.clear();
   files::removeIfThere(doc);
   files::removeIfThere(pdf);
   {
     const forms::WaitPointer espera;
     DocumentoWord(QString::number(id), doc, pdf);
   }
-  WebBrowser1->navigate(pdf);
+  pdf_ = pdf;
+  vias_.front().painel->navigate(pdf);
   SSTab1->setCurrentIndex(0);
   mostraCaminho(pdf, u"PDF gravado em:"_s);
 }

@@ -172,10 +172,10 @@ void escreveGrade(QString& texto, const forms::GridModel& grade) {
 QStringList linhasOrdenadas(const forms::GridModel& grade, int colunas) {
   QStringList linhas;
   for (int linha = 1; linha < grade.rows(); ++linha) {
-    forms::RowBuilder celulas;
+    QString celulas;
     for (int coluna = 0; coluna < (colunas > 0 ? colunas : grade.cols()); ++coluna)
-      celulas << grade.text(linha, coluna);
-    linhas << celulas.text();
+      celulas += grade.text(linha, coluna) + kTab;
+    linhas << celulas;
   }
   std::sort(linhas.begin(), linhas.end());
   return linhas;

@@ -1,14 +1,19 @@
 #include "help/about.h"
 
 #include <QCoreApplication>
+#include <QProcess>
 
+#include "platform/files/log_file.h"
 #include "platform/forms/boxes.h"
+#include "platform/forms/wait_pointer.h"
 #include "run/context.h"
 #include "run/program_title.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kEsperaVerificacao = 120'000;  // milliseconds
 
 /// The server and its database; of a connection string given whole, which may hold a password, the kind
 /// alone.
@@ -37,6 +42,31 @@ QString textoSobre() {
   return linhas.join(u'\r');
 }
 
+namespace {
+
+/// A look at the installation by a program of its own: this one's context stays as it is.
+void verificaEMostra() {
+  QStringList linhas;
+  {
+    const forms::WaitPointer espera;
+    QProcess verificacao;
+    verificacao.setProcessChannelMode(QProcess::MergedChannels);
+    verificacao.start(QCoreApplication::applicationFilePath(), {u"--check"_s, contexto().Ambiente});
+    verificacao.waitForFinished(kEsperaVerificacao);
+    linhas = QString::fromUtf8(verificacao.readAll()).split(u'\n', Qt::SkipEmptyParts);
+  }
+  for (const QString& linha : linhas) files::log(linha);
+  linhas.removeIf([](const QString& linha) { return linha.startsWith(u"[ok]"_s); });
+  if (!files::logPath().isEmpty()) linhas << QString() << u"Todas as linhas: "_s + files::logPath();
+  forms::msgBox({.text = linhas.join(u'\r'), .title = u"Verificação"_s, .icon = forms::Icon::Information});
+}
+
+}  // namespace
+
 void mostraSobre() {
-  forms::msgBox({.text = textoSobre(), .title = u"Sobre o Zarim"_s, .icon = forms::Icon::Information});
+  const auto resposta = forms::msgBox({.text = textoSobre(),
+                                       .title = u"Sobre o Zarim"_s,
+                                       .icon = forms::Icon::Information,
+                                       .buttons = forms::Buttons::OkCheck});
+  if (resposta == forms::Answer::Check) verificaEMostra();
 }

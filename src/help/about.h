@@ -6,5 +6,5 @@
 /// whole connection string.
 [[nodiscard]] QString textoSobre();
 
-/// Shows it in a box that can be copied.
+/// Shows it in a box that can be copied, with a button that looks at the installation.
 void mostraSobre();

@@ -1,5 +1,8 @@
 #include "messaging/frmEmailOS.h"
 
+#include <QFileInfo>
+#include <QLocale>
+
 #include "documents/document_names.h"
 #include "documents/document_values.h"
 #include "platform/files/contents.h"
@@ -28,6 +31,8 @@ constexpr const char16_t* kSemSenha =
     u"\r"
     u"O e-mail não pode ser encaminhado!";
 
+constexpr qint64 kGrande = 1024 * 1024;  // a size from here on is shown in megabytes
+
 bool vazio(const QLineEdit* caixa) { return apara(caixa->text()).isEmpty(); }
 
 /// Recipients without the comma that a missing last one leaves.
@@ -35,6 +40,15 @@ QString semVirgulaFinal(const QString& destinatarios) {
   QString lista = apara(destinatarios);
   if (lista.endsWith(u',')) lista.chop(1);
   return apara(lista);
+}
+
+/// A file by its name and size, "orca_cliente_000013.html (42 KB)".
+QString nomeETamanho(const QString& caminho) {
+  if (!files::exists(caminho)) return u"arquivo não encontrado"_s;
+  const QFileInfo arquivo(files::resolve(caminho));
+  return u"%1 (%2)"_s.arg(arquivo.fileName(),
+                          QLocale().formattedDataSize(arquivo.size(), arquivo.size() < kGrande ? 0 : 1,
+                                                      QLocale::DataSizeTraditionalFormat));
 }
 
 /// The user's list of files: count, then each path.
@@ -50,6 +64,7 @@ frmEmailOS::frmEmailOS() {
   fitToText(&frmEmailOS::ajustaMedidas);
   on(txtPara, forms::Event::LostFocus, &frmEmailOS::txtPara_LostFocus);
   on(txtAnexo, forms::Event::LostFocus, &frmEmailOS::txtAnexo_LostFocus);
+  on(txtMsg, forms::Event::LostFocus, &frmEmailOS::mostraConteudo);
   on(cmdAnexo, forms::Event::Click, &frmEmailOS::cmdAnexo_Click);
   on(cmdEnviarEmail, forms::Event::Click, &frmEmailOS::cmdEnviarEmail_Click);
   enterMovesOn({txtPara, txtCC, txtTitulo, txtMsg, txtPassword});
@@ -88,12 +103,28 @@ void frmEmailOS::Form_Load() {
 
   if (documento().MensagemTravadaEmail) txtMsg->setEnabled(false);
   txtMsg->setPlainText(documento().MensagemPadraoEmail);
+  mostraConteudo();
+}
+
+void frmEmailOS::poeAnexo(const QString& caminho) {
+  txtAnexo->setText(caminho);
+  mostraConteudo();
+}
+
+/// What will go, before it goes: a text of the user's own takes the place of the document.
+void frmEmailOS::mostraConteudo() {
+  const bool doUsuario = !apara(txtMsg->toPlainText()).isEmpty();
+  lblCorpo->setText(u"Corpo: "_s +
+                    (doUsuario ? u"o texto de Msg"_s : nomeETamanho(documento().ArquivoCorpoEmail)));
+  lblAnexo->setVisible(!vazio(txtAnexo));
+  lblAnexo->setText(u"Anexo: "_s + nomeETamanho(apara(txtAnexo->text())));
 }
 
 void frmEmailOS::txtPara_LostFocus() { txtPara->setText(PontoVirgulaParaVirgula(txtPara->text())); }
 
 /// A click on the button beside it doesn't leave the box.
 void frmEmailOS::txtAnexo_LostFocus() {
+  mostraConteudo();
   const QString caminho = apara(txtAnexo->text());
   if (caminho.isEmpty() || files::exists(caminho)) return;
   avisa(u"O arquivo do anexo não foi encontrado:\r"_s + caminho);
@@ -101,7 +132,7 @@ void frmEmailOS::txtAnexo_LostFocus() {
 
 void frmEmailOS::cmdAnexo_Click() {
   const QString escolhido = forms::fileBox(u"Anexo"_s, files::resolve(contexto().PathDocs));
-  if (!escolhido.isEmpty()) txtAnexo->setText(escolhido);
+  if (!escolhido.isEmpty()) poeAnexo(escolhido);
 }
 
 bool frmEmailOS::podeEnviar() {

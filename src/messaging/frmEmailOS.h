@@ -11,6 +11,9 @@ class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
  public:
   frmEmailOS();
 
+  /// A file that goes with the message, unless the user takes it out again; none for an empty path.
+  void poeAnexo(const QString& caminho);
+
  protected:
   void Form_Load() override;
 
@@ -24,4 +27,5 @@ class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
   bool envia();
   void enviaMensagem();
   void ajustaMedidas();
+  void mostraConteudo();
 };

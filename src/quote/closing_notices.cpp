@@ -76,7 +76,9 @@ bool frmPropCmrcTL::avisaFechamento() {
     arquivo = contexto().PathDocs + u"deta_orca_"_s + numero + u".html"_s;
     try {
       files::removeIfThere(arquivo);
-      MontaDetalheOrcaHTML(values::toInt32(leNumero(txtRowId->text())), arquivo);
+      // Blocks of a document look at the one that is being made, whose number they don't all get.
+      documento().IdDocumento = values::toInt32(leNumero(txtRowId->text()));
+      MontaDetalheOrcaHTML(documento().IdDocumento, arquivo);
     } catch (const values::RuntimeError&) {
       detalhe = std::current_exception();
     }

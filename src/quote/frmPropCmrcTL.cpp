@@ -139,6 +139,8 @@ void frmPropCmrcTL::ligaItens() {
   };
   for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
   on(Flex, Event::DoubleClick, [this] { excluiOuAltera(u"A"_s); });
+  on(Flex, Event::PushUp, [this] { moveLinha(-1); });
+  on(Flex, Event::PushDown, [this] { moveLinha(1); });
   for (const auto& [tecla, sugestao] : {std::pair{Qt::Key_F2, u"A"_s}, {Qt::Key_Delete, u"E"_s}})
     connect(new QShortcut(tecla, Flex, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
             [this, sugestao = sugestao] {

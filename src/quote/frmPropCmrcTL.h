@@ -48,6 +48,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void DestravaCampos();
   /// Shows by colour and word whether the quote is being looked at, edited, closed or deactivated.
   void mostraSituacao();
+  /// What the idle screen says of folders that are missing; found at the start.
+  QString aviso_;
 
   void MontaGridMontagem();
   void MontaGridHomenageados();
@@ -133,6 +135,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   // Items (item_grid.cpp, item_assembly.cpp)
   void excluiOuAltera(const QString& sugestao);
   void excluiItem();
+  /// The current line changes places with the one so many rows on (moving_lines.cpp).
+  void moveLinha(int passo);
   void soltaMateriais(int linha, int coluna);
   void tiraLinha(int linha, int coluna);
   void alteraItem();

@@ -1,8 +1,10 @@
 #include "platform/forms/boxes.h"
+#include "platform/forms/tips.h"
 #include "platform/values/dates.h"
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"
 #include "quote/header_fields.h"
+#include "run/configuration.h"
 #include "run/context.h"
 #include "run/program_title.h"
 #include "shared/messages.h"
@@ -27,6 +29,9 @@ constexpr Rotulo kFechado{u"Fechado", 0x8C4A1B};
 constexpr Rotulo kNaoCarregado{u"Nr. %1 não carregado", 0x702870};
 constexpr Rotulo kDigitado{u"Nr. %1 não carregado · na tela: %2", kNaoCarregado.fundo};
 constexpr Rotulo kAberto{u"Aberto", 0x606060};
+// Of the idle screen.
+constexpr Rotulo kAmostra{u"Empresa de amostra", 0x606060};
+constexpr Rotulo kAviso{u"%2", 0x2020B0};
 constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 
 /// While a quote is edited a search would load another one over it.
@@ -53,13 +58,19 @@ void frmPropCmrcTL::mostraSituacao() {
     rotulo = &kFechado;
   else if (!txtRowId->text().isEmpty())
     rotulo = &kAberto;
+  else if (!aviso_.isEmpty())
+    rotulo = &kAviso;
+  else if (ehAmostra())
+    rotulo = &kAmostra;
 
   lblSituacao->setVisible(rotulo != nullptr);
   cmdComecarEmBranco->setVisible(rotulo == &kCopia);
   if (rotulo == nullptr) return;
-  const QString numero = rotulo == &kDigitado ? apara(txtCodigo->text()) : txtRowId->text();
+  const QString primeiro = rotulo == &kDigitado ? apara(txtCodigo->text()) : txtRowId->text();
+  const QString& segundo = rotulo == &kAviso ? aviso_ : idCarregado_;
   lblSituacao->setText(
-      QString::fromUtf16(rotulo->texto).replace(u"%1"_s, numero).replace(u"%2"_s, idCarregado_));
+      QString::fromUtf16(rotulo->texto).replace(u"%1"_s, primeiro).replace(u"%2"_s, segundo));
+  lblSituacao->setToolTip(rotulo == &kAviso ? forms::asTip(aviso_) : QString());
   forms::setBackColor(lblSituacao, rotulo->fundo);
   forms::setForeColor(lblSituacao, kBranco);
 }

@@ -3,6 +3,7 @@
 #include "quote/frmPropCmrcTL.h"
 #include "run/configuration.h"
 #include "run/context.h"
+#include "run/findings.h"
 #include "shared/lists.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
@@ -59,4 +60,6 @@ void frmPropCmrcTL::Form_Load() {
   MontaGridItens();
   MontaGridMontagem();
   opPV->setChecked(true);
+  if (c.Conexao.isOpen()) aviso_ = avisoDasPastas();
+  mostraSituacao();
 }

@@ -1,16 +1,17 @@
 #include "run/configuration.h"
 
-#include <QThread>
+#include <QFileInfo>
 #include <array>
-#include <chrono>
 
 #include "platform/files/contents.h"
+#include "platform/files/drives.h"
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
+#include "run/findings.h"
 #include "run/program_title.h"
 #include "text/fields.h"
 #include "text/trim.h"
@@ -25,56 +26,20 @@ constexpr int kEsperaConexao = 400;  // seconds: a distant or waking server may 
 /// The line that counts of a file with one, trimmed.
 QString linhaUnica(const QString& caminho) { return apara(files::readLines(caminho).value(0)); }
 
-/// The lines for production, history and development.
-std::array<QString, 3> linhasDosAmbientes(const QString& caminho) {
-  const QStringList linhas = files::readLines(caminho);
-  std::array<QString, 3> conhecidas;
-  qsizetype lidas = 0;
-  while (lidas < linhas.size()) {
-    if (lidas < 3) {
-      conhecidas[static_cast<std::size_t>(lidas)] = linhas[lidas];
-      ++lidas;
-    } else {
-      // A fourth line belongs to no environment: the reading stays on it for good.
-      QThread::sleep(1);
-    }
-  }
-  return conhecidas;
-}
-
-QString linhaEscolhida(const std::array<QString, 3>& linhas) {
-  const QString& ambiente = contexto().Ambiente;
-  if (ambiente == u"PRD" || ambiente.isEmpty()) return apara(linhas[0]);
-  if (ambiente == u"HIST") return apara(linhas[1]);
-  if (ambiente == u"DEV") return apara(linhas[2]);
-  return {};
-}
-
-void tomaCamposDoServidor(const QString& linha) {
-  Contexto& c = contexto();
-  const auto campo = [fechada = linha + u'^'](int n) { return PegaCampo(fechada, n); };
-  c.NomeServidor = campo(1);
-  c.NomeBanco = campo(2);
-  c.UsuarioBanco = campo(3);
-  c.SenhaBanco = campo(4);
-  c.TipoBanco = campo(5);
-  c.StringConexaoFirebird = campo(6);
-  c.TiraAcento = values::toBoolean(campo(7));
-  if (c.TipoBanco.isEmpty()) c.TipoBanco = u"MS-SQL"_s;
-}
-
-void abreConexao() {
-  Contexto& c = contexto();
-  if (c.TipoBanco == u"MS-SQL" || c.TipoBanco == u"MSSQL") {
-    c.StringConexaoMSSQL = u"driver={SQL Server};server="_s + c.NomeServidor + u";uid="_s + c.UsuarioBanco +
-                           u";pwd="_s + c.SenhaBanco + u";database="_s + c.NomeBanco;
-    c.Conexao.open(c.StringConexaoMSSQL, kEsperaConexao);
-  } else if (c.TipoBanco == u"FIREBIRD") {
-    c.Conexao.open(c.StringConexaoFirebird, kEsperaConexao);
-  }
+/// A drive that is named and not there, as a share that isn't mounted, must not lead to another company.
+void exigeDrive() {
+  const QString pasta = files::driveFolder(u'c');
+  if (pasta.isEmpty() || QFileInfo(pasta).isDir()) return;
+  forms::msgBox(
+      {.text = u"A pasta que faz as vezes do drive C não está acessível:\r\r"_s + pasta +
+               u"\r\rO compartilhamento pode não estar montado. Contate o Administrador do Sistema!"_s,
+       .title = QString::fromUtf16(kTitulo),
+       .icon = forms::Icon::Critical});
+  forms::end(1);
 }
 
 [[noreturn]] void recusaLinhaAusente() {
+  registraAchados();
   forms::msgBox({.text = u"Conteúdo do Arquivo NÃO Encontrado!\r"
                          "Contate o seu Desenvolvedor para posicionar a falha de Conexão!"_s,
                  .title = u"Falha de Conexão com o Servidor"_s});
@@ -92,15 +57,47 @@ void abreConexao() {
 }
 
 void conectaPelosArquivos() {
+  exigeDrive();
   LeServerAplic();
-  const QString linha = linhaEscolhida(linhasDosAmbientes(arquivoConfiguracao(u"server.ini"_s)));
+  const QString linha = linhaDoAmbiente(files::readLines(arquivoConfiguracao(u"server.ini"_s)));
   if (linha.isEmpty()) recusaLinhaAusente();
   tomaCamposDoServidor(linha);
-  abreConexao();
+  if (const QString cadeia = cadeiaDeConexao(); !cadeia.isEmpty())
+    contexto().Conexao.open(cadeia, kEsperaConexao);
   LePaths();
 }
 
 }  // namespace
+
+QString linhaDoAmbiente(const QStringList& linhas) {
+  const QString& ambiente = contexto().Ambiente;
+  for (std::size_t qual = 0; qual < std::size(kAmbientes); ++qual)
+    if (ambiente == kAmbientes[qual] || (qual == 0 && ambiente.isEmpty()))
+      return apara(linhas.value(static_cast<qsizetype>(qual)));
+  return {};
+}
+
+void tomaCamposDoServidor(const QString& linha) {
+  Contexto& c = contexto();
+  const auto campo = [fechada = linha + u'^'](int n) { return PegaCampo(fechada, n); };
+  c.NomeServidor = campo(1);
+  c.NomeBanco = campo(2);
+  c.UsuarioBanco = campo(3);
+  c.SenhaBanco = campo(4);
+  c.TipoBanco = campo(5);
+  c.StringConexaoFirebird = campo(6);
+  c.TiraAcento = values::toBoolean(campo(7));
+  if (c.TipoBanco.isEmpty()) c.TipoBanco = u"MS-SQL"_s;
+}
+
+QString cadeiaDeConexao() {
+  Contexto& c = contexto();
+  if (c.TipoBanco == u"FIREBIRD") return c.StringConexaoFirebird;
+  if (c.TipoBanco != u"MS-SQL" && c.TipoBanco != u"MSSQL") return {};
+  c.StringConexaoMSSQL = u"driver={SQL Server};server="_s + c.NomeServidor + u";uid="_s + c.UsuarioBanco +
+                         u";pwd="_s + c.SenhaBanco + u";database="_s + c.NomeBanco;
+  return c.StringConexaoMSSQL;
+}
 
 QString arquivoConfiguracao(const QString& nome) {
   QString fixo = QString::fromUtf16(kPastaConfiguracao) + nome;
@@ -116,11 +113,21 @@ QString arquivoConfiguracao(const QString& nome) {
   }
 }
 
+bool ehAmostra() {
+  const QString marca = u"config\\"_s + QString::fromUtf16(kMarcaDaAmostra);
+  try {
+    return files::exists(contexto().DriveSistema + contexto().PastaSistema + marca);
+  } catch (const values::RuntimeError&) {
+    return false;  // the root is no name for a folder
+  }
+}
+
 void ConectaServidor() {
   try {
     conectaPelosArquivos();
   } catch (const values::RuntimeError& erro) {
     forms::reportRuntimeError(erro, u"ConectaServidor"_s);
+    registraAchados();
     if (erro.number() == values::kConnectionFailed) recusaServidorMudo();
     // Anything else leaves the connection as it is: the next step meets it closed and says so.
   }
@@ -130,6 +137,7 @@ void LeServerAplic() {
   const QString caminho = QString::fromUtf16(kPastaConfiguracao) + u"server_aplic.ini"_s;
   try {
     if (!files::exists(caminho)) {
+      registraAchados();
       forms::msgBox({.text = u"Há Problemas de Configuração do Aplicativo ZARIM!\r\r"
                              "Contate o Administrador do Sistema e informe este fato, identificado\r"
                              "o motivo [Falta do Arquivo Server_Aplic]!"_s,

@@ -208,7 +208,7 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
   auto& grade = Flex->grid();
   std::vector<forms::GridRow> linhas;
   for (auto rs = abreConsulta(*sql); !rs.eof(); rs.moveNext()) linhas.push_back(linhaDoOrcamento(rs));
-  grade.addRows(linhas);
+  grade.addRows(std::move(linhas));
   grade.chooseSingleRow();
   pintaValidades();
   cmdExportar->setEnabled(grade.rows() > 1);

@@ -2,6 +2,7 @@
 #include "platform/forms/process.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
+#include "run/findings.h"
 #include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "text/trim.h"
@@ -19,6 +20,7 @@ QString NomeUsuario(const QString& idusen, const QString& atual) {
   } catch (const values::RuntimeError& erro) {
     forms::reportRuntimeError(erro, u"NomeUsuario"_s);
     if (erro.number() == values::kConnectionFailed) {
+      registraAchados();
       const QString banco = u"("_s + contexto().TipoBanco + u")"_s;
       forms::msgBox({.text = u"Ocorreu uma Falha de Conexão com o Servidor de Banco de Dados "_s + banco +
                              u".\rTente Novamente, Caso o Problema Persista, Contate o Desenvolvedor!"_s,

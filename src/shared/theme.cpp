@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
-#include <QTextEdit>
 #include <QToolButton>
 #include <array>
 
@@ -42,8 +41,7 @@ Tipo tipoDe(const QWidget* controle) {
   const bool deFundo =
       qobject_cast<const QPushButton*>(controle) || qobject_cast<const QToolButton*>(controle) ||
       qobject_cast<const QRadioButton*>(controle) || qobject_cast<const QCheckBox*>(controle) ||
-      qobject_cast<const QLineEdit*>(controle) || qobject_cast<const QPlainTextEdit*>(controle) ||
-      qobject_cast<const QTextEdit*>(controle);
+      qobject_cast<const QLineEdit*>(controle) || qobject_cast<const QPlainTextEdit*>(controle);
   return deFundo ? Tipo::Fundo : Tipo::Outro;
 }
 

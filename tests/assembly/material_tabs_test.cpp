@@ -28,6 +28,7 @@ TEST_F(AssemblyTest, EachTabFindsItsClassAndKeepsWhatItFound) {
       {0, true, u"x-1"_s, {box}},
   };
   assemble([&](frmMontarProduto& screen) {
+    EXPECT_EQ(screen.SSTab1->count(), static_cast<int>(kClassesDeMaterial.size()));
     for (const auto& [tab, byCode, text, found] : cases) {
       screen.SSTab1->setCurrentIndex(tab);
       screen.txtCOD->setText(text);

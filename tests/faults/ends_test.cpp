@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QFile>
+#include <QProcess>
 #include <csignal>
 #include <exception>
 
@@ -25,6 +26,21 @@ class Ends : public faults::FaultCase {
 TEST_F(Ends, TheDisplayThatGoesAwayEndsTheProgramWithoutACrash) {
   // Qt ends the process there, with all forms still open.
   EXPECT_EXIT((start(), std::exit(1)), ::testing::ExitedWithCode(1), "");
+}
+
+TEST_F(Ends, ADisplayThatIsNotThereIsASentence) {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  for (const auto& name : {u"QT_QPA_PLATFORM"_s, u"WAYLAND_DISPLAY"_s}) environment.remove(name);
+  for (const auto& display : {u""_s, u":4711"_s}) {
+    environment.insert(u"DISPLAY"_s, display);
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(ZARIM_BINARY_DIR "/src/zarim"), {u"7^0^PRD^"_s});
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_TRUE(program.readAllStandardError().contains("precisa de uma tela"));
+  }
 }
 
 TEST_F(Ends, AnErrorThatNobodyCatchesIsNoCrash) {

@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <optional>
 
+#include "schema/rights.h"
 #include "sqlserver/tds_server.h"
 
 using namespace Qt::StringLiterals;
@@ -72,7 +73,7 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
   const QString mail = folder.path() + u"/mail"_s;
   const QString pictures = QStringLiteral(ZARIM_BINARY_DIR "/pictures");
   QDir().mkpath(pictures);
-  Server catcher(u"servers/mailcatcher.py"_s, {u"--folder"_s, mail});
+  Server catcher(u"servers/mailcatcher.py"_s, {u"--folder"_s, mail, u"--limit"_s, u"400000"_s});
   Server pictureServer(u"servers/pictureserver.py"_s, {u"--company"_s, drive + u"/zarim"_s});
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(u"ZARIM_DRIVE_C"_s, drive);
@@ -93,7 +94,18 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
     ASSERT_TRUE(configuration.open(QIODevice::WriteOnly));
     configuration.write(server->configurationLine().append(u"\r\n"_s).repeated(3).toUtf8());
     configuration.close();
-    run(tools + u"zarim_install"_s, company << u"--server"_s, environment);
+    company[0] = u"--company"_s;
+    run(tools + u"zarim_fill"_s, company << u"--database"_s << QString::fromUtf16(server->Database),
+        environment);
+    // With exactly the rights that the database's administrator is told to give.
+    QStringList granted;
+    for (const schema::Right& right : schema::rights())
+      granted << QLatin1StringView(right.act) + u' ' + QLatin1StringView(right.table);
+    server->setFault([granted](const QString& statement) {
+      const QString needed = sqlserver::TdsServer::rightOf(statement);
+      return needed.isEmpty() || granted.contains(needed) ? sqlserver::TdsServer::Act::Answer
+                                                          : sqlserver::TdsServer::Act::Refuse;
+    });
   }
   run(tools + u"zarim_road"_s,
       {u"--pictures"_s, pictures,

@@ -1,13 +1,11 @@
 #include "run/configuration.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
 #include <QDir>
 #include <QRandomGenerator>
-#include <csignal>
 #include <optional>
 
 #include "platform/files/contents.h"
+#include "platform/files/log_file.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "run/context.h"
@@ -77,12 +75,20 @@ TEST_F(Configuration, WhyAConnectionFailedIsForSupportAndWithoutThePassword) {
   configure(u"server.ini"_s, sqlserver::TdsServer::configurationLine().replace(u"Segredo"_s, u"Segredos"_s));
   support::Script script;
   script.box(QString(kNoServer).replace(u"((embutido))"_s, u"(127.0.0.1)"_s)).expectEnd(1);
+  const QString log = drive() + u"/estado/zarim.log"_s;
+  files::logInto(log);
   ::testing::internal::CaptureStderr();
   EXPECT_FALSE(connects());
+  files::logInto({});
   const QString reported = QString::fromStdString(::testing::internal::GetCapturedStderr());
   EXPECT_TRUE(reported.startsWith(u"Erro -2147467259 em ConectaServidor: [FreeTDS]"_s))
       << reported.toStdString();
   EXPECT_FALSE(reported.contains(u"Segredo"_s) || reported.contains(u"pwd"_s));
+  // The same in the log, and what the files have to do with it.
+  const QString logged = QString::fromUtf8(files::readAll(log));
+  EXPECT_TRUE(logged.contains(reported.section(u'\n', 0, 0))) << logged.toStdString();
+  EXPECT_TRUE(logged.contains(u"[FALTA] imagem de quem não tem imagem"_s)) << logged.toStdString();
+  EXPECT_FALSE(logged.contains(u"Segredo"_s));
   qunsetenv("TDSPORT");
 }
 
@@ -100,6 +106,7 @@ TEST_F(Configuration, LinesOfServerIni) {
       {line(), u""_s, Opens, u"MS-SQL"_s},
       {other + u"\n"_s + line() + u"\n\n"_s, u"HIST"_s, Opens, u"MS-SQL"_s},
       {other + u"\n\n  "_s + line() + u"  \n"_s, u"DEV"_s, Opens, u"MS-SQL"_s},
+      {line() + u"\nb\nc\nd\n\n"_s, u"PRD"_s, Opens, u"MS-SQL"_s},
       {line(u"^^^MSSQL^^True^"_s), u"PRD"_s, Opens, u"MSSQL"_s},
       {line(u"^^^^^0^"_s), u"PRD"_s, Opens, u"MS-SQL"_s},
       {firebird, u"PRD"_s, Opens, u"FIREBIRD"_s},
@@ -198,24 +205,20 @@ TEST_F(Configuration, FilesMissingShortOrInAnotherEncoding) {
   }
 }
 
-// Three lines and a final line end are read; a fourth line never returns.
-TEST_F(Configuration, AFourthLineNeverReturns) {
-  configure(u"server.ini"_s, line() + u"\nb\nc\n"_s);
-  EXPECT_TRUE(connects());
-  configure(u"server.ini"_s, line() + u"\nb\nc\n\n"_s);
-  reiniciaContexto();
-  const pid_t child = fork();
-  if (child == 0) {
-    std::signal(SIGALRM, SIG_DFL);
-    alarm(1);
-    contexto().Ambiente = u"PRD"_s;
-    ConectaServidor();
-    _exit(0);
+// A drive that is named and not there opens no other company: a folder, a dead link, a file.
+TEST_F(Configuration, ADriveThatIsNotThereEndsWithItsName) {
+  const QString link = drive() + u"/atalho"_s;
+  QFile::link(drive() + u"/nada"_s, link);
+  for (const QString& named : {drive() + u"/nada"_s, link, databasePath()}) {
+    qputenv("ZARIM_DRIVE_C", named.toUtf8());
+    support::Script script;
+    script
+        .box(u"A pasta que faz as vezes do drive C não está acessível:\n\n"_s + named +
+             u"\n\nO compartilhamento pode não estar montado. Contate o Administrador do Sistema!"_s)
+        .expectEnd(1);
+    EXPECT_FALSE(connects());
+    EXPECT_FALSE(contexto().Conexao.isOpen());
   }
-  int status = 0;
-  waitpid(child, &status, 0);
-  EXPECT_TRUE(WIFSIGNALED(status));
-  EXPECT_EQ(WTERMSIG(status), SIGALRM);
 }
 
 TEST(Fields, PegaCampo) {
@@ -238,8 +241,7 @@ TEST(Fields, PegaCampo) {
   }
 }
 
-// Any bytes in the three files: a box and an end, silence, or a connection, never a crash. Fewer line ends
-// than make a fourth line, which never returns.
+// Any bytes in the three files: a box and an end, silence, or a connection, never a crash.
 TEST_F(Configuration, AnyBytes) {
   constexpr char kLetters[] = "^^^^^(embutido) ;=\\:c\r\t.0\0\xE7\xC3\xA7";
   QRandomGenerator random(3);
@@ -250,7 +252,7 @@ TEST_F(Configuration, AnyBytes) {
       QByteArray bytes;
       for (int length = random.bounded(60); length > 0; --length)
         bytes += kLetters[random.bounded(int{sizeof kLetters})];
-      write(name, bytes.replace('\r', bytes.count('\r') < 3 ? "\r" : " "));
+      write(name, bytes);
     }
     connects();
   }

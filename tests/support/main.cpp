@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);
+  QApplication::setFont({QApplication::font().family(), 9});  // as a desktop sets it
   QApplication::setApplicationName(u"zarim"_s);
   QApplication::setQuitOnLastWindowClosed(false);
   forms::applyStyle();

@@ -76,7 +76,9 @@ struct Wanted {
     }
   }
   [[nodiscard]] bool fits(const SeenBox& box) const {
-    return box.text == text && (!title || *title == box.title) && (!icon || *icon == box.icon) &&
+    const bool whole = !text.endsWith(u'…');
+    return (whole ? box.text == text : box.text.startsWith(QStringView(text).chopped(1))) &&
+           (!title || *title == box.title) && (!icon || *icon == box.icon) &&
            (!buttons || *buttons == box.buttons);
   }
 };

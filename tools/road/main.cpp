@@ -86,6 +86,7 @@ int main(int argc, char** argv) {
   }
   web::prepare();
   QApplication application(argc, argv);
+  QApplication::setFont({QApplication::font().family(), 9});  // as a desktop sets it
   QApplication::setApplicationName(u"zarim"_s);
   const Wish wish = wishOf(application);
   road::Driver driver(roadOf(wish.file), wish.progressFile, wish.pictures);

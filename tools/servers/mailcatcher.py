@@ -4,7 +4,7 @@
 The files are called 0001.eml, 0002.eml, … in the order of arrival and are whole when their name appears. Two
 lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server received
 them, with ", " between them. Any login is taken, unless --user and --password name the one that is. Addresses
-whose domain ends in .invalid are refused, as those of mailboxes that aren't there.
+whose domain ends in .invalid are refused, as those of mailboxes that aren't there, and messages beyond --limit.
 It ends with the process that started it, or on SIGTERM or SIGINT.
 """
 
@@ -63,7 +63,9 @@ async def serve(arguments):
     check = authenticator(arguments.user, arguments.password)
     loop = asyncio.get_running_loop()
     server = await loop.create_server(
-        lambda: SMTP(folder, hostname="localhost", auth_require_tls=False, authenticator=check),
+        lambda: SMTP(
+            folder, data_size_limit=arguments.limit, hostname="localhost", auth_require_tls=False, authenticator=check
+        ),
         host="127.0.0.1",
         port=arguments.port,
     )
@@ -82,6 +84,7 @@ def main():
     parser.add_argument("--port", type=int, default=2525, help="0 takes a free one")
     parser.add_argument("--user", help="the one login that is taken")
     parser.add_argument("--password", default="")
+    parser.add_argument("--limit", type=int, default=33_554_432, help="bytes of the longest message that is taken")
     arguments = parser.parse_args()
     logging.getLogger("mail").setLevel(logging.ERROR)
     end_with_parent()

@@ -19,8 +19,9 @@ def handler(company):
     class Pictures(http.server.BaseHTTPRequestHandler):
         def do_GET(self):
             asked = re.fullmatch(r"/(web|imagens2)/([\w .-]+\.(jpg|png|gif))", self.path.replace("%20", " "))
-            file = company / asked[1] / asked[2] if asked else None
-            if file is None or not file.is_file():
+            # Links are followed first: what leads out of the company isn't its own.
+            file = (company / asked[1] / asked[2]).resolve() if asked else None
+            if file is None or not file.is_relative_to(company.resolve()) or not file.is_file():
                 return self.send_error(404)
             content = file.read_bytes()
             self.send_response(200)

@@ -196,6 +196,8 @@ void Session::runRequest(const QString& text) {
 void Session::runStatement(const QString& sql, tds::Response& response, bool more) {
   const TdsServer::Act act = server_.actOn(sql);
   if (act == TdsServer::Act::Silence) beSilent();
+  if (act == TdsServer::Act::Refuse)
+    throw values::RuntimeError(values::kStatementFailed, u"The permission was denied on the object."_s);
   if (act != TdsServer::Act::Cut) execute(sql, response, more, act == TdsServer::Act::CutInside);
   if (act == TdsServer::Act::Answer) return;
   send(response.bytes(), false);
@@ -341,6 +343,17 @@ QString TdsServer::connectionString(const QString& password) const {
 QString TdsServer::configurationLine() {
   return u"127.0.0.1^%1^%2^%3^MS-SQL^^False^"_s.arg(QStringView(Database), QStringView(User),
                                                     QStringView(Password));
+}
+
+QString TdsServer::rightOf(const QString& statement) {
+  static const QRegularExpression kForm(
+      u"\\A\\s*(?:(SELECT)\\b.*?\\bFROM|(INSERT) INTO|(UPDATE)|(DELETE)(?: FROM)?)\\s+(\\w+)"_s,
+      QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+  const auto match = kForm.match(statement);
+  if (!match.hasMatch()) return {};
+  QString act;
+  for (int one = 1; one <= 4; ++one) act += match.captured(one).toUpper();
+  return act + u' ' + match.captured(5).toLower();
 }
 
 void TdsServer::setFault(std::function<Act(const QString&)> fault) {

@@ -19,9 +19,9 @@ namespace sqlserver {
 /// line of its own. One thread for each connection.
 class TdsServer {
  public:
-  /// What becomes of a statement: it is answered, the connection is cut in front of its result or in the
-  /// middle of it, or no answer ever comes.
-  enum class Act { Answer, Cut, CutInside, Silence };
+  /// What becomes of a statement: it is answered, refused for want of a right, the connection is cut in front
+  /// of its result or in the middle of it, or no answer ever comes.
+  enum class Act { Answer, Refuse, Cut, CutInside, Silence };
 
   static constexpr char16_t User[] = u"vendas";
   static constexpr char16_t Password[] = u"Segredo1";
@@ -36,6 +36,10 @@ class TdsServer {
   /// The line of server.ini that leads here; the port goes by TDSPORT.
   [[nodiscard]] static QString configurationLine();
   [[nodiscard]] QString databasePath() const;
+
+  /// The right that a statement needs, as it would be granted: "INSERT prop_cmrc", small letters in the
+  /// table's name; of a read its first table's. Empty for what is neither read nor written.
+  [[nodiscard]] static QString rightOf(const QString& statement);
 
   /// Asked before every statement, "LOGIN", "BEGIN", "COMMIT" and "ROLLBACK" among them.
   void setFault(std::function<Act(const QString&)> fault);

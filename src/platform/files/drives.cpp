@@ -1,5 +1,6 @@
 #include "platform/files/drives.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -16,10 +17,19 @@ QString driveFolder(QChar letter) {
   if (!named.isEmpty()) return named;
   const QString name = u"drive_"_s + letter.toLower();
   const QString machine = u"/etc/zarim/"_s + name;
-  if (QFileInfo(machine).isDir()) return machine;
+  if (const QFileInfo there(machine); there.exists() || there.isSymLink()) return machine;
   const QString own =
       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/zarim/"_s + name;
   return QFileInfo(own).isDir() ? own : QString();
+#endif
+}
+
+QString stateFolder() {
+#ifdef Q_OS_WIN
+  return qEnvironmentVariable("LOCALAPPDATA") + u"/zarim"_s;
+#else
+  const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+  return (named.isEmpty() ? QDir::homePath() + u"/.local/state"_s : named) + u"/zarim"_s;
 #endif
 }
 

@@ -8,7 +8,12 @@ namespace files {
 /// The folder that stands for a drive ('c' or 'C'), empty where none does. In this order: the one that the
 /// environment variable ZARIM_DRIVE_C (or _D, …) names; /etc/zarim/drive_c, a folder or a link of the
 /// machine's administrator; drive_c in the user's own data folder for this program, where the sample company
-/// is put.
+/// is put. One of the first two that leads nowhere still counts, and its path is given: a share that isn't
+/// mounted must not open another company.
 [[nodiscard]] QString driveFolder(QChar letter);
+
+/// The folder of what this program notes for its user's support: zarim in XDG_STATE_HOME (~/.local/state), on
+/// Windows in LOCALAPPDATA.
+[[nodiscard]] QString stateFolder();
 
 }  // namespace files

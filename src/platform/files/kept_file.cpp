@@ -35,11 +35,6 @@ constexpr milliseconds kEndPatience{2000};
 
 const QString kLockEnding = u".trava"_s;
 
-std::function<void()>& beforeDisk() {
-  static std::function<void()> call;
-  return call;
-}
-
 /// The last line of a file shows that it is whole.
 QByteArray lastLine(const QByteArray& content) {
   return "fim\t" + QCryptographicHash::hash(content, QCryptographicHash::Sha1).toHex() + '\n';
@@ -142,7 +137,6 @@ void KeptFile::Keeper::run() {
     jobs_.pop_front();
     busy_ = true;
     guard.unlock();
-    if (beforeDisk()) beforeDisk()();
     job();
     guard.lock();
     busy_ = false;
@@ -278,7 +272,5 @@ std::optional<KeptFile::Left> KeptFile::take(const QString& path, milliseconds p
 void KeptFile::giveBack() {
   keeper_->post([keeper = keeper_.get()] { keeper->giveBack(); });
 }
-
-void KeptFile::setBeforeDisk(std::function<void()> call) { beforeDisk() = std::move(call); }
 
 }  // namespace files

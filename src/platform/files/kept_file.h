@@ -49,9 +49,6 @@ class KeptFile {
   /// Leaves the own file to others, as it is.
   void giveBack();
 
-  /// Seam for tests: called before the disk is touched, in the other thread.
-  static void setBeforeDisk(std::function<void()> call);
-
  private:
   class Keeper;
   std::shared_ptr<Keeper> keeper_;

@@ -23,6 +23,8 @@ int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode) {
 
 void keepFromOthers() {}
 
+bool othersMayRead(const QString&) { return false; }
+
 #else
 
 int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode) {
@@ -42,6 +44,8 @@ void keepFromOthers() {
   constexpr mode_t kOthers = 027;
   ::umask(kOthers | ::umask(kOthers));
 }
+
+bool othersMayRead(const QString& path) { return QFileInfo(path).permission(QFile::ReadOther); }
 
 #endif
 

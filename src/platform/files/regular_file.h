@@ -12,4 +12,8 @@ namespace files {
 /// From here on, files that this program makes can't be read by users outside their group.
 void keepFromOthers();
 
+/// Whether users who are neither its owner nor of its group may read a file of this machine; where the system
+/// has no such rights nobody may.
+[[nodiscard]] bool othersMayRead(const QString& path);
+
 }  // namespace files

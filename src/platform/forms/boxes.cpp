@@ -125,7 +125,10 @@ QList<ButtonText> buttonsOf(Buttons buttons) {
   // A question without Cancel can't be escaped: its buttons have no role that the Esc key finds.
   const ButtonText yes{Answer::Yes, u"&Sim", QMessageBox::ActionRole};
   const ButtonText no{Answer::No, u"&Não", QMessageBox::ActionRole};
+  const ButtonText ok{Answer::Ok, u"&OK", QMessageBox::AcceptRole};
   switch (buttons) {
+    case Buttons::OkCheck:
+      return {ok, {Answer::Check, u"&Verificar", QMessageBox::ActionRole}};
     case Buttons::YesNo:
       return {yes, no};
     case Buttons::YesNoCancel:
@@ -133,7 +136,7 @@ QList<ButtonText> buttonsOf(Buttons buttons) {
     case Buttons::Ok:
       break;
   }
-  return {{Answer::Ok, u"&OK", QMessageBox::AcceptRole}};
+  return {ok};
 }
 
 QString chosenFile(const QString& title, const QString& start, QFileDialog::AcceptMode mode,
@@ -186,7 +189,7 @@ Answer msgBox(const Box& box) {
   if (box.buttons != Buttons::Ok) new TypedAhead(window);
   widenForTitle(window);
   window.exec();
-  return answers.value(window.clickedButton(), box.buttons == Buttons::Ok ? Answer::Ok : Answer::No);
+  return answers.value(window.clickedButton(), box.buttons <= Buttons::OkCheck ? Answer::Ok : Answer::No);
 }
 
 QString inputBox(const Input& input) {

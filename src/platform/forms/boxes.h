@@ -8,8 +8,8 @@
 namespace forms {
 
 enum class Icon { None, Information, Critical };
-enum class Buttons { Ok, YesNo, YesNoCancel };
-enum class Answer { Ok, Yes, No, Cancel };
+enum class Buttons { Ok, OkCheck, YesNo, YesNoCancel };
+enum class Answer { Ok, Check, Yes, No, Cancel };
 
 struct Box {
   QString text;                       ///< lines joined by CR or LF

@@ -9,6 +9,8 @@ namespace forms {
 /// box shows its beginning. Promoted in Designer files (header platform/forms/combo.h).
 class Combo : public QComboBox {
   Q_OBJECT
+  Q_PROPERTY(QString boxText READ text WRITE setText)
+  Q_PROPERTY(bool readOnly READ isLocked WRITE setLocked)
 
  public:
   explicit Combo(QWidget* parent = nullptr);

@@ -1,20 +1,16 @@
 #include "platform/forms/controls.h"
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
-#include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
+#include <QMetaObject>
 #include <QPlainTextEdit>
 #include <QScreen>
-#include <QTabWidget>
 #include <QTextCursor>
-#include <QTextEdit>
 #include <QValidator>
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include "platform/forms/combo.h"
 #include "platform/forms/masked_box.h"
@@ -34,6 +30,10 @@ constexpr ColorNumber kButtonText = 0x80000012;
 
 constexpr char kBackProperty[] = "backColor";
 constexpr char kForeProperty[] = "foreColor";
+constexpr char kLockProperty[] = "readOnly";
+/// Properties that hold the text of a control: the first that its class has.
+constexpr std::array<const char*, 6> kTextProperties{"boxText", "plainText", "currentText",
+                                                     "text",    "title",     "windowTitle"};
 
 /// A line break is stored as two characters.
 qsizetype storedLength(QStringView text) { return text.size() + text.count(u'\n'); }
@@ -42,8 +42,13 @@ qsizetype storedLength(QStringView text) { return text.size() + text.count(u'\n'
 bool isField(const QWidget* control) {
   return qobject_cast<const QLineEdit*>(control) != nullptr ||
          qobject_cast<const QComboBox*>(control) != nullptr ||
-         qobject_cast<const QPlainTextEdit*>(control) != nullptr ||
-         qobject_cast<const QTextEdit*>(control) != nullptr || control->inherits("QAbstractItemView");
+         qobject_cast<const QPlainTextEdit*>(control) != nullptr || control->inherits("QAbstractItemView");
+}
+
+const char* textProperty(const QObject& control) {
+  return *std::ranges::find_if(kTextProperties, [&control](const char* name) {
+    return std::strcmp(name, kTextProperties.back()) == 0 || control.metaObject()->indexOfProperty(name) >= 0;
+  });
 }
 
 struct Roles {
@@ -115,64 +120,30 @@ class Digits : public QValidator {
 }  // namespace
 
 QString controlText(const QObject* control) {
-  if (const auto* masked = qobject_cast<const MaskedBox*>(control)) return masked->boxText();
-  if (const auto* line = qobject_cast<const QLineEdit*>(control)) return line->text();
-  if (const auto* combo = qobject_cast<const QComboBox*>(control)) return combo->currentText();
-  if (const auto* label = qobject_cast<const QLabel*>(control)) return label->text();
-  if (const auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
-  if (const auto* frame = qobject_cast<const QGroupBox*>(control)) return frame->title();
-  if (const auto* plain = qobject_cast<const QPlainTextEdit*>(control)) {
-    return values::withWindowsLineEnds(plain->toPlainText());
-  }
-  if (const auto* rich = qobject_cast<const QTextEdit*>(control)) {
-    return values::withWindowsLineEnds(rich->toPlainText());
-  }
-  if (const auto* tabs = qobject_cast<const QTabWidget*>(control)) return tabs->tabText(tabs->currentIndex());
-  if (const auto* form = qobject_cast<const QDialog*>(control)) return form->windowTitle();
-  return {};
+  const QString text = control == nullptr ? QString() : control->property(textProperty(*control)).toString();
+  return qobject_cast<const QPlainTextEdit*>(control) == nullptr ? text : values::withWindowsLineEnds(text);
 }
 
 void setControlText(QObject* control, const QString& text) {
-  if (auto* masked = qobject_cast<MaskedBox*>(control)) return masked->setBoxText(text);
-  if (auto* combo = qobject_cast<Combo*>(control)) return combo->setText(text);
-  if (auto* other = qobject_cast<QComboBox*>(control)) return other->setCurrentText(text);
-  if (auto* label = qobject_cast<QLabel*>(control)) return label->setText(text);
-  if (auto* button = qobject_cast<QAbstractButton*>(control)) return button->setText(text);
-  if (auto* frame = qobject_cast<QGroupBox*>(control)) return frame->setTitle(text);
   if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
     plain->setPlainText(values::withPlainLineEnds(text));
     return showFirstLine(plain);
   }
-  if (auto* rich = qobject_cast<QTextEdit*>(control))
-    return rich->setPlainText(values::withPlainLineEnds(text));
-  if (auto* form = qobject_cast<QDialog*>(control)) return form->setWindowTitle(text);
-  if (auto* line = qobject_cast<QLineEdit*>(control)) {
-    line->setText(text);
-    line->setCursorPosition(0);
-  }
+  control->setProperty(textProperty(*control), text);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) line->setCursorPosition(0);
 }
 
 void setLocked(QWidget* control, bool locked) {
-  if (auto* combo = qobject_cast<Combo*>(control)) {
-    combo->setLocked(locked);
-  } else if (auto* line = qobject_cast<QLineEdit*>(control)) {
-    line->setReadOnly(locked);
-  } else if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
-    plain->setReadOnly(locked);
-  } else if (auto* rich = qobject_cast<QTextEdit*>(control)) {
-    rich->setReadOnly(locked);
-  } else {
+  if (control->metaObject()->indexOfProperty(kLockProperty) >= 0)
+    control->setProperty(kLockProperty, locked);
+  else
     control->setEnabled(!locked);
-  }
   control->update();
 }
 
 bool isLocked(const QWidget* control) {
-  if (const auto* combo = qobject_cast<const Combo*>(control)) return combo->isLocked();
-  if (const auto* line = qobject_cast<const QLineEdit*>(control)) return line->isReadOnly();
-  if (const auto* plain = qobject_cast<const QPlainTextEdit*>(control)) return plain->isReadOnly();
-  if (const auto* rich = qobject_cast<const QTextEdit*>(control)) return rich->isReadOnly();
-  return !control->isEnabled();
+  const QVariant locked = control->property(kLockProperty);
+  return locked.isValid() ? locked.toBool() : !control->isEnabled();
 }
 
 void selectText(QWidget* control) {
@@ -190,7 +161,6 @@ void selectText(QWidget* control) {
     cursor.movePosition(QTextCursor::Start, QTextCursor::KeepAnchor);
     plain->setTextCursor(cursor);
   }
-  if (auto* rich = qobject_cast<QTextEdit*>(control)) rich->selectAll();
 }
 
 void limitText(QPlainTextEdit* box, int longest) {

@@ -43,7 +43,7 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
   horizontalHeader()->setSectionsClickable(true);
   horizontalHeader()->setMinimumSectionSize(0);
 
-  connect(&grid_, &GridModel::laidOut, this, &FlexGrid::takeLayout);
+  connect(&grid_, &GridModel::modelReset, this, &FlexGrid::takeLayout);
   connect(&grid_, &GridModel::currentMoved, this, &FlexGrid::showCurrent);
   connect(&grid_, &GridModel::topRowMoved, this, &FlexGrid::showTopRow);
   connect(&grid_, &GridModel::rowsInserted, this, [this] { showCurrent(grid_.row(), grid_.col()); });
@@ -128,10 +128,7 @@ void FlexGrid::giveSpareWidth() {
 }
 
 void FlexGrid::showCurrent(int row, int column) {
-  if (row < 1) {
-    selectionModel()->clear();
-    return;
-  }
+  if (row < 1) return selectionModel()->clear();
   selectionModel()->setCurrentIndex(grid_.index(row - 1, std::max(0, column)),
                                     QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
@@ -165,52 +162,37 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
-  if (event->matches(QKeySequence::Copy)) {
-    copyRows();
-    return;
-  }
-  if (event->matches(QKeySequence::SelectAll)) {
-    selectAll();
+  if (event->matches(QKeySequence::Copy)) return copyRows();
+  if (event->matches(QKeySequence::SelectAll)) return selectAll();
+  const bool up = event->key() == Qt::Key_Up;
+  if (event->modifiers().testFlag(Qt::AltModifier) && (up || event->key() == Qt::Key_Down)) {
+    if (grid_.row() < 1) return;
+    if (up)
+      Q_EMIT pushedUp();
+    else
+      Q_EMIT pushedDown();
     return;
   }
   const int page =
       std::max(1, viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()) - 1);
+  const int row = grid_.row();
   const int last = grid_.rows() - 1;
-  int target = grid_.row();
-  switch (event->key()) {
-    case Qt::Key_Up:
-      --target;
-      break;
-    case Qt::Key_Down:
-      ++target;
-      break;
-    case Qt::Key_PageUp:
-      target -= page;
-      break;
-    case Qt::Key_PageDown:
-      target += page;
-      break;
-    case Qt::Key_Home:
-      target = 1;
-      break;
-    case Qt::Key_End:
-      target = last;
-      break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (event->isAutoRepeat() || grid_.row() < 1) return;
-      chooseVisibleColumn();
-      Q_EMIT rowDoubleClicked();
-      return;
-    default:
-      event->ignore();
-      return;
+  const QHash<int, int> targets{
+      {Qt::Key_Up, row - 1},          {Qt::Key_Down, row + 1}, {Qt::Key_PageUp, row - page},
+      {Qt::Key_PageDown, row + page}, {Qt::Key_Home, 1},       {Qt::Key_End, last}};
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (event->isAutoRepeat() || row < 1) return;
+    chooseVisibleColumn();
+    Q_EMIT rowDoubleClicked();
+    return;
   }
+  const auto target = targets.constFind(event->key());
+  if (target == targets.cend()) return event->ignore();
   if (last < 1) return;
   chooseVisibleColumn();
-  const bool extends = event->modifiers().testFlag(Qt::ShiftModifier) && grid_.row() > 0;
-  if (!extends || selectionModel()->selectedRows().size() < 2) anchor_ = std::max(1, grid_.row());
-  grid_.setRow(std::clamp(target, 1, last));
+  const bool extends = event->modifiers().testFlag(Qt::ShiftModifier) && row > 0;
+  if (!extends || selectionModel()->selectedRows().size() < 2) anchor_ = std::max(1, row);
+  grid_.setRow(std::clamp(*target, 1, last));
   if (extends) selectRows(anchor_, grid_.row());
   scrollTo(grid_.index(grid_.row() - 1, currentIndex().column()));
 }

@@ -40,6 +40,9 @@ class FlexGrid : public QTableView {
   void rowClicked();
   /// A double click on a row or the title, or Enter on the current row.
   void rowDoubleClicked();
+  /// Alt with an arrow, on a current row.
+  void pushedUp();
+  void pushedDown();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -16,7 +16,7 @@
 
 namespace forms {
 
-enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown };
+enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown, PushUp, PushDown };
 
 /// Base of all screens. A class `frmX : public forms::Form, public Ui::frmX` has a public constructor without
 /// arguments that calls setupUi and connects its handlers, and Q_OBJECT: the name of the class is the form's
@@ -26,7 +26,7 @@ enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown };
 /// form (a change of window, a popup or an unload raises none); they are queued and run before the release of
 /// the click that caused them, and the click is dropped when one of them brought up a box. A click by access
 /// key moves the focus first. Double click on a grid: on(grid, Event::DoubleClick, …), which Enter on a row
-/// raises too.
+/// raises too. PushUp and PushDown of a grid: Alt with the arrow, to move the current row.
 class Form : public QDialog {
   Q_OBJECT
 

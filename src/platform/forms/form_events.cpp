@@ -11,6 +11,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <array>
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/form_private.h"
@@ -25,28 +26,17 @@ namespace forms {
 
 namespace {
 
-QString nameOf(Event event) {
-  switch (event) {
-    case Event::Click:
-      return u"Click"_s;
-    case Event::DoubleClick:
-      return u"DblClick"_s;
-    case Event::GotFocus:
-      return u"GotFocus"_s;
-    case Event::LostFocus:
-      return u"LostFocus"_s;
-    case Event::DropDown:
-      return u"DropDown"_s;
-  }
-  return {};
-}
+/// By the order of Event.
+constexpr std::array<const char16_t*, 7> kNames{u"Click",    u"DblClick", u"GotFocus", u"LostFocus",
+                                                u"DropDown", u"PushUp",   u"PushDown"};
 
 }  // namespace
 
 void Form::Private::run(QWidget* control, Event event) {
   const Handlers known = handlers.value(control).value(event);
   if (known.empty()) return;
-  const QString where = name() + u'.' + control->objectName() + u'_' + nameOf(event);
+  const QString where = name() + u'.' + control->objectName() + u'_' +
+                        QString::fromUtf16(kNames[static_cast<std::size_t>(event)]);
   handle(
       [&known] {
         for (const auto& handler : known) handler();
@@ -67,6 +57,8 @@ void Form::on(QWidget* control, Event event, std::function<void()> handler) {
   const auto raise = [this, control, event] { d_->run(control, event); };
   auto* grid = qobject_cast<FlexGrid*>(control);
   if (event == Event::DoubleClick && grid != nullptr) connect(grid, &FlexGrid::rowDoubleClicked, this, raise);
+  if (event == Event::PushUp) connect(grid, &FlexGrid::pushedUp, this, raise);
+  if (event == Event::PushDown) connect(grid, &FlexGrid::pushedDown, this, raise);
   if (event == Event::DropDown) connect(qobject_cast<Combo*>(control), &Combo::dropDown, this, raise);
   if (event != Event::Click) return;
   if (grid != nullptr) connect(grid, &FlexGrid::rowClicked, this, raise);
@@ -135,9 +127,7 @@ namespace {
 /// Grows with each box and each modal form: what swallows the click or key that caused it.
 int interruptions() { return boxesShown() + modal::runs(); }
 
-bool isMultiLine(const QWidget* control) {
-  return control->inherits("QPlainTextEdit") || control->inherits("QTextEdit");
-}
+bool isMultiLine(const QWidget* control) { return control->inherits("QPlainTextEdit"); }
 
 }  // namespace
 
@@ -223,10 +213,7 @@ void Form::clickByKey(QAbstractButton* button) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape) {
-    event->ignore();
-    return;
-  }
+  if (event->key() != Qt::Key_Escape) return event->ignore();
   if (const Private::OverFrame* open = d_->openFrame(); open != nullptr && open->closeButton != nullptr) {
     open->closeButton->click();
   } else if (!d_->escButton.isNull()) {

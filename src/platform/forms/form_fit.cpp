@@ -1,5 +1,4 @@
 #include <QBoxLayout>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QScrollArea>
 #include <QWindow>
@@ -48,7 +47,7 @@ QRect Form::Private::room() const {
   if (screen == nullptr) return {};
   const QWindow* window = form.windowHandle();
   QMargins frame = window == nullptr ? QMargins() : window->frameMargins();
-  if (frame.isNull() && QGuiApplication::platformName() != QLatin1String("offscreen")) frame = kFrame;
+  if (frame.isNull()) frame = kFrame;
   const QRect all = screen->availableGeometry();
   return {all.topLeft(), all.size().shrunkBy(frame)};
 }

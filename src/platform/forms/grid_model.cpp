@@ -1,7 +1,6 @@
 #include "platform/forms/grid_model.h"
 
 #include <algorithm>
-#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -38,58 +37,44 @@ struct SortKey {
 
 }  // namespace
 
-GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel(parent) {
+GridRow::GridRow(std::initializer_list<std::pair<int, QString>> cells) {
+  texts_.reserve(static_cast<qsizetype>(cells.size()));
+  for (const auto& [column, text] : cells) set(column, text);
+}
+
+void GridRow::set(int column, const QString& text) {
+  if (texts_.size() <= column) texts_.resize(column + 1);
+  texts_[column] = text;
+  if (text.contains(u'\t')) texts_[column].replace(u'\t', u' ');
+}
+
+GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel(parent), rows_(1) {
   setObjectName(name);
-  rows_.emplace_back();
 }
 
 void GridModel::layOut(std::span<const GridColumn> columns) {
   beginResetModel();
-  columns_.assign(columns.begin(), columns.end());
-  rows_.clear();
-  Row titles{{}, std::vector<Cell>(columns_.size())};
-  for (std::size_t i = 0; i < columns_.size(); ++i)
-    titles.cells[i].text = QString::fromUtf16(columns_[i].title);
-  rows_.push_back(std::move(titles));
+  columns_ = QList<GridColumn>(columns.begin(), columns.end());
+  rows_ = QList<Row>(1);
+  for (int column = 0; column < cols(); ++column)
+    rows_[0].texts.set(column, QString::fromUtf16(columns_[column].title));
   row_ = 0;
   col_ = 0;
   topRow_ = 1;
   endResetModel();
-  Q_EMIT laidOut();
   Q_EMIT currentMoved(row_, col_);
 }
 
 void GridModel::chooseSingleRow() { setRow(rows() == 2 ? 1 : 0); }
 
-int GridModel::width(int column) const {
-  return column >= 0 && column < cols() ? columns_[static_cast<std::size_t>(column)].width : 0;
-}
+int GridModel::width(int column) const { return column >= 0 && column < cols() ? columns_[column].width : 0; }
 
-std::vector<GridModel::Cell>& GridModel::cellsOf(Row& row) const {
-  if (row.cells.empty()) {
-    row.cells.resize(columns_.size());
-    std::size_t column = 0;
-    for (const auto& field : QStringView(row.whole).tokenize(u'\t')) {
-      if (column == row.cells.size()) break;
-      row.cells[column++].text = field.toString();
-    }
-    row.whole = QString();
-  }
-  return row.cells;
-}
-
-const GridModel::Cell* GridModel::cell(int row, int column) const {
-  if (row < 0 || row >= rows() || column < 0 || column >= cols()) return nullptr;
-  return &cellsOf(rows_[static_cast<std::size_t>(row)])[static_cast<std::size_t>(column)];
-}
-
-GridModel::Cell* GridModel::cell(int row, int column) {
-  return const_cast<Cell*>(std::as_const(*this).cell(row, column));
+bool GridModel::has(int row, int column) const {
+  return row >= 0 && row < rows() && column >= 0 && column < cols();
 }
 
 QString GridModel::text(int row, int column) const {
-  const Cell* known = cell(row, column);
-  return known == nullptr ? QString() : known->text;
+  return has(row, column) ? rows_[row].texts.text(column) : QString();
 }
 
 void GridModel::cellChanged(int row, int column) {
@@ -101,29 +86,26 @@ void GridModel::cellChanged(int row, int column) {
 }
 
 void GridModel::setText(int row, int column, const QString& text) {
-  Cell* known = cell(row, column);
-  if (known == nullptr) return;
-  known->text = text;
+  if (!has(row, column)) return;
+  rows_[row].texts.set(column, text);
   cellChanged(row, column);
 }
 
-void GridModel::appendRows(std::vector<Row> added) {
+void GridModel::addItem(const QString& tabSeparated) {
+  GridRow row;
+  int column = 0;
+  for (const QString& field : tabSeparated.split(u'\t')) row.set(column++, field);
+  addRow(std::move(row));
+}
+
+void GridModel::addRow(GridRow row) { addRows({std::move(row)}); }
+
+void GridModel::addRows(std::vector<GridRow> added) {
   if (added.empty()) return;
   const int at = rows() - 1;
   beginInsertRows({}, at, at + static_cast<int>(added.size()) - 1);
-  rows_.insert(rows_.end(), std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+  for (GridRow& row : added) rows_.append(Row{std::move(row), {}});
   endInsertRows();
-}
-
-void GridModel::addItem(const QString& tabSeparated) { appendRows({{tabSeparated, {}}}); }
-
-void GridModel::addRow(const GridRow& row) { addItem(row.tabSeparated()); }
-
-void GridModel::addRows(const std::vector<GridRow>& rows) {
-  std::vector<Row> added;
-  added.reserve(rows.size());
-  for (const GridRow& row : rows) added.push_back({row.tabSeparated(), {}});
-  appendRows(std::move(added));
 }
 
 GridRow GridModel::rowTexts(int row) const {
@@ -135,27 +117,31 @@ GridRow GridModel::rowTexts(int row) const {
 void GridModel::removeItem(int row) {
   if (row < 1 || row >= rows()) return;
   beginRemoveRows({}, row - 1, row - 1);
-  rows_.erase(rows_.begin() + row);
+  rows_.removeAt(row);
   endRemoveRows();
   row_ = std::min(row_, rows() - 1);
   topRow_ = std::clamp(topRow_, 1, std::max(1, rows() - 1));
   Q_EMIT currentMoved(row_, col_);
 }
 
+void GridModel::swapRows(int one, int other) {
+  if (std::min(one, other) < 1 || std::max(one, other) >= rows()) return;
+  rows_.swapItemsAt(one, other);
+  for (const int row : {one, other}) Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, cols() - 1));
+}
+
 void GridModel::sortAscending(int column) {
   if (column < 0 || column >= cols() || rows() < 3) return;
   std::vector<SortKey> keys;
-  keys.reserve(rows_.size());
-  for (Row& row : rows_) keys.emplace_back(cellsOf(row)[static_cast<std::size_t>(column)].text);
-  std::vector<std::size_t> order(rows_.size());
+  for (const Row& row : std::as_const(rows_)) keys.emplace_back(row.texts.text(column));
+  std::vector<std::size_t> order(keys.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::stable_sort(order.begin() + 1, order.end(),
                    [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
 
   Q_EMIT layoutAboutToBeChanged();
-  std::vector<Row> sorted;
-  sorted.reserve(rows_.size());
-  for (const std::size_t from : order) sorted.push_back(std::move(rows_[from]));
+  QList<Row> sorted;
+  for (const std::size_t from : order) sorted.append(std::move(rows_[static_cast<qsizetype>(from)]));
   rows_ = std::move(sorted);
   Q_EMIT layoutChanged();
   Q_EMIT currentMoved(row_, col_);
@@ -179,30 +165,27 @@ void GridModel::setTopRow(int row) {
   Q_EMIT topRowMoved(row);
 }
 
+GridModel::Format GridModel::format(int row, int column) const {
+  return has(row, column) ? rows_[row].formats.value(column) : Format();
+}
+
 void GridModel::setCellBackColor(int row, int column, QColor color) {
-  Cell* known = cell(row, column);
-  if (known == nullptr) return;
-  known->back = color;
+  if (!has(row, column)) return;
+  rows_[row].formats[column].back = color;
   cellChanged(row, column);
 }
 
 void GridModel::setCellAlignment(int row, int column, Qt::Alignment alignment) {
-  Cell* known = cell(row, column);
-  if (known == nullptr) return;
-  known->align = alignment;
-  known->aligned = true;
+  if (!has(row, column)) return;
+  rows_[row].formats[column].align = alignment;
   cellChanged(row, column);
 }
 
-QColor GridModel::cellBackColor(int row, int column) const {
-  const Cell* known = cell(row, column);
-  return known == nullptr ? QColor() : known->back;
-}
+QColor GridModel::cellBackColor(int row, int column) const { return format(row, column).back; }
 
 Qt::Alignment GridModel::cellAlignment(int row, int column) const {
-  const Cell* known = cell(row, column);
-  if (known == nullptr) return {};
-  return known->aligned ? known->align : columns_[static_cast<std::size_t>(column)].align;
+  if (!has(row, column)) return {};
+  return format(row, column).align.value_or(columns_[column].align);
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows() - 1; }
@@ -210,20 +193,21 @@ int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols(); }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  const Cell* known = cell(index.row() + 1, index.column());
-  if (!index.isValid() || known == nullptr) return {};
+  const int row = index.row() + 1;
+  const int column = index.column();
   switch (role) {
     case Qt::DisplayRole:
-      return known->text;
+      return text(row, column);
     case Qt::ToolTipRole:
-      return asTip(known->text);
+      return asTip(text(row, column));
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue(cellAlignment(index.row() + 1, index.column()));
+      return QVariant::fromValue(cellAlignment(row, column));
     case Qt::BackgroundRole:
-      return known->back.isValid() ? QVariant(known->back) : QVariant();
-    case Qt::ForegroundRole:
-      return known->back.isValid() ? QVariant(QColor(isDark(known->back) ? Qt::white : Qt::black))
-                                   : QVariant();
+    case Qt::ForegroundRole: {
+      const QColor back = cellBackColor(row, column);
+      if (!back.isValid()) return {};
+      return role == Qt::BackgroundRole ? back : QColor(isDark(back) ? Qt::white : Qt::black);
+    }
     default:
       return {};
   }
@@ -235,26 +219,6 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   if (role == Qt::ToolTipRole) return asTip(text(0, section));
   if (role == Qt::TextAlignmentRole) return QVariant::fromValue(cellAlignment(0, section));
   return {};
-}
-
-GridRow::GridRow(std::initializer_list<std::pair<int, QString>> cells) {
-  for (const auto& [column, text] : cells) set(column, text);
-}
-
-void GridRow::set(int column, const QString& text) {
-  while (texts_.size() <= column) texts_.append(QString());
-  texts_[column] = text;
-  texts_[column].replace(u'\t', u' ');
-}
-
-QString GridRow::tabSeparated() const { return texts_.join(u'\t') + u'\t'; }
-
-RowBuilder& RowBuilder::operator<<(const QString& field) {
-  const qsizetype start = text_.size();
-  text_ += field;
-  std::replace(text_.begin() + start, text_.end(), QChar(u'\t'), QChar(u' '));
-  text_ += u'\t';
-  return *this;
 }
 
 }  // namespace forms

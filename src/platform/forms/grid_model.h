@@ -2,8 +2,11 @@
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <QHash>
+#include <QList>
 #include <QStringList>
 #include <initializer_list>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -25,8 +28,7 @@ class GridRow {
   GridRow() = default;
   GridRow(std::initializer_list<std::pair<int, QString>> cells);
   void set(int column, const QString& text);
-  /// Each text followed by a tab, as addItem takes a row.
-  [[nodiscard]] QString tabSeparated() const;
+  [[nodiscard]] QString text(int column) const { return texts_.value(column); }
 
  private:
   QStringList texts_;
@@ -54,13 +56,15 @@ class GridModel : public QAbstractTableModel {
   /// Adds a row from tab-separated text. Surplus fields are dropped, missing ones are empty; the current row
   /// stays.
   void addItem(const QString& tabSeparated);
-  void addRow(const GridRow& row);
+  void addRow(GridRow row);
   /// Adds many rows at once, which a visible grid takes as one change.
-  void addRows(const std::vector<GridRow>& rows);
+  void addRows(std::vector<GridRow> rows);
   /// The texts of a row, to be added to another grid.
   [[nodiscard]] GridRow rowTexts(int row) const;
   /// Removes a data row; the current row stays where it is, or on the last row if that is gone.
   void removeItem(int row);
+  /// Two data rows change places.
+  void swapRows(int one, int other);
   /// Stable, ascending, by text (numbers among texts by value), blanks first; cell formats move along.
   void sortAscending(int column);
 
@@ -88,48 +92,27 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  Q_SIGNALS:
-  void laidOut();
   void currentMoved(int row, int column);
   void topRowMoved(int row);
 
  private:
-  struct Cell {
-    QString text;
+  struct Format {
     QColor back;
-    Qt::Alignment align;
-    bool aligned = false;
+    std::optional<Qt::Alignment> align;
   };
-  /// A row stays the text that it was added as until somebody looks at it: most rows of a long result are
-  /// never seen.
   struct Row {
-    QString whole;
-    std::vector<Cell> cells;
+    GridRow texts;
+    QHash<int, Format> formats;  ///< of the cells that have one of their own
   };
-  void appendRows(std::vector<Row> rows);
-  [[nodiscard]] std::vector<Cell>& cellsOf(Row& row) const;
-  [[nodiscard]] const Cell* cell(int row, int column) const;
-  [[nodiscard]] Cell* cell(int row, int column);
+  [[nodiscard]] bool has(int row, int column) const;
+  [[nodiscard]] Format format(int row, int column) const;
   void cellChanged(int row, int column);
 
-  std::vector<GridColumn> columns_;
-  mutable std::vector<Row> rows_;
+  QList<GridColumn> columns_;
+  QList<Row> rows_;
   int row_ = 0;
   int col_ = 0;
   int topRow_ = 1;
-};
-
-/// Builds a tab-separated row: each field followed by a tab. A tab inside a field becomes a blank, so that
-/// columns never shift.
-class RowBuilder {
- public:
-  RowBuilder() { text_.reserve(kUsualLength); }
-  RowBuilder& operator<<(const QString& field);
-  [[nodiscard]] const QString& text() const { return text_; }
-
- private:
-  static constexpr qsizetype kUsualLength = 160;
-
-  QString text_;
 };
 
 }  // namespace forms

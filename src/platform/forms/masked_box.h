@@ -8,6 +8,7 @@ namespace forms {
 /// prompt characters; promoted in Designer files (header platform/forms/masked_box.h).
 class MaskedBox : public QLineEdit {
   Q_OBJECT
+  Q_PROPERTY(QString boxText READ boxText WRITE setBoxText)
   Q_PROPERTY(bool withTime READ withTime WRITE setWithTime)
 
  public:

@@ -1,5 +1,6 @@
 #include "platform/forms/process.h"
 
+#include <QCoreApplication>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "platform/data/last_statement.h"
+#include "platform/files/log_file.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/modal_loops.h"
 
@@ -32,7 +34,25 @@ std::function<void()>& endObserver() {
   return observer;
 }
 
+/// The toolkit's messages. What it can't go on after, a display that isn't there first of all, would end in a
+/// crash.
+void hearToolkit(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  report(text);
+  if (type != QtFatalMsg) return;
+  report(QCoreApplication::startingUp()
+             ? u"O Zarim precisa de uma tela, e nenhuma respondeu (DISPLAY, WAYLAND_DISPLAY)."_s
+             : u"O programa terminou por um erro que nenhuma caixa pode mostrar."_s);
+  std::_Exit(1);
+}
+
 }  // namespace
+
+void report(QString line) {
+  for (QChar& character : line)
+    if (character.category() == QChar::Other_Control) character = u' ';
+  std::fputs((line + u'\n').toUtf8().constData(), stderr);
+  files::log(line);
+}
 
 void reportRuntimeError(const values::RuntimeError& error, const QString& where) {
   QString line = u"Erro "_s + QString::number(error.number());
@@ -41,9 +61,7 @@ void reportRuntimeError(const values::RuntimeError& error, const QString& where)
   const bool ofStatement =
       error.number() == values::kStatementFailed || error.number() == values::kConnectionFailed;
   if (ofStatement && !data::lastStatement().isEmpty()) line += u" | comando: "_s + data::lastStatement();
-  for (QChar& character : line)
-    if (character.category() == QChar::Other_Control) character = u' ';
-  std::fputs((line + u'\n').toUtf8().constData(), stderr);
+  report(line);
 }
 
 void showRuntimeError(const values::RuntimeError& error, const QString& where) {
@@ -70,6 +88,7 @@ void endPlainly() {
     std::fputs("O programa terminou por um erro que nenhuma caixa pode mostrar.\n", stderr);
     std::_Exit(1);
   });
+  qInstallMessageHandler(hearToolkit);
 #ifdef Q_OS_UNIX
   // A pipe without a reader and a limit on files are errors of the write that meets them.
   for (const int number : {SIGPIPE, SIGXFSZ}) std::signal(number, SIG_IGN);

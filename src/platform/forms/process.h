@@ -17,15 +17,18 @@ struct Ended {
 [[noreturn]] void end(int status);
 
 /// From here on an error that nobody catches, or that comes up while its box is made, ends the process with a
-/// line on its error output and status 1, without a crash; an output that nobody reads, or that is closed, is
-/// no end. The first thing that a program does.
+/// line on its error output and status 1, without a crash; so does a display that isn't there; an output that
+/// nobody reads, or that is closed, is no end. The first thing that a program does.
 void endPlainly();
 
 /// Puts another end in place (tests, guided roads); an empty function brings the real one back.
 /// After the function has run, all modal loops are left and Ended is thrown.
 void setEnd(std::function<void(int)> end);
 
-/// A line on standard error: number, text, the statement that failed and the handler (`where`, which may be
+/// A line on standard error and in the log (files::log), control characters of a text as blanks.
+void report(QString line);
+
+/// The same of an error: number, text, the statement that failed and the handler (`where`, which may be
 /// empty). What support needs beside a user's memory of a box.
 void reportRuntimeError(const values::RuntimeError& error, const QString& where);
 

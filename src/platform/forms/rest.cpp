@@ -26,17 +26,8 @@ int modalFormsShown() {
   return static_cast<int>(std::ranges::count_if(shown, [](const Form* form) { return form->isModal(); }));
 }
 
-bool isInput(QEvent::Type type) {
-  switch (type) {
-    case QEvent::KeyPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::InputMethod:
-    case QEvent::Drop:
-      return true;
-    default:
-      return false;
-  }
-}
+const QList<QEvent::Type> kInput{QEvent::KeyPress, QEvent::MouseButtonRelease, QEvent::InputMethod,
+                                 QEvent::Drop};
 
 /// Sees the input of all windows, lists that drop down and menus among them.
 class Watch : public QObject {
@@ -59,7 +50,7 @@ class Watch : public QObject {
 
  protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (isInput(event->type()) && !timer_.isActive()) timer_.start();
+    if (kInput.contains(event->type()) && !timer_.isActive()) timer_.start();
     return false;
   }
 

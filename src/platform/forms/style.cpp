@@ -216,11 +216,10 @@ QPalette programPalette() {
   return palette;
 }
 
-/// The desktop's own size of text, as far as the screens stay whole with it. Without a desktop, the smallest.
+/// The desktop's own size of text, as far as the screens stay whole with it.
 double textSize() {
   constexpr double smallest = 9;
   constexpr double largest = 18;
-  if (QApplication::platformName() == u"offscreen") return smallest;
   return std::clamp(QFontInfo(QApplication::font()).pointSizeF(), smallest, largest);
 }
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/mail/headers.h"
 #include "platform/mail/mail_error.h"
 
 using namespace Qt::StringLiterals;
@@ -63,13 +64,6 @@ QByteArray onWire(const QString& address) {
   if (std::ranges::all_of(domain, [](QChar c) { return c < QChar(0x7F); })) return address.toUtf8();
   const QByteArray ascii = QUrl::toAce(domain);
   return ascii.isEmpty() ? QByteArray() : address.first(at + 1).toUtf8() + ascii;
-}
-
-/// On one line, without what would begin another header.
-QString withoutControls(QString text) {
-  std::ranges::replace_if(
-      text, [](QChar c) { return c < u' ' || c == QChar(0x7F); }, QChar(u' '));
-  return text.trimmed();
 }
 
 std::optional<Address> read(const QString& entry) {

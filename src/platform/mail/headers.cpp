@@ -14,40 +14,20 @@ constexpr qsizetype kPlainLength = 70;  // longest text that goes as it stands
 constexpr qsizetype kWordBytes = 45;    // bytes of text in an encoded word, 60 characters of base64
 constexpr char kFold[] = "\r\n ";
 
-bool isControl(QChar c) { return c < u' ' || c == QChar(0x7F); }
-
-QString withoutControls(QString text) {
-  std::replace_if(text.begin(), text.end(), isControl, QChar(u' '));
-  return text.trimmed();
-}
-
 bool isAscii(const QString& text) {
-  return std::all_of(text.begin(), text.end(), [](QChar c) { return c < QChar(0x7F); });
-}
-
-QByteArray encodedWord(QStringView piece) { return "=?UTF-8?B?" + piece.toUtf8().toBase64() + "?="; }
-
-/// End of the piece that starts at `from` and fits an encoded word; a character is never cut in two.
-qsizetype pieceEnd(const QString& text, qsizetype from) {
-  qsizetype bytes = 0;
-  qsizetype at = from;
-  while (at < text.size()) {
-    const qsizetype units = text.at(at).isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
-    bytes += QStringView(text).mid(at, units).toUtf8().size();
-    if (bytes > kWordBytes) break;
-    at += units;
-  }
-  return at;
+  return std::ranges::all_of(text, [](QChar c) { return c < QChar(0x7F); });
 }
 
 QByteArray encodedText(const QString& text) {
   if (isAscii(text) && text.size() <= kPlainLength && !text.contains(u"=?")) return text.toLatin1();
   QByteArray out;
   for (qsizetype from = 0; from < text.size();) {
-    const qsizetype end = pieceEnd(text, from);
-    if (!out.isEmpty()) out += kFold;
-    out += encodedWord(QStringView(text).sliced(from, end - from));
-    from = end;
+    qsizetype length = std::min(kWordBytes, text.size() - from);
+    const auto cutInTwo = [&] { return length > 1 && text.at(from + length - 1).isHighSurrogate(); };
+    while (cutInTwo() || text.sliced(from, length).toUtf8().size() > kWordBytes) --length;
+    if (from > 0) out += kFold;
+    out += "=?UTF-8?B?" + text.sliced(from, length).toUtf8().toBase64() + "?=";
+    from += length;
   }
   return out;
 }
@@ -64,6 +44,12 @@ QByteArray displayName(const QString& name) {
 }
 
 }  // namespace
+
+QString withoutControls(QString text) {
+  std::ranges::replace_if(
+      text, [](QChar c) { return c < u' ' || c == QChar(0x7F); }, QChar(u' '));
+  return text.trimmed();
+}
 
 QByteArray textHeader(const QByteArray& name, const QString& value) {
   return name + ": " + encodedText(withoutControls(value));

@@ -10,6 +10,9 @@
 // The lines at the head of a message and of its parts, as they go over the wire.
 namespace mail {
 
+/// On one line, without what would begin another header.
+[[nodiscard]] QString withoutControls(QString text);
+
 /// A header line without its line end; a text outside ASCII, or a long one, goes in encoded words of UTF-8
 /// (RFC 2047), folded. Line ends and other control characters in the value become blanks.
 [[nodiscard]] QByteArray textHeader(const QByteArray& name, const QString& value);

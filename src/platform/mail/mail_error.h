@@ -19,6 +19,10 @@ class MailError : public values::RuntimeError {
 };
 
 /// Raises values::kMailFailed: what failed, in one line, and the lines with details.
-[[noreturn]] void fail(const QString& step, const QStringList& details = {}, bool serverSilent = false);
+[[noreturn]] inline void fail(const QString& step, const QStringList& details = {},
+                              bool serverSilent = false) {
+  const QString first = QStringLiteral("O e-mail não foi enviado: %1.").arg(step);
+  throw MailError(values::kMailFailed, (QStringList{first} + details).join(u'\r'), serverSilent);
+}
 
 }  // namespace mail

@@ -8,7 +8,6 @@
 #include "platform/mail/bodies.h"
 #include "platform/mail/headers.h"
 #include "platform/mail/html_text.h"
-#include "platform/mail/mime.h"
 #include "platform/mail/smtp_transfer.h"
 #include "platform/values/dates.h"
 
@@ -73,7 +72,9 @@ void MailMessage::SendEmail() const {
   }
   mail.from = from.front().address;
   mail.recipients = envelope(to, copy);
-  mail.message = mimeMessage(headers, bodies, Attachments.files());
+  mail.headers = headers;
+  mail.bodies = bodies;
+  mail.files = Attachments.files();
   transfer(mail, settings());
 }
 

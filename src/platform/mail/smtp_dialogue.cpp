@@ -1,8 +1,8 @@
 #include "platform/mail/smtp_dialogue.h"
 
+#include <QRegularExpression>
+#include <algorithm>
 #include <array>
-
-#include "platform/mail/answer_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,12 +11,17 @@ namespace mail {
 namespace {
 
 constexpr qsizetype kKeptBytes = 4000;
+constexpr qsizetype kShownLines = 4;
+constexpr qsizetype kShownLength = 120;
 constexpr int kMostLines = 500;             // an answer of more has no end
 constexpr qint64 kGoodbyePatience = 2'000;  // milliseconds
 constexpr char kStartTls[] = "STARTTLS";
+constexpr char kAuth[] = "AUTH";
+constexpr char kRecipient[] = "RCPT TO";
 
 constexpr const char16_t* kLate = u"o servidor de e-mail não respondeu a tempo";
 constexpr const char16_t* kNoSafeLine = u"o servidor não iniciou a conexão segura";
+constexpr const char16_t* kTooLarge = u"a mensagem é grande demais para o servidor";
 constexpr const char16_t* kEndless = u"o servidor de e-mail respondeu com linhas demais";
 
 struct Step {
@@ -28,9 +33,9 @@ constexpr std::array<Step, 7> kSteps{{
     {"EHLO", u"o servidor recusou a conexão"},
     {"HELO", u"o servidor recusou a conexão"},
     {kStartTls, kNoSafeLine},
-    {"AUTH", u"o servidor recusou o usuário ou a senha"},
+    {kAuth, u"o servidor recusou o usuário ou a senha"},
     {"MAIL FROM", u"o servidor recusou o remetente %1"},
-    {"RCPT TO", u"o servidor recusou o destinatário %1"},
+    {kRecipient, u"o servidor recusou o destinatário %1"},
     {"DATA", u"o servidor recusou a mensagem"},
 }};
 
@@ -67,6 +72,32 @@ QString addressIn(const QByteArray& command) {
 /// Whether a line of an answer offers TLS, in whatever letters.
 bool offersTls(const QByteArray& line) {
   return line.mid(4).simplified().toUpper().split(' ').first() == kStartTls;
+}
+
+/// Whether an answer refuses a message for its size: by a code of its own (RFC 3463), or by 552 alone, which
+/// in the answer to a recipient is that of a full mailbox.
+bool isForSize(const QByteArray& answer, const QByteArray& command) {
+  static const QRegularExpression own(u"^5\\d\\d[ -]5\\.(3\\.4|2\\.3)\\b"_s);
+  static const QRegularExpression bare(u"^552(?![ -]\\d\\.\\d)"_s);
+  const QString text = QString::fromLatin1(answer);
+  return text.contains(own) || (command != kRecipient && text.contains(bare));
+}
+
+bool isShown(QChar c) { return c == u'\n' || (c.isPrint() && c.category() != QChar::Other_Format); }
+
+/// A server's answer for an error box: its first lines, cut to a length that fits, without control characters
+/// and secrets.
+QString answerText(const QByteArray& answer, const QStringList& secrets) {
+  QString text = QString::fromUtf8(answer);
+  std::ranges::replace_if(
+      text, [](QChar c) { return !isShown(c); }, QChar(u' '));
+  for (const QString& secret : secrets) text.replace(secret, u"•••"_s, Qt::CaseInsensitive);
+  QStringList lines;
+  for (const QString& line : text.split(u'\n'))
+    if (const QString words = line.simplified(); !words.isEmpty())
+      lines << (words.size() > kShownLength ? words.first(kShownLength) + u'…' : words);
+  if (lines.size() > kShownLines) lines = lines.first(kShownLines) << u"…"_s;
+  return lines.join(u'\r');
 }
 
 }  // namespace
@@ -149,6 +180,7 @@ bool Dialogue::refused() const { return answer_.startsWith('4') || answer_.start
 
 QString Dialogue::failure(CURLcode result) const {
   if (!ended_.isEmpty()) return ended_;
+  if (refused() && isForSize(answer_, command_)) return QString::fromUtf16(kTooLarge);
   if (refused() && !step_.isEmpty()) return step_;
   for (const Fault& fault : kFaults)
     if (fault.code == result) return QString::fromUtf16(fault.failure);
@@ -161,7 +193,10 @@ bool Dialogue::silence(CURLcode result) const {
 }
 
 QStringList Dialogue::details(const QString& server) const {
-  const QString answer = answerText(answer_, secrets_);
+  // What a server makes of a password in its answer to the login is anybody's guess: the code alone is shown.
+  const QString answer = command_ == kAuth && !answer_.isEmpty()
+                             ? QString::number(answer_.left(3).toInt()) + u" •••"_s
+                             : answerText(answer_, secrets_);
   return {u"Servidor: "_s + server, u"Resposta: "_s + (answer.isEmpty() ? u"nenhuma"_s : answer)};
 }
 

@@ -21,6 +21,9 @@ class Dialogue {
 
   void listenTo(CURL* handle);
 
+  /// Whether the line is, so far.
+  [[nodiscard]] bool encrypted() const { return encrypted_; }
+
   /// What failed, in Portuguese, as the end of "O e-mail não foi enviado: …".
   [[nodiscard]] QString failure(CURLcode result) const;
   /// Whether the server could not be reached or did not answer in time.

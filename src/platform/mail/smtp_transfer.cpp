@@ -1,11 +1,8 @@
 #include "platform/mail/smtp_transfer.h"
 
-#include <curl/curl.h>
-
-#include <algorithm>
-#include <memory>
-
+#include "platform/mail/curl_handles.h"
 #include "platform/mail/mail_error.h"
+#include "platform/mail/mime.h"
 #include "platform/mail/smtp_dialogue.h"
 
 using namespace Qt::StringLiterals;
@@ -15,33 +12,6 @@ namespace mail {
 namespace {
 
 constexpr int kTlsPort = 465;
-
-template <auto release>
-struct Releaser {
-  template <class T>
-  void operator()(T* thing) const {
-    release(thing);
-  }
-};
-using Handle = std::unique_ptr<CURL, Releaser<curl_easy_cleanup>>;
-using Url = std::unique_ptr<CURLU, Releaser<curl_url_cleanup>>;
-using Text = std::unique_ptr<char, Releaser<curl_free>>;
-
-struct ListReleaser {
-  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-};
-using List = std::unique_ptr<curl_slist, ListReleaser>;
-
-List makeList(const std::vector<QByteArray>& entries) {
-  List list;
-  for (const QByteArray& entry : entries) {
-    curl_slist* grown = curl_slist_append(list.get(), entry.constData());
-    if (grown == nullptr) throw std::bad_alloc();
-    static_cast<void>(list.release());
-    list.reset(grown);
-  }
-  return list;
-}
 
 Handle makeHandle() {
   static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
@@ -71,21 +41,6 @@ Url serverUrl(const QString& server) {
 
 bool isEncrypted(CURLU* url) { return partOf(url, CURLUPART_SCHEME) == "smtps"; }
 
-/// Gives the message to the client piece by piece.
-struct Upload {
-  const QByteArray& message;
-  qsizetype sent = 0;
-
-  static size_t read(char* room, size_t size, size_t count, void* self) {
-    auto* upload = static_cast<Upload*>(self);
-    const qsizetype bytes =
-        std::min(upload->message.size() - upload->sent, static_cast<qsizetype>(size * count));
-    std::copy_n(upload->message.constData() + upload->sent, bytes, room);
-    upload->sent += bytes;
-    return static_cast<size_t>(bytes);
-  }
-};
-
 template <class Value>
 void set(CURL* handle, CURLoption option, Value value) {
   curl_easy_setopt(handle, option, value);
@@ -108,40 +63,57 @@ void setSafety(CURL* handle, const QByteArray& caFile) {
   if (!caFile.isEmpty()) set(handle, CURLOPT_CAINFO, caFile.constData());
 }
 
-}  // namespace
-
-void transfer(const Outgoing& mail, const Settings& settings) {
-  const Url url = serverUrl(mail.server);
-  const List recipients = makeList(mail.recipients);
-  const QByteArray user = mail.username.toUtf8();
-  const QByteArray password = mail.password.toUtf8();
-  const QByteArray caFile = settings.caFile.toLocal8Bit();
-  Upload upload{mail.message};
-  Dialogue dialogue(isEncrypted(url.get()), mail.password, settings.stallTimeout);
-
-  const Handle handle = makeHandle();
-  CURL* curl = handle.get();
-  set(curl, CURLOPT_CURLU, url.get());
+/// All but the message.
+void prepare(CURL* curl, CURLU* url, const Outgoing& mail, const Settings& settings, Dialogue& dialogue) {
+  set(curl, CURLOPT_CURLU, url);
   set(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
-  set(curl, CURLOPT_MAIL_FROM, mail.from.constData());
-  set(curl, CURLOPT_MAIL_RCPT, recipients.get());
-  if (!user.isEmpty()) {
-    set(curl, CURLOPT_USERNAME, user.constData());
-    set(curl, CURLOPT_PASSWORD, password.constData());
+  if (!mail.username.isEmpty()) {
+    set(curl, CURLOPT_USERNAME, mail.username.toUtf8().constData());
+    set(curl, CURLOPT_PASSWORD, mail.password.toUtf8().constData());
     // The methods that take user and password as they are, whatever else the server offers.
     set(curl, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
   }
   setLimits(curl, settings);
-  setSafety(curl, caFile);
+  setSafety(curl, settings.caFile.toLocal8Bit());
   dialogue.listenTo(curl);
-  set(curl, CURLOPT_UPLOAD, 1L);
-  set(curl, CURLOPT_READFUNCTION, &Upload::read);
-  set(curl, CURLOPT_READDATA, &upload);
-  set(curl, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(mail.message.size()));
+}
 
+void perform(CURL* curl, const Dialogue& dialogue, const QString& server) {
   const CURLcode result = curl_easy_perform(curl);
-  if (result != CURLE_OK)
-    fail(dialogue.failure(result), dialogue.details(mail.server), dialogue.silence(result));
+  if (result != CURLE_OK) fail(dialogue.failure(result), dialogue.details(server), dialogue.silence(result));
+}
+
+}  // namespace
+
+bool tryLogin(const Outgoing& login, const Settings& settings) {
+  const Url url = serverUrl(login.server);
+  Dialogue dialogue(isEncrypted(url.get()), login.password, settings.stallTimeout);
+  const Handle handle = makeHandle();
+  prepare(handle.get(), url.get(), login, settings, dialogue);
+  set(handle.get(), CURLOPT_NOBODY, 1L);
+  set(handle.get(), CURLOPT_CUSTOMREQUEST, "NOOP");
+  perform(handle.get(), dialogue, login.server);
+  return dialogue.encrypted();
+}
+
+void transfer(const Outgoing& mail, const Settings& settings) {
+  const Url url = serverUrl(mail.server);
+  const List recipients = makeList(mail.recipients);
+  Dialogue dialogue(isEncrypted(url.get()), mail.password, settings.stallTimeout);
+
+  const Handle handle = makeHandle();
+  CURL* curl = handle.get();
+  const Parts parts = makeParts(curl, mail.bodies, mail.files);
+  std::vector<QByteArray> lines = mail.headers;
+  lines.push_back(parts.typeHeader);
+  const List headers = makeList(lines);
+  prepare(curl, url.get(), mail, settings, dialogue);
+  set(curl, CURLOPT_MAIL_FROM, mail.from.constData());
+  set(curl, CURLOPT_MAIL_RCPT, recipients.get());
+  set(curl, CURLOPT_HTTPHEADER, headers.get());
+  set(curl, CURLOPT_MIMEPOST, parts.mime.get());
+
+  perform(curl, dialogue, mail.server);
 }
 
 }  // namespace mail

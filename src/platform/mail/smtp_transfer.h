@@ -4,6 +4,7 @@
 #include <QString>
 #include <vector>
 
+#include "platform/mail/bodies.h"
 #include "platform/mail/mail_message.h"
 
 namespace mail {
@@ -15,8 +16,14 @@ struct Outgoing {
   QString password;
   QByteArray from;                     ///< bare address
   std::vector<QByteArray> recipients;  ///< bare addresses
-  QByteArray message;                  ///< whole, in lines that end in CR LF
+  std::vector<QByteArray> headers;     ///< without line ends
+  std::vector<Body> bodies;            ///< the same text in one or more forms, the plainest first
+  std::vector<AttachmentList::File> files;
 };
+
+/// Connects and logs in, and sends nothing: of `login` only server and user count. Whether the line was
+/// encrypted. Raises as transfer does.
+[[nodiscard]] bool tryLogin(const Outgoing& login, const Settings& settings);
 
 /// Hands it to the server and waits. Raises values::kMailFailed, with the step and the server's answer.
 void transfer(const Outgoing& mail, const Settings& settings);

@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -9,6 +10,7 @@
 #include <functional>
 
 #include "platform/files/contents.h"
+#include "platform/files/log_file.h"
 #include "platform/files/paths.h"
 #include "support/errors.h"
 
@@ -48,6 +50,21 @@ TEST_F(Files, AFileMadeAfterAFailedLookIsFound) {
   EXPECT_TRUE(files::exists(u"c:\\FOTO.JPG"_s));
   files::remove(u"c:\\FOTO.JPG"_s);
   EXPECT_FALSE(files::exists(u"c:\\FOTO.JPG"_s));
+}
+
+TEST_F(Files, TheLogIsDatedStaysWithinItsSizeAndKeepsOneOldFile) {
+  files::logInto(on(u"estado/zarim.log"_s));
+  files::log(u"primeira linha"_s);
+  EXPECT_TRUE(files::readLines(files::logPath())
+                  .first()
+                  .startsWith(QDateTime::currentDateTime().toString(u"yyyy-MM-dd "_s)));
+  const QString line(999, u'ç');
+  for (int i = 0; i < 1500; ++i) files::log(line);
+  const QDir folder(on(u"estado"_s));
+  EXPECT_EQ(folder.entryList(QDir::Files), (QStringList{u"zarim.log"_s, u"zarim.log.1"_s}));
+  for (const QFileInfo& file : folder.entryInfoList(QDir::Files)) EXPECT_LE(file.size(), 1'000'000);
+  EXPECT_TRUE(files::readAll(on(u"estado/zarim.log"_s)).endsWith("\xC3\xA7\n"));
+  files::logInto({});
 }
 
 TEST_F(Files, LinesOfEveryKind) {

@@ -21,8 +21,6 @@ namespace {
 
 class Kept : public ::testing::Test {
  protected:
-  ~Kept() override { KeptFile::setBeforeDisk({}); }
-
   [[nodiscard]] std::unique_ptr<KeptFile> file() const {
     return std::make_unique<KeptFile>(folder(), u".x"_s);
   }
@@ -123,8 +121,8 @@ TEST_F(Kept, ChangesNoRightsThroughALinkInItsPlace) {
 }
 
 TEST_F(Kept, HoldsNobodyUpOnASlowDisk) {
-  KeptFile::setBeforeDisk([] { std::this_thread::sleep_for(300ms); });
   auto own = file();
+  own->look([](const auto&) { std::this_thread::sleep_for(300ms); });
   QElapsedTimer since;
   since.start();
   for (int i = 0; i < 100; ++i) own->keep(QByteArray::number(i) + '\n');

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <curl/curl.h>
+
+#include <QByteArray>
+#include <memory>
+#include <new>
+#include <vector>
+
+// What the client hands out, given back when its owner goes.
+namespace mail {
+
+template <auto release>
+struct Releaser {
+  template <class T>
+  void operator()(T* thing) const {
+    release(thing);
+  }
+};
+using Handle = std::unique_ptr<CURL, Releaser<curl_easy_cleanup>>;
+using Url = std::unique_ptr<CURLU, Releaser<curl_url_cleanup>>;
+using Text = std::unique_ptr<char, Releaser<curl_free>>;
+using List = std::unique_ptr<curl_slist, Releaser<curl_slist_free_all>>;
+using Mime = std::unique_ptr<curl_mime, Releaser<curl_mime_free>>;
+
+[[nodiscard]] inline List makeList(const std::vector<QByteArray>& entries) {
+  List list;
+  for (const QByteArray& entry : entries) {
+    curl_slist* grown = curl_slist_append(list.get(), entry.constData());
+    if (grown == nullptr) throw std::bad_alloc();
+    static_cast<void>(list.release());
+    list.reset(grown);
+  }
+  return list;
+}
+
+}  // namespace mail

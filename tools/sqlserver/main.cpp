@@ -1,0 +1,32 @@
+// The test server as a program, for the proof of the package; no part of it. Ends with SIGTERM.
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFile>
+#include <cstdio>
+
+#include "sqlserver/tds_server.h"
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  QCommandLineParser parser;
+  parser.setApplicationDescription(u"Serves an empty database as a SQL Server does; prints its port."_s);
+  parser.addHelpOption();
+  parser.addOption({u"refuse-in"_s,
+                    u"Refuses the rights that the file names, a line each (\"DELETE prot\")."_s, u"file"_s});
+  parser.process(application);
+  sqlserver::TdsServer server;
+  const QString list = parser.value(u"refuse-in"_s);
+  server.setFault([list](const QString& statement) {
+    QFile file(list);
+    const QString right = sqlserver::TdsServer::rightOf(statement);
+    const bool refused = !right.isEmpty() && file.open(QIODevice::ReadOnly) &&
+                         file.readAll().split('\n').contains(right.toUtf8());
+    return refused ? sqlserver::TdsServer::Act::Refuse : sqlserver::TdsServer::Act::Answer;
+  });
+  std::printf("%d\n", server.port());
+  std::fflush(stdout);
+  return QCoreApplication::exec();
+}
