@@ -12,6 +12,7 @@
 #include "platform/data/odbc_batch.h"
 #include "platform/data/odbc_fields.h"
 #include "platform/data/odbc_string.h"
+#include "platform/data/server_trust.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -89,7 +90,8 @@ OdbcEngine::OdbcEngine(const QString& connectionString, int timeout)
   database_.setNumericalPrecisionPolicy(QSql::HighPrecision);
   database_.setConnectOptions(u"SQL_ATTR_LOGIN_TIMEOUT=%1"_s.arg(
       loginTimeout(connectionString, timeout)));  // a blank would make Qt ignore it
-  database_.setDatabaseName(odbcString(connectionString, qEnvironmentVariable("TDSPORT"), timeout));
+  const ServerTrust trust(connectionString);
+  database_.setDatabaseName(odbcString(trust.connectionString(), qEnvironmentVariable("TDSPORT"), timeout));
   if (database_.open()) return;
   const QString text = words(database_.lastError());
   database_ = {};

@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <thread>
 
 #include "platform/data/connection.h"
@@ -203,6 +205,37 @@ TEST(ServerString, LeavesThePortToANamedInstance) {
       10);
   EXPECT_TRUE(connection.isOpen());
   EXPECT_TRUE(machine.asked.startsWith("EXPRESS"));
+}
+
+/// What a server that shows its certificate to the program gets to read.
+QString readBy(const QString& certificate, const QString& authorities, const QString& name) {
+  QProcess server;
+  server.start(u"/usr/bin/python3"_s, {QStringLiteral(ZARIM_SOURCE_DIR "/tests/support/tls_sql_server.py"),
+                                       certificate, certificate + u".key"_s});
+  EXPECT_TRUE(server.waitForReadyRead());
+  const QString port = QString::fromLatin1(server.readLine().trimmed());
+  const QString string =
+      u"driver={SQL Server};server=%1;CAFile=%2;port=%3;uid=vendas;pwd=Segredo1;database=d"_s.arg(
+          name, authorities, port);
+  data::Connection connection;
+  EXPECT_EQ(errorOf([&] { connection.open(string, 10); }), values::kConnectionFailed);
+  EXPECT_TRUE(server.waitForFinished());
+  return QString::fromLatin1(server.readAll().trimmed());
+}
+
+TEST(ServerString, SendsNoLoginToAServerWithoutACertificateOfItsAuthorities) {
+  const QTemporaryDir folder;
+  const QString own = folder.filePath(u"own.pem"_s), impostor = folder.filePath(u"impostor.pem"_s);
+  for (const QString& file : {own, impostor})
+    ASSERT_EQ(QProcess::execute(u"openssl"_s,
+                                {u"req"_s, u"-x509"_s, u"-newkey"_s, u"rsa:2048"_s, u"-nodes"_s, u"-subj"_s,
+                                 u"/CN=localhost"_s, u"-addext"_s, u"subjectAltName=DNS:localhost"_s,
+                                 u"-keyout"_s, file + u".key"_s, u"-out"_s, file}),
+              0);
+  EXPECT_GT(readBy(own, own, u"localhost"_s).toInt(), 0);
+  EXPECT_EQ(readBy(impostor, own, u"localhost"_s), u"refused"_s);
+  EXPECT_EQ(readBy(own, own, u"127.0.0.1"_s), u"refused"_s) << "another name";
+  EXPECT_EQ(readBy(own, folder.filePath(u"none.pem"_s), u"localhost"_s), u"refused"_s);
 }
 
 }  // namespace
