@@ -11,7 +11,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 [ "$(id -u)" = 0 ] || fail "packaging/prove.sh wants root: it makes a Debian of its own and enters it."
 install_packages setup/packages.txt setup/package_packages.txt
 package=${1:-}
-[ -n "$package" ] || { ./package.sh >/dev/null && package=$(ls build/package/*.deb); }
+[ -n "$package" ] || { ./package.sh >/dev/null && package=$(ls build/deb/*.deb); }
 [ -f "$package" ] || fail "There is no package $package."
 
 work=$PWD/build/prove root=$PWD/build/prove/root log=$PWD/.run/log/prove.log
