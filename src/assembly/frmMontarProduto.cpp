@@ -5,6 +5,7 @@
 
 #include "run/program_title.h"
 #include "shared/column_lengths.h"
+#include "shared/text.h"
 #include "shared/theme.h"
 
 using namespace Qt::StringLiterals;
@@ -57,7 +58,7 @@ frmMontarProduto::frmMontarProduto() {
     connect(tecla, &QShortcut::activated, this, [this, aba] {
       SSTab1->setCurrentIndex(aba);
       focus(txtCOD);
-      forms::selectText(txtCOD);
+      SelecionaTextoAtivo();
     });
   }
 }

@@ -18,6 +18,8 @@ void frmPropCmrcTL::LimpaTela() {
   MontaGridItens();
   MontaGridHomenageados();
   MontaGridMontagem();
-  forms::form<frmConfirmaPropCmrcTL>().PreparaGradeParcelas();
+  MontaGridParcelas();
   mostraSituacao();
 }
+
+void frmPropCmrcTL::MontaGridParcelas() { forms::form<frmConfirmaPropCmrcTL>().PreparaGradeParcelas(); }

@@ -53,6 +53,8 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
 
   void MontaGridMontagem();
   void MontaGridHomenageados();
+  static void MontaGridParcelas();
+  static void MontaGridMontagemProduto();
 
   /// Fills the screen with the quote whose number is in txtCodigo (loading.cpp).
   void CarregaOrcamento();

@@ -37,11 +37,13 @@ void frmPropCmrcTL::alteraItem() {
   mostraMontagem();
 }
 
+void frmPropCmrcTL::MontaGridMontagemProduto() { forms::form<frmMontarProduto>().PreparaGradeMontagem(); }
+
 void frmPropCmrcTL::passaParaMontagem(int linha) {
   using namespace grades;
   auto& tela = forms::form<frmMontarProduto>();
   const auto celula = [this, linha](item::Column coluna) { return Flex->grid().text(linha, coluna); };
-  tela.PreparaGradeMontagem();
+  MontaGridMontagemProduto();
   for (int i = 1; i < FlexMonta.rows(); ++i) {
     if (leNumero(FlexMonta.text(i, material::VinculoComFlex)) != linha) continue;
     // These two have no column for the link: it is left out.

@@ -96,7 +96,7 @@ void frmPropCmrcTL::txtDesconto_GotFocus() {
   avisa(
       u"Para usar o campo desconto:\rEm valores - Basta informar o valor do desconto;\r"
       "Em percentual - Basta informar o valor em percentual e acrescentar o sinal % no final do valor"_s);
-  txtDesconto->selectAll();
+  SelecionaTextoAtivo();
 }
 
 void frmPropCmrcTL::txtDesconto_LostFocus() {

@@ -39,7 +39,7 @@ Asked<GridRow> leMaterial(data::Recordset rs, QString linhaFlex) {
 }
 
 /// The materials of one item, tied to row linhaFlex of the items.
-Asked<std::vector<GridRow>> leMontagem(QString idOrcamento, QString idDetalhe, QString linhaFlex) {
+Asked<std::vector<GridRow>> CarregaMontagem(QString idOrcamento, QString idDetalhe, QString linhaFlex) {
   const data::Recordset rs =
       co_await pedeConsulta(u"SELECT * From PROP_CMRC_DETA_MONTA Where IDPROP_CMRC = '"_s + idOrcamento +
                             u"' and idPROP_CMRC_DETA = '"_s + idDetalhe + u"'"_s);
@@ -80,7 +80,7 @@ Asked<ItemLido> leItem(data::Recordset rs, QString idOrcamento, QString linhaFle
   auto pedeCodigo = produto ? CodigoProduto(id) : ValidaPrototipo(id);
   auto pedeDescricao = produto ? DescricaoProduto(id) : DescricaoPrototipo(id);
   auto pedeIdUnidade = produto ? UnidadeProduto(id) : UnidadePrototipo(id);
-  auto pedeMontagem = leMontagem(idOrcamento, rs.text(u"idPROP_CMRC_DETA"), linhaFlex);
+  auto pedeMontagem = CarregaMontagem(idOrcamento, rs.text(u"idPROP_CMRC_DETA"), linhaFlex);
 
   DadosDoItem dados;
   const QString idUnidade = co_await pedeIdUnidade;

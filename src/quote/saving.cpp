@@ -30,9 +30,12 @@ QString numeroGravado(const data::Recordset& rs, QStringView campo) {
   return rs.eof() ? u"0"_s : rs.text(campo);
 }
 
-QString montaDelete(const QString& tabela, const QString& idOrcamento) {
+QString deleteDe(const QString& tabela, const QString& idOrcamento) {
   return u"DELETE FROM "_s + tabela + u" WHERE (idPROP_CMRC="_s + idOrcamento + u")"_s;
 }
+QString MontaDeleteDetalhes(const QString& id) { return deleteDe(u"PROP_CMRC_DETA"_s, id); }
+QString MontaDeleteMontagem(const QString& id) { return deleteDe(u"PROP_CMRC_DETA_MONTA"_s, id); }
+QString MontaDeleteHomenageados(const QString& id) { return deleteDe(u"PROP_CMRC_HOMG"_s, id); }
 
 /// Marks an approved prototype; the mark stays even if the approval is taken back later.
 QString AprovaPrototipo(const QString& idProt, const QString& idOrcamento, const QString& dataAprovacao) {
@@ -102,9 +105,9 @@ void frmPropCmrcTL::gravaAlteracao() {
     const forms::WaitPointer espera;
     c.Conexao.begin();
     executa({{maiusculas(MontaUpdateOrcamento())},
-             {montaDelete(u"PROP_CMRC_DETA"_s, id)},
-             {montaDelete(u"PROP_CMRC_DETA_MONTA"_s, id)},
-             {montaDelete(u"PROP_CMRC_HOMG"_s, id)}});
+             {MontaDeleteDetalhes(id)},
+             {MontaDeleteMontagem(id)},
+             {MontaDeleteHomenageados(id)}});
     // Remarks of items and names of honorees keep their case when a quote is altered.
     confirma(id, gravaLinhas(id, Caixa::ComoDigitada));
   }

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/forms/masked_box.h"
+#include "platform/forms/form.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "run/context.h"
@@ -77,6 +77,12 @@ QString TiraAcentos(const QString& texto) {
     if (const qsizetype lugar = kCom.indexOf(c); lugar >= 0) c = kSem[lugar];
   }
   return limpo;
+}
+
+void SelecionaTextoAtivo() {
+  const QList<forms::Form*> telas = forms::registry::shown();
+  QWidget* campo = telas.isEmpty() ? nullptr : telas.last()->focusWidget();
+  if (campo != nullptr) forms::selectText(campo);
 }
 
 void AbreMailto(const QString& endereco) {

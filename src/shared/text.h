@@ -34,6 +34,8 @@ void RestauraMascara(forms::MaskedBox* caixa);
 
 /// Without accents where the configuration wants it so.
 [[nodiscard]] QString TiraAcentos(const QString& texto);
+/// Selects the text of the field that has the focus in the form on top.
+void SelecionaTextoAtivo();
 /// Opens the user's mail program for an address that is not empty.
 void AbreMailto(const QString& endereco);
 
