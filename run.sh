@@ -35,7 +35,7 @@ trap stop_servers EXIT
 start_catcher() {
   mkdir -p "$1"
   : >"$state/log/mail.log"
-  /usr/bin/python3 tools/servers/mailcatcher.py --folder "$1" --port "$2" ${3:+--limit "$3"} >"$state/log/mail.log" 2>&1 </dev/null &
+  /usr/bin/python3 tools/servers/mailcatcher.py --describe --folder "$1" --port "$2" ${3:+--limit "$3"} >"$state/log/mail.log" 2>&1 </dev/null &
   catcher=$!
   for _ in $(seq 100); do
     grep -q 'Mail for' "$state/log/mail.log" && return

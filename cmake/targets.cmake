@@ -27,6 +27,13 @@ function(zarim_precompile target owner)
   endif()
 endfunction()
 
+# What differs between systems stands in sources x_unix.cpp and x_windows.cpp, of which a build takes one.
+if(WIN32)
+  set(ZARIM_OTHER_SYSTEM unix)
+else()
+  set(ZARIM_OTHER_SYSTEM windows)
+endif()
+
 # zarim_floor(NAME folders... LINKS libraries...): a layer of the program, a static library of all sources of the folders.
 function(zarim_floor name)
   cmake_parse_arguments(ARG "" "" "FOLDERS;LINKS" ${ARGN})
@@ -37,7 +44,7 @@ function(zarim_floor name)
                          ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.ui)
   endforeach()
   file(GLOB sources CONFIGURE_DEPENDS ${patterns})
-  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$|_${ZARIM_OTHER_SYSTEM}\\.cpp$")
   # Made by rules of their own: CMake's would not say which headers come of a .ui file, and what includes them would be
   # compiled a build too late.
   set(made ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)

@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 install_packages setup/packages.txt setup/windows_packages.txt
 [ -d build/release/src/zarim_screens_autogen ] || fail "Build first: ./test.sh"
-[ "$#" -gt 0 ] || mapfile -t sources < <(git ls-files 'src/*.cpp')
+[ "$#" -gt 0 ] || mapfile -t sources < <(git ls-files 'src/*.cpp' | grep -v '_unix\.cpp$')
 [ "$#" = 0 ] || sources=("$@")
 
 # Nothing of the system's own headers but those of the two libraries that are the same everywhere.

@@ -1,3 +1,5 @@
+#include <QScopeGuard>
+
 #include "documents/company_texts.h"
 #include "documents/contacts.h"
 #include "documents/item_fields.h"
@@ -167,12 +169,12 @@ void imprimeEmPdf(WordProcessor& word, const QString& pdf, const QString& primei
   office::PdfPrinterSettings impressora;
   for (const auto& [nome, valor] : ajustes) impressora.setValue(QString::fromUtf16(nome), valor);
   impressora.writeSettings();
+  const auto volta = qScopeGuard([&] { office::setDefaultPrinter(primeiraImpressora); });
   const QString impressoraPdf = QString::fromUtf16(office::kPdfPrinter);
   if (office::printers().contains(impressoraPdf)) office::setDefaultPrinter(impressoraPdf);
   word.setActivePrinter(impressoraPdf);
   word.printOut();
   word.closeDocument();
-  office::setDefaultPrinter(primeiraImpressora);
   word.setActivePrinter(primeiraImpressora);
   word.quit();
 }

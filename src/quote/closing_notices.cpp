@@ -25,10 +25,7 @@ class Avisos {
       : tela_(tela), numero_(numero), assunto_(u"Orçamento Nr.:"_s + numero + u" Aprovado!"_s) {}
 
   void envia(const QString& evento, const QString& anexo) {
-    if (erro_ && erro_->serverSilent()) {
-      if (temDestinatarioWorkFlow(evento)) falta(evento);
-      return;
-    }
+    if (erro_ && erro_->serverSilent()) return desiste(evento);
     try {
       EnviaAvisoWorkFlow(tela_, evento, u"EMAIL"_s, assunto_, true, anexo);
     } catch (const mail::MailError& erro) {
@@ -38,10 +35,15 @@ class Avisos {
     }
   }
 
+  /// Leaves one out.
+  void desiste(const QString& evento) {
+    if (temDestinatarioWorkFlow(evento)) falta(evento);
+  }
+
   /// Whether all went; else says which did not, and why.
   bool confere() const {
-    if (!erro_) return true;
-    forms::showRuntimeError(*erro_);
+    if (faltam_.isEmpty()) return true;
+    if (erro_) forms::showRuntimeError(*erro_);
     avisaFalha(
         u"O orçamento nr. %1 está fechado. Avisos não enviados: %2"_s.arg(numero_, faltam_.join(u", "_s)));
     return false;
@@ -64,11 +66,12 @@ class Avisos {
 
 /// Sends the notices of a closing to those who subscribe to them, and writes the detail file that goes with
 /// the full one. A file that can't be written is an error of the program, raised once the notices have been
-/// tried.
+/// tried; where the user gives it up the full notice is left out.
 bool frmPropCmrcTL::avisaFechamento() {
   const QString numero = values::format(txtRowId->text(), u"000000");
   QString& arquivo = documento().ArquivoDetalheOrca;
   std::exception_ptr detalhe;
+  bool completo = true;
   Avisos avisos(*this, numero);
   {
     const forms::WaitPointer espera;
@@ -81,9 +84,14 @@ bool frmPropCmrcTL::avisaFechamento() {
       MontaDetalheOrcaHTML(documento().IdDocumento, arquivo);
     } catch (const values::RuntimeError&) {
       detalhe = std::current_exception();
+    } catch (const values::Cancelled&) {
+      completo = false;
     }
     avisos.envia(u"AVISOORCAFECHADO"_s, {});
-    avisos.envia(u"AVISOORCAFECHADOFULL"_s, arquivo);
+    if (completo)
+      avisos.envia(u"AVISOORCAFECHADOFULL"_s, arquivo);
+    else
+      avisos.desiste(u"AVISOORCAFECHADOFULL"_s);
   }
   const bool todos = avisos.confere();
   if (detalhe) std::rethrow_exception(detalhe);

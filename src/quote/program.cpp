@@ -1,9 +1,9 @@
 #include "quote/program.h"
 
-#include <QStandardPaths>
-
 #include "draft/keeper.h"
 #include "help/help_keys.h"
+#include "platform/files/profile.h"
+#include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
@@ -12,6 +12,7 @@
 int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
   aplicacao.setQuitOnLastWindowClosed(false);
   forms::applyStyle();
+  forms::askAboutHeldFiles();
   aplicacao.setWindowIcon(iconeDoPrograma());
   TeclasDeAjuda teclasDeAjuda;
   aplicacao.installEventFilter(&teclasDeAjuda);
@@ -22,8 +23,7 @@ int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
         QObject::connect(&principal, &QObject::destroyed, &aplicacao, &QCoreApplication::quit,
                          Qt::QueuedConnection);
         principal.showForm();
-        rascunho::guarda().liga(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                                QStringLiteral("/rascunhos"));
+        rascunho::guarda().liga(files::profileFolder() + QStringLiteral("/rascunhos"));
       },
       QStringLiteral("frmPropCmrcTL.Form_Load"));
   const int status = aplicacao.exec();

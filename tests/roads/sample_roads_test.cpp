@@ -73,7 +73,8 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
   const QString mail = folder.path() + u"/mail"_s;
   const QString pictures = QStringLiteral(ZARIM_BINARY_DIR "/pictures");
   QDir().mkpath(pictures);
-  Server catcher(u"servers/mailcatcher.py"_s, {u"--folder"_s, mail, u"--limit"_s, u"400000"_s});
+  Server catcher(u"servers/mailcatcher.py"_s,
+                 {u"--describe"_s, u"--folder"_s, mail, u"--limit"_s, u"400000"_s});
   Server pictureServer(u"servers/pictureserver.py"_s, {u"--company"_s, drive + u"/zarim"_s});
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
   environment.insert(u"ZARIM_DRIVE_C"_s, drive);

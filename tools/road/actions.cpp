@@ -2,9 +2,12 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
+#include <memory>
 
 #include "driver.h"
 #include "hands/hands.h"
+#include "hands/held_file.h"
+#include "platform/files/paths.h"
 #include "platform/values/line_ends.h"
 #include "stage.h"
 
@@ -99,6 +102,16 @@ void setChecked(const Words& words, bool wanted) {
 
 void show(const Words& words) { controlNamed<QWidget>(words.at(0).text).show(); }
 
+std::unique_ptr<hands::HeldFile>& heldFile() {
+  static std::unique_ptr<hands::HeldFile> held;
+  return held;
+}
+
+void hold(const Words& words) {
+  heldFile() = std::make_unique<hands::HeldFile>(files::resolve(words.at(0).text));
+  if (!heldFile()->holds()) throw Failure(words.at(0).text + u" held open"_s, u"the system refuses"_s);
+}
+
 }  // namespace
 
 void act(const Step& step) {
@@ -112,6 +125,8 @@ void act(const Step& step) {
       {u"doubleclick"_s, doubleClick},
       {u"check"_s, [](const Words& words) { setChecked(words, true); }},
       {u"uncheck"_s, [](const Words& words) { setChecked(words, false); }},
+      {u"hold"_s, hold},
+      {u"release"_s, [](const Words&) { heldFile().reset(); }},
       {u"show"_s, show},
   };
   known.value(step.verb)(step.words);

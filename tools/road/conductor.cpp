@@ -1,7 +1,5 @@
 #include "conductor.h"
 
-#include <sys/prctl.h>
-
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -9,9 +7,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QSaveFile>
 #include <QTemporaryDir>
-#include <csignal>
+#include <QThread>
+#include <algorithm>
 #include <cstdio>
+
+#include "child.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,24 +24,11 @@ namespace {
 /// A step that takes longer hangs.
 constexpr qint64 kPatience = 180'000;
 constexpr int kLook = 200;
-
-void writeFile(const QString& name, const QByteArray& content) {
-  QFile file(name);
-  if (file.open(QIODevice::WriteOnly)) file.write(content);
-}
-
-volatile std::sig_atomic_t askedToEnd = 0;
-
-/// Lets a walk that is ended from outside, as by a time-out, take its files away first.
-void watchSignals() {
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-    std::signal(signal, [](int which) { askedToEnd = which; });
-}
+constexpr int kNap = 5;
 
 void startChild(QProcess& child, const QStringList& arguments) {
   child.setProcessChannelMode(QProcess::ForwardedChannels);
-  child.setChildProcessModifier(
-      [] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });  // not left alone when this one is killed
+  bindToThis(child);
   child.start(QCoreApplication::applicationFilePath(), arguments);
 }
 
@@ -52,7 +41,7 @@ bool waitFor(QProcess& child, const QString& progressFile) {
     const int now = Progress::read(progressFile).next;
     if (now != last) sinceMove.restart();
     last = now;
-    if (sinceMove.elapsed() < kPatience && askedToEnd == 0) continue;
+    if (sinceMove.elapsed() < kPatience && askedToEnd() == 0) continue;
     child.kill();
     child.waitForFinished();
     return false;
@@ -70,8 +59,13 @@ void Progress::write(const QString& file) const {
   const QJsonObject object{{u"next"_s, next},       {u"clock"_s, clock}, {u"commandLine"_s, commandLine},
                            {u"started"_s, started}, {u"ended"_s, ended}, {u"status"_s, status},
                            {u"failed"_s, failed}};
-  writeFile(file + u".part"_s, QJsonDocument(object).toJson());
-  std::rename(QFile::encodeName(file + u".part"_s).constData(), QFile::encodeName(file).constData());
+  // Where a file that is being read can't be replaced its reader is gone in a moment.
+  for (int tries = 0; tries < 100; ++tries) {
+    QSaveFile saved(file);
+    if (saved.open(QIODevice::WriteOnly) && saved.write(QJsonDocument(object).toJson()) > 0 && saved.commit())
+      return;
+    QThread::msleep(kNap);
+  }
 }
 
 Progress Progress::read(const QString& name) {
@@ -99,14 +93,15 @@ int conduct(const Road& road, const QString& pictures) {
   // Not in the system's temporary folder, where a walk that is killed would leave it, and what the engine
   // keeps in it.
   const QTemporaryDir folder(QFileInfo(pictures).absoluteFilePath() + u"/.walk-XXXXXX"_s);
-  qputenv("TMPDIR", QFile::encodeName(folder.path()));
-  watchSignals();
+  for (const char* variable : {"TMPDIR", "TEMP", "TMP"}) qputenv(variable, QFile::encodeName(folder.path()));
+  watchForEnd();
   const QString progressFile = folder.filePath(u"progress"_s);
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json");
+  qputenv("QT_QPA_PLATFORM", kDisplay);
   // A road prints on no printer of this machine's, unless a variable names a print server.
   if (!qEnvironmentVariableIsSet("CUPS_SERVER")) qputenv("CUPS_SERVER", "127.0.0.1:9");
   // What the program keeps of its user's goes with the road.
-  qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(u"data"_s)));
+  for (const char* variable : {"XDG_DATA_HOME", "LOCALAPPDATA"})
+    qputenv(variable, QFile::encodeName(folder.filePath(u"data"_s)));
 
   Progress progress;
   progress.write(progressFile);
@@ -117,7 +112,7 @@ int conduct(const Road& road, const QString& pictures) {
     const bool moved = waitFor(child, progressFile);
     progress = Progress::read(progressFile);
     if (progress.failed) return 1;
-    if (askedToEnd != 0) return 128 + askedToEnd;
+    if (askedToEnd() != 0) return 128 + askedToEnd();
     const Step& last = stepBefore(road, progress.next);
     if (!moved) {
       report(road, last, Failure(u"the program idle"_s, u"busy for %1 s"_s.arg(kPatience / 1000)));

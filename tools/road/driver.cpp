@@ -167,7 +167,7 @@ void Driver::perform(const Step& step) {
     waiting_.restart();
     if (step.verb == u"expect"_s || step.verb == u"wait"_s) return;
 
-    const QString& word = step.words.first().text;
+    const QString word = step.words.isEmpty() ? QString() : step.words.first().text;
     if (step.verb == u"clock"_s) {
       progress_.clock = word;
       setClock(word);

@@ -1,9 +1,11 @@
 #include "outside.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 
 #include "platform/data/connection.h"
 #include "platform/files/contents.h"
@@ -46,12 +48,15 @@ data::Connection connect() {
 QJsonArray readMail() {
   const QString folder = qEnvironmentVariable("ZARIM_MAIL_FOLDER");
   if (folder.isEmpty()) throw Failure(u"a mail catcher"_s, u"ZARIM_MAIL_FOLDER is not set"_s);
-  QProcess reader;
-  reader.start(u"/usr/bin/python3"_s, {QStringLiteral(ZARIM_SOURCE_DIR "/tools/road/read_mail.py"), folder});
-  if (!reader.waitForFinished() || reader.exitCode() != 0) {
-    throw Failure(u"readable mail in "_s + folder, QString::fromUtf8(reader.readAllStandardError()));
+  // A description without its message is half written.
+  QJsonArray messages;
+  for (const QFileInfo& message : QDir(folder).entryInfoList({u"*.eml"_s}, QDir::Files, QDir::Name)) {
+    QFile description(folder + u'/' + message.completeBaseName() + u".json"_s);
+    if (!description.open(QIODevice::ReadOnly))
+      throw Failure(u"the parts of "_s + message.fileName(), u"none"_s);
+    messages << QJsonDocument::fromJson(description.readAll()).object();
   }
-  return QJsonDocument::fromJson(reader.readAllStandardOutput()).array();
+  return messages;
 }
 
 bool fits(const QJsonObject& message, const Words& words) {

@@ -30,6 +30,8 @@ const QHash<QString, Shape>& shapes() {
       {u"doubleclick"_s, {1, 3, u"doubleclick GRID n [col]", false}},
       {u"check"_s, {1, 1, u"check OPTION", false}},
       {u"uncheck"_s, {1, 1, u"uncheck OPTION", false}},
+      {u"hold"_s, {1, 1, u"hold \"path\"", false}},
+      {u"release"_s, {0, 0, u"release", true}},
       {u"show"_s, {1, 1, u"show CONTROL", false}},
       {u"answer"_s, {1, 1, u"answer \"button\"", true}},
       {u"input"_s, {1, 1, u"input \"text\" or input cancel", true}},

@@ -5,11 +5,15 @@ The files are called 0001.eml, 0002.eml, … in the order of arrival and are who
 lines stand before the message itself: X-Envelope-From and X-Envelope-To, the recipients as the server received
 them, with ", " between them. Any login is taken, unless --user and --password name the one that is. Addresses
 whose domain ends in .invalid are refused, as those of mailboxes that aren't there, and messages beyond --limit.
+With --describe each has its parts beside it in NNNN.json.
 It ends with the process that started it, or on SIGTERM or SIGINT.
 """
 
 import argparse
 import asyncio
+import email
+import email.policy
+import json
 import logging
 import pathlib
 import re
@@ -22,11 +26,27 @@ sys.dont_write_bytecode = True  # nothing appears beside the installed files
 from parent import end_with_parent
 
 
+def described(content):
+    """A message's decoded parts, for the roads."""
+    message = email.message_from_bytes(content, policy=email.policy.default)
+    parts = [part for part in message.walk() if not part.is_multipart()]
+    files = [part.get_filename() for part in parts if part.get_filename()]
+    texts = [part.get_content() for part in parts if part.get_content_maintype() == "text" and not part.get_filename()]
+    return {
+        "from": str(message.get("From", "")),
+        "to": ", ".join(str(message.get(name, "")) for name in ("To", "Cc", "X-Envelope-To")),
+        "subject": str(message.get("Subject", "")),
+        "contains": "\n".join(texts).replace("\r\n", "\n"),
+        "attachment": ", ".join(files),
+    }
+
+
 class Folder:
     """Handler of the server: numbered files in one folder."""
 
-    def __init__(self, path):
+    def __init__(self, path, describe):
         self.path = pathlib.Path(path)
+        self.describe = describe
         self.path.mkdir(parents=True, exist_ok=True)
 
     def next_name(self):
@@ -43,7 +63,10 @@ class Folder:
         head = f"X-Envelope-From: {envelope.mail_from}\r\nX-Envelope-To: {', '.join(envelope.rcpt_tos)}\r\n"
         name = self.next_name()
         draft = self.path / (name + ".part")
-        draft.write_bytes(head.encode() + envelope.original_content)
+        content = head.encode() + envelope.original_content
+        draft.write_bytes(content)
+        if self.describe:
+            (self.path / name).with_suffix(".json").write_text(json.dumps(described(content)))
         draft.rename(self.path / name)
         return f"250 OK: kept as {name}"
 
@@ -59,7 +82,7 @@ def authenticator(user, password):
 
 
 async def serve(arguments):
-    folder = Folder(arguments.folder)
+    folder = Folder(arguments.folder, arguments.describe)
     check = authenticator(arguments.user, arguments.password)
     loop = asyncio.get_running_loop()
     server = await loop.create_server(
@@ -81,6 +104,7 @@ async def serve(arguments):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--folder", required=True, help="where the messages go")
+    parser.add_argument("--describe", action="store_true", help="keeps what the roads read beside each message")
     parser.add_argument("--port", type=int, default=2525, help="0 takes a free one")
     parser.add_argument("--user", help="the one login that is taken")
     parser.add_argument("--password", default="")

@@ -25,26 +25,6 @@ bool isServerString(const QString& connectionString) {
   return connectionString.contains("{SQL Server}"_L1, Qt::CaseInsensitive);
 }
 
-QString odbcString(const QString& connectionString, [[maybe_unused]] const QString& portOfEnvironment,
-                   [[maybe_unused]] int timeout) {
-  QString text = connectionString;
-  if (!text.endsWith(u';')) text += u';';  // Qt adds a NUL to the last value
-#ifndef Q_OS_WIN
-  if (isServerString(text)) {
-    // This driver has no default port, hangs on a silent server unless the version is pinned, and takes
-    // accents by the C locale unless set otherwise.
-    // An instance tells its port itself; a name of the driver's settings has one there.
-    const bool hasPort =
-        keyValue(text, u"server").value_or(QString()).contains(u'\\') || keyValue(text, u"Servername");
-    if (portOfEnvironment.isEmpty() && !keyValue(text, u"port") && !hasPort) text += "port=1433;"_L1;
-    if (!keyValue(text, u"TDS_Version")) text += "TDS_Version=7.4;"_L1;
-    if (!keyValue(text, u"Timeout")) text += u"Timeout=%1;"_s.arg(timeout);
-    if (!keyValue(text, u"ClientCharset")) text += "ClientCharset=UTF-8;"_L1;
-  }
-#endif
-  return text;
-}
-
 int loginTimeout(const QString& connectionString, int timeout) {
   bool good = false;
   const int own = keyValue(connectionString, u"Timeout").value_or(QString()).toInt(&good);

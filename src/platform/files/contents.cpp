@@ -1,12 +1,17 @@
 #include "platform/files/contents.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStringDecoder>
+#include <QThread>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
+#include <thread>
+#include <utility>
 
 #include "platform/files/paths.h"
 #include "platform/files/regular_file.h"
@@ -38,6 +43,25 @@ void openOrRaise(QFile& file, const QString& path, QIODevice::OpenMode mode) {
   if (const int fault = openRegular(file, path, mode); fault != 0) raiseFor(fault, path);
 }
 
+std::function<bool(const QString&)>& heldFileQuestion() {
+  static std::function<bool(const QString&)> question;
+  return question;
+}
+
+/// Waits until no other program holds a file: a virus scanner lets go by itself, a word processor doesn't.
+void waitUntilFree(const QString& found, const QString& path) {
+  using std::chrono::steady_clock;
+  constexpr std::chrono::milliseconds kNap{20}, kScan{500};
+  while (isHeld(found)) {
+    const auto end = steady_clock::now() + kScan;
+    while (isHeld(found) && steady_clock::now() < end) std::this_thread::sleep_for(kNap);
+    if (!isHeld(found)) return;
+    const bool here = qApp != nullptr && QThread::currentThread() == qApp->thread();
+    if (!here || !heldFileQuestion()) raise(values::kPermissionDenied, path);
+    if (!heldFileQuestion()(path)) throw values::Cancelled();
+  }
+}
+
 /// Windows-1252 differs from Latin-1 in these 32 places only.
 constexpr std::u16string_view kWindows1252 =
     u"\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\u008D\u017D\u008F"
@@ -55,11 +79,17 @@ QString decode(const QByteArray& bytes) {
 
 }  // namespace
 
+void setHeldFileQuestion(std::function<bool(const QString&)> question) {
+  heldFileQuestion() = std::move(question);
+}
+
 void remove(const QString& path) {
   const QString found = resolve(path);
   if (!QFileInfo(found).isFile() && !QFileInfo(found).isSymLink()) raise(values::kFileNotFound, path);
+  waitUntilFree(found, path);
   QFile file(found);
-  if (!file.remove()) raise(errno == EACCES ? values::kPermissionDenied : values::kPathFileAccess, path);
+  if (!file.remove())
+    raise(lastFault() == EACCES ? values::kPermissionDenied : values::kPathFileAccess, path);
 }
 
 void removeIfThere(const QString& path) {
@@ -106,7 +136,7 @@ void append(const QString& path, const QByteArray& bytes) {
       done += written;
       continue;
     }
-    const int fault = errno;
+    const int fault = lastFault();
     if (begun)
       QFile::remove(found);
     else
@@ -117,19 +147,21 @@ void append(const QString& path, const QByteArray& bytes) {
 
 void replace(const QString& from, const QString& path) {
   const QString found = resolve(path);
+  waitUntilFree(found, path);
   std::error_code fault;
   std::filesystem::rename(QFileInfo(resolve(from)).filesystemFilePath(),
                           QFileInfo(found).filesystemFilePath(), fault);
-  if (fault) raiseFor(fault.value(), found);
+  if (fault) raiseFor(fault.default_error_condition().value(), found);
 }
 
 void write(const QString& path, const QByteArray& bytes, Readers readers) {
   const QString found = resolve(path);
+  waitUntilFree(found, path);
   QSaveFile file(found);  // the old content stays until the new one is whole
   if (!file.open(QIODevice::WriteOnly)) raiseFor(faultOf(file.error()), found);
   if (readers == Readers::Nobody) file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
   // A commit alone would put half a file in place of the old one where the disk is full.
-  if (file.write(bytes) != bytes.size() || !file.flush()) raiseFor(errno, found);
+  if (file.write(bytes) != bytes.size() || !file.flush()) raiseFor(lastFault(), found);
   if (!file.commit()) raiseFor(faultOf(file.error()), found);
 }
 

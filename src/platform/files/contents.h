@@ -3,9 +3,15 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 // What is done with whole files, by the paths that the program knows (paths.h).
 namespace files {
+
+/// Asked in the main thread about a file that another program holds open and that is to be removed or
+/// replaced; true tries again, false raises values::Cancelled. Without a question, and in other threads, such
+/// a file raises 70.
+void setHeldFileQuestion(std::function<bool(const QString& path)> question);
 
 /// Removes a file; raises 53 if it is not there, 70 or 75 if it can't be removed.
 void remove(const QString& path);

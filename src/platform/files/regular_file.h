@@ -9,6 +9,13 @@ namespace files {
 /// number of the error.
 [[nodiscard]] int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode);
 
+/// The system's number (errno's) of what the operation just before has failed of.
+[[nodiscard]] int lastFault();
+
+/// Whether another program has a file open so that it can't be replaced or removed without harm: on Windows
+/// one that it shares with nobody, elsewhere one that it has locked. False where there is no file.
+[[nodiscard]] bool isHeld(const QString& path);
+
 /// From here on, files that this program makes can't be read by users outside their group.
 void keepFromOthers();
 

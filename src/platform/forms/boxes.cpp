@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/files/contents.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 #include "platform/values/line_ends.h"
@@ -133,6 +134,9 @@ QList<ButtonText> buttonsOf(Buttons buttons) {
       return {yes, no};
     case Buttons::YesNoCancel:
       return {yes, no, {Answer::Cancel, u"&Cancelar", QMessageBox::ActionRole}};
+    case Buttons::RetryCancel:
+      return {{Answer::Retry, u"&Repetir", QMessageBox::AcceptRole},
+              {Answer::Cancel, u"&Cancelar", QMessageBox::RejectRole}};
     case Buttons::Ok:
       break;
   }
@@ -190,6 +194,16 @@ Answer msgBox(const Box& box) {
   widenForTitle(window);
   window.exec();
   return answers.value(window.clickedButton(), box.buttons <= Buttons::OkCheck ? Answer::Ok : Answer::No);
+}
+
+void askAboutHeldFiles() {
+  files::setHeldFileQuestion([](const QString& path) {
+    Box box;
+    box.text = u"O arquivo está aberto em outro programa:\r\r%1\r\rFeche-o lá e escolha Repetir."_s.arg(path);
+    box.icon = Icon::Information;
+    box.buttons = Buttons::RetryCancel;
+    return msgBox(box) == Answer::Retry;
+  });
 }
 
 QString inputBox(const Input& input) {

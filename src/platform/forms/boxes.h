@@ -8,8 +8,8 @@
 namespace forms {
 
 enum class Icon { None, Information, Critical };
-enum class Buttons { Ok, OkCheck, YesNo, YesNoCancel };
-enum class Answer { Ok, Check, Yes, No, Cancel };
+enum class Buttons { Ok, OkCheck, YesNo, YesNoCancel, RetryCancel };
+enum class Answer { Ok, Check, Yes, No, Cancel, Retry };
 
 struct Box {
   QString text;                       ///< lines joined by CR or LF
@@ -29,10 +29,14 @@ struct Input {
   QString initial;
 };
 
-/// Shows a box and waits for its answer. Esc and the box's X are Ok or, of three, No, and leave a question of
-/// two where it is. A question is not answered by a letter or a space alone, which are what a user types who
-/// has not seen it: Alt with the letter, the arrows, Tab, Enter, Esc and clicks do.
+/// Shows a box and waits for its answer. Esc and the box's X are Ok, No of three, Cancel beside Retry, and
+/// leave a question of Yes and No where it is. A question is not answered by a letter or a space alone, which
+/// are what a user types who has not seen it: Alt with the letter, the arrows, Tab, Enter, Esc and clicks do.
 Answer msgBox(const Box& box);
+
+/// From here on a file that another program holds open is asked about: box with Retry and Cancel that names
+/// it.
+void askAboutHeldFiles();
 
 /// Asks for a line of text. Cancel gives an empty text.
 [[nodiscard]] QString inputBox(const Input& input);

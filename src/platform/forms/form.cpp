@@ -34,7 +34,12 @@ void Form::ensureLoaded() {
   if (loaded_) return;
   loaded_ = true;
   d_->prepareControls();
-  Form_Load();
+  try {
+    Form_Load();
+  } catch (const values::Cancelled&) {
+    unload();
+    throw;
+  }
 }
 
 void Form::showForm() {

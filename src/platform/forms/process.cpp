@@ -1,7 +1,6 @@
 #include "platform/forms/process.h"
 
 #include <QCoreApplication>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -12,11 +11,7 @@
 #include "platform/files/log_file.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/modal_loops.h"
-
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
+#include "platform/forms/outputs.h"
 
 using namespace Qt::StringLiterals;
 
@@ -89,14 +84,7 @@ void endPlainly() {
     std::_Exit(1);
   });
   qInstallMessageHandler(hearToolkit);
-#ifdef Q_OS_UNIX
-  // A pipe without a reader and a limit on files are errors of the write that meets them.
-  for (const int number : {SIGPIPE, SIGXFSZ}) std::signal(number, SIG_IGN);
-  // What is written to a closed output must not go into the file or connection that is opened next.
-  int opened = 0;
-  while (opened >= 0 && opened <= STDERR_FILENO) opened = ::open("/dev/null", O_RDWR);
-  if (opened >= 0) ::close(opened);
-#endif
+  keepOutputs();
 }
 
 void setEnd(std::function<void(int)> end) { ownEnd() = std::move(end); }
@@ -115,6 +103,8 @@ bool guarded(const std::function<void()>& handler, const QString& where) {
       showRuntimeError({values::kOutOfMemory, values::standardText(values::kOutOfMemory)}, where);
       end(1);
     }
+  } catch (const values::Cancelled&) {
+    // Nothing else was asked for.
   } catch (const Ended&) {
     // The handler that ended the process goes no further; the loops it ran in are being left.
   }

@@ -37,8 +37,8 @@ void showRuntimeError(const values::RuntimeError& error, const QString& where = 
 
 /// Runs a handler at the edge of the event loop, so that no exception crosses Qt: a values::RuntimeError, and
 /// memory that runs out, show the runtime's error box with its number and text and end the process with
-/// status 1. `where` names the handler in the line on standard error. Returns whether the handler came to its
-/// end.
+/// status 1. `where` names the handler in the line on standard error. values::Cancelled ends the handler
+/// alone. Returns whether the handler came to its end.
 bool guarded(const std::function<void()>& handler, const QString& where = {});
 
 /// Called when the process is about to end by end(), for what must still reach the disk; an empty function

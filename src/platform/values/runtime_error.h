@@ -47,6 +47,10 @@ class RuntimeError : public std::exception {
   QByteArray utf8_;
 };
 
+/// The user has given up what she was asked about. Its handler goes no further and the screen that it was
+/// called from stays (forms::guarded); a form that was being loaded is dropped.
+struct Cancelled {};
+
 /// The runtime's own text for a number, in Portuguese ("Tipos incompatíveis" for 13).
 [[nodiscard]] QString standardText(int number);
 

@@ -1,31 +1,13 @@
 #include "platform/files/regular_file.h"
 
-#include <QFileInfo>
-#include <cerrno>
-
-#ifndef Q_OS_WIN
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
+
+#include <QFileInfo>
+#include <cerrno>
 
 namespace files {
-
-#ifdef Q_OS_WIN
-
-int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode) {
-  const QFileInfo info(path);
-  if (info.exists() && !info.isFile()) return EINVAL;
-  file.setFileName(path);
-  if (file.open(mode)) return 0;
-  return file.error() == QFileDevice::PermissionsError ? EACCES : EIO;
-}
-
-void keepFromOthers() {}
-
-bool othersMayRead(const QString&) { return false; }
-
-#else
 
 int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode) {
   const int access = mode.testFlag(QIODevice::Append) ? O_WRONLY | O_APPEND | O_CREAT : O_RDONLY;
@@ -40,13 +22,23 @@ int openRegular(QFile& file, const QString& path, QIODevice::OpenMode mode) {
   return EINVAL;
 }
 
+int lastFault() { return errno; }
+
+bool isHeld(const QString& path) {
+  QFile file;
+  if (openRegular(file, path, QIODevice::ReadOnly) != 0) return false;
+  // Word processors lock the document that they edit, from its first byte on or as a whole.
+  struct flock whole {};
+  whole.l_type = F_WRLCK;
+  whole.l_whence = SEEK_SET;
+  return ::fcntl(file.handle(), F_OFD_GETLK, &whole) == 0 && whole.l_type != F_UNLCK;
+}
+
 void keepFromOthers() {
   constexpr mode_t kOthers = 027;
   ::umask(kOthers | ::umask(kOthers));
 }
 
 bool othersMayRead(const QString& path) { return QFileInfo(path).permission(QFile::ReadOther); }
-
-#endif
 
 }  // namespace files

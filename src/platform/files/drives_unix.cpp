@@ -2,7 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
+
+#include "platform/files/profile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,26 +12,17 @@ namespace files {
 QString driveFolder(QChar letter) {
   const QByteArray variable = QByteArray("ZARIM_DRIVE_") + letter.toUpper().toLatin1();
   const QString named = qEnvironmentVariable(variable.constData());
-#ifdef Q_OS_WIN
-  return named;
-#else
   if (!named.isEmpty()) return named;
   const QString name = u"drive_"_s + letter.toLower();
   const QString machine = u"/etc/zarim/"_s + name;
   if (const QFileInfo there(machine); there.exists() || there.isSymLink()) return machine;
-  const QString own =
-      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/zarim/"_s + name;
+  const QString own = profileFolder() + u'/' + name;
   return QFileInfo(own).isDir() ? own : QString();
-#endif
 }
 
 QString stateFolder() {
-#ifdef Q_OS_WIN
-  return qEnvironmentVariable("LOCALAPPDATA") + u"/zarim"_s;
-#else
   const QString named = qEnvironmentVariable("XDG_STATE_HOME");
   return (named.isEmpty() ? QDir::homePath() + u"/.local/state"_s : named) + u"/zarim"_s;
-#endif
 }
 
 }  // namespace files

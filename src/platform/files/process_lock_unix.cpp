@@ -1,38 +1,15 @@
 #include "platform/files/process_lock.h"
 
-#include <QFile>
-#include <thread>
-#include <utility>
-
-#ifdef Q_OS_WIN
-#include <QLockFile>
-#else
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
+
+#include <QFile>
+#include <thread>
+#include <utility>
 
 namespace files {
-
-#ifdef Q_OS_WIN
-
-struct ProcessLock::File {
-  QLockFile lock;
-};
-
-std::unique_ptr<ProcessLock> ProcessLock::take(const QString& path, std::chrono::milliseconds patience) {
-  auto file = std::make_unique<File>(path);
-  file->lock.setStaleLockTime(0);
-  if (!file->lock.tryLock(static_cast<int>(patience.count()))) return nullptr;
-  return std::unique_ptr<ProcessLock>(new ProcessLock(std::move(file)));
-}
-
-ProcessLock::~ProcessLock() = default;
-
-bool ProcessLock::holds() const { return QFile::exists(file_->lock.fileName()); }
-
-#else
 
 struct ProcessLock::File {
   QByteArray path;
@@ -79,8 +56,6 @@ ProcessLock::~ProcessLock() {
 }
 
 bool ProcessLock::holds() const { return file_->isInPlace(); }
-
-#endif
 
 ProcessLock::ProcessLock(std::unique_ptr<File> file) : file_(std::move(file)) {}
 

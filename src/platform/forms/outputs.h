@@ -1,0 +1,10 @@
+#pragma once
+
+namespace forms {
+
+/// Makes the standard outputs safe to write to, once, before the program opens a file: a closed output leads
+/// nowhere, and a pipe that nobody reads or a limit on files is an error of the write that meets it. Nothing
+/// of it is known to Windows.
+void keepOutputs();
+
+}  // namespace forms

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QProcess>
+
+// What a road's walk asks of the system.
+namespace road {
+
+/// The display that a road is walked on, as QT_QPA_PLATFORM names it: one of 1024 by 768 in memory; on
+/// Windows the desktop.
+extern const char* const kDisplay;
+
+/// Lets a walk that is ended from outside, as by a time-out, take its files away first.
+void watchForEnd();
+/// The signal that asked for the end; 0 as long as none has.
+[[nodiscard]] int askedToEnd();
+
+/// A child that will be started is not left alone when this process is killed.
+void bindToThis(QProcess& child);
+
+}  // namespace road

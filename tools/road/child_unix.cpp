@@ -1,0 +1,28 @@
+#include <sys/prctl.h>
+
+#include <csignal>
+#include <initializer_list>
+
+#include "child.h"
+
+namespace road {
+
+namespace {
+
+volatile std::sig_atomic_t asked = 0;
+
+}  // namespace
+
+const char* const kDisplay = "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json";
+
+void watchForEnd() {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) std::signal(signal, [](int which) { asked = which; });
+}
+
+int askedToEnd() { return asked; }
+
+void bindToThis(QProcess& child) {
+  child.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+}
+
+}  // namespace road
