@@ -1,0 +1,160 @@
+#!/usr/bin/env bash
+# Proves the program for Windows under Wine: test programs, roads with their pictures beside those under Linux, a road on
+# the test SQL server by Wine's ODBC, mail with TLS, setup, start from its menu entry, upgrade, removal. Ends with a count.
+#   packaging/windows/prove.sh        after packaging/windows/build.sh; all that it leaves is in build/windows/proof
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+. setup/common.sh
+
+install_packages setup/packages.txt setup/windows_packages.txt
+windows=$PWD/build/windows zarim=$PWD/build/windows/zarim work=$PWD/build/windows/proof
+setup=$(ls "$windows"/zarim-*-setup.exe 2>/dev/null | tail -n 1)
+[ -n "$setup" ] || fail "Build first: packaging/windows/build.sh"
+build release zarim zarim_install zarim_road zarim_testserver
+rm -rf "$work"
+mkdir -p "$work"/{log,linux,wine,pictures,tmp}
+
+# What has no form for Windows, or can't be seen under Wine, and why.
+declare -A no_test=() no_road=(
+  [documents]="looks at a PDF in the pane; Qt PDF isn't built"
+  [pdf_pane]="looks at a PDF in the pane; Qt PDF isn't built")
+declare -A done_well=() failed=()
+step() { printf '%4s s  %s\n' "$SECONDS" "$1"; }
+good() { done_well[$1]=$((${done_well[$1]:-0} + 1)); }
+bad() { failed[$1]+=" $2"; printf '        %s: %s failed; see %s\n' "$1" "$2" "$work/log"; }
+# check KIND NAME COMMAND...: counts it; what it writes goes into a log.
+check() {
+  local kind=$1 name=$2
+  shift 2
+  if "$@" >"$work/log/$kind-$name.log" 2>&1 </dev/null; then good "$kind"; else bad "$kind" "$name"; fi
+}
+
+# A Windows of its own, on a display of its own.
+export WINEPREFIX=$work/prefix WINEDEBUG=-all WINEDLLOVERRIDES='winemenubuilder.exe,mscoree,mshtml=' LC_ALL=C.UTF-8
+wine=/usr/lib/wine/wine64
+servers=()
+leave() { for one in "${servers[@]}"; do kill "$one" 2>/dev/null || true; done; timeout 20 /usr/lib/wine/wineserver -k || true; }
+trap leave EXIT
+# wine_for SECONDS COMMAND...
+wine_for() { local seconds=$1; shift; timeout -k 5 "$seconds" "$wine" "$@"; }
+Xvfb -displayfd 3 -screen 0 1024x768x24 3>"$work/display" >/dev/null 2>&1 &
+servers+=($!)
+for _ in $(seq 100); do [ -s "$work/display" ] && break; sleep 0.1; done
+DISPLAY=:$(cat "$work/display")
+export DISPLAY
+openbox >/dev/null 2>&1 &
+servers+=($!)
+
+step "A fresh Windows"
+wine_for 120 wineboot -i >"$work/log/wineboot.log" 2>&1 || fail "Wine doesn't start; see $work/log/wineboot.log."
+gcc=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libstdc++-6.dll)")
+winpthread=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-file-name=libwinpthread-1.dll)")
+# What the setup brings lies beside the program; what is only built finds its libraries by these.
+built() { WINEPATH="Z:$windows/qt-build/bin;Z:$windows/root/bin;Z:$gcc;Z:$winpthread" QT_PLUGIN_PATH="Z:$windows/qt-build/plugins" "$@"; }
+
+step "Test programs"
+for program in "$zarim"/tests/test_*.exe; do
+  name=$(basename "$program" .exe)
+  if [ -n "${no_test[$name]:-}" ]; then continue; fi
+  check tests "$name" built wine_for 240 "$program" --gtest_brief=1
+  cases=$(sed -n 's/^\[  PASSED  \] \([0-9]*\) .*/\1/p' "$work/log/tests-$name.log" | tail -n 1)
+  done_well[cases]=$((${done_well[cases]:-0} + ${cases:-0}))
+done
+
+step "Roads"
+start_server() {  # start_server VARIABLE FIELD COMMAND...: a word of its first line goes into the variable
+  local variable=$1 field=$2 said=$work/log/server-$1
+  shift 2
+  "$@" >"$said" 2>&1 </dev/null &
+  servers+=($!)
+  for _ in $(seq 100); do [ -s "$said" ] && break; sleep 0.1; done
+  printf -v "$variable" '%s' "$(head -n 1 "$said" | cut -d' ' -f"$field")"
+}
+start_server mail 3 /usr/bin/python3 tools/servers/mailcatcher.py --describe --folder "$work/mail" --port 0
+mkdir -p "$work/company/zarim"
+start_server pictures 3 /usr/bin/python3 tools/servers/pictureserver.py --company "$work/company/zarim" --port 0
+company=(--day 16/03/2026 --mail-server "$mail" --web-pictures "$pictures")
+check installer sample built wine_for 120 "$zarim/tools/zarim_install.exe" --to "Z:$work/company" --fresh "${company[@]}"
+# walk SYSTEM ROAD PICTURES COMMAND...: a road on a fresh copy of the sample
+walk() {
+  local system=$1 road=$2
+  shift 2
+  rm -rf "$work/drive" "$work/mail"/*
+  cp -r "$work/company" "$work/drive"
+  local begun=$EPOCHREALTIME
+  "$@" --pictures "$work/$system" "sample/roads/$road.road" || return 1
+  awk -v road="$road" -v a="$begun" -v b="$EPOCHREALTIME" 'BEGIN { printf "%s %.1f\n", road, b - a }' >>"$work/$system.times"
+}
+on_wine() {
+  ZARIM_DRIVE_C="Z:$work/drive" ZARIM_MAIL_FOLDER="Z:$work/mail" built wine_for 200 "$zarim/tools/zarim_road.exe" "$@"
+}
+on_linux() { TMPDIR=$work/tmp ZARIM_DRIVE_C=$work/drive ZARIM_MAIL_FOLDER=$work/mail timeout -k 5 200 build/release/tools/zarim_road "$@"; }
+for file in sample/roads/*.road; do
+  road=$(basename "$file" .road)
+  if [ -n "${no_road[$road]:-}" ]; then continue; fi
+  check roads "$road" walk wine "$road" on_wine
+  walk linux "$road" on_linux >"$work/log/linux-$road.log" 2>&1 </dev/null || true
+done
+for picture in "$work"/wine/*.png; do
+  name=$(basename "$picture")
+  if [ -f "$work/linux/$name" ]; then convert "$work/linux/$name" "$picture" -bordercolor gray -border 1 +append "$work/pictures/$name"; fi
+done
+
+step "The first complete road on the SQL server, by Wine's ODBC"
+start_server port 1 build/release/tools/zarim_testserver
+cut -d' ' -f2- "$work/log/server-port" >"$work/line"
+on_server() {
+  rm -rf "$work/drive" "$work/mail"/*
+  cp -r "$work/company" "$work/drive"
+  for _ in 1 2 3; do printf '%s\r\n' "$(cat "$work/line")"; done >"$work/drive/zarim/config/server.ini"
+  export TDSPORT=$port TDSVER=7.4
+  ZARIM_DRIVE_C=$work/drive build/release/tools/zarim_install --to "$work/drive" --server "${company[@]}" &&
+    on_wine --pictures "$work/wine" sample/roads/one_quote.road
+}
+register_driver
+check server one_quote on_server
+
+step "Setup, start from the menu entry, upgrade, removal"
+windows_c=$WINEPREFIX/drive_c program="$WINEPREFIX/drive_c/Program Files/Zarim"
+entry="$windows_c/ProgramData/Microsoft/Windows/Start Menu/Programs/Orçamentos de Venda.lnk"
+check setup installs wine_for 120 "$setup" /S
+installed() { [ -f "$program/bin/zarim.exe" ] && [ -f "$entry" ] && [ -d "$windows_c/zarim/config" ] && [ -f "$program/manual/index.html" ]; }
+check setup files installed
+window() { for _ in $(seq 300); do xdotool search --name "$1" >/dev/null 2>&1 && return; sleep 0.2; done; return 1; }
+from_entry() {
+  wine_for 60 start 'C:\ProgramData\Microsoft\Windows\Start Menu\Programs\Orçamentos de Venda.lnk' || return 1
+  window 'Zarim 1.2' && sleep 3 && import -window root "$work/started.png"
+}
+check setup starts from_entry
+refused() { ! wine_for 120 "$setup" /S && [ -f "$program/bin/zarim.exe" ]; }
+check setup refuses_while_running refused
+ended() {
+  xdotool search --name 'Zarim 1.2' windowactivate --sync key --clearmodifiers alt+F4
+  for _ in $(seq 50); do xdotool search --name 'Zarim 1.2' >/dev/null 2>&1 || return 0; sleep 0.2; done
+  return 1
+}
+check setup ends ended
+company_files() { (cd "$windows_c/zarim" && find . -type f -exec sha256sum {} + | sort); }
+printf 'x' >"$windows_c/zarim/config/server.ini"
+upgraded() {
+  company_files >"$work/before"
+  printf 'old' >"$program/bin/old.dll"
+  wine_for 120 "$setup" /S && installed && company_files | diff "$work/before" -
+}
+check setup upgrades upgraded
+removed() {
+  wine_for 120 "$program/desinstalar.exe" /S
+  for _ in $(seq 100); do [ -e "$program/bin/zarim.exe" ] || break; sleep 0.2; done
+  rm -f "$program/bin/old.dll"
+  sleep 2
+  [ ! -e "$entry" ] && [ ! -e "$program/bin/zarim.exe" ] && company_files | diff "$work/before" -
+}
+check setup goes removed
+
+step "Counted"
+for kind in tests cases installer roads server setup; do
+  printf '        %-10s %s passed%s\n' "$kind" "${done_well[$kind]:-0}" "${failed[$kind]:+, failed:${failed[$kind]}}"
+done
+for name in "${!no_test[@]}"; do printf '        not run: %s (%s)\n' "$name" "${no_test[$name]}"; done
+for name in "${!no_road[@]}"; do printf '        not walked: %s (%s)\n' "$name" "${no_road[$name]}"; done
+[ "${#failed[@]}" = 0 ] || fail "Not all is well."
