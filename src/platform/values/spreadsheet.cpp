@@ -1,5 +1,7 @@
 #include "platform/values/spreadsheet.h"
 
+using namespace Qt::StringLiterals;
+
 namespace values {
 
 namespace {
@@ -12,7 +14,7 @@ QString harmless(const QString& cell) {
 QString csvCell(const QString& cell) {
   const bool plain =
       !cell.contains(u';') && !cell.contains(u'"') && !cell.contains(u'\n') && !cell.contains(u'\r');
-  return plain ? cell : u'"' + QString(cell).replace(u"\"", u"\"\"") + u'"';
+  return plain ? cell : u'"' + QString(cell).replace(u'"', u"\"\""_s) + u'"';
 }
 
 }  // namespace
