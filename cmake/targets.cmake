@@ -78,7 +78,7 @@ function(zarim_test name folder)
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} zarim_test_support zarim_options)
   target_compile_definitions(${name} PRIVATE ZARIM_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                              ZARIM_BINARY_DIR="${PROJECT_BINARY_DIR}")
-  zarim_precompile(${name} test_values <gtest/gtest.h> <QTest>)
+  zarim_precompile(${name} test_values <gtest/gtest.h>)
   add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${PROJECT_BINARY_DIR}/results/${name}.xml)
   set_tests_properties(${name} PROPERTIES TIMEOUT 900)
 endfunction()
