@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Proves the package in a bare Debian 12 of its own: installs it, starts the program there on a virtual display by the
-# launcher, walks from a stored quote to its document in the viewer with real keys, changes the configuration, upgrades,
-# starts the program on what was kept, and removes the package without leftovers. Says how long each step took.
+# launcher, walks from a stored quote to its document in the viewer with real keys, sets a company up on a server by the
+# very commands of docs/setting_up.md, stores a quote there as an ordinary user, has zarim --check name fault after fault,
+# changes the configuration, upgrades, starts the program on what was kept, and removes the package without leftovers. Says
+# how long each step took.
 # Wants root. The bare system and a picture of the viewer stay in build/prove.
 #   packaging/prove.sh [PACKAGE.deb]
 set -euo pipefail
@@ -13,9 +15,14 @@ install_packages setup/packages.txt setup/package_packages.txt
 package=${1:-}
 [ -n "$package" ] || { ./package.sh >/dev/null && package=$(ls build/deb/*.deb); }
 [ -f "$package" ] || fail "There is no package $package."
+build release zarim_tds zarim_fill
 
 work=$PWD/build/prove root=$PWD/build/prove/root log=$PWD/.run/log/prove.log
-leave() { for place in dev/shm proc; do if mountpoint -q "$root/$place"; then umount "$root/$place"; fi; done; }
+server='' mail=''
+leave() {
+  for one in $server $mail; do kill "$one" 2>/dev/null || true; done
+  for place in dev/shm proc; do if mountpoint -q "$root/$place"; then umount "$root/$place"; fi; done
+}
 trap leave EXIT
 leave
 rm -rf "$work"
@@ -43,6 +50,8 @@ mkdir -p "$root/dev/shm"
 mount -t tmpfs shm "$root/dev/shm"
 quietly inside apt-get update
 quietly inside apt-get install -y --no-install-recommends xvfb openbox xdotool imagemagick procps python3-aiosmtpd
+quietly inside useradd --create-home maria
+quietly inside groupadd --system zarim
 packages >"$work/packages"
 files >"$work/files"
 
@@ -55,6 +64,41 @@ step "A quote, from the launcher to its document"
 cp packaging/prove_walk.sh "$root/root/walk.sh"
 quietly inside timeout 150 bash /root/walk.sh document
 cp "$root/root/viewer.png" "$work/viewer.png"
+
+step "A company is set up on a server as docs/setting_up.md says, by its own commands"
+mkdir "$root/root/steps"
+awk '/^```sh/ { block++; within = 1; next } /^```/ { within = 0 } within { print >(folder "/" block) }' \
+  folder="$root/root/steps" "$root/usr/share/doc/zarim/docs/setting_up.md"
+[ "$(ls "$root/root/steps" | wc -l)" = 5 ] || fail "docs/setting_up.md has other steps than this proof knows."
+cp build/release/tools/zarim_tds build/release/tools/zarim_fill packaging/prove_faults.sh "$root/root/"
+inside /root/zarim_tds --log /root/statements --refuse-in /root/refused >"$work/port" 2>>"$log" &
+server=$!
+inside python3 /usr/libexec/zarim/mailcatcher.py --folder /root/caught --port 0 >"$work/mail" 2>>"$log" &
+mail=$!
+for _ in $(seq 100); do [ -s "$work/port" ] && [ -s "$work/mail" ] && break; sleep 0.1; done
+# What the page has its reader fill in.
+cat >"$root/root/steps/1" <<END
+package=/root/zarim.deb
+server='127.0.0.1;port=$(cat "$work/port")' database=zarim login=vendas password=Segredo1
+pictures=/root/.local/share/zarim/drive_c/zarim/imagens web=http://127.0.0.1:9/ salesperson=maria
+END
+steps() { quietly inside bash -ec "$(for number in "$@"; do cat "$root/root/steps/$number"; done)"; }
+steps 1 2 3 4
+quietly inside /root/zarim_fill --company /etc/zarim/drive_c --database zarim \
+  --mail-server "$(head -n 1 "$work/mail" | cut -d ' ' -f 3)"
+steps 1 5
+tail -n 1 "$log" | grep -q 'Tudo em ordem' || fail "zarim --check is not content; see $log."
+
+step "An ordinary user stores the first quote there; the menu entry says who starts the program"
+quietly inside timeout 90 bash /root/walk.sh first
+grep -qi '^insert into prop_cmrc ' "$root/root/statements" || fail "No quote was stored."
+tail -n 40 "$root/root/statements" | grep -q COMMIT || fail "The quote was not committed."
+
+step "zarim --check names each fault"
+quietly inside bash /root/prove_faults.sh
+kill "$server" "$mail"
+server='' mail=''
+rm -rf "$root/etc/zarim/drive_c"
 
 step "A company is set up; an upgrade keeps its configuration, and an entry that was changed"
 company=$root/etc/zarim/drive_c/zarim

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs inside the bare system: what a user does, with real keys on a virtual display.
 #   walk.sh document      from the launcher on the sample company to a document for outside in the viewer
+#   walk.sh first         as the user maria, on the company in /etc/zarim: the menu entry's box, then a quote of her own
 #   walk.sh configured    starts the history environment of the company in /etc/zarim
 set -euo pipefail
 
@@ -15,7 +16,7 @@ fail() {
 }
 # A display whose number nobody has, outside of this system either.
 rm -f /root/display
-Xvfb -displayfd 3 -screen 0 1366x768x24 3>/root/display >/dev/null 2>&1 &
+Xvfb -ac -displayfd 3 -screen 0 1366x768x24 3>/root/display >/dev/null 2>&1 &
 for _ in $(seq 100); do [ -s /root/display ] && break; sleep 0.1; done
 DISPLAY=:$(cat /root/display)
 export DISPLAY
@@ -59,6 +60,30 @@ document() {
   wait "$launcher" || fail "The program ended with $?."
   for _ in $(seq 20); do pgrep -f 'mailcatcher.py|pictureserver.py' >/dev/null || return 0; sleep 0.1; done
   fail "A server outlives the program: $(pgrep -af 'mailcatcher.py|pictureserver.py')"
+}
+
+maria() { runuser -u maria -- env HOME=/home/maria XDG_RUNTIME_DIR=/tmp/maria DISPLAY="$DISPLAY" "$@"; }
+
+first() {
+  install -d -o maria -m 700 /tmp/maria
+  maria zarim-inicio &
+  launcher=$!
+  window 'Zarim 1.2'
+  keys Return
+  wait "$launcher" || fail "The menu entry ended with $?."
+  maria zarim '7^0^PRD^' &
+  launcher=$!
+  window 'Zarim 1.2 (PRD)'
+  xdotool type --delay 80 3
+  keys ctrl+f
+  sleep 2
+  keys ctrl+n
+  sleep 2
+  keys ctrl+s
+  sleep 4
+  import -window root /root/first.png
+  keys alt+F4
+  wait "$launcher" || fail "The program ended with $?."
 }
 
 configured() {

@@ -14,13 +14,15 @@ int main(int argc, char** argv) {
   QCommandLineParser parser;
   parser.setApplicationDescription(u"Serves an empty database as a SQL Server does; prints its port."_s);
   parser.addHelpOption();
+  parser.addOption({u"log"_s, u"Writes each statement into the file."_s, u"file"_s});
   parser.addOption({u"refuse-in"_s,
                     u"Refuses the rights that the file names, a line each (\"DELETE prot\")."_s, u"file"_s});
   parser.process(application);
   sqlserver::TdsServer server;
   const QString list = parser.value(u"refuse-in"_s);
-  server.setFault([list](const QString& statement) {
-    QFile file(list);
+  server.setFault([list, log = parser.value(u"log"_s)](const QString& statement) {
+    QFile file(list), notes(log);
+    if (!log.isEmpty() && notes.open(QIODevice::Append)) notes.write(statement.simplified().toUtf8() + '\n');
     const QString right = sqlserver::TdsServer::rightOf(statement);
     const bool refused = !right.isEmpty() && file.open(QIODevice::ReadOnly) &&
                          file.readAll().split('\n').contains(right.toUtf8());
