@@ -33,7 +33,7 @@ void frmConfirmaItem::Form_Load() {
   resize(width(), layout()->totalHeightForWidth(width()));
   CentralizaForm(*this);
   txtQuantidade->setText(u"1"_s);
-  txtObservacoes->setMaxLength(maximoDaObservacao());
+  forms::limitText(txtObservacoes, maximoDaObservacao());
   forms::setLocked(txtObservacoes, lblTipo->text() == kTipoProduto);
   aplicaTemaPadrao(*this);
   forms::setBackColor(txtQuantidade, kCorEntrada);

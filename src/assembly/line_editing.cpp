@@ -61,10 +61,9 @@ void frmMontarProduto::alteraLinha() {
   RecalculaTotalProduto();
 
   const QString anterior = grade.text(linha, Column::Observacao);
-  const QString observacao =
-      apara(forms::inputBox({u"Observação Atual:\r"_s + anterior + u"\rInformar nova observação:"_s,
-                             windowTitle(), anterior}))
-          .left(maximoDaObservacao());
+  const QString resposta = forms::inputBox(
+      {u"Observação Atual:\r"_s + anterior + u"\rInformar nova observação:"_s, windowTitle(), anterior});
+  const QString observacao = corta(apara(resposta), maximoDaObservacao());
   // An observation can be changed but not blanked.
   if (!observacao.isEmpty()) grade.setText(linha, Column::Observacao, maiusculas(observacao));
 }

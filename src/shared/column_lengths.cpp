@@ -58,8 +58,8 @@ int tamanhoDaColuna(QStringView coluna) {
 }
 
 void limita(QWidget* campo, int maximo) {
-  if (auto* combo = qobject_cast<forms::Combo*>(campo)) combo->lineEdit()->setMaxLength(maximo);
-  if (auto* caixa = qobject_cast<QLineEdit*>(campo)) caixa->setMaxLength(maximo);
+  if (auto* combo = qobject_cast<forms::Combo*>(campo)) forms::limitText(combo->lineEdit(), maximo);
+  if (auto* caixa = qobject_cast<QLineEdit*>(campo)) forms::limitText(caixa, maximo);
   if (auto* texto = qobject_cast<QPlainTextEdit*>(campo)) forms::limitText(texto, maximo);
 }
 

@@ -14,7 +14,7 @@
 using namespace Qt::StringLiterals;
 
 QString AjustaTexto(const QString& texto, int largura, Alinhamento alinhamento) {
-  if (alinhamento == Alinhamento::Esquerda) return texto.left(largura).leftJustified(largura);
+  if (alinhamento == Alinhamento::Esquerda) return corta(texto, largura).leftJustified(largura);
   return texto.right(largura).rightJustified(largura);
 }
 

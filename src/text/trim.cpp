@@ -12,3 +12,10 @@ QString aparaDireita(const QString& texto) {
   while (fim > 0 && texto[fim - 1] == u' ') --fim;
   return texto.first(fim);
 }
+
+QString corta(const QString& texto, qsizetype maximo) {
+  const QString inicio = texto.left(maximo);
+  return inicio.size() < texto.size() && !inicio.isEmpty() && inicio.back().isHighSurrogate()
+             ? inicio.chopped(1)
+             : inicio;
+}

@@ -59,6 +59,27 @@ TEST_F(Ends, MemoryThatRunsOutIsABox) {
   EXPECT_EQ(ended, 1);
 }
 
+TEST_F(Ends, TheLineOnStandardErrorNamesTheStatementThatFailed) {
+  sqlserver::TdsServer server;
+  for (const QString& string :
+       {server.connectionString(), u"server=(embutido);database="_s + databasePath()}) {
+    data::Connection connection;
+    connection.open(string, 5);
+    ::testing::internal::CaptureStderr();
+    forms::guarded(
+        [&] {
+          std::vector<data::Asked<data::Recordset>> asked;
+          for (const auto& sql : {u"SELECT 1"_s, u"SELECT nada\nFROM nenhuma"_s, u"SELECT 2"_s})
+            asked.push_back(connection.ask(sql));
+          for (auto& one : asked) static_cast<void>(one.get());
+        },
+        u"txtTeste"_s);
+    const std::string line = ::testing::internal::GetCapturedStderr();
+    EXPECT_TRUE(line.starts_with("Erro -2147217900 em txtTeste: ")) << line;
+    EXPECT_TRUE(line.ends_with(" | comando: SELECT nada FROM nenhuma\n")) << line;
+  }
+}
+
 /// Number of the error of a statement whose result is larger than the memory that is left.
 int errorOfALargeResult(const QString& databasePath) {
   data::Connection connection = support::connectionTo(databasePath);

@@ -64,7 +64,8 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
     screen.cmdSALVAR->click();
     if (ended.has_value()) {
       EXPECT_EQ(ended, 1);
-      EXPECT_TRUE(text.contains(u'\'') || text.contains(QChar::Null)) << boxes.join(u' ').toStdString();
+      EXPECT_TRUE(text.contains(u'\'') || text.contains(QChar::Null) || !text.isValidUtf16())
+          << boxes.join(u' ').toStdString();
       contexto().Conexao.close();
       EXPECT_EQ(rowsOf(databasePath()), before);
       continue;
@@ -74,8 +75,7 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
       const QString stored =
           ask(u"SELECT %1 FROM prop_cmrc WHERE idprop_cmrc=2"_s.arg(QLatin1StringView(GetParam().column)));
       kept.replace(u"''"_s, u"'"_s);  // nothing is escaped on the way: two quote marks are one
-      // Half a pair of a character outside the basic plane is no character that can be stored.
-      EXPECT_TRUE(stored == kept || text.front() == QChar(0xD83C)) << stored.toStdString();
+      EXPECT_EQ(stored, kept);
     }
     screen.cmdPesquisar_PropCmrc->click();
     const forms::GridModel& items = screen.Flex->grid();

@@ -60,6 +60,7 @@ class Session {
   void rollBack(tds::Response& response, const QString& why);
   /// half: its result ends in the middle.
   void execute(const QString& sql, tds::Response& response, bool more, bool half);
+  data::Recordset runEmbedded(const QString& sql) const;
 
   TdsServer& server_;
   int socket_;
@@ -111,7 +112,7 @@ void Session::beSilent() const {
 void Session::faultOn(const QString& statement) const {
   const TdsServer::Act act = server_.actOn(statement);
   if (act == TdsServer::Act::Silence) beSilent();
-  if (act != TdsServer::Act::Answer) throw Ended();
+  if (act == TdsServer::Act::Cut || act == TdsServer::Act::CutInside) throw Ended();
 }
 
 void Session::answer(const Message& message) {
@@ -198,14 +199,16 @@ void Session::runStatement(const QString& sql, tds::Response& response, bool mor
   if (act == TdsServer::Act::Silence) beSilent();
   if (act == TdsServer::Act::Refuse)
     throw values::RuntimeError(values::kStatementFailed, u"The permission was denied on the object."_s);
-  if (act != TdsServer::Act::Cut) execute(sql, response, more, act == TdsServer::Act::CutInside);
-  if (act == TdsServer::Act::Answer) return;
+  const bool another = act == TdsServer::Act::Another;
+  if (act != TdsServer::Act::Cut) execute(sql, response, more || another, act == TdsServer::Act::CutInside);
+  if (another) execute(u"SELECT 7 AS nome"_s, response, more, false);
+  if (act == TdsServer::Act::Answer || another) return;
   send(response.bytes(), false);
   throw Ended();
 }
 
 void Session::rollBack(tds::Response& response, const QString& why) {
-  if (transaction_ != 0) engine_->run({u"ROLLBACK"_s});
+  if (transaction_ != 0) runEmbedded(u"ROLLBACK"_s);
   response.error(245, why);
   if (transaction_ != 0)
     response.transactionChanged(tds::Environment::Rollback, std::exchange(transaction_, 0));
@@ -252,7 +255,7 @@ void Session::execute(const QString& sql, tds::Response& response, bool more, bo
   if (const auto limit = kLimit.match(sql); limit.hasMatch()) limit_ = limit.captured(1).toLongLong();
   if (sql.startsWith("SET "_L1, Qt::CaseInsensitive)) return response.done(End::Plain, 0, more);
   for (const QString& statement : embeddedStatements(sql, limit_)) {
-    data::Recordset result = engine_->run({statement});
+    data::Recordset result = runEmbedded(statement);
     if (!result.isOpen()) continue;
     std::vector<tds::Column> columns;
     for (const QString& name : result.columns()) columns.push_back(wireColumn(name, statement, result));
@@ -263,6 +266,13 @@ void Session::execute(const QString& sql, tds::Response& response, bool more, bo
     return half ? void() : response.done(End::Counted, rows, more);
   }
   if (!half) response.done(End::Counted, 0, more);
+}
+
+data::Recordset Session::runEmbedded(const QString& sql) const {
+  const data::Statement statement{sql};
+  std::vector<data::Recordset> results;
+  engine_->run({&statement, 1}, results);
+  return results.front();
 }
 
 void Session::begin(tds::Response& response) {
@@ -282,7 +292,7 @@ void Session::runTransaction(const tds::TransactionRequest& request) {
     return send(response.bytes());
   } else {
     faultOn(commits ? u"COMMIT"_s : u"ROLLBACK"_s);
-    engine_->run({commits ? u"COMMIT"_s : u"ROLLBACK"_s});
+    runEmbedded(commits ? u"COMMIT"_s : u"ROLLBACK"_s);
     response.transactionChanged(commits ? tds::Environment::Commit : tds::Environment::Rollback,
                                 std::exchange(transaction_, 0));
     if (request.beginsAnother) begin(response);

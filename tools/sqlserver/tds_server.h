@@ -20,8 +20,9 @@ namespace sqlserver {
 class TdsServer {
  public:
   /// What becomes of a statement: it is answered, refused for want of a right, the connection is cut in front
-  /// of its result or in the middle of it, or no answer ever comes.
-  enum class Act { Answer, Refuse, Cut, CutInside, Silence };
+  /// of its result or in the middle of it, no answer ever comes, or a row that nobody asked for comes behind
+  /// its result.
+  enum class Act { Answer, Refuse, Cut, CutInside, Silence, Another };
 
   static constexpr char16_t User[] = u"vendas";
   static constexpr char16_t Password[] = u"Segredo1";

@@ -45,8 +45,10 @@
 //   is not asked before it is there.
 // - On the embedded file the statement runs where it is asked: nothing ever waits, all is done in one pass.
 // - Who is no coroutine writes `const QString codigo = CodigoProduto(id);`, which asks and waits.
-// - The error of a failing request leaves the get() that sent it; the rows that waited end with it. Of
-//   several bad statements the first one sent is reported. What a row itself raises leaves its own get().
+// - An error, of a statement or of what a row itself does with it, comes up where the row waits, and leaves
+// the
+//   row's own get(). What was asked behind a failing statement gets its error: of several bad ones the first
+//   one sent is reported. A connection that is closed ends the rows that wait on it with 3704.
 //
 // What to keep to:
 // - A coroutine takes its arguments by value: it goes on when the caller's have long changed. A Recordset
@@ -61,54 +63,57 @@ namespace data {
 struct Question {
   Statement statement;
   std::optional<Recordset> answer;
-  std::coroutine_handle<> waiting;  ///< who goes on when the answer is there
+  std::exception_ptr error;         ///< in place of the answer
+  std::coroutine_handle<> waiting;  ///< who goes on then
 };
 
 /// The queue of a connection (questions.cpp): what was asked and is not sent, what was answered and not
 /// handed out.
 class Questions {
  public:
-  using Send = std::function<std::vector<Recordset>(const std::vector<Statement>&)>;
+  /// Adds a result for each statement, up to the first that fails.
+  using Send = std::function<void(const std::vector<Statement>&, std::vector<Recordset>&)>;
   explicit Questions(Send send) : send_(std::move(send)) {}
 
   [[nodiscard]] std::shared_ptr<Question> add(Statement statement);
   /// Lets the next one that has its answer go on; where there is none, sends what waits, at most a full
-  /// batch. After an error the queue is empty, and who still waits for it gets the error again.
+  /// batch. Who asked in front of a statement that fails has an answer, all others get its error.
   void step();
+  /// The connection is closed: who waits gets that error now.
+  void end();
 
  private:
   void send();
+  void failAll(const std::exception_ptr& error);
 
   Send send_;
   std::deque<std::shared_ptr<Question>> asked_, answered_;
   std::optional<Walk> walk_;  ///< from the first question to the last answer
   qsizetype handedOut_ = 0;   ///< answers of this walk
-  std::optional<values::RuntimeError> failure_;
 };
 
-/// The answer to a question: there at once, or when the queue has been sent.
+/// The answer to a question, when the queue has been sent.
 class Reading {
  public:
-  explicit Reading(Recordset answer) : answer_(std::move(answer)) {}
   Reading(Questions& questions, Statement statement)
       : questions_(&questions), question_(questions.add(std::move(statement))) {}
-  ~Reading() {
-    if (question_) question_->waiting = {};
-  }
+  ~Reading() { question_->waiting = {}; }
   Reading(const Reading&) = delete;
   Reading& operator=(const Reading&) = delete;
 
-  [[nodiscard]] bool await_ready() const { return !question_ || question_->answer; }
+  [[nodiscard]] bool await_ready() const { return false; }
   template <typename Promise>
   void await_suspend(std::coroutine_handle<Promise> waiting) {
     waiting.promise().questions = questions_;
     question_->waiting = waiting;
   }
-  [[nodiscard]] Recordset await_resume() { return std::move(question_ ? *question_->answer : answer_); }
+  [[nodiscard]] Recordset await_resume() {
+    if (question_->error) std::rethrow_exception(question_->error);
+    return std::move(*question_->answer);
+  }
 
  private:
-  Recordset answer_;
-  Questions* questions_ = nullptr;
+  Questions* questions_;
   std::shared_ptr<Question> question_;
 };
 

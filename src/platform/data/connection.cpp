@@ -23,12 +23,15 @@ bool Connection::isOpen() const { return session_->isOpen(); }
 
 void Connection::close() { session_->close(); }
 
-void Connection::execute(const QString& sql) { session_->run({sql}); }
+void Connection::execute(const QString& sql) { batch({{sql}}); }
 
-Recordset Connection::query(const QString& sql, Rows rows) { return session_->run({sql, rows}); }
+Recordset Connection::query(const QString& sql, Rows rows) { return batch({{sql, rows}}).front(); }
 
 std::vector<Recordset> Connection::batch(const std::vector<Statement>& statements) {
-  return session_->batch(statements);
+  std::vector<Recordset> results;
+  results.reserve(statements.size());
+  session_->run(statements, results);
+  return results;
 }
 
 Asked<Recordset> Connection::ask(QString sql, Rows rows) { return session_->ask({std::move(sql), rows}); }

@@ -38,8 +38,8 @@ class Connection {
   /// Runs a statement and reads its result whole, or its first row.
   [[nodiscard]] Recordset query(const QString& sql, Rows rows = Rows::All);
   /// Runs statements in their order and gives a result for each, a closed one where there are no columns. To
-  /// a server they go in one request for every 2,000. Ends at the first that fails, which the BatchError
-  /// names; what stands after it does not count as run.
+  /// a server they go in one request for every 2,000. Ends at the first that fails, which the error names;
+  /// what stands after it does not count as run.
   std::vector<Recordset> batch(const std::vector<Statement>& statements);
   /// A statement whose answer may wait for that of others, to travel with them: see asked.h. An engine that
   /// has no network to cross answers at once.

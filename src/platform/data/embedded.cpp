@@ -103,9 +103,9 @@ class EmbeddedEngine final : public Engine {
   EmbeddedEngine(const EmbeddedEngine&) = delete;
   EmbeddedEngine& operator=(const EmbeddedEngine&) = delete;
 
-  Recordset run(const Statement& statement) override;
-  void begin() override { run({u"BEGIN IMMEDIATE"_s}); }
-  void commit() override { run({u"COMMIT"_s}); }
+  void run(std::span<const Statement> statements, std::vector<Recordset>& results) override;
+  void begin() override { runText(u"BEGIN IMMEDIATE"_s, Rows::All); }
+  void commit() override { runText(u"COMMIT"_s, Rows::All); }
 
  private:
   Recordset runText(const QString& sql, Rows rows);
@@ -230,9 +230,11 @@ Recordset EmbeddedEngine::runText(const QString& sql, Rows rows) {
   return readRows(compiled, rows);
 }
 
-Recordset EmbeddedEngine::run(const Statement& statement) {
-  if (const auto column = identityColumn(statement.sql)) return lastIdentity(*column);
-  return runText(statement.sql, statement.rows);
+void EmbeddedEngine::run(std::span<const Statement> statements, std::vector<Recordset>& results) {
+  for (const Statement& one : statements) {
+    const auto column = identityColumn(one.sql);
+    results.push_back(column ? lastIdentity(*column) : runText(one.sql, one.rows));
+  }
 }
 
 }  // namespace

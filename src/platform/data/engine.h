@@ -14,12 +14,11 @@ namespace data {
 class Engine {
  public:
   virtual ~Engine() = default;
-  /// A closed recordset for a statement without columns.
-  virtual Recordset run(const Statement& statement) = 0;
-  /// Whether several statements travel in one request, by runTogether.
+  /// Adds a result for each statement, in their order, up to the first that fails: a closed recordset for one
+  /// without columns.
+  virtual void run(std::span<const Statement> statements, std::vector<Recordset>& results) = 0;
+  /// Whether several statements travel in one request.
   [[nodiscard]] virtual bool sendsTogether() const { return false; }
-  /// Adds a result for each statement, in their order, up to the first that fails.
-  virtual void runTogether(std::span<const Statement>, std::vector<Recordset>&) {}
   virtual void begin() = 0;
   virtual void commit() = 0;
   /// Before it goes: ends what is open, and raises what the database says against it.

@@ -55,20 +55,25 @@ QList<int> columnLengths(const QSqlRecord& record) {
   return lengths;
 }
 
+/// Rows that nobody asked for stand in the place of another statement's: a trigger's own SELECT, say.
+[[noreturn]] void refuseUnasked() {
+  throw values::RuntimeError(values::kStatementFailed, u"O servidor deu um resultado que ninguém pediu."_s);
+}
+
 class OdbcEngine final : public Engine {
  public:
   OdbcEngine(const QString& connectionString, int timeout);
   ~OdbcEngine() override;
 
-  Recordset run(const Statement& statement) override;
+  void run(std::span<const Statement> statements, std::vector<Recordset>& results) override;
   [[nodiscard]] bool sendsTogether() const override { return isServer_; }
-  void runTogether(std::span<const Statement> statements, std::vector<Recordset>& results) override;
   void begin() override;
   void commit() override;
   void close() override;
 
  private:
   QSqlQuery send(const QString& text);
+  void runTogether(std::span<const Statement> statements, std::vector<Recordset>& results);
   Recordset readRows(QSqlQuery& query, Rows rows);
   void walkResults(QSqlQuery& query, std::span<const Statement> statements, std::vector<Recordset>& results);
   /// Goes to the next result of a request; false after the last one.
@@ -144,14 +149,12 @@ Recordset OdbcEngine::readRows(QSqlQuery& query, Rows rows) {
   return {shared, std::move(values)};
 }
 
-Recordset OdbcEngine::run(const Statement& statement) {
-  if (isServer_) {
-    std::vector<Recordset> results;
-    runTogether({&statement, 1}, results);
-    return std::move(results.front());
+void OdbcEngine::run(std::span<const Statement> statements, std::vector<Recordset>& results) {
+  if (isServer_) return runTogether(statements, results);
+  for (const Statement& one : statements) {
+    QSqlQuery query = send(one.sql);
+    results.push_back(readRows(query, one.rows));
   }
-  QSqlQuery query = send(statement.sql);
-  return readRows(query, statement.rows);
 }
 
 void OdbcEngine::runTogether(std::span<const Statement> statements, std::vector<Recordset>& results) {
@@ -182,10 +185,12 @@ void OdbcEngine::walkResults(QSqlQuery& query, std::span<const Statement> statem
     if (!more)
       throw values::RuntimeError(values::kConnectionFailed,
                                  u"O servidor não respondeu a todas as instruções."_s);
+    if (query.isSelect() && isWrite(statement.sql)) refuseUnasked();
     results.push_back(readRows(query, statement.rows));
     more = moveOn(query);
   }
-  while (more) more = moveOn(query);
+  for (; more; more = moveOn(query))
+    if (query.isSelect()) refuseUnasked();
 }
 
 void OdbcEngine::begin() {

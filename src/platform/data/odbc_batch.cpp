@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/data/one_statement.h"
+#include "platform/data/sql_tokens.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,8 +43,11 @@ QString requestText(std::span<const Statement> statements, bool liftsLimit) {
   return lines.join(u'\n');
 }
 
-bool isSelect(const QString& sql) {
-  return QStringView(sql).trimmed().startsWith(u"select", Qt::CaseInsensitive);
+bool isSelect(const QString& sql) { return SqlTokens(sql).next().isWord(u"SELECT"); }
+
+bool isWrite(const QString& sql) {
+  const SqlToken first = SqlTokens(sql).next();
+  return first.isWord(u"INSERT") || first.isWord(u"UPDATE") || first.isWord(u"DELETE");
 }
 
 }  // namespace data

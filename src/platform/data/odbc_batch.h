@@ -20,4 +20,7 @@ namespace data {
 /// Whether a statement gives rows, which sets its result apart from the counts that others leave on the way.
 [[nodiscard]] bool isSelect(const QString& sql);
 
+/// Whether a statement only writes (INSERT, UPDATE or DELETE), and so gives no rows.
+[[nodiscard]] bool isWrite(const QString& sql);
+
 }  // namespace data

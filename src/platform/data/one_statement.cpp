@@ -134,6 +134,8 @@ Statements statementsIn(QStringView sql) { return Look(sql).read(); }
 void requireOneStatement(const QString& sql) {
   const auto refuse = [](const QString& why) { throw values::RuntimeError(values::kStatementFailed, why); };
   if (sql.contains(QChar::Null)) refuse(u"A instrução contém um caractere nulo."_s);
+  if (!sql.isValidUtf16())
+    refuse(u"A instrução não foi enviada: um texto contém metade de um caractere, que não se pode gravar."_s);
   if (statementsIn(sql) == Statements::More)
     refuse(
         u"A instrução não foi enviada: um apóstrofo termina um texto antes do fim, e o que segue seria "

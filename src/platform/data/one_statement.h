@@ -19,7 +19,8 @@ enum class Statements : quint8 {
 /// VALUES or SELECT, UPDATE, DELETE, and those that make tables): of others, some are taken for More.
 [[nodiscard]] Statements statementsIn(QStringView sql);
 
-/// Raises -2147217900 on what is More, and on a text with a NUL, where drivers may stop reading.
+/// Raises -2147217900 on what is More, and on a text with a NUL or half of a surrogate pair, where drivers
+/// may stop reading.
 void requireOneStatement(const QString& sql);
 
 }  // namespace data

@@ -4,7 +4,6 @@
 #include <new>
 #include <utility>
 
-#include "platform/data/last_statement.h"
 #include "platform/data/odbc_string.h"
 #include "platform/data/one_statement.h"
 #include "platform/files/paths.h"
@@ -12,6 +11,11 @@
 using namespace Qt::StringLiterals;
 
 namespace data {
+
+Session::~Session() {
+  engine_ = nullptr;
+  questions_.end();
+}
 
 void Session::open(const QString& connectionString, int timeout) {
   close();
@@ -25,40 +29,26 @@ void Session::close() {
   const auto engine = std::exchange(engine_, nullptr);
   inTransaction_ = false;
   failure_.reset();
+  questions_.end();
   if (engine) engine->close();
 }
 
 void Session::announce(const QString& statement) {
-  lastStatement() = statement;
   if (failure_) throw values::RuntimeError(*failure_);
   if (!engine_) values::raise(values::kClosedObject);
   if (listener_) listener_(statement);
 }
 
-template <typename Run>
-auto Session::guarded(Run run) {
-  try {
-    try {
-      return run();
-    } catch (const std::bad_alloc&) {
-      throw values::RuntimeError(values::kStatementFailed, u"O resultado não cabe na memória."_s);
-    }
-  } catch (const values::RuntimeError& error) {
-    // The server may have rolled the transaction back: what came now would commit by itself.
-    if (inTransaction_ || error.number() == values::kConnectionFailed) failure_ = error;
-    throw;
-  }
-}
-
-Recordset Session::run(const Statement& statement) {
-  announce(statement.sql);
-  return guarded([&] {
-    requireOneStatement(statement.sql);
-    return engine_->run(statement);
-  });
+void Session::fail(const values::RuntimeError& error, const QString& statement) {
+  const values::RuntimeError known(error.number(), error.text(),
+                                   error.statement().isEmpty() ? statement : error.statement());
+  // The server may have rolled the transaction back: what came now would commit by itself.
+  if (engine_ && (inTransaction_ || error.number() == values::kConnectionFailed)) failure_ = known;
+  throw known;
 }
 
 void Session::runTogether(std::span<const Statement> request, std::vector<Recordset>& results) {
+  const std::size_t before = results.size();
   std::size_t count = 0;
   std::optional<values::RuntimeError> refusal;
   try {
@@ -69,48 +59,56 @@ void Session::runTogether(std::span<const Statement> request, std::vector<Record
   } catch (const values::RuntimeError& error) {
     refusal = error;
   }
-  guarded([&] {
+  const auto failing = [&] { return request[std::min(results.size() - before, request.size() - 1)].sql; };
+  try {
     // An error of those in front comes first.
-    if (count > 0) engine_->runTogether(request.first(count), results);
+    if (count > 0) engine_->run(request.first(count), results);
     if (refusal) throw values::RuntimeError(*refusal);
-  });
+  } catch (const std::bad_alloc&) {
+    fail({values::kStatementFailed, u"O resultado não cabe na memória."_s}, failing());
+  } catch (const values::RuntimeError& error) {
+    fail(error, failing());
+  }
 }
 
-std::vector<Recordset> Session::batch(const std::vector<Statement>& statements) {
-  std::vector<Recordset> results;
-  results.reserve(statements.size());
-  try {
-    Walk walk;
-    while (results.size() < statements.size()) {
-      walk.done(std::ssize(results), std::ssize(statements));
-      const auto rest = std::span(statements).subspan(results.size());
-      if (sendsTogether())
-        runTogether(rest.first(std::min(rest.size(), kFullBatch)), results);
-      else
-        results.push_back(run(rest.front()));
-    }
-  } catch (const values::RuntimeError& error) {
-    if (results.size() < statements.size()) lastStatement() = statements[results.size()].sql;
-    throw BatchError(error, static_cast<qsizetype>(results.size()));
+void Session::run(const std::vector<Statement>& statements, std::vector<Recordset>& results) {
+  Walk walk;
+  const std::size_t before = results.size();
+  while (results.size() - before < statements.size()) {
+    const std::size_t done = results.size() - before;
+    walk.done(static_cast<qsizetype>(done), std::ssize(statements));
+    const auto rest = std::span(statements).subspan(done);
+    runTogether(rest.first(std::min(rest.size(), kFullBatch)), results);
   }
-  return results;
 }
 
 Asked<Recordset> Session::ask(Statement statement) {
-  if (!sendsTogether()) co_return run(statement);
+  if (!engine_ || !engine_->sendsTogether()) {
+    std::vector<Recordset> results;
+    runTogether({&statement, 1}, results);
+    co_return std::move(results.front());
+  }
   Reading reading(questions_, std::move(statement));
   co_return co_await reading;
 }
 
 void Session::begin() {
   inTransaction_ = true;  // a begin that fails counts too: what came after it would commit by itself
-  announce(u"BEGIN"_s);
-  guarded([&] { engine_->begin(); });
+  try {
+    announce(u"BEGIN"_s);
+    engine_->begin();
+  } catch (const values::RuntimeError& error) {
+    fail(error, u"BEGIN"_s);
+  }
 }
 
 void Session::commit() {
-  announce(u"COMMIT"_s);
-  guarded([&] { engine_->commit(); });
+  try {
+    announce(u"COMMIT"_s);
+    engine_->commit();
+  } catch (const values::RuntimeError& error) {
+    fail(error, u"COMMIT"_s);
+  }
   inTransaction_ = false;
 }
 

@@ -117,6 +117,21 @@ class Digits : public QValidator {
   int most_;
 };
 
+/// Takes the first half of a pair away which the end of a full box has cut off from its second.
+class WholeCharacters : public QValidator {
+ public:
+  using QValidator::QValidator;
+
+  State validate(QString& text, int& cursor) const override {
+    const auto* box = static_cast<QLineEdit*>(parent());
+    if (text.size() >= box->maxLength() && text.back().isHighSurrogate()) text.chop(1);
+    for (qsizetype at = 0; at + 1 < text.size(); ++at)
+      if (text[at].isHighSurrogate() && !text[at + 1].isLowSurrogate()) text.remove(at--, 1);
+    cursor = std::min(cursor, static_cast<int>(text.size()));
+    return Acceptable;
+  }
+};
+
 }  // namespace
 
 QString controlText(const QObject* control) {
@@ -181,6 +196,11 @@ void limitText(QPlainTextEdit* box, int longest) {
     cursor.removeSelectedText();
     cursor.endEditBlock();
   });
+}
+
+void limitText(QLineEdit* box, int longest) {
+  box->setMaxLength(longest);
+  box->setValidator(new WholeCharacters(box));
 }
 
 void limitToDigits(QLineEdit* box, int most) { box->setValidator(new Digits(box, most)); }

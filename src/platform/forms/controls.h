@@ -25,6 +25,8 @@ void selectText(QWidget* control);
 /// Keeps a box of several lines to a length, a line break counted as the two characters that it is stored as.
 /// What was typed or pasted last is refused; a text that comes whole loses its end.
 void limitText(QPlainTextEdit* box, int longest);
+/// The same for a box of one line. No limit cuts a character in two.
+void limitText(QLineEdit* box, int longest);
 
 /// Keeps a box to digits, and to so many of them at most: of a pasted text its digits stay.
 void limitToDigits(QLineEdit* box, int most);

@@ -7,7 +7,6 @@
 #include <new>
 #include <utility>
 
-#include "platform/data/last_statement.h"
 #include "platform/files/log_file.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/modal_loops.h"
@@ -53,9 +52,7 @@ void reportRuntimeError(const values::RuntimeError& error, const QString& where)
   QString line = u"Erro "_s + QString::number(error.number());
   if (!where.isEmpty()) line += u" em "_s + where;
   line += u": "_s + error.text();
-  const bool ofStatement =
-      error.number() == values::kStatementFailed || error.number() == values::kConnectionFailed;
-  if (ofStatement && !data::lastStatement().isEmpty()) line += u" | comando: "_s + data::lastStatement();
+  if (!error.statement().isEmpty()) line += u" | comando: "_s + error.statement();
   report(line);
 }
 

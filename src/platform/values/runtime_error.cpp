@@ -39,8 +39,8 @@ constexpr std::array<Message, 22> kMessages{{
 
 }  // namespace
 
-RuntimeError::RuntimeError(int number, QString text)
-    : number_(number), text_(std::move(text)), utf8_(text_.toUtf8()) {}
+RuntimeError::RuntimeError(int number, QString text, QString statement)
+    : number_(number), text_(std::move(text)), statement_(std::move(statement)), utf8_(text_.toUtf8()) {}
 
 QString standardText(int number) {
   for (const Message& one : kMessages)

@@ -35,15 +35,17 @@ enum ErrorNumber : int {
 /// the event loop (forms::guarded), which shows the runtime's error box and ends the process.
 class RuntimeError : public std::exception {
  public:
-  RuntimeError(int number, QString text);
+  RuntimeError(int number, QString text, QString statement = {});
   [[nodiscard]] int number() const { return number_; }
   /// What the error box shows, in Portuguese; for a failing statement the database's own words.
   [[nodiscard]] const QString& text() const { return text_; }
+  /// The statement that failed, for who looks into it; empty where none did.
+  [[nodiscard]] const QString& statement() const { return statement_; }
   [[nodiscard]] const char* what() const noexcept override { return utf8_.constData(); }
 
  private:
   int number_;
-  QString text_;
+  QString text_, statement_;
   QByteArray utf8_;
 };
 

@@ -107,11 +107,11 @@ TEST_P(AskedTogether, TheFirstBadStatementIsReportedAndTheRowsEndWithIt) {
       for (auto& one : all) static_cast<void>(one.get());
     } catch (const values::RuntimeError& error) {
       EXPECT_EQ(error.number(), values::kStatementFailed);
-      return error.text();
+      return error.statement();
     }
     return QString();
   }();
-  EXPECT_FALSE(reported.isEmpty());
+  EXPECT_EQ(reported, u"SELECT nome FROM nota WHERE id = "_s);
   expectRequests(3);
   EXPECT_EQ(QString(value(u"nome"_s, u"1"_s)), u"a"_s) << "nothing of the others is sent any more";
   EXPECT_EQ(errorOf([&] { static_cast<void>(value(u"nada"_s, u"1"_s).get()); }), values::kStatementFailed);
@@ -128,6 +128,26 @@ TEST_P(AskedTogether, WhatARowRaisesLeavesItsOwnGet) {
   EXPECT_EQ(good.get(), u"b"_s);
   EXPECT_EQ(errorOf([&] { static_cast<void>(bad.get()); }), values::kTypeMismatch);
   expectRequests(1);
+}
+
+TEST_P(AskedTogether, AFailingStatementEndsItsOwnRowAndThoseBehindIt) {
+  QStringList raised;
+  const auto careful = [&](QString column) -> Asked<QString> {
+    try {
+      co_return co_await value(column, u"1"_s);
+    } catch (const values::RuntimeError& error) {
+      raised << error.statement();
+    }
+    co_return u"?"_s;
+  };
+  auto good = careful(u"nome"_s), bad = careful(u"nada"_s);
+  EXPECT_EQ(bad.get() + good.get(), u"?a"_s);
+  EXPECT_EQ(raised, QStringList{u"SELECT nada FROM nota WHERE id = 1"_s});
+  auto late = value(u"nome"_s, u"2"_s);
+  connection.close();
+  EXPECT_EQ(errorOf([&] { EXPECT_EQ(late.get(), u"b"_s) << "it was asked at once"; }),
+            GetParam() ? values::kClosedObject : 0);
+  EXPECT_EQ(errorOf([&] { static_cast<void>(value(u"nome"_s, u"2"_s).get()); }), values::kClosedObject);
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, AskedTogether, ::testing::Bool(),

@@ -133,6 +133,25 @@ INSTANTIATE_TEST_SUITE_P(All, ServerInMidBatch,
                                                               TdsServer::Act::Silence),
                                             ::testing::Values(0, 1, 2)));
 
+TEST(ServerInBatch, RefusesAResultThatNobodyAskedFor) {
+  const std::vector<data::Statement> batch{
+      {u"SELECT a FROM nota"_s}, {u"INSERT INTO nota VALUES ('dois')"_s}, {u"SELECT a FROM nota"_s}};
+  for (const data::Statement& victim : batch) {
+    TdsServer server;
+    data::Connection connection;
+    connection.open(server.connectionString(), 5);
+    connection.execute(u"CREATE TABLE nota (a varchar(20))"_s);
+    server.setFault([&, seen = false](const QString& sql) mutable {
+      return sql == victim.sql && !std::exchange(seen, true) ? TdsServer::Act::Another
+                                                             : TdsServer::Act::Answer;
+    });
+    connection.begin();
+    EXPECT_EQ(errorOf([&] { connection.batch(batch); }), values::kStatementFailed);
+    EXPECT_EQ(errorOf([&] { connection.commit(); }), values::kStatementFailed)
+        << "the answers may be shifted";
+  }
+}
+
 struct Addition {
   const char* given;
   const char* port;  // of the environment

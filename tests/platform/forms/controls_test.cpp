@@ -120,6 +120,22 @@ TEST_F(Controls, ALimitedBoxRefusesWhatIsTypedOrPastedLast) {
   EXPECT_EQ(forms::controlText(&box), u"abcd"_s);
 }
 
+TEST_F(Controls, ALimitCutsNoCharacterInTwo) {
+  forms::limitText(sample.txtA, 4);
+  for (const auto& [pasted, kept] :
+       {std::pair{u"abc💝"_s, u"abc"_s}, {u"ab💝"_s, u"ab💝"_s}, {u"abcdef"_s, u"abcd"_s}}) {
+    sample.txtA->clear();
+    sample.txtA->insert(pasted);
+    EXPECT_EQ(sample.txtA->text(), kept);
+    sample.txtA->setText(pasted);
+    EXPECT_EQ(sample.txtA->text(), kept);
+  }
+  sample.txtA->setText(u"abc"_s);
+  sample.txtA->setCursorPosition(1);
+  sample.txtA->insert(u"💝"_s);
+  EXPECT_EQ(sample.txtA->text(), u"abc"_s);
+}
+
 TEST_F(Controls, ColorsAreBlueGreenRedOrTheSystemsAndTextStaysReadable) {
   EXPECT_EQ(forms::toColor(33023), QColor(255, 128, 0));
   EXPECT_EQ(forms::toColor(0x80000005), QColor(Qt::white));
