@@ -16,8 +16,7 @@ namespace {
 /// What the library is given for a statement of the program.
 QByteArray forLibrary(const QString& statement) {
   if (statement == u"BEGIN") return "BEGIN IMMEDIATE";
-  if (const auto column = data::identityColumn(statement)) return "SELECT last_insert_rowid()";
-  return data::toEmbeddedDialect(statement).toUtf8();
+  return data::toEmbeddedDialect(data::readStatement({statement})).toUtf8();
 }
 
 void runOne(sqlite3* database, const QByteArray& sql) {

@@ -269,7 +269,7 @@ void Session::execute(const QString& sql, tds::Response& response, bool more, bo
 }
 
 data::Recordset Session::runEmbedded(const QString& sql) const {
-  const data::Statement statement{sql};
+  const data::ReadStatement statement = data::readStatement({sql});
   std::vector<data::Recordset> results;
   engine_->run({&statement, 1}, results);
   return results.front();

@@ -1,16 +1,13 @@
 #pragma once
 
 #include <QString>
-#include <optional>
 
-// The few words of the server's dialect that the SQLite library does not know.
+#include "platform/data/one_statement.h"
+
 namespace data {
 
-/// The name of the result's column where a statement selects `@@identity` and nothing else
-/// ("MaxPropCmrc" of "SELECT @@identity as 'MaxPropCmrc'"); nothing for any other statement.
-[[nodiscard]] std::optional<QString> identityColumn(const QString& sql);
-
-/// The statement with a FROM after a DELETE that has none.
-[[nodiscard]] QString toEmbeddedDialect(const QString& sql);
+/// A statement in the words of the SQLite library: a FROM after a DELETE that has none, and the library's
+/// function for the `@@identity` that a statement selects.
+[[nodiscard]] QString toEmbeddedDialect(const ReadStatement& statement);
 
 }  // namespace data

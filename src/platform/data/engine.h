@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "platform/data/one_statement.h"
 #include "platform/data/recordset.h"
-#include "platform/data/statement.h"
 
 namespace data {
 
@@ -16,7 +16,7 @@ class Engine {
   virtual ~Engine() = default;
   /// Adds a result for each statement, in their order, up to the first that fails: a closed recordset for one
   /// without columns.
-  virtual void run(std::span<const Statement> statements, std::vector<Recordset>& results) = 0;
+  virtual void run(std::span<const ReadStatement> statements, std::vector<Recordset>& results) = 0;
   /// Whether several statements travel in one request.
   [[nodiscard]] virtual bool sendsTogether() const { return false; }
   virtual void begin() = 0;

@@ -65,7 +65,7 @@ class OdbcEngine final : public Engine {
   OdbcEngine(const QString& connectionString, int timeout);
   ~OdbcEngine() override;
 
-  void run(std::span<const Statement> statements, std::vector<Recordset>& results) override;
+  void run(std::span<const ReadStatement> statements, std::vector<Recordset>& results) override;
   [[nodiscard]] bool sendsTogether() const override { return isServer_; }
   void begin() override;
   void commit() override;
@@ -73,9 +73,10 @@ class OdbcEngine final : public Engine {
 
  private:
   QSqlQuery send(const QString& text);
-  void runTogether(std::span<const Statement> statements, std::vector<Recordset>& results);
+  void runTogether(std::span<const ReadStatement> statements, std::vector<Recordset>& results);
   Recordset readRows(QSqlQuery& query, Rows rows);
-  void walkResults(QSqlQuery& query, std::span<const Statement> statements, std::vector<Recordset>& results);
+  void walkResults(QSqlQuery& query, std::span<const ReadStatement> statements,
+                   std::vector<Recordset>& results);
   /// Goes to the next result of a request; false after the last one.
   bool moveOn(QSqlQuery& query);
   [[noreturn]] void fail(const QSqlError& error);
@@ -144,24 +145,24 @@ Recordset OdbcEngine::readRows(QSqlQuery& query, Rows rows) {
   }
   // A connection that was cut ends the rows like the last one does.
   if (query.lastError().isValid()) fail(query.lastError());
-  const auto shared = std::make_shared<Columns>(std::move(columns));
+  const auto shared = std::make_shared<Columns>(Columns{std::move(columns), {}});
   if (values.size() == 0) shared->longest = columnLengths(record);
   return {shared, std::move(values)};
 }
 
-void OdbcEngine::run(std::span<const Statement> statements, std::vector<Recordset>& results) {
+void OdbcEngine::run(std::span<const ReadStatement> statements, std::vector<Recordset>& results) {
   if (isServer_) return runTogether(statements, results);
-  for (const Statement& one : statements) {
-    QSqlQuery query = send(one.sql);
-    results.push_back(readRows(query, one.rows));
+  for (const ReadStatement& one : statements) {
+    QSqlQuery query = send(one.given.sql);
+    results.push_back(readRows(query, one.given.rows));
   }
 }
 
-void OdbcEngine::runTogether(std::span<const Statement> statements, std::vector<Recordset>& results) {
+void OdbcEngine::runTogether(std::span<const ReadStatement> statements, std::vector<Recordset>& results) {
   while (!statements.empty()) {
     const auto request = statements.first(togetherInOneRequest(statements));
     const QString text = requestText(request, limitLeft_);
-    const auto limited = [](const Statement& one) { return one.rows == Rows::First; };
+    const auto limited = [](const ReadStatement& one) { return one.given.rows == Rows::First; };
     limitLeft_ = limitLeft_ || std::ranges::any_of(request, limited);
     QSqlQuery query = send(text);
     walkResults(query, request, results);
@@ -176,17 +177,17 @@ bool OdbcEngine::moveOn(QSqlQuery& query) {
   return false;
 }
 
-void OdbcEngine::walkResults(QSqlQuery& query, std::span<const Statement> statements,
+void OdbcEngine::walkResults(QSqlQuery& query, std::span<const ReadStatement> statements,
                              std::vector<Recordset>& results) {
   bool more = true;
-  for (const Statement& statement : statements) {
+  for (const ReadStatement& statement : statements) {
     // Limits, and triggers on a table, leave counts of their own in between.
-    while (more && isSelect(statement.sql) && !query.isSelect()) more = moveOn(query);
+    while (more && statement.isSelect() && !query.isSelect()) more = moveOn(query);
     if (!more)
       throw values::RuntimeError(values::kConnectionFailed,
                                  u"O servidor não respondeu a todas as instruções."_s);
-    if (query.isSelect() && isWrite(statement.sql)) refuseUnasked();
-    results.push_back(readRows(query, statement.rows));
+    if (query.isSelect() && statement.isWrite()) refuseUnasked();
+    results.push_back(readRows(query, statement.given.rows));
     more = moveOn(query);
   }
   for (; more; more = moveOn(query))

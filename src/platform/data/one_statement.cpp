@@ -66,7 +66,7 @@ constexpr Words kBeforeSelect({u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION
 
 class Look {
  public:
-  explicit Look(QStringView sql) : tokens_(sql) {}
+  Look(QStringView sql, std::array<SqlToken, 2>& first) : tokens_(sql), first_(first) {}
 
   Statements read() {
     for (SqlToken token = tokens_.next(); token.kind != Kind::End; token = tokens_.next()) {
@@ -78,7 +78,10 @@ class Look {
       } else if (token.kind == Kind::Sign) {
         note(token);
       }
-      if (first_.kind == Kind::End) begin(token);
+      if (first_[0].kind == Kind::End)
+        begin(token);
+      else if (first_[1].kind == Kind::End)
+        first_[1] = token;
       previous_ = token;
     }
     return Statements::One;
@@ -86,7 +89,7 @@ class Look {
 
  private:
   void begin(const SqlToken& token) {
-    first_ = token;
+    first_[0] = token;
     mayTakeSelect_ = token.isWord(u"INSERT") || token.isWord(u"WITH");
     mayTakeSet_ = token.isWord(u"UPDATE");
   }
@@ -105,7 +108,7 @@ class Look {
   bool goesOn(const SqlToken& word) {
     if (word.isWord(u"CASE")) ++cases_;
     if (word.isWord(u"VALUES") && depth_ == 0) mayTakeSelect_ = false;
-    if (first_.kind == Kind::End || !kBeginnings.contain(word)) return true;
+    if (first_[0].kind == Kind::End || !kBeginnings.contain(word)) return true;
     if (word.isWord(u"SELECT"))
       return (previous_.isSign(u'(') && opensSubselect_) || kBeforeSelect.contain(previous_) ||
              (depth_ == 0 && std::exchange(mayTakeSelect_, false));
@@ -113,11 +116,11 @@ class Look {
     if (word.isWord(u"END")) return cases_-- > 0;
     if (word.isWord(u"FETCH")) return previous_.isWord(u"ROWS");
     if (word.isWord(u"IF")) return previous_.isWord(u"TABLE") || previous_.isWord(u"INDEX");
-    return first_.isWord(u"ALTER") && (word.isWord(u"ADD") || word.isWord(u"DROP"));
+    return first_[0].isWord(u"ALTER") && (word.isWord(u"ADD") || word.isWord(u"DROP"));
   }
 
   SqlTokens tokens_;
-  SqlToken first_;
+  std::array<SqlToken, 2>& first_;
   SqlToken previous_;
   int depth_ = 0;                // of "("
   int cases_ = 0;                // CASE without its END
@@ -129,17 +132,27 @@ class Look {
 
 }  // namespace
 
-Statements statementsIn(QStringView sql) { return Look(sql).read(); }
+Statements statementsIn(QStringView sql) {
+  std::array<SqlToken, 2> first;
+  return Look(sql, first).read();
+}
 
-void requireOneStatement(const QString& sql) {
-  const auto refuse = [](const QString& why) { throw values::RuntimeError(values::kStatementFailed, why); };
-  if (sql.contains(QChar::Null)) refuse(u"A instrução contém um caractere nulo."_s);
-  if (!sql.isValidUtf16())
-    refuse(u"A instrução não foi enviada: um texto contém metade de um caractere, que não se pode gravar."_s);
-  if (statementsIn(sql) == Statements::More)
-    refuse(
-        u"A instrução não foi enviada: um apóstrofo termina um texto antes do fim, e o que segue seria "
-        "outra instrução."_s);
+ReadStatement readStatement(Statement statement) {
+  ReadStatement one{std::move(statement), {}, {}};
+  one.read = Look(one.given.sql, one.first).read();
+  return one;
+}
+
+ReadStatement readOneStatement(Statement statement) {
+  const auto refuse = [](const QString& why) {
+    throw values::RuntimeError(values::kStatementFailed, u"A instrução não foi enviada: "_s + why);
+  };
+  if (statement.sql.contains(QChar::Null)) refuse(u"um texto contém um caractere nulo."_s);
+  if (!statement.sql.isValidUtf16()) refuse(u"um texto contém metade de um caractere, que não se grava."_s);
+  ReadStatement one = readStatement(std::move(statement));
+  if (one.read == Statements::More)
+    refuse(u"um apóstrofo termina um texto antes do fim, e o que segue seria outra instrução."_s);
+  return one;
 }
 
 }  // namespace data

@@ -1,6 +1,9 @@
 #pragma once
 
-#include <QString>
+#include <array>
+
+#include "platform/data/sql_tokens.h"
+#include "platform/data/statement.h"
 
 // The look at a statement before it is sent. Texts go into statements as they are, so a quote mark in one can
 // end it early; what stands after must not become a statement of its own.
@@ -14,13 +17,30 @@ enum class Statements : quint8 {
   Unpaired,  ///< a quote without its pair: every database refuses the text, with what follows in a batch
 };
 
+/// A statement as it goes to an engine, with what the one look at its text has found.
+struct ReadStatement {
+  Statement given;
+  Statements read = Statements::One;
+  std::array<SqlToken, 2> first;  ///< its first pieces, in the text of `given`
+
+  /// Whether it gives rows, which sets its result apart from the counts that others leave on the way.
+  [[nodiscard]] bool isSelect() const { return first[0].isWord(u"SELECT"); }
+  /// Whether it only writes, and so gives no rows.
+  [[nodiscard]] bool isWrite() const {
+    return first[0].isWord(u"INSERT") || first[0].isWord(u"UPDATE") || first[0].isWord(u"DELETE");
+  }
+  /// Whether it can stand beside others in one request without spoiling or swallowing them.
+  [[nodiscard]] bool mayTravel() const { return read == Statements::One; }
+};
+
 /// Reads a text as the strictest database would: a server wants no ";" between two statements. In one pass.
 /// The grammar is that of the statements this program makes (SELECT with subselects and UNION, INSERT with
 /// VALUES or SELECT, UPDATE, DELETE, and those that make tables): of others, some are taken for More.
+[[nodiscard]] ReadStatement readStatement(Statement statement);
 [[nodiscard]] Statements statementsIn(QStringView sql);
 
-/// Raises -2147217900 on what is More, and on a text with a NUL or half of a surrogate pair, where drivers
-/// may stop reading.
-void requireOneStatement(const QString& sql);
+/// The same; raises -2147217900 on what is More, and on a text with a NUL or half of a surrogate pair, where
+/// drivers may stop reading.
+[[nodiscard]] ReadStatement readOneStatement(Statement statement);
 
 }  // namespace data

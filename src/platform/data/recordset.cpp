@@ -47,15 +47,14 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
 
 }  // namespace
 
-Columns::Columns(QStringList given) : names(std::move(given)) {
-  QSet<QString> differing;
-  for (const QString& name : names) differing.insert(name.toUpper());
-  namesDiffer = differing.size() == names.size();
-}
-
 Recordset::Recordset(std::shared_ptr<const Columns> columns, ResultValues values)
     : columns_(std::move(columns)), values_(std::make_shared<const ResultValues>(std::move(values))) {
-  if (!columns_->names.isEmpty()) rows_ = static_cast<std::size_t>(values_->size() / columns_->names.size());
+  const QStringList& names = columns_->names;
+  if (!names.isEmpty()) rows_ = static_cast<std::size_t>(values_->size() / names.size());
+  if (rows_ < 2) return;
+  QSet<QString> differing;
+  for (const QString& name : names) differing.insert(name.toUpper());
+  namesDiffer_ = differing.size() == names.size();
 }
 
 void Recordset::close() { *this = {}; }
@@ -92,7 +91,7 @@ qsizetype Recordset::place(QStringView field) const {
   const QStringList& names = columns_->names;
   const auto width = static_cast<std::size_t>(names.size());
   // From the second row on the search goes on from the last field found, if that finds the same one.
-  const std::size_t start = row_ > 0 && columns_->namesDiffer ? lastColumn_ : 0;
+  const std::size_t start = row_ > 0 && namesDiffer_ ? lastColumn_ : 0;
   for (std::size_t tried = 0; tried < width; ++tried) {
     const std::size_t column = (start + tried) % width;
     if (field.compare(names[static_cast<qsizetype>(column)], Qt::CaseInsensitive) == 0) {

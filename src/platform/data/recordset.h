@@ -10,14 +10,10 @@
 
 namespace data {
 
-/// The columns of a result, which the results of one compiled statement share.
+/// The columns of a result.
 struct Columns {
-  Columns() = default;
-  explicit Columns(QStringList given);
-
-  QStringList names;         ///< in the order of the statement
-  QList<int> longest;        ///< of texts, one for each column; empty where the database gives none
-  bool namesDiffer = false;  ///< whatever the case; of two with the same name the first counts
+  QStringList names;   ///< in the order of the statement; of two with the same name the first counts
+  QList<int> longest;  ///< of texts, one for each column; empty where the database gives none
 };
 
 /// A result read whole when it was opened, then walked forward. Fields are found by name whatever the case.
@@ -65,6 +61,7 @@ class Recordset {
   std::shared_ptr<const ResultValues> values_;  // row after row
   std::size_t rows_ = 0;
   std::size_t row_ = 0;
+  bool namesDiffer_ = false;
   mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order
 };
 

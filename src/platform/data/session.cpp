@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/data/odbc_string.h"
-#include "platform/data/one_statement.h"
 #include "platform/files/paths.h"
 
 using namespace Qt::StringLiterals;
@@ -49,12 +48,12 @@ void Session::fail(const values::RuntimeError& error, const QString& statement) 
 
 void Session::runTogether(std::span<const Statement> request, std::vector<Recordset>& results) {
   const std::size_t before = results.size();
-  std::size_t count = 0;
+  std::vector<ReadStatement> good;
   std::optional<values::RuntimeError> refusal;
   try {
-    for (; count < request.size(); ++count) {
-      announce(request[count].sql);
-      requireOneStatement(request[count].sql);
+    for (const Statement& statement : request) {
+      announce(statement.sql);
+      good.push_back(readOneStatement(statement));
     }
   } catch (const values::RuntimeError& error) {
     refusal = error;
@@ -62,7 +61,7 @@ void Session::runTogether(std::span<const Statement> request, std::vector<Record
   const auto failing = [&] { return request[std::min(results.size() - before, request.size() - 1)].sql; };
   try {
     // An error of those in front comes first.
-    if (count > 0) engine_->run(request.first(count), results);
+    if (!good.empty()) engine_->run(good, results);
     if (refusal) throw values::RuntimeError(*refusal);
   } catch (const std::bad_alloc&) {
     fail({values::kStatementFailed, u"O resultado não cabe na memória."_s}, failing());

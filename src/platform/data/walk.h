@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <memory>
 
 namespace data {
 
@@ -12,7 +11,7 @@ class Walk {
   /// handles events: the work stands in the middle of an action.
   using Watcher = void (*)(qsizetype done, qsizetype of);
 
-  Walk();
+  Walk() { clock_.start(); }
   ~Walk();
   Walk(const Walk&) = delete;
   Walk& operator=(const Walk&) = delete;
@@ -20,17 +19,13 @@ class Walk {
   /// So many are done, before the next one begins.
   void done(qsizetype count, qsizetype of);
 
-  /// Whether one is under way.
-  [[nodiscard]] static bool isUnderWay();
-  /// Holds something until the outermost one ends; one must be under way.
-  static void keep(std::shared_ptr<void> what);
-
   /// None when `watcher` is null.
   static void setWatcher(Watcher watcher);
 
  private:
+  static constexpr qint64 kFirstReport = 1000, kNextReport = 100;  // milliseconds
   QElapsedTimer clock_;
-  qint64 due_;  ///< milliseconds from the start to the next report
+  qint64 due_ = kFirstReport;  ///< milliseconds from the start to the next report
 };
 
 }  // namespace data

@@ -7,7 +7,6 @@
 
 #include "platform/data/connection.h"
 #include "platform/data/engine.h"
-#include "platform/data/walk.h"
 #include "support/printing.h"
 
 using namespace Qt::StringLiterals;
@@ -55,28 +54,6 @@ TEST_F(EmbeddedFile, IsSafeAgainstPowerCutsAndWaitsForOthers) {
   EXPECT_EQ(ask(connection, u"PRAGMA busy_timeout"_s), u"30000"_s);
 }
 
-TEST_F(EmbeddedFile, IsReadInOneStateByAWalkThatCanWriteAllTheSame) {
-  auto connection = open(), another = open();
-  const QString count = u"SELECT count(*) FROM t"_s;
-  const QString insert = u"INSERT INTO t (nome) VALUES ('Ana')"_s;
-  {
-    const data::Walk walk;
-    EXPECT_EQ(ask(connection, count), u"0"_s);
-    another.execute(insert);
-    EXPECT_EQ(ask(connection, count), u"0"_s);
-    connection.execute(insert);
-    EXPECT_EQ(ask(connection, count), u"2"_s);
-  }
-  {
-    const data::Walk walk;
-    EXPECT_EQ(ask(connection, count), u"2"_s);
-    another.execute(insert);
-    connection.close();
-  }
-  connection = open();
-  EXPECT_EQ(ask(connection, count), u"3"_s);
-}
-
 TEST_F(EmbeddedFile, SaysWhatIsWrongWithAFile) {
   open().execute(u"INSERT INTO t (nome) VALUES ('%1')"_s.arg(QString(100'000, u'x')));
   QFile file(path);
@@ -113,7 +90,7 @@ TEST_F(EmbeddedFile, ThatMayOnlyBeReadIsReadAndRefusesWrites) {
   }
 }
 
-TEST_F(EmbeddedFile, KeepsCompiledStatementsRightWhenATableChanges) {
+TEST_F(EmbeddedFile, ReadsTheColumnsOfATableThatAnotherChanged) {
   auto connection = open();
   const QString sql = u"SELECT * FROM t WHERE nome = 'a'"_s;
   connection.execute(u"INSERT INTO t (nome) VALUES ('a')"_s);
