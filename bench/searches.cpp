@@ -86,7 +86,7 @@ void lookingUp() {
                       .prepare = [] {},
                       .handler =
                           [&] {
-                            for (const QString& key : keys) static_cast<void>(one.lookup(key).get());
+                            for (const QString& key : keys) static_cast<void>(waitFor(one.lookup(key)));
                           }});
   }
 }

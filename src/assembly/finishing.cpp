@@ -58,7 +58,8 @@ int linhaProduto(const forms::GridModel& materiais) {
 QString frmMontarProduto::totalDoItem() const {
   const auto& grade = Flex->grid();
   // The unit of the prototype of that number gives the decimals; without one the quantity counts as whole.
-  const QString mascara = mascaraUnidade(UnidadePrototipo(grade.text(linhaProduto(grade), Column::Id)));
+  const QString mascara =
+      waitFor(mascaraUnidade(waitFor(UnidadePrototipo(grade.text(linhaProduto(grade), Column::Id)))));
   return emMoeda(leNumero(values::format(txtQuantidade->text(), mascara)) *
                  leNumero(emMoeda(lblTotalUnitarioProduto->text())));
 }

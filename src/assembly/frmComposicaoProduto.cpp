@@ -34,7 +34,7 @@ void frmComposicaoProduto::Form_Load() {
   AplicaCoresForm(*this);
   const QString codigo = contexto().CodProdutoComposicao;
   lblCodigoProdDetalhe->setText(codigo);
-  lblDescProdDetalhe->setText(DescricaoProdutoPorCodigo(codigo));
+  lblDescProdDetalhe->setText(waitFor(DescricaoProdutoPorCodigo(codigo)));
   cmdPesquisa_Click();
 }
 

@@ -72,7 +72,7 @@ void frmConfirmaItem::recusa(const QString& motivo, const QString& conselho) {
 
 void frmConfirmaItem::aplicaShowRoom() {
   // A multiplier, though its name says percent.
-  const QString percentual = ParametroEmpresa(u"PERCENTUAL_SHOWROOM"_s);
+  const QString percentual = waitFor(ParametroEmpresa(u"PERCENTUAL_SHOWROOM"_s));
   double fator = percentual.isEmpty() ? 1 : values::toNumber(percentual);
   if (fator == 0) fator = 1;
   lblValor->setText(values::toText(values::toNumber(lblValor->text()) * fator));

@@ -33,9 +33,9 @@ Asked<forms::GridRow> linhaDoKit(data::Recordset rs) {
 
 void carregaKit(forms::GridModel& grade, const QString& codigo) {
   if (codigo.isEmpty()) return;
-  const QString produto = IdProdutoPorCodigo(codigo);
+  const QString produto = waitFor(IdProdutoPorCodigo(codigo));
   const data::Recordset rs = abreConsulta(u"select * from prod_kit0 where idprod = "_s +
                                           consulta::numero(produto) + u" and data_desa is null"_s);
-  grade.addRows(data::forEachRow(rs, linhaDoKit).get());
+  grade.addRows(waitFor(data::forEachRow(rs, linhaDoKit)));
   grade.sortAscending(Codigo);
 }

@@ -57,7 +57,7 @@ void frmMontarProduto::PesquisaMaterial(int aba, const QString& texto) {
 
   const forms::WaitPointer espera;
   auto& grade = gradeDaAba(aba)->grid();
-  grade.addRows(data::forEachRow(abreConsulta(sql), linhaDoArtigo).get());
+  grade.addRows(waitFor(data::forEachRow(abreConsulta(sql), linhaDoArtigo)));
   grade.chooseSingleRow();
 }
 

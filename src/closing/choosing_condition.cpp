@@ -21,5 +21,5 @@ void frmConfirmaPropCmrcTL::cmdPesquisa_CondPg_Click() {
       abreConsulta(u"SELECT * FROM cond_pgto WHERE idcond_pgto="_s + txtIdCondPg->text());
   if (rs.eof()) return naoLocalizada();
   lblParcelas->setText(rs.text(u"qtde_parc"));
-  lblPrazos->setText(DiasCondPgto(rs.text(u"idcond_pgto")));
+  lblPrazos->setText(waitFor(DiasCondPgto(rs.text(u"idcond_pgto"))));
 }

@@ -74,7 +74,7 @@ QString frmConfirmaPropCmrcTL::montaUpdateCondicao() {
   // The one text that is escaped: nothing else stands between an apostrophe and the middle of a closing.
   const QString observacao = SubstituiTexto(apara(forms::controlText(txtObservacaoPedido)), u"'"_s, u"''"_s);
 
-  const QString transportadora = IdTransportadora(apara(cboTransportadora->text()));
+  const QString transportadora = waitFor(IdTransportadora(apara(cboTransportadora->text())));
 
   QString sql = u"UPDATE PROP_CMRC SET "_s;
   sql += u"idTRPT='"_s + transportadora + u"', "_s;

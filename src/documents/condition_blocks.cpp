@@ -44,7 +44,7 @@ Asked<QString> textoPagamento(data::Recordset orcamento, QString id) {
 QString CondicoesOrcaHTML(const QString& id) {
   if (orcamentoDoDocumento(id).eof()) return {};
   const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,
-                              html::escapado(textoPagamento(documento().rsImpressao, id).get()),
+                              html::escapado(waitFor(textoPagamento(documento().rsImpressao, id))),
                               u"&nbsp"_s,
                               u"Validade da proposta:"_s + QString::fromUtf16(empresa::kValidade),
                               u"Dados bancários:"_s + QString::fromUtf16(empresa::kBanco),
@@ -63,6 +63,6 @@ QString CondicoesOrcaHTML(const QString& id) {
 QString CondPgtoOrcaHTML(const QString& id) {
   const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
-  return grade::abreDetalhes() + grade::linha({grade::dado(u"100%"_s, textoPagamento(rs, id))}) +
+  return grade::abreDetalhes() + grade::linha({grade::dado(u"100%"_s, waitFor(textoPagamento(rs, id)))}) +
          grade::fecha();
 }

@@ -58,9 +58,9 @@ QString DadosClienteOrcaGradeHTML(const QString& id) {
   auto atendente = UsuarioAtual(rs.text(u"IDRESV_PROP_CMRC"));
   auto emailAtendente = EmailUsuario(rs.text(u"IDRESV_PROP_CMRC"));
   auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
-  const bool aberto = fechamento.get().isEmpty();
+  const bool aberto = waitFor(fechamento).isEmpty();
   const QString fone = rs.text(u"fone_CLIE");
-  grade::Celula nome = grade::rotulada(u"60%"_s, u"Cliente: "_s, PegaCampo(cliente, 1));
+  grade::Celula nome = grade::rotulada(u"60%"_s, u"Cliente: "_s, PegaCampo(waitFor(cliente), 1));
   nome.atributos = u"colspan='2'"_s;
   return u"<!--Dados do Cliente-->"_s + kFim + grade::abre() +
          grade::linha(
@@ -70,9 +70,9 @@ QString DadosClienteOrcaGradeHTML(const QString& id) {
                        rotulada(u"40%"_s, u"E-mail: "_s, rs.text(u"emai_CLIE").toLower())}) +
          grade::linha({rotulada(u"30%"_s, aberto ? u"Orçamento: "_s : u"Pedido: "_s,
                                 rs.format(u"idprop_cmrc", u"000000")),
-                       rotulada(u"30%"_s, u"Atendimento: "_s, atendente),
-                       rotulada(u"40%"_s, u"E-mail: "_s, emailAtendente)}) +
-         grade::linha({rotulada(u"30%"_s, u"Evento: "_s, evento),
+                       rotulada(u"30%"_s, u"Atendimento: "_s, waitFor(atendente)),
+                       rotulada(u"40%"_s, u"E-mail: "_s, waitFor(emailAtendente))}) +
+         grade::linha({rotulada(u"30%"_s, u"Evento: "_s, waitFor(evento)),
                        rotulada(u"30%"_s, u"Data Evento: "_s, rs.formatDate(u"DATA_even", u"dd/mm/yyyy")),
                        rotulada(u"40%"_s, u"Entrega: "_s, rs.formatDate(u"DATA_ENTG", u"dd/mm/yyyy"))}) +
          grade::fecha() + u"<br>"_s + kFim;

@@ -145,7 +145,7 @@ QString RodapeOrcaEstilosHTML() {
 QString TextoVazio() { return {}; }
 
 QString RodapePedidoHTML(const QString&) {
-  const QString modelo = ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s);
+  const QString modelo = waitFor(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s));
   const QString titulo = QString::fromUtf16(kCondicoes);
   if (modelo.isEmpty() || modelo == u"1")
     return html::quadro({u"Rodapé", titulo, listaDe(clausulas::kPedido), 0});

@@ -16,7 +16,7 @@ html::Quadro quadroGeral(const QStringList& linhas) {
 QStringList linhasDoEvento(const data::Recordset& rs) {
   auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
   auto servico = DescricaoTipoServico(rs.text(u"idtipo_serv"));
-  return {u"Tipo Evento: "_s + evento.get(), u"Tipo Serviço: "_s + servico.get(),
+  return {u"Tipo Evento: "_s + waitFor(evento), u"Tipo Serviço: "_s + waitFor(servico),
           u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")};
 }
 
@@ -35,7 +35,7 @@ QString DadosGeraisOrcaHTML(const QString& id) {
   const data::Recordset rs = orcamentoDoDocumento(id);
   if (rs.eof()) return {};
   return html::quadro(
-      quadroGeral({condicaoPagamento(rs).get(), u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")}));
+      quadroGeral({waitFor(condicaoPagamento(rs)), u"Observações: "_s + rs.text(u"OBSE_prop_CMRC")}));
 }
 
 QString DadosGeraisOrcaEstilosHTML(const QString& id) {
@@ -46,7 +46,7 @@ QString DadosGeraisOrcaEstilosHTML(const QString& id) {
   const QStringList linhas{u"Data/Hora do Evento: "_s + rs.formatDate(u"DATA_even", u"dd/mm/yyyy hh:mm") +
                                u" - Número de Pessoas: "_s + rs.text(u"NUME_PESS") +
                                u" - Validade do Orçamento: "_s + rs.formatDate(u"DATA_vali", u"dd/mm/yyyy"),
-                           u"Resp.Atendimento: "_s + atendente.get()};
+                           u"Resp.Atendimento: "_s + waitFor(atendente)};
   return html::quadroEstilos(quadroGeral(linhas + eventoEServico), u"titulo3"_s, u"dados1b"_s);
 }
 

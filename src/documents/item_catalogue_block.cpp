@@ -111,12 +111,23 @@ QString montaValores(const data::Recordset& rs, const ItemDoDocumento& item, con
            html::escapado(observacao));
 }
 
-Asked<QString> montaCaixa(data::Recordset rs, int numero) {
+/// What a box asks for.
+struct Respostas {
+  ItemDoDocumento item;
+  QString composicao, observacao;
+};
+Asked<Respostas> respostasDe(data::Recordset rs) {
   auto pedeItem = itemPorTipo(rs);
   auto pedeComposicao = montaComposicao(rs.text(u"idprodprot"));
-  const QString observacao = co_await observacaoDe(rs);
-  const QString composicao = co_await pedeComposicao;
-  const ItemDoDocumento item = co_await pedeItem;
+  Respostas respostas;
+  respostas.observacao = co_await observacaoDe(rs);
+  respostas.composicao = co_await pedeComposicao;
+  respostas.item = co_await pedeItem;
+  co_return respostas;
+}
+
+QString montaCaixa(const data::Recordset& rs, const Respostas& respostas, int numero) {
+  const auto& [item, composicao, observacao] = respostas;
   QString texto = fixo(
                       uR"(<table align='center' width=660px height=30px><tr><td></td></tr></table>
 <table border='0' align='center' width=670 cellspacing=0 cellpadding=2>
@@ -133,15 +144,17 @@ Asked<QString> montaCaixa(data::Recordset rs, int numero) {
                       .arg(numeroDoItem(numero), html::escapado(item.descricao), html::escapado(item.codigo));
   texto += composicao + montaValores(rs, item, observacao) + u"</td>"_s + kFim;
   if (documento().ExibeFotos) texto += montaFotos(item.codigo);
-  co_return texto + fixo(u"</tr>\n</table>\n");
+  return texto + fixo(u"</tr>\n</table>\n");
 }
 
 }  // namespace
 
 QString ItensOrcaEstilosHTML(const QString& id, const QString&, const QString& caminho) {
+  data::Recordset rs = itensDoOrcamento(id);
   int numero = 0;
-  auto caixas = data::startEachRow(itensDoOrcamento(id),
-                                   [&](const data::Recordset& rs) { return montaCaixa(rs, ++numero); });
-  for (auto& caixa : caixas) html::acrescenta(caminho, caixa.get());
+  for (auto& pedida : data::startEachRow(rs, respostasDe)) {
+    html::acrescenta(caminho, montaCaixa(rs, waitFor(pedida), ++numero));
+    rs.moveNext();
+  }
   return {};
 }

@@ -68,12 +68,12 @@ QString ItensOrcaDetalheHTML(const QString& id, const QString&, const QString& c
   double unitario = 0;
   double total = 0;
   for (auto& linha : linhas) {
-    html::acrescenta(caminho, linha.get());
+    html::acrescenta(caminho, waitFor(linha));
     unitario += valorOuZero(rs, u"VALO_LIQU");
     total += valorOuZero(rs, u"VALO_TOTA");
     rs.moveNext();
   }
-  const int pessoas = PessoasOrcamento(id);
+  const int pessoas = waitFor(PessoasOrcamento(id));
   return montaTotal(comPrecos, unitario, total) +
          (pessoas > 0 ? montaTotalPorPessoa(pessoas, unitario) : QString());
 }

@@ -106,7 +106,7 @@ Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString, QString)
 }
 
 QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QString& caminho) {
-  const bool aberto = DataFechamentoOrcamento(id).get().isEmpty();
+  const bool aberto = waitFor(DataFechamentoOrcamento(id)).isEmpty();
   // A closed quote shows what the customer approved.
   data::Recordset rs = itensDoOrcamento(id, aberto ? QString() : u" and (Not data_aprov Is Null) "_s);
   if (rs.eof()) return {};
@@ -115,12 +115,13 @@ QString ItensOrcaGradeHTML(const QString& id, const QString& fotos, const QStrin
   double total = 0;
   double quantidade = 0;
   for (auto& item : itens) {
-    html::acrescenta(caminho, item.get());
+    html::acrescenta(caminho, waitFor(item));
     total += valorOuZero(rs, u"VALO_TOTA");
     quantidade += valorOuZero(rs, u"QTDE");
     rs.moveNext();
   }
   return grade::abreDetalhes() +
-         (aberto ? totaisAberto(total, quantidade) : totaisFechado(total, leNumero(DescontoOrcamento(id)))) +
+         (aberto ? totaisAberto(total, quantidade)
+                 : totaisFechado(total, leNumero(waitFor(DescontoOrcamento(id))))) +
          grade::fecha() + u"<BR>"_s + kFim;
 }

@@ -78,21 +78,25 @@ Asked<QString> ncmDe(QString idprod) {
   co_return co_await CodigoComTributacao(classe);
 }
 
-/// What the rows of one table have in common.
-struct Forma {
-  const TabelaDeItens& tabela;
-  const std::vector<Coluna> colunas = colunasDe(tabela);
+/// What a row asks for.
+struct Respostas {
+  ItemDoDocumento item;
+  QString ncm;
 };
+Asked<Respostas> respostasDe(Asked<ItemDoDocumento> pedeItem, QString idprod) {
+  Respostas respostas;
+  respostas.ncm = co_await ncmDe(idprod);
+  respostas.item = co_await pedeItem;
+  co_return respostas;
+}
 
-/// The form outlives its rows.
-Asked<QString> linhaDoItem(data::Recordset rs, const Forma* forma) {
-  const auto& [tabela, colunas] = *forma;
-  auto pedeItem = tabela.item(rs);
-  const QString ncm = co_await ncmDe(rs.text(tabela.campoProduto));
-  const ItemDoDocumento item = co_await pedeItem;
-  QStringList textos{
-      escapado(item.codigo),      escapado(item.descricao),  escapado(ncm), rs.format(u"QTDE", item.mascara),
-      dinheiro(rs, u"VALO_LIQU"), dinheiro(rs, u"VALO_TOTA")};
+QString linhaDoItem(const TabelaDeItens& tabela, const std::vector<Coluna>& colunas,
+                    const Respostas& respostas) {
+  const data::Recordset& rs = tabela.itens;
+  const ItemDoDocumento& item = respostas.item;
+  QStringList textos{escapado(item.codigo),      escapado(item.descricao),
+                     escapado(respostas.ncm),    rs.format(u"QTDE", item.mascara),
+                     dinheiro(rs, u"VALO_LIQU"), dinheiro(rs, u"VALO_TOTA")};
   if (tabela.embarques) textos << montaEmbarques(rs, item.mascara);
   QString celulas = tabela.fotos ? celulaFoto(item.codigo) + kFim : QString();
   std::size_t coluna = tabela.fotos ? 1 : 0;
@@ -100,7 +104,7 @@ Asked<QString> linhaDoItem(data::Recordset rs, const Forma* forma) {
     celulas += montaCelula(colunas[coluna].largura, texto, colunas[coluna].alinhamento, false);
     ++coluna;
   }
-  co_return montaLinha(celulas);
+  return montaLinha(celulas);
 }
 
 QString montaTotais(double total, double descontos) {
@@ -117,19 +121,20 @@ QString montaTotais(double total, double descontos) {
 QString tabelaComTotais(TabelaDeItens tabela) {
   if (tabela.itens.eof()) return {};
   const double descontosDosItens = SomaDescontoPedido(tabela.itens);
-  const Forma forma{tabela};
+  const std::vector<Coluna> colunas = colunasDe(tabela);
   QString texto = u"<!--Detalhes - Itens-->"_s + kFim + u"<P>"_s + kFim +
-                  u"<table border='1' align='center' width=660>"_s + kFim + montaTitulos(forma.colunas);
-  auto linhas =
-      data::startEachRow(tabela.itens, [&](const data::Recordset& rs) { return linhaDoItem(rs, &forma); });
+                  u"<table border='1' align='center' width=660>"_s + kFim + montaTitulos(colunas);
+  auto pedidas = data::startEachRow(tabela.itens, [&tabela](const data::Recordset& rs) {
+    return respostasDe(tabela.item(rs), rs.text(tabela.campoProduto));
+  });
   double total = 0;
-  for (auto& linha : linhas) {
-    texto += linha.get();
+  for (auto& pedida : pedidas) {
+    texto += linhaDoItem(tabela, colunas, waitFor(pedida));
     total += valorOuZero(tabela.itens, u"VALO_TOTA");
     tabela.itens.moveNext();
   }
   return texto + u"</table>"_s + kFim +
-         montaTotais(total, descontosDosItens + leNumero(DescontoPedido(tabela.numero)));
+         montaTotais(total, descontosDosItens + leNumero(waitFor(DescontoPedido(tabela.numero))));
 }
 
 namespace {

@@ -15,11 +15,11 @@ data::Recordset abrePedido(const QString& numero) {
 }
 
 QStringList linhasDoCliente(const QString& numero) {
-  const QString cliente = ClienteDoPedido(IdPedidoPorNumero(numero));
+  const QString cliente = waitFor(ClienteDoPedido(waitFor(IdPedidoPorNumero(numero))));
   if (cliente.isEmpty()) return {};
   auto fones = FonesCliente(cliente);
   auto email = EmailCliente(cliente);
-  return linhasDaParte(leParte(cliente), fones, email);
+  return linhasDaParte(leParte(cliente), waitFor(fones), waitFor(email));
 }
 
 QStringList linhasGerais(const QString& numero) {
@@ -30,11 +30,11 @@ QStringList linhasGerais(const QString& numero) {
   auto condicao = condicaoPagamento(rs);
   auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));
   auto servico = DescricaoTipoServico(rs.text(u"idtipo_serv"));
-  return {u"Transportadora: "_s + transportadora.get() + u" - Fone: "_s + fone.get(),
+  return {u"Transportadora: "_s + waitFor(transportadora) + u" - Fone: "_s + waitFor(fone),
           u"Comprador: "_s + rs.text(u"nome_compr") + u" - Fone: "_s + rs.text(u"fone_compr"),
-          condicao.get(),
-          u"Tipo Evento: "_s + evento.get(),
-          u"Tipo Serviço: "_s + servico.get(),
+          waitFor(condicao),
+          u"Tipo Evento: "_s + waitFor(evento),
+          u"Tipo Serviço: "_s + waitFor(servico),
           u"Observações: "_s + rs.text(u"OBSE_PEDI_VEDS")};
 }
 
@@ -56,7 +56,7 @@ QString DadosClientePedidoEstilosHTML(const QString& numero) {
 
 QString DadosGeraisPedidoHTML(const QString& numero) {
   // The general data of an order are the same in all models.
-  [[maybe_unused]] const QString modelo = ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s);
+  [[maybe_unused]] const QString modelo = waitFor(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s));
   const QStringList linhas = linhasGerais(numero);
   return linhas.isEmpty() ? QString() : html::quadro(quadroGeral(linhas));
 }

@@ -64,11 +64,11 @@ Modelo modeloDe(const QString& parametro) {
 }  // namespace
 
 void MontaPedidoHTML(qint32 id, const QString& caminho) {
-  const Aspecto aspecto = ParametroEmpresa(u"MODELO_PEDI_VEDS"_s) == u"2" ? Estilos : EmLinha;
-  const Modelo modelo = modeloDe(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s));
+  const Aspecto aspecto = waitFor(ParametroEmpresa(u"MODELO_PEDI_VEDS"_s)) == u"2" ? Estilos : EmLinha;
+  const Modelo modelo = modeloDe(waitFor(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s)));
   const QString numero = QString::number(id);
   const QString titulo = u"Pedido de Venda - "_s + numeroDocumento(id);
-  const Dados dados{numero, titulo, titulo + u" - "_s + diaDaData(DataPedido(numero))};
+  const Dados dados{numero, titulo, titulo + u" - "_s + diaDaData(waitFor(DataPedido(numero)))};
 
   html::Iniciado arquivo(caminho);
   const auto escreve = [&](Bloco bloco) {

@@ -13,9 +13,11 @@ using html::kFim;
 namespace {
 
 data::Recordset itensDoPedido(const QString& numero) {
-  return abreConsulta(u"SELECT * FROM pedi_veds_deta where idpedi_veds='"_s + IdPedidoPorNumero(numero) +
-                      u'\'');
+  return abreConsulta(u"SELECT * FROM pedi_veds_deta where idpedi_veds='"_s +
+                      waitFor(IdPedidoPorNumero(numero)) + u'\'');
 }
+
+Asked<ItemDoDocumento> itemDaLinha(const data::Recordset& rs) { return itemDoProduto(rs.text(u"idprod")); }
 
 /// How a box looks: with inline styles or with classes.
 struct Aspecto {
@@ -54,8 +56,8 @@ QString montaLinha(const QString& celulas) {
 }
 
 // Without a photo the description takes its width.
-Asked<QString> montaCaixa(data::Recordset rs, int numero, bool fotos, Aspecto aspecto) {
-  const ItemDoDocumento item = co_await itemDoProduto(rs.text(u"idprod"));
+QString montaCaixa(const data::Recordset& rs, const ItemDoDocumento& item, int numero, bool fotos,
+                   const Aspecto& aspecto) {
   const QString larguraDescricao = fotos ? u"45%"_s : u"70%"_s;
   const QString titulos =
       (fotos ? montaCelula(u"25%"_s, u"center"_s, aspecto.rotulo(u"Foto"_s)) : QString()) +
@@ -68,8 +70,8 @@ Asked<QString> montaCaixa(data::Recordset rs, int numero, bool fotos, Aspecto as
                         montaCelula(u"15%"_s, u"right"_s, aspecto.dado(rs.format(u"QTDE", item.mascara)));
   const QString valores =
       u"Valor Unitário: R$ "_s + dinheiro(rs, u"VALO_LIQU") + u" - Total: R$ "_s + dinheiro(rs, u"VALO_TOTA");
-  co_return fixo(
-      uR"(<!--Detalhes - Itens 1-->
+  return fixo(
+             uR"(<!--Detalhes - Itens 1-->
 <P>
 <table border='1' align='center' width=670>
     <tr>
@@ -87,12 +89,13 @@ Asked<QString> montaCaixa(data::Recordset rs, int numero, bool fotos, Aspecto as
 }
 
 QString montaCaixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
-  int item = 0;
-  auto caixas = data::startEachRow(itensDoPedido(numero), [&](const data::Recordset& rs) {
-    return montaCaixa(rs, ++item, fotos, aspecto);
-  });
+  data::Recordset rs = itensDoPedido(numero);
   QString texto;
-  for (auto& caixa : caixas) texto += caixa.get();
+  int quantos = 0;
+  for (auto& item : data::startEachRow(rs, itemDaLinha)) {
+    texto += montaCaixa(rs, waitFor(item), ++quantos, fotos, aspecto);
+    rs.moveNext();
+  }
   return texto;
 }
 
@@ -108,7 +111,7 @@ QString ItensPedidoEstilosHTML(const QString& numero, const QString&) {
 
 QString ItensPedidoFotoHTML(const QString& numero, const QString&) {
   return tabelaComTotais({.itens = itensDoPedido(numero),
-                          .item = [](const data::Recordset& rs) { return itemDoProduto(rs.text(u"idprod")); },
+                          .item = itemDaLinha,
                           .campoProduto = u"idprod",
                           .fotos = documento().ExibeFotos,
                           .embarques = true,

@@ -22,7 +22,7 @@ html::Quadro quadroDe(const QStringList& linhas) {
 QString Parte::localidade() const { return html::juntos({cidade, uf, cep}); }
 
 Parte leParte(const QString& idclie) {
-  const QString texto = EnderecoCliente(idclie);
+  const QString texto = waitFor(EnderecoCliente(idclie));
   Parte parte;
   int campo = 0;
   for (QString* destino : {&parte.nome, &parte.endereco, &parte.cidade, &parte.uf, &parte.cep,

@@ -71,7 +71,7 @@ Fornecedor fornecedorDaLetra(const data::Recordset& rs) {
   const QString letra = documento().letraFornecedor;
   if (letra.size() != 1 || !u"ABCDE"_s.contains(letra)) return {};
   const QString id = u"IDFORN_"_s + letra;
-  return {rs.isNull(id) ? QString() : NomeFornecedor(rs.text(id)), rs.text(u"CONT_FORN_"_s + letra)};
+  return {rs.isNull(id) ? QString() : waitFor(NomeFornecedor(rs.text(id))), rs.text(u"CONT_FORN_"_s + letra)};
 }
 
 }  // namespace
@@ -92,7 +92,8 @@ void CotacaoCompraHTML(qint32 id, const QString& caminho) {
       grade::abre() +
       grade::linha({titulo(u"70%"_s, u"Descrição"_s), titulo(u"30%"_s, u"Quantidade"_s, kDireita)});
   for (auto& descricao : data::startEachRow(*itens, descricaoDe)) {
-    corpo += grade::linha({dado(u"70%"_s, descricao.get()), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
+    corpo +=
+        grade::linha({dado(u"70%"_s, waitFor(descricao)), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
     itens->moveNext();
   }
   grava(caminho, u"Cotação de Compras - "_s + numeroDocumento(id),
@@ -103,7 +104,7 @@ void OrdemCompraHTML(qint32 id, const QString& caminho) {
   const QString chave = QString::number(id);
   const auto rs = consultaOuAvisa(u"SELECT * From pedi_comp Where idpedi_comp = '"_s + chave + u'\'');
   if (!rs || rs->eof()) return;
-  const QString fornecedor = rs->isNull(u"idforn") ? QString() : NomeFornecedor(rs->text(u"idforn"));
+  const QString fornecedor = rs->isNull(u"idforn") ? QString() : waitFor(NomeFornecedor(rs->text(u"idforn")));
   auto itens = consultaOuAvisa(u"SELECT * From pedi_comp_deta Where idpedi_comp = "_s + chave);
   if (!itens) return;
 
@@ -116,7 +117,7 @@ void OrdemCompraHTML(qint32 id, const QString& caminho) {
                     titulo(u"15%"_s, u"Valor Total"_s, kDireita)});
   for (auto& descricao : data::startEachRow(*itens, descricaoDe)) {
     corpo += grade::linha(
-        {dado(u"55%"_s, descricao.get()), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
+        {dado(u"55%"_s, waitFor(descricao)), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
          dado(u"15%"_s, dinheiro(*itens, u"VALO_LIQU"), kDireita),
          dado(u"15%"_s, emMoeda(valorOuZero(*itens, u"QTDE") * valorOuZero(*itens, u"VALO_LIQU")),
               kDireita)});

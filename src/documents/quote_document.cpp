@@ -119,10 +119,10 @@ void escreveModelo(std::span<const Passo> passos, const QString& modelo, const D
   escreve(blocos, dados);
 }
 
-QString modeloDaEmpresa() { return ParametroEmpresa(u"MODELO_PROP_CMRC"_s); }
+QString modeloDaEmpresa() { return waitFor(ParametroEmpresa(u"MODELO_PROP_CMRC"_s)); }
 
 QString comData(const QString& titulo, const QString& id) {
-  return titulo + u" - "_s + diaDaData(DataOrcamento(id));
+  return titulo + u" - "_s + diaDaData(waitFor(DataOrcamento(id)));
 }
 
 }  // namespace
@@ -136,7 +136,7 @@ void MontaOrcaHTML(qint32 id, const QString& caminho) {
 
 void MontaOrcaGradeHTML(qint32 id, const QString& caminho) {
   const QString chave = QString::number(id);
-  const bool aberto = DataFechamentoOrcamento(chave).get().isEmpty();
+  const bool aberto = waitFor(DataFechamentoOrcamento(chave)).isEmpty();
   const QString titulo =
       (aberto ? u"Orçamento de Venda - "_s : u"Pedido de Venda - "_s) + numeroDocumento(id);
   escreve(kGrade, {chave, caminho, titulo, comData(titulo, chave)});

@@ -17,7 +17,7 @@ namespace {
 QString prefixo(const TipoDeDocumento* tipo, qint32 id) {
   if (tipo == nullptr) return {};
   const bool orcamento = QStringView(tipo->tipo) == u"ORCA_VENDAS";
-  if (orcamento && !DataFechamentoOrcamento(QString::number(id)).get().isEmpty()) return u"Pedido - "_s;
+  if (orcamento && !waitFor(DataFechamentoOrcamento(QString::number(id))).isEmpty()) return u"Pedido - "_s;
   return QString::fromUtf16(tipo->assunto);
 }
 
@@ -43,11 +43,11 @@ bool frmPedHTML::escolheCorpo() {
 void frmPedHTML::cmdEnviarEmail_Click() {
   if (!escolheCorpo()) return;
   auto& tela = forms::form<frmEmailOS>();
-  tela.txtCC->setText(EmailEmpresa().get().toLower());
+  tela.txtCC->setText(waitFor(EmailEmpresa()).toLower());
   const qint32 id = documento().IdDocumento;
   const QString assunto = prefixo(tipoDoDocumento(), id);
   if (!assunto.isNull())
-    tela.txtTitulo->setText(assunto + numeroDocumento(id) + u" - "_s + NomeConhecidoEmpresa());
+    tela.txtTitulo->setText(assunto + numeroDocumento(id) + u" - "_s + waitFor(NomeConhecidoEmpresa()));
   tela.poeAnexo(pdf_);
   tela.showModal();
 }

@@ -66,14 +66,14 @@ void tabelaDoCliente(WordProcessor& word, const data::Recordset& orcamento) {
   auto evento = DescricaoTipoEvento(orcamento.text(u"idtipo_even"));
   word.addTable(1, 3, true);
   digitaCelulas(
-      word,
-      {u"Cliente: "_s + PegaCampo(cliente.get(), 1),
-       u"Orçamento: "_s + orcamento.format(u"idprop_cmrc", u"000000"),
-       u"Data: "_s + orcamento.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
-       u"Fone: "_s + orcamento.text(u"fone_CLIE"), u"E-mail: "_s + orcamento.text(u"emai_CLIE").toLower(),
-       u"Atendimento: "_s + atendente.get(), u"E-mail: "_s + emailAtendente.get(),
-       u"Evento: "_s + evento.get(), u"Data Evento: "_s + orcamento.formatDate(u"DATA_even", u"dd/mm/yyyy"),
-       u"Entrega: "_s + orcamento.formatDate(u"DATA_ENTG", u"dd/mm/yyyy")});
+      word, {u"Cliente: "_s + PegaCampo(waitFor(cliente), 1),
+             u"Orçamento: "_s + orcamento.format(u"idprop_cmrc", u"000000"),
+             u"Data: "_s + orcamento.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
+             u"Fone: "_s + orcamento.text(u"fone_CLIE"),
+             u"E-mail: "_s + orcamento.text(u"emai_CLIE").toLower(), u"Atendimento: "_s + waitFor(atendente),
+             u"E-mail: "_s + waitFor(emailAtendente), u"Evento: "_s + waitFor(evento),
+             u"Data Evento: "_s + orcamento.formatDate(u"DATA_even", u"dd/mm/yyyy"),
+             u"Entrega: "_s + orcamento.formatDate(u"DATA_ENTG", u"dd/mm/yyyy")});
   word.moveAfterTable();
 }
 
@@ -88,7 +88,7 @@ double tabelaDosItens(WordProcessor& word, const QString& id) {
   data::Recordset itens = itensDoOrcamento(id);
   data::Walk andamento;
   for (auto& pedido : data::startEachRow(itens, itemPorTipo)) {
-    const ItemDoDocumento item = pedido.get();
+    const ItemDoDocumento item = waitFor(pedido);
     andamento.done(digitados++, itens.count());
     word.moveRight();
     digitaCelulas(word,
@@ -194,7 +194,7 @@ QString nomeVersaoWord(double versao) {
 
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf) {
   // Read for the record: one layout serves all models, and of the release only the number counts.
-  [[maybe_unused]] const QString modelo = ParametroEmpresa(u"MODELO_PROP_CMRC"_s);
+  [[maybe_unused]] const QString modelo = waitFor(ParametroEmpresa(u"MODELO_PROP_CMRC"_s));
   const QString primeiraImpressora = office::defaultPrinter();
   WordProcessor word;
   [[maybe_unused]] const QString nomeVersao = nomeVersaoWord(word.version());
@@ -211,7 +211,8 @@ void DocumentoWord(const QString& id, const QString& documento, const QString& p
     if (!orcamento.isNull(u"txt_cond_pgto")) pagamento = orcamento.text(u"txt_cond_pgto");
   }
   const double total = tabelaDosItens(word, id);
-  if (const int pessoas = PessoasOrcamento(id); pessoas > 0) tabelaDaQuantidade(word, pessoas, total);
+  if (const int pessoas = waitFor(PessoasOrcamento(id)); pessoas > 0)
+    tabelaDaQuantidade(word, pessoas, total);
   clausulas(word);
   tabelaDaAprovacao(word, pagamento);
   word.setVisible(true);

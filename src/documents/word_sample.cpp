@@ -29,7 +29,7 @@ constexpr const char16_t* kGerais[] = {
 enum CampoDaEmpresa { Nome = 1, Cnpj, Ie, Endereco, Cidade, Uf, Cep, Fone1, Fone2, Email, Site };
 
 void timbre(WordProcessor& word) {
-  const QString empresa = DadosEmpresaTexto();
+  const QString empresa = waitFor(DadosEmpresaTexto());
   const auto campo = [&](CampoDaEmpresa n) { return PegaCampo(empresa, n); };
   word.addTable(1, 2, false);
   word.addPicture(QString::fromUtf16(kLogo));
@@ -67,7 +67,7 @@ void linhas(WordProcessor& word, std::span<const char16_t* const> textos) {
 void gravaAmostraWord() {
   const qint32 id = documento().IdDocumento;
   const QString tituloDoDocumento = u"Orçamento de Venda - "_s + values::format(id, u"000000") + u" - "_s +
-                                    diaDaData(DataOrcamento(QString::number(id)));
+                                    diaDaData(waitFor(DataOrcamento(QString::number(id))));
   WordProcessor word;
   word.addDocument(tituloDoDocumento);
   timbre(word);

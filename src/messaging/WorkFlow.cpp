@@ -24,7 +24,7 @@ QString enderecos(const QString& evento) {
   for (int campo = 2; campo <= quantos + 1; ++campo)
     pedidos.push_back(EmailUsuario(PegaCampo(usuarios, campo)));
   QStringList lista;
-  for (auto& pedido : pedidos) lista << pedido.get().toLower();
+  for (auto& pedido : pedidos) lista << waitFor(pedido).toLower();
   const QString todos = lista.join(u", "_s);
   const bool ninguem = std::ranges::all_of(todos, [](QChar c) { return u" ,;"_s.contains(c); });
   return ninguem ? QString() : todos;
@@ -48,7 +48,7 @@ Asked<QString> IdEventoWorkFlow(const QString& evento) {
 }
 
 QString UsuariosEventoWorkFlow(const QString& evento) {
-  const QString id = consulta::numero(IdEventoWorkFlow(evento));
+  const QString id = consulta::numero(waitFor(IdEventoWorkFlow(evento)));
   QString ids;
   data::Recordset rs = abreConsulta(u"select idusen from work_even_usen where idwork_even = "_s + id +
                                     u" and data_desa is null"_s);
@@ -63,8 +63,8 @@ void EnviaAvisoWorkFlow(forms::Form& /*tela*/, const QString& evento, const QStr
   if (destinatarios.isEmpty()) return;
   auto pedeDescricao = DescricaoEventoWorkFlow(evento);
   auto pedeTexto = TextoEventoWorkFlow(evento);
-  const QString assunto = pedeDescricao.get() + u" "_s + (textoNoAssunto ? texto : QString());
-  const QString mensagem = pedeTexto.get() + u"\r "_s + texto;
+  const QString assunto = waitFor(pedeDescricao) + u" "_s + (textoNoAssunto ? texto : QString());
+  const QString mensagem = waitFor(pedeTexto) + u"\r "_s + texto;
   EnviaEmailWorkFlow(destinatarios, {}, assunto, mensagem, anexo);
 }
 
@@ -75,11 +75,11 @@ void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, cons
   auto pedeServidor = ServidorEmail();
   auto pedeRemetente = EmailEmpresa();
   auto pedeSenha = SenhaEmailEmpresa();
-  const QString servidor = pedeServidor.get().toLower();
-  const QString remetente = pedeRemetente.get().toLower();
+  const QString servidor = waitFor(pedeServidor).toLower();
+  const QString remetente = waitFor(pedeRemetente).toLower();
   const QString& usuario = remetente;
   // Notices log in with the password in small letters, whatever its case in the company's data.
-  const QString senha = pedeSenha.get().toLower();
+  const QString senha = waitFor(pedeSenha).toLower();
   if (servidor.isEmpty() && remetente.isEmpty() && usuario.isEmpty() && senha.isEmpty()) return;
 
   mail::MailMessage email;

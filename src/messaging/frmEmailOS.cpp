@@ -82,15 +82,15 @@ void frmEmailOS::Form_Load() {
   AplicaCoresForm(*this);
   CentralizaForm(*this);
   setWindowTitle(QString::fromUtf16(kTitulo) + u" - Envio de E-mail"_s);
-  txtServer->setText(ServidorEmail().get().toLower());
-  txtMailFrom->setText(EmailOrcamento().get().toLower());
+  txtServer->setText(waitFor(ServidorEmail()).toLower());
+  txtMailFrom->setText(waitFor(EmailOrcamento()).toLower());
   txtUsername->setText(txtMailFrom->text());
-  txtPassword->setText(SenhaEmailOrcamento());
+  txtPassword->setText(waitFor(SenhaEmailOrcamento()));
 
   QString& destinatarios = documento().DestinatariosEmail;
   destinatarios = semVirgulaFinal(destinatarios);
   // The user always gets a copy, as one of the recipients.
-  const QString usuario = EmailUsuario(QString::number(contexto().IdUsuarioAtual)).get().toLower();
+  const QString usuario = waitFor(EmailUsuario(QString::number(contexto().IdUsuarioAtual))).toLower();
   QString para = destinatarios + u", "_s + usuario;
   if (para.startsWith(u',')) para.remove(0, 2);
   txtPara->setText(para);

@@ -60,7 +60,7 @@ void frmPropCmrcTL::marcaFechamento() {
 
 void frmPropCmrcTL::cmdReabrir_Click() {
   if (recusa(situacao::Comando::Reabrir)) return;
-  if (const QString pedido = NumeroPedidoDoOrcamento(txtRowId->text()); !pedido.isEmpty())
+  if (const QString pedido = waitFor(NumeroPedidoDoOrcamento(txtRowId->text())); !pedido.isEmpty())
     return avisa(
         u"Já foi criado um pedido para este orçamento.\r"
         "A alteração somente poderá ser realizada no pedido.\rOrçamento:"_s +

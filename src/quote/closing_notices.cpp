@@ -51,7 +51,7 @@ class Avisos {
 
  private:
   void falta(const QString& evento) {
-    const QString descricao = DescricaoEventoWorkFlow(evento).get();
+    const QString descricao = waitFor(DescricaoEventoWorkFlow(evento));
     faltam_ << (descricao.isEmpty() ? evento : descricao);
   }
 

@@ -80,7 +80,7 @@ void frmPropCmrcTL::ligaListas() {
     on(combo, Event::LostFocus, [combo, &busca = campo.busca] {
       if (combo->isLocked() || combo->text().isEmpty()) return;
       const forms::WaitPointer espera;
-      if (!busca.id(combo->text(), {}).get().isEmpty()) return;
+      if (!waitFor(busca.id(combo->text(), {})).isEmpty()) return;
       avisa(busca.recusa.toString());
       combo->setText({});
       focus(combo);
@@ -102,19 +102,19 @@ void frmPropCmrcTL::cboCliente_DropDown() { CarregaClientes(*this, cboCliente->t
 void frmPropCmrcTL::cboCliente_LostFocus() {
   if (cboCliente->isLocked() || cboCliente->text().isEmpty()) return;
   const forms::WaitPointer espera;
-  const QString id = IdClientePorNome(cboCliente->text());
+  const QString id = waitFor(IdClientePorNome(cboCliente->text()));
   if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente não está cadastrado!"_s);
   auto pedeFones = FonesCliente(id);
   auto pedeEmail = EmailCliente(id);
-  forms::setControlText(txtFoneExtra, pedeFones.get());
-  forms::setControlText(txtEmailExtra, pedeEmail.get());
+  forms::setControlText(txtFoneExtra, waitFor(pedeFones));
+  forms::setControlText(txtEmailExtra, waitFor(pedeEmail));
   if (maiusculas(apara(cboCliente->text())) != clienteAntes_) soltaContatoDeOutro();
 }
 
 /// Another customer's contact would get this one's mail.
 void frmPropCmrcTL::soltaContatoDeOutro() {
   const QString contato = cboClienteContato->text();
-  if (contato.isEmpty() || !IdPessoaContato(contato, cboCliente->text()).get().isEmpty()) return;
+  if (contato.isEmpty() || !waitFor(IdPessoaContato(contato, cboCliente->text())).isEmpty()) return;
   cboClienteContato->setText({});
   for (QLineEdit* caixa : {txtFoneExtraContato, txtEmailExtraContato}) caixa->clear();
 }
@@ -127,12 +127,12 @@ void frmPropCmrcTL::cboClienteContato_DropDown() {
 void frmPropCmrcTL::cboClienteContato_LostFocus() {
   if (cboClienteContato->isLocked() || cboClienteContato->text().isEmpty()) return;
   const forms::WaitPointer espera;
-  const QString id = IdPessoaContato(cboClienteContato->text(), cboCliente->text());
+  const QString id = waitFor(IdPessoaContato(cboClienteContato->text(), cboCliente->text()));
   if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente/Contato não está cadastrado!"_s);
   auto pedeFone = FoneContato(id);
   auto pedeEmail = EmailContato(id);
-  forms::setControlText(txtFoneExtraContato, pedeFone.get());
-  forms::setControlText(txtEmailExtraContato, pedeEmail.get());
+  forms::setControlText(txtFoneExtraContato, waitFor(pedeFone));
+  forms::setControlText(txtEmailExtraContato, waitFor(pedeEmail));
 }
 
 /// Yes goes on with a name that no table knows; No ends the editing, and what was entered can be recovered.

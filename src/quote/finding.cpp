@@ -45,7 +45,7 @@ void frmPropCmrcTL::carregaNumero() {
   if (rs.eof()) return naoLocalizado();
   txtRowId->setText(rs.text(u"idprop_cmrc"));
   CarregaOrcamento();
-  const QString pedido = NumeroPedidoDoOrcamento(txtCodigo->text());
+  const QString pedido = waitFor(NumeroPedidoDoOrcamento(txtCodigo->text()));
   // A quote without an order shows the number zero.
   lblNumePedido->setText(pedido.isEmpty() ? values::format(0, u"000000") : values::format(pedido, u"000000"));
   CalculaTotais();

@@ -58,10 +58,10 @@ void frmPropCmrcTL::pesquisaProduto() {
   if (!rs.isNull(u"data_desa")) return recusaDesativado(u"Produto Desativado!"_s);
   txtidProdProt->setText(rs.text(u"idprod"));
   lblDescProt->setText(rs.text(u"desc_prod"));
-  lblVrBrutoProt->setText(emMoeda(ValorVendaProduto(txtCodProduto->text())));
+  lblVrBrutoProt->setText(emMoeda(waitFor(ValorVendaProduto(txtCodProduto->text()))));
   txtDesconto->setText(descontoDoProduto(rs, leNumero(lblVrBrutoProt->text())));
   mostraPrecoLiquido();
-  lblUnidadeMedida->setText(DescricaoUnidade(UnidadeProduto(rs.text(u"idprod"))));
+  lblUnidadeMedida->setText(waitFor(DescricaoUnidade(waitFor(UnidadeProduto(rs.text(u"idprod"))))));
   focus(txtQuantidade);
 }
 
@@ -77,7 +77,7 @@ void frmPropCmrcTL::pesquisaPrototipo() {
     return avisa(
         u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\r"
         "Escolha a Opção Inserção de Produto e Não de Protótipo\rCódigo do Produto:"_s +
-            CodigoProduto(rs.text(u"idprod")),
+            waitFor(CodigoProduto(rs.text(u"idprod"))),
         txtCodProduto);
   txtidProdProt->setText(rs.text(u"idprot"));
   lblDescProt->setText(rs.text(u"desc_prot"));

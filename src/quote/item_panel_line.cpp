@@ -16,7 +16,8 @@ void frmPropCmrcTL::cmdIncluir_ProdProt_Click() {
 
   const bool produto = opPROD->isChecked();
   const QString id = txtidProdProt->text();
-  const QString mascara = mascaraUnidade(produto ? UnidadeProduto(id) : UnidadePrototipo(id));
+  const QString mascara =
+      waitFor(mascaraUnidade(waitFor(produto ? UnidadeProduto(id) : UnidadePrototipo(id))));
   const QString quantidade = values::format(txtQuantidade->text(), mascara);
   const double total = leNumero(emMoeda(lblVrLiqProt->text())) * leNumero(quantidade);
   using namespace grades::item;

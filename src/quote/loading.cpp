@@ -117,11 +117,11 @@ void frmPropCmrcTL::CarregaOrcamento() {
   auto pedeItens = leItens(id);
   auto pedeHomenageados = pedeConsulta(
       u"SELECT IDPROP_CMRC_HOMG, NOME_HOMG From PROP_CMRC_HOMG Where IDPROP_CMRC = '"_s + id + u"'"_s);
-  const std::vector<ItemLido> itens = pedeItens.get();
-  data::Recordset homenageados = pedeHomenageados.get();
+  const std::vector<ItemLido> itens = waitFor(pedeItens);
+  data::Recordset homenageados = waitFor(pedeHomenageados);
 
   LimpaTela();
-  for (auto& [campo, texto] : pedeCabecalho) cabecalho::poe(*campo, *this, texto.get());
+  for (auto& [campo, texto] : pedeCabecalho) cabecalho::poe(*campo, *this, waitFor(texto));
   originais_ = cabecalho::originais(rs, *this);
   idCarregado_ = txtRowId->text();
   carregaConfirmacao(rs, pedeTermos);

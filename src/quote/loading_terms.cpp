@@ -17,11 +17,11 @@ void frmPropCmrcTL::carregaConfirmacao(const data::Recordset& rs, Termos& termos
   auto& tela = forms::form<frmConfirmaPropCmrcTL>();
   tela.comecaOrcamento(rs.text(u"idprop_cmrc"));
   forms::setControlText(tela.txtObservacaoPedido, rs.text(u"OBSE_PEDI_VEDS"));
-  tela.cboTransportadora->setText(termos.transportadora.get());
+  tela.cboTransportadora->setText(waitFor(termos.transportadora));
   tela.mskDataBase->setBoxText(rs.isNull(u"DATA_BASE") ? values::formatDate(values::now(), u"dd/mm/yyyy")
                                                        : rs.formatDate(u"DATA_BASE", u"dd/mm/yyyy"));
   if (rs.isNull(u"idcond_pgto")) return;
   forms::setControlText(tela.txtIdCondPg, rs.text(u"idcond_pgto"));
-  forms::setControlText(tela.lblParcelas, termos.parcelas.get());
-  forms::setControlText(tela.lblPrazos, termos.prazos.get());
+  forms::setControlText(tela.lblParcelas, waitFor(termos.parcelas));
+  forms::setControlText(tela.lblPrazos, waitFor(termos.prazos));
 }

@@ -41,7 +41,7 @@ void frmPropCmrcTL::cmdIncluirMassa_Click() {
 
 void frmPropCmrcTL::cmdConfirmaMassaClie_Click() {
   const forms::WaitPointer espera;
-  const QString cliente = IdClientePorNome(cboCliente->text());
+  const QString cliente = waitFor(IdClientePorNome(cboCliente->text()));
   if (leNumero(cliente) == 0)
     return avisa(u"Para esta operação, um cliente precisa ser selecionado!"_s, windowTitle());
   if (confirmaMassa())
@@ -57,7 +57,7 @@ void frmPropCmrcTL::cmdConfirmarMassa_Click() {
   if (!colecao.isEmpty()) {
     const forms::WaitPointer espera;
     // The notice says the opposite of what it means: the collection was not found.
-    if (leNumero(IdColecao(colecao)) == 0)
+    if (leNumero(waitFor(IdColecao(colecao))) == 0)
       avisa(u"Esta Coleção existe!"_s, windowTitle());
     else if (confirmaMassa())
       incluiPrototipos(
@@ -87,7 +87,7 @@ void frmPropCmrcTL::incluiPrototipos(const QString& sql) {
     txtNumePess->setText(u"1"_s);
   }
   const double quantidade = leNumero(txtNumePess->text());
-  Flex->grid().addRows(data::forEachRow(rs, [quantidade](const data::Recordset& prototipo) {
-                         return linhaDoPrototipo(prototipo, quantidade);
-                       }).get());
+  Flex->grid().addRows(waitFor(data::forEachRow(rs, [quantidade](const data::Recordset& prototipo) {
+    return linhaDoPrototipo(prototipo, quantidade);
+  })));
 }

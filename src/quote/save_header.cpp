@@ -15,7 +15,7 @@ using cabecalho::Vazio;
 QString frmPropCmrcTL::MontaInsertOrcamento() const {
   Insercao sql(u"PROP_CMRC"_s);
   for (Gravado& um : cabecalho::pedeValores(*this)) {
-    const QString valor = um.valor.get();
+    const QString valor = waitFor(um.valor);
     sql.campoSe(um.vazio != Vazio::Nulo || !valor.isEmpty(), um.coluna, valor);
   }
   sql.campo(u"DATA_INCL", values::formatDate(values::now(), u"yyyymmdd hh:mm"));
@@ -29,7 +29,7 @@ QString frmPropCmrcTL::MontaUpdateOrcamento() const {
   for (const QStringView coluna : cabecalho::ordemDaAlteracao()) {
     const auto um = std::ranges::find(valores, coluna, &Gravado::coluna);
     if (um == valores.end()) continue;
-    QString valor = um->valor.get();
+    QString valor = waitFor(um->valor);
     if (const QString* original = cabecalho::intocado(originais_, coluna, *this)) valor = *original;
     sql.campoOuNull(um->vazio == Vazio::Grava || !valor.isEmpty(), coluna, valor);
   }

@@ -53,7 +53,7 @@ constexpr Entrega kEntregasKit[] = {
 
 /// Houses without raw materials of their own don't search for them.
 bool usaMateriaPrima() {
-  const QString parametro = ParametroEmpresa(u"ORCA_MATE_PRIM"_s);
+  const QString parametro = waitFor(ParametroEmpresa(u"ORCA_MATE_PRIM"_s));
   return parametro.isEmpty() || parametro == u"S"_s;
 }
 
@@ -118,7 +118,7 @@ QString frmBROWSE_PRODUTO::filtroClasse() const {
   if (opBrowseMateriaPrima->isChecked()) filtro = u"and PROD_MATE_PRIM = 'M' "_s;
   if (cboCole->text().isEmpty()) return filtro;
   // A collection that there isn't has no product, not those without a collection.
-  const QString colecao = IdColecao(cboCole->text());
+  const QString colecao = waitFor(IdColecao(cboCole->text()));
   return filtro + (colecao.isEmpty() ? u"and 1 = 0 "_s : u"and idcole = "_s + colecao + u" "_s);
 }
 

@@ -53,7 +53,7 @@ constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmCPagar", u"txtNumeDupl", Tela::Descricao},
     {u"frmCPagar", u"txtDesdDupl", Tela::Cliente},
     {u"frmCPagar", u"txtIdFornecedor", Tela::DtFechamento,
-     [](const QString& nome) -> QString { return IdFornecedor(nome); }},
+     [](const QString& nome) -> QString { return waitFor(IdFornecedor(nome)); }},
     {u"frmCompras", u"txtIDCOTA_COMP", Tela::Id},
     {u"frmPedido", u"lblPropCmrc", Tela::Id},
     {u"frmPropCmrc", u"txtRowId", Tela::Id},

@@ -78,7 +78,7 @@ void PesquisaComFotos::listaResultado(const QString& sql, const Linha& linha, QW
   c_.lblContagem->clear();
   {
     const forms::WaitPointer espera;
-    grade.addRows(data::forEachRow(abreConsulta(sql), linha).get());
+    grade.addRows(waitFor(data::forEachRow(abreConsulta(sql), linha)));
   }
   const int quantos = grade.rows() - 1;
   if (quantos == 0) {

@@ -11,7 +11,7 @@ namespace consulta {
 
 namespace {
 
-data::Asked<QString> primeiroValor(data::Asked<data::Recordset> pedida, QStringView coluna) {
+data::Asked<QString> primeiroValor(data::Asked<data::Recordset> pedida, data::Literal coluna) {
   const data::Recordset rs = co_await pedida;
   co_return rs.eof() ? QString() : rs.text(coluna);
 }

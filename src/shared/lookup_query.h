@@ -12,7 +12,7 @@ namespace consulta {
 /// A statement with a place for its key: what stands before it, and after it.
 struct Consulta {
   QStringView antes;
-  QStringView coluna;
+  data::Literal coluna;
   QStringView depois = u"";
 };
 

@@ -12,9 +12,9 @@
 // finds nothing.
 //
 // A lookup is asked when it is called. Whoever needs only one takes its text at once
-// (`const QString codigo = CodigoProduto(id);`); a routine that makes many rows awaits it, so that those of
-// all rows travel together (platform/data/asked.h). Keys are taken by value where the lookup reads its
-// answer itself: it outlives its call.
+// (`const QString codigo = waitFor(CodigoProduto(id));`); a routine that makes many rows awaits it, so that
+// those of all rows travel together (platform/data/asked.h). Keys are taken by value where the lookup reads
+// its answer itself: it outlives its call.
 
 using data::Asked;
 

@@ -16,7 +16,7 @@ using consulta::semChave;
 
 QString NomeUsuario(const QString& idusen, const QString& atual) {
   try {
-    return UsuarioAtual(idusen);
+    return waitFor(UsuarioAtual(idusen));
   } catch (const values::RuntimeError& erro) {
     forms::reportRuntimeError(erro, u"NomeUsuario"_s);
     if (erro.number() == values::kConnectionFailed) {

@@ -68,7 +68,7 @@ Asked<QString> EmailCliente(const QString& idclie) {
 
 namespace {
 
-Asked<QString> colunaDoContato(const QString& idpess_cont, const char16_t* coluna) {
+Asked<QString> colunaDoContato(const QString& idpess_cont, data::Literal coluna) {
   return porNumero({u"SELECT PESS_CONT.IDPESS_CONT, PESS_CONT.TELE_PESS_CONT, PESS_CONT.EMAI_PESS_CONT "
                     "FROM PESS, PESS_CONT Where PESS_CONT.idPESS = PESS.idPESS And (PESS_CONT.IDPESS_CONT = ",
                     coluna, u")"},

@@ -80,7 +80,7 @@ void AplicaCoresForm(forms::Form& tela) {
 
 void aplicaTemaPadrao(forms::Form& tela) {
   const forms::WaitPointer espera;
-  LeCoresSistema(ParametroEmpresa(u"COR_PADRAO"_s));
+  LeCoresSistema(waitFor(ParametroEmpresa(u"COR_PADRAO"_s)));
   AplicaCoresForm(tela);
 }
 

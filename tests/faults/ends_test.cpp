@@ -71,7 +71,7 @@ TEST_F(Ends, TheLineOnStandardErrorNamesTheStatementThatFailed) {
           std::vector<data::Asked<data::Recordset>> asked;
           for (const auto& sql : {u"SELECT 1"_s, u"SELECT nada\nFROM nenhuma"_s, u"SELECT 2"_s})
             asked.push_back(connection.ask(sql));
-          for (auto& one : asked) static_cast<void>(one.get());
+          for (auto& one : asked) static_cast<void>(waitFor(one));
         },
         u"txtTeste"_s);
     const std::string line = ::testing::internal::GetCapturedStderr();

@@ -33,27 +33,27 @@
 // clang-format on
 //
 // Calling it starts it: it runs to its first open answer, and its statements wait in the connection's queue.
-// The caller starts all its rows, and then takes each in turn: the first get() sends what all of them wait
-// for, hands the answers out in the order of asking, lets the rows go on to what they ask next, and so on
-// until the row is done; the later ones are mostly done by then. forEachRow does it for the rows of a result:
+// The caller starts all its rows, and then waits for each in turn: the first waitFor() sends what all of them
+// wait for, hands the answers out in the order of asking, lets the rows go on to what they ask next, and so
+// on until the row is done; the later ones are mostly done by then. forEachRow does it for the rows of a
+// result:
 //
-//   grade.addRows(data::forEachRow(rs, precoDoItem).get());
+//   grade.addRows(waitFor(data::forEachRow(rs, precoDoItem)));
 //
 // What holds:
 // - Every call runs its own statement; two calls with one key run two, and each takes its own result.
-// - An open answer is no value: only co_await and get() give one. A statement whose text depends on an answer
-//   is not asked before it is there.
+// - An open answer is no value: only co_await and waitFor give one. A statement whose text depends on an
+//   answer is not asked before it is there.
 // - On the embedded file the statement runs where it is asked: nothing ever waits, all is done in one pass.
-// - Who is no coroutine writes `const QString codigo = CodigoProduto(id);`, which asks and waits.
+// - Who is no coroutine writes `const QString codigo = waitFor(CodigoProduto(id));`, which asks and waits.
 // - An error, of a statement or of what a row itself does with it, comes up where the row waits, and leaves
-// the
-//   row's own get(). What was asked behind a failing statement gets its error: of several bad ones the first
-//   one sent is reported. A connection that is closed ends the rows that wait on it with 3704.
+//   the waitFor of that row. What was asked behind a failing statement gets its error: of several bad ones
+//   the first one sent is reported. A connection that is closed ends the rows that wait on it with 3704.
 //
-// What to keep to:
+// What to keep to (setup/asked.py looks for all of it, clang-tidy for some):
 // - A coroutine takes its arguments by value: it goes on when the caller's have long changed. A Recordset
-//   passed on is a cheap copy that stays on its row.
-// - It touches no screen and no file; who takes the answers does, in order.
+//   passed on is a cheap copy that stays on its row; the name of a column is a Literal.
+// - It touches no screen and no file; who takes the answers does, in order. It never waits by waitFor.
 // - No co_await inside ?:, and no ?: in what is awaited (its text would be freed twice). None in a chain of
 //   <<, in a lambda with captures, inside braces, or with braces in what is awaited: the compiler (g++ 12) is
 //   not to be trusted there, and a name for each answer reads better.
@@ -117,6 +117,18 @@ class Reading {
   std::shared_ptr<Question> question_;
 };
 
+/// A text written out in the code, such as a column's name: it outlives every routine.
+class Literal {
+ public:
+  template <std::size_t Size>
+  consteval Literal(const char16_t (&text)[Size]) : text_(text, Size - 1) {}
+  constexpr operator QStringView() const { return text_; }
+  [[nodiscard]] QString toString() const { return text_.toString(); }
+
+ private:
+  QStringView text_;
+};
+
 /// What a routine that asks gives back: started, perhaps not finished. Move only; its value is taken once.
 /// Destroying it ends the routine where it waits.
 template <typename T>
@@ -155,12 +167,12 @@ class [[nodiscard]] Asked {
     if (routine_) routine_.destroy();
   }
 
-  /// The value. Sends what waits in the queue until this routine has ended.
-  [[nodiscard]] T get() {
-    while (!routine_.done()) routine_.promise().questions->step();
-    return await_resume();
+  /// The value, for who is no such routine. Sends what waits in the queue until this one has ended.
+  [[nodiscard]] friend T waitFor(Asked& asked) {
+    while (!asked.routine_.done()) asked.routine_.promise().questions->step();
+    return asked.await_resume();
   }
-  operator T() { return get(); }  // one-line calls where nothing else is asked
+  [[nodiscard]] friend T waitFor(Asked&& asked) { return waitFor(asked); }
 
   [[nodiscard]] bool await_ready() const { return routine_.done(); }
   template <typename Promise>

@@ -45,6 +45,18 @@ class AskedTogether : public ::testing::TestWithParam<bool> {
     const QString own = co_await name;
     co_return own + nextName;
   }
+  Asked<double> raising(QString id) {
+    const data::Recordset rs = co_await connection.ask(u"SELECT nome FROM nota WHERE id = "_s + id);
+    co_return rs.number(u"nome");
+  }
+  Asked<QString> careful(QString column) {
+    try {
+      co_return co_await value(column, u"1"_s);
+    } catch (const values::RuntimeError& error) {
+      raised << error.statement();
+    }
+    co_return u"?"_s;
+  }
   std::vector<Asked<QString>> pairs() {
     std::vector<Asked<QString>> all;
     for (auto rs = connection.query(u"SELECT id FROM nota ORDER BY id"_s); !rs.eof(); rs.moveNext())
@@ -55,17 +67,17 @@ class AskedTogether : public ::testing::TestWithParam<bool> {
 
   sqlserver::TdsServer server;
   data::Connection connection;
-  QStringList sent;
+  QStringList sent, raised;
 };
 
 TEST_P(AskedTogether, RowsShareTheirRequestsAndEachStatementRunsForItself) {
   QString all;
-  for (auto& one : pairs()) all += one.get() + u' ';
+  for (auto& one : pairs()) all += waitFor(one) + u' ';
   EXPECT_EQ(all, u"ab bc cd de ef fg gh hi ij j "_s);
   expectRequests(3);
   EXPECT_EQ(sent.size(), 1 + 3 * 10);
   EXPECT_EQ(sent.count(u"SELECT nome FROM nota WHERE id = 5"_s), 2) << "by row 4 and by row 5";
-  const QString alone = value(u"nome"_s, u"3"_s);
+  const QString alone = waitFor(value(u"nome"_s, u"3"_s));
   EXPECT_EQ(alone, u"c"_s);
   expectRequests(1);
 }
@@ -80,17 +92,18 @@ TEST_P(AskedTogether, FullBatchesGoOneByOneAndLongWorkSaysHowFarItIs) {
   std::vector<Asked<QString>> all;
   for (int i = 0; i < 4001; ++i) all.push_back(value(u"id"_s, QString::number(i % 10 + 1)));
   for (int i = 0; i < 4001; ++i)
-    ASSERT_EQ(all[static_cast<std::size_t>(i)].get(), QString::number(i % 10 + 1));
+    ASSERT_EQ(waitFor(all[static_cast<std::size_t>(i)]), QString::number(i % 10 + 1));
   expectRequests(3);
   if (GetParam()) {
     EXPECT_EQ(std::pair(walked, walkedOf), std::pair(qsizetype{4000}, qsizetype{4001}));
   }
 
   server.setDelay(0);
-  const auto rows = data::forEachRow(connection.query(u"SELECT * FROM nota"_s), [this](data::Recordset row) {
-                      QThread::msleep(120);
-                      return pair(row);
-                    }).get();
+  const auto rows =
+      waitFor(data::forEachRow(connection.query(u"SELECT * FROM nota"_s), [this](data::Recordset row) {
+        QThread::msleep(120);
+        return pair(row);
+      }));
   EXPECT_EQ(rows.size(), 10U);
   // A server is asked when all rows have been started.
   EXPECT_EQ(std::pair(walked, walkedOf),
@@ -104,7 +117,7 @@ TEST_P(AskedTogether, TheFirstBadStatementIsReportedAndTheRowsEndWithIt) {
   const QString reported = [&] {
     try {
       auto all = pairs();  // those after the third ask for a note without a number
-      for (auto& one : all) static_cast<void>(one.get());
+      for (auto& one : all) static_cast<void>(waitFor(one));
     } catch (const values::RuntimeError& error) {
       EXPECT_EQ(error.number(), values::kStatementFailed);
       return error.statement();
@@ -113,41 +126,28 @@ TEST_P(AskedTogether, TheFirstBadStatementIsReportedAndTheRowsEndWithIt) {
   }();
   EXPECT_EQ(reported, u"SELECT nome FROM nota WHERE id = "_s);
   expectRequests(3);
-  EXPECT_EQ(QString(value(u"nome"_s, u"1"_s)), u"a"_s) << "nothing of the others is sent any more";
-  EXPECT_EQ(errorOf([&] { static_cast<void>(value(u"nada"_s, u"1"_s).get()); }), values::kStatementFailed);
+  EXPECT_EQ(waitFor(value(u"nome"_s, u"1"_s)), u"a"_s) << "nothing of the others is sent any more";
+  EXPECT_EQ(errorOf([&] { static_cast<void>(waitFor(value(u"nada"_s, u"1"_s))); }), values::kStatementFailed);
 }
 
 TEST_P(AskedTogether, WhatARowRaisesLeavesItsOwnGet) {
-  const auto raising = [this](QString id) -> Asked<double> {
-    const data::Recordset rs = co_await connection.ask(u"SELECT nome FROM nota WHERE id = "_s + id);
-    co_return rs.number(u"nome");
-  };
   auto bad = raising(u"1"_s);
   auto good = value(u"nome"_s, u"2"_s);
   { auto forgotten = value(u"nome"_s, u"3"_s); }
-  EXPECT_EQ(good.get(), u"b"_s);
-  EXPECT_EQ(errorOf([&] { static_cast<void>(bad.get()); }), values::kTypeMismatch);
+  EXPECT_EQ(waitFor(good), u"b"_s);
+  EXPECT_EQ(errorOf([&] { static_cast<void>(waitFor(bad)); }), values::kTypeMismatch);
   expectRequests(1);
 }
 
 TEST_P(AskedTogether, AFailingStatementEndsItsOwnRowAndThoseBehindIt) {
-  QStringList raised;
-  const auto careful = [&](QString column) -> Asked<QString> {
-    try {
-      co_return co_await value(column, u"1"_s);
-    } catch (const values::RuntimeError& error) {
-      raised << error.statement();
-    }
-    co_return u"?"_s;
-  };
   auto good = careful(u"nome"_s), bad = careful(u"nada"_s);
-  EXPECT_EQ(bad.get() + good.get(), u"?a"_s);
+  EXPECT_EQ(waitFor(bad) + waitFor(good), u"?a"_s);
   EXPECT_EQ(raised, QStringList{u"SELECT nada FROM nota WHERE id = 1"_s});
   auto late = value(u"nome"_s, u"2"_s);
   connection.close();
-  EXPECT_EQ(errorOf([&] { EXPECT_EQ(late.get(), u"b"_s) << "it was asked at once"; }),
+  EXPECT_EQ(errorOf([&] { EXPECT_EQ(waitFor(late), u"b"_s) << "it was asked at once"; }),
             GetParam() ? values::kClosedObject : 0);
-  EXPECT_EQ(errorOf([&] { static_cast<void>(value(u"nome"_s, u"2"_s).get()); }), values::kClosedObject);
+  EXPECT_EQ(errorOf([&] { static_cast<void>(waitFor(value(u"nome"_s, u"2"_s))); }), values::kClosedObject);
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, AskedTogether, ::testing::Bool(),
