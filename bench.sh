@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and measures: one line per measurement at the end, with its floor.
 #   ./bench.sh              all measurements
-#   ./bench.sh WORD         those of one subject: start, quotes, drafts, lookups, searches, mass, documents, pages, lists,
+#   ./bench.sh WORD         those of one subject: start, quotes, drafts, lookups, searches, mass, documents, pages, panes, lists,
 #                           server (through the driver, with 10 ms of network)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"

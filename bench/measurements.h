@@ -18,6 +18,10 @@ void including();
 void documents();  // documents.cpp
 /// The picture page of found articles, without the browser (pages.cpp).
 void picturing();
+/// Imprimir to a page that can be read, memory and printing, each in a process of its own (panes.cpp).
+void showing();
+/// What the child process of showing() does with a quote of so many lines: prints its figures, ends.
+int documentAsChild(int lines);
 /// The same actions with the database on the tests' server and a network of 10 ms, beside the embedded
 /// file: time and requests (server.cpp).
 void farServer();

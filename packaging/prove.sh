@@ -130,8 +130,6 @@ quietly inside dpkg -i /root/later.deb
 entry | grep -q 'registered by zarim' || fail "The driver [SQL Server] isn't registered again."
 
 step "Removed with all that it needed"
-# The browser engine makes this folder where root starts it, as here; a user can't.
-if [ -d "$root/usr/lib/qt6/libexec/locales" ]; then rmdir "$root/usr/lib/qt6/libexec/locales"; fi
 quietly inside apt-get purge -y $(comm -13 "$work/packages" <(packages) | sed 's/^ii *//')
 [ -z "$(entry)" ] || fail "The driver's entry is still there."
 packages >"$work/packages_after"

@@ -8,7 +8,6 @@
 #include "platform/files/regular_file.h"
 #include "platform/forms/measures.h"
 #include "platform/forms/process.h"
-#include "platform/web/web_pane.h"
 #include "quote/program.h"
 
 int main(int argc, char** argv) {
@@ -16,7 +15,6 @@ int main(int argc, char** argv) {
   files::keepFromOthers();
   if (const auto status = atendeOpcao(argc, argv, QStringLiteral(ZARIM_BUILD_ID))) return *status;
   files::logInto(files::stateFolder() + QStringLiteral("/zarim.log"));
-  web::prepare();
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("zarim"));
   QApplication::setApplicationVersion(QStringLiteral(ZARIM_BUILD_ID));

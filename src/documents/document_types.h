@@ -13,8 +13,15 @@ struct TipoDeDocumento {
   const char16_t* tipo;  ///< as TipoDocumento names it
   void (*monta)(qint32 id, const QString& caminho);
   std::array<const char16_t*, kVias> vias;  ///< beginnings of the files' names; nullptr: no such copy
-  const char16_t* assunto;
+  const char16_t* nome;                     ///< with which the subject of its mail begins
 };
 
 /// That of the document which documento() names; nullptr for an unknown type.
 [[nodiscard]] const TipoDeDocumento* tipoDoDocumento();
+
+/// What a quote or an order is called where its number follows, "Orçamento"; a closed quote is an order.
+/// Empty for an unknown type. Of the document which documento() names.
+[[nodiscard]] QString nomeDoDocumento();
+
+/// Name and number for the foot of its pages, "Orçamento 000123"; empty for a letter to a supplier.
+[[nodiscard]] QString peDaFolha();

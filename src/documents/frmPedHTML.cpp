@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <algorithm>
 
+#include "documents/document_types.h"
 #include "platform/files/paths.h"
 #include "platform/forms/tips.h"
 #include "run/context.h"
@@ -76,6 +77,7 @@ void frmPedHTML::Form_Load() {
   montaVias();
   for (const Via& via : vias_) {
     via.painel->setPictureFolders(pastasDeFiguras());
+    via.painel->setFoot(peDaFolha());
     // A letter without a row leaves no file.
     via.painel->navigate(via.arquivo, u"Documento não localizado!"_s);
   }

@@ -11,18 +11,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Prefix of the subject; a null text for an unknown type. A closed quote goes out as an order.
-QString prefixo(const TipoDeDocumento* tipo, qint32 id) {
-  if (tipo == nullptr) return {};
-  const bool orcamento = QStringView(tipo->tipo) == u"ORCA_VENDAS";
-  if (orcamento && !waitFor(DataFechamentoOrcamento(QString::number(id))).isEmpty()) return u"Pedido - "_s;
-  return QString::fromUtf16(tipo->assunto);
-}
-
-}  // namespace
-
 bool frmPedHTML::escolheCorpo() {
   const auto via = std::ranges::find_if(vias_, [](const Via& uma) { return uma.opcao->isChecked(); });
   if (via == vias_.end()) {
@@ -44,10 +32,10 @@ void frmPedHTML::cmdEnviarEmail_Click() {
   if (!escolheCorpo()) return;
   auto& tela = forms::form<frmEmailOS>();
   tela.txtCC->setText(waitFor(EmailEmpresa()).toLower());
-  const qint32 id = documento().IdDocumento;
-  const QString assunto = prefixo(tipoDoDocumento(), id);
-  if (!assunto.isNull())
-    tela.txtTitulo->setText(assunto + numeroDocumento(id) + u" - "_s + waitFor(NomeConhecidoEmpresa()));
+  const QString nome = nomeDoDocumento();
+  if (!nome.isEmpty())
+    tela.txtTitulo->setText(nome + u" - "_s + numeroDocumento(documento().IdDocumento) + u" - "_s +
+                            waitFor(NomeConhecidoEmpresa()));
   tela.poeAnexo(pdf_);
   tela.showModal();
 }

@@ -198,7 +198,10 @@ void DocumentoWord(const QString& id, const QString& documento, const QString& p
   const QString primeiraImpressora = office::defaultPrinter();
   WordProcessor word;
   [[maybe_unused]] const QString nomeVersao = nomeVersaoWord(word.version());
-  word.addDocument(u"Orçamento de Venda - "_s + values::format(values::leadingNumber(id), u"000000"));
+  const QString numero = values::format(values::leadingNumber(id), u"000000");
+  word.addDocument(
+      u"Orçamento de Venda - "_s + numero,
+      (waitFor(DataFechamentoOrcamento(id)).isEmpty() ? u"Orçamento "_s : u"Pedido "_s) + numero);
   if (defineMedidas(word)) {
     word.setTopMargin(2);
     word.setBottomMargin(1.5);

@@ -7,8 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const bool kPrepared = (web::prepare(), true);  // the engine wants it before the application object
-
 class BlockText : public Quotes {
  protected:
   static QString shown() {
@@ -16,7 +14,7 @@ class BlockText : public Quotes {
     pane.resize(900, 600);
     pane.show();
     pane.navigate(document());
-    EXPECT_TRUE(pane.waitForLoad());
+    EXPECT_TRUE(pane.stands());
     return pane.pageText();
   }
   static void expectShown(const QString& expected) { expectInOrder(expected, shown()); }

@@ -7,11 +7,11 @@
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QWebEngineView>
 
 #include "documents/frmPedHTML.h"
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
+#include "platform/web/document_view.h"
 #include "platform/web/find_bar.h"
 #include "quote_rows.h"
 #include "support/errors.h"
@@ -43,13 +43,12 @@ TEST_F(Viewer, WritesBothCopiesAgainAndItsToolsActOnTheVisibleOne) {
   files::write(first, "an older one");
   print(123);
   show([&](frmPedHTML& viewer) {
-    EXPECT_EQ(viewer.arqVia1, first);
+    EXPECT_EQ(viewer.WebBrowser1->path(), first);
     EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(u"Total Geral do Orçamento - R$ 1307,25"_s));
-    EXPECT_TRUE(viewer.WebBrowser2->findChildren<QWebEngineView*>().isEmpty())
-        << "loads when it is first seen";
+    EXPECT_EQ(viewer.WebBrowser2->findChild<web::DocumentView*>(), nullptr) << "loads when it is first seen";
     EXPECT_EQ(viewer.WebBrowser2->pageText(), viewer.WebBrowser1->pageText());
     viewer.SSTab1->setCurrentIndex(1);
-    EXPECT_EQ(viewer.txtArquivo->text(), viewer.arqVia2);
+    EXPECT_EQ(viewer.txtArquivo->text(), viewer.WebBrowser2->path());
     const double before = viewer.WebBrowser1->zoom();
     viewer.WebBrowser2->setZoom(1.0);
     support::key(viewer.txtArquivo, Qt::Key_Minus, Qt::ControlModifier);
@@ -91,8 +90,8 @@ TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
     documento().IdDocumento = one.id;
     contexto().TelaChamadora = u"outra"_s;
     show([&](frmPedHTML& viewer) {
-      EXPECT_EQ(viewer.arqVia1, path(one.first));
-      EXPECT_EQ(viewer.arqVia2, path(one.second));
+      EXPECT_EQ(viewer.WebBrowser1->path(), path(one.first));
+      EXPECT_EQ(viewer.WebBrowser2->path(), path(one.second));
       EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(one.shown)) << one.type.toStdString();
     });
   }

@@ -12,7 +12,6 @@
 #include "documents/frmImprimePropCmrcTL.h"
 #include "documents/frmPedHTML.h"
 #include "messaging/frmEmailOS.h"
-#include "platform/web/web_pane.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
 #include "search/frmBROWSE_CONDPG.h"
@@ -29,8 +28,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The engine has to know before the application is made.
-const bool prepared = (web::prepare(), true);
-
 using Screen = std::pair<std::string, forms::Form& (*)()>;
 
 template <class... T>

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 // Photos of the search screens: of the current row, its four views, in real size, and the page of pictures.
 namespace {
 
-const bool kPrepared = (web::prepare(), true);  // the engine wants it before the application object
-
 class Photos : public SearchTest {
  protected:
   static QString first(const QString& name) { return contexto().PathImagens + name + contexto().ExtImagens; }

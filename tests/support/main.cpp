@@ -8,17 +8,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// No display, a screen of the size that all forms must fit (enlarged, that of a small notebook), and a
-/// browser engine that runs anywhere.
+/// No display, and a screen of the size that all forms must fit (enlarged, that of a small notebook).
 void setEnvironment() {
   const QByteArray screen =
       qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "screen_1366x768.json" : "screen_1024x768.json";
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/" + screen);
   qputenv("CUPS_SERVER", "127.0.0.1:9");  // no printer of this machine's
-  qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-  if (!qEnvironmentVariableIsSet("QTWEBENGINE_CHROMIUM_FLAGS")) {
-    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--no-sandbox --disable-gpu --lang=pt-BR");
-  }
 }
 
 /// What the platform without a display can't do is of no interest.
@@ -32,7 +27,6 @@ int main(int argc, char** argv) {
   setEnvironment();
   qInstallMessageHandler(showMessage);
   ::testing::InitGoogleTest(&argc, argv);
-  QApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   QApplication application(argc, argv);
   QApplication::setFont({QApplication::font().family(), 9});  // as a desktop sets it
   QApplication::setApplicationName(u"zarim"_s);

@@ -219,7 +219,7 @@ bool Driver::pagesStand() {
   for (auto* pane : topForm().findChildren<web::WebPane*>())
     if (pane->isVisible()) panes << pane;
   if (panes.isEmpty() || waiting_.elapsed() > kLaterPatience) return true;
-  panes.first()->waitForLoad();
+  panes.first()->stands();
   const QImage now = panes.first()->grab().toImage();
   if (now == lastPages_ && !isPlain(now))
     return std::min(pagesSince_.elapsed(), waiting_.elapsed()) > kPagePause;

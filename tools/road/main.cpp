@@ -84,7 +84,6 @@ int main(int argc, char** argv) {
     QDir().mkpath(wish.pictures);
     return road::conduct(roadOf(wish.file), wish.pictures);
   }
-  web::prepare();
   QApplication application(argc, argv);
   QApplication::setFont({QApplication::font().family(), 9});  // as a desktop sets it
   QApplication::setApplicationName(u"zarim"_s);

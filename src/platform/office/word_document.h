@@ -49,6 +49,7 @@ using Block = std::variant<Paragraph, Table>;
 
 struct Document {
   QString title;
+  QString foot;  ///< stands on paper with the page's number below the second page and those after it
   double pageWidth = 595.3, pageHeight = 841.9;  // A4
   double topMargin = 70.85, bottomMargin = 70.85, leftMargin = 85.05, rightMargin = 85.05;
   std::vector<Block> blocks{Paragraph{}};

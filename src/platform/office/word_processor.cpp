@@ -67,9 +67,10 @@ Paragraph& WordProcessor::paragraph() {
   return std::get<Paragraph>(open().blocks.back());
 }
 
-void WordProcessor::addDocument(const QString& title) {
+void WordProcessor::addDocument(const QString& title, const QString& foot) {
   document_.emplace();
   document_->title = title;
+  document_->foot = foot;
   font_ = {};
   alignment_ = Qt::AlignLeft;
   inTable_ = false;

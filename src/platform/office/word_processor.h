@@ -16,7 +16,7 @@ class WordProcessor {
   /// Makes later word processors report another version; 0 brings back their own, 12 (tests).
   static void setInstalledVersion(double version);
 
-  void addDocument(const QString& title = {});
+  void addDocument(const QString& title = {}, const QString& foot = {});
   void setTopMargin(double points);
   void setBottomMargin(double points);
 

@@ -1,153 +1,163 @@
 #include "platform/web/html_view.h"
 
-#include <QPointer>
+#include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QClipboard>
+#include <QEventLoop>
+#include <QGraphicsScene>
+#include <QGraphicsTextItem>
+#include <QGraphicsView>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyleOptionGraphicsItem>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocumentFragment>
 #include <QVBoxLayout>
-#include <QWebEngineFindTextResult>
-#include <QWebEngineSettings>
-#include <QWebEngineView>
 #include <algorithm>
-#include <memory>
-#include <utility>
 
-#include "platform/web/picture_check.h"
+#include "platform/paper/printer.h"
+#include "platform/web/rich_text.h"
+#include "platform/web/text_pieces.h"
 #include "platform/web/waiting.h"
-#include "platform/web/web_pane.h"
 
 namespace web {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int kPicturePatience = 5'000;  // milliseconds without any progress
-constexpr int kPictureLimit = 20'000;    // milliseconds
-constexpr int kSettling = 100;           // milliseconds
-constexpr int kAfterZoom = 500;          // milliseconds; what comes sooner is of the zoom before
-constexpr int kScrollBar = 15;           // pixels that the engine's own takes
-// What stands for Verdana and Tahoma, and for any other font that the machine lacks.
-constexpr char16_t kPlainFont[] = u"DejaVu Sans";
+
+constexpr double kWidth = 800;     // dots of the layout, as wide as documents are made
+constexpr double kMargin = 8;      // dots around it
+constexpr double kPlainSize = 12;  // points
+constexpr QMarginsF kPaperMargins(28.35, 28.35, 28.35, 42.5);  // points: 10 mm, 15 below
+constexpr double kPrintable = 595.3 - 2 * 28.35;               // points
+
+/// The page as the toolkit shows it, without the frame that it draws around what has the focus.
+class PageItem : public QGraphicsTextItem {
+ public:
+  void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override {
+    QStyleOptionGraphicsItem plain = *option;
+    plain.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+    QGraphicsTextItem::paint(painter, &plain, widget);
+  }
+};
+
+QFont plainFont() {
+  QFont font;
+  font.setFamilies({u"DejaVu Sans"_s, u"Verdana"_s});
+  font.setPointSizeF(kPlainSize);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+QString withoutBreaks(QString text) { return text.remove(kBreakHere).replace(QChar::Nbsp, u' '); }
+
 }  // namespace
 
 HtmlView::HtmlView(const QByteArray& html, const QString& folder, const PictureFolders& folders,
                    QWidget* parent)
-    : DocumentView(parent), html_(html), folder_(folder), folders_(folders) {
-  prepare();
-  view_ = new QWebEngineView(this);
+    : DocumentView(parent), folders_(folders), view_(new QGraphicsView(this)), page_(new PageItem) {
+  const RichText rich = richText(readHtml(html));
+  pictures_ = new Pictures(rich.pictures, folder, folders, this);
+  connect(pictures_, &Pictures::complete, this, [this] {
+    document_.markContentsDirty(0, document_.characterCount());  // places take the pictures' sizes
+    layOut();
+  });
+  document_.setDefaultFont(plainFont());
+  paper::layOutForAnyDevice(document_);
+  document_.documentLayout()->registerHandler(QTextFormat::ImageObject, pictures_);
+  document_.setTextWidth(kWidth);
+  document_.setHtml(rich.html);
+
+  page_->setFlag(QGraphicsItem::ItemUsesExtendedStyleOption);  // it paints only what is in sight
+  page_->setDocument(&document_);
+  page_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse);
+  page_->setDefaultTextColor(Qt::black);
+  connect(page_, &QGraphicsTextItem::linkActivated, this,
+          [this, folder](const QString& link) { openLink(addressOf(link, folder), folders_); });
+  connect(page_, &QGraphicsTextItem::linkHovered, this, [this](const QString& link) {
+    view_->viewport()->setCursor(link.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+  });
+  auto* scene = new QGraphicsScene(this);
+  scene->setItemIndexMethod(QGraphicsScene::NoIndex);
+  scene->addItem(page_);
+  view_->setScene(scene);
+  view_->setFrameShape(QFrame::NoFrame);
+  view_->setBackgroundBrush(Qt::white);
+  view_->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
   view_->setContextMenuPolicy(Qt::NoContextMenu);
-  view_->setAcceptDrops(false);  // a file dropped here would be shown in the document's place
+  view_->setAcceptDrops(false);
+  view_->installEventFilter(this);
+  view_->viewport()->installEventFilter(this);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins({});
   column->addWidget(view_);
   setFocusProxy(view_);
-  settled_.setSingleShot(true);
-  settled_.setInterval(kSettling);
-  patience_.setSingleShot(true);
-  patience_.setInterval(kPicturePatience);
-  connect(&settled_, &QTimer::timeout, this, &HtmlView::shrinkToWidth);
-  connect(&patience_, &QTimer::timeout, this, &HtmlView::missPictures);
+  layOut();
 }
 
-HtmlView::~HtmlView() = default;
+HtmlView::~HtmlView() { delete page_; }  // before its document
 
-void HtmlView::open() {
-  Page* before = std::exchange(page_, new Page(html_, folder_, folders_, leftOut_, view_));
-  view_->setPage(page_);
-  delete before;
-  for (const auto family : {QWebEngineSettings::StandardFont, QWebEngineSettings::SansSerifFont})
-    page_->settings()->setFontFamily(family, QString::fromUtf16(kPlainFont));
-  connect(page_, &QWebEnginePage::contentsSizeChanged, &settled_, qOverload<>(&QTimer::start));
-  connect(page_, &QWebEnginePage::loadProgress, &patience_, qOverload<>(&QTimer::start));
-  connect(page_, &QWebEnginePage::loadFinished, this, &HtmlView::stand);
-  connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this] { stand(false); });
-  // Pictures that come without end, or ever so slowly, aren't waited for either.
-  QTimer::singleShot(kPictureLimit, page_, [this] {
-    if (!stands_ && leftOut_.isEmpty() && !page_->requests().webPictures().isEmpty())
-      openWithout(page_->requests().webPictures());
-  });
-  patience_.start();
-  page_->show();
+void HtmlView::layOut() {
+  const QSizeF size = document_.size();
+  view_->setSceneRect(-kMargin, -kMargin, size.width() + 2 * kMargin, size.height() + 2 * kMargin);
+  if (fit_) fitWidth();
 }
 
-void HtmlView::missPictures() {
-  const QList<QUrl> asked = page_->requests().webPictures();
-  // Without a picture of the web it is the document itself that takes long.
-  if (asked.isEmpty()) return patience_.start();
-  // Who still keeps it waiting the second time does without all of them.
-  if (!leftOut_.isEmpty()) return openWithout(asked);
-  auto* check = new PictureCheck(asked, this);
-  connect(check, &PictureCheck::done, this, [this, check](const QList<QUrl>& missing) {
-    check->deleteLater();
-    if (stands_) return;
-    if (missing.isEmpty()) return patience_.start();
-    openWithout(missing);
-  });
-}
-
-void HtmlView::openWithout(const QList<QUrl>& pictures) {
-  leftOut_ = pictures;
-  open();
-}
-
-void HtmlView::stand(bool ok) {
-  disconnect(page_, nullptr, &patience_, nullptr);
-  patience_.stop();
-  settled_.start();
-  if (!std::exchange(stands_, true)) Q_EMIT stands(ok);
-}
-
-QString HtmlView::text() {
-  QEventLoop loop;
-  auto text = std::make_shared<QString>();
-  page_->toPlainText([text, waiting = QPointer<QEventLoop>(&loop)](const QString& shown) {
-    *text = shown;
-    if (waiting) waiting->quit();
-  });
-  waitIn(loop);
-  return *text;
-}
+QString HtmlView::text() { return withoutBreaks(document_.toPlainText()); }
 
 bool HtmlView::find(const QString& text, bool backward) {
-  QEventLoop loop;
-  auto found = std::make_shared<bool>(false);
-  const auto flags = backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags{};
-  page_->findText(text, flags,
-                  [found, waiting = QPointer<QEventLoop>(&loop)](const QWebEngineFindTextResult& result) {
-                    *found = result.numberOfMatches() > 0;
-                    if (waiting) waiting->quit();
-                  });
-  if (text.isEmpty()) return false;  // the engine doesn't answer when a mark is taken away
-  waitIn(loop);
-  return *found;
+  QTextCursor from = page_->textCursor();
+  if (text.isEmpty()) {
+    from.clearSelection();
+    page_->setTextCursor(from);
+    return false;
+  }
+  const auto flags = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags{};
+  QTextCursor found = document_.find(text, from, flags);
+  if (found.isNull()) {
+    from.movePosition(backward ? QTextCursor::End : QTextCursor::Start);
+    found = document_.find(text, from, flags);
+  }
+  if (found.isNull()) {
+    find({}, false);
+    return false;
+  }
+  page_->setTextCursor(found);
+  const QTextBlock block = found.block();
+  const QTextLine line = block.layout()->lineForTextPosition(found.selectionStart() - block.position());
+  const double x = line.cursorToX(found.selectionStart() - block.position());
+  view_->ensureVisible(
+      QRectF(document_.documentLayout()->blockBoundingRect(block).topLeft() + QPointF(x, line.y()),
+             QSizeF(1, line.height())));
+  return true;
 }
 
-bool HtmlView::writePdf(const QString& file) {
+void HtmlView::copySelection() const {
+  const QString selected = page_->textCursor().selection().toPlainText();
+  if (!selected.isEmpty()) QApplication::clipboard()->setText(withoutBreaks(selected));
+}
+
+bool HtmlView::paint(QPagedPaintDevice& device) {
+  waitForPictures();
+  const double width = document_.size().width();
+  const paper::Sheet sheet{kPaperMargins, kPrintable / width, width, foot()};
+  return paper::print(
+      document_, paper::paginate(piecesOf(document_, paper::pageHeight(sheet)), paper::pageHeight(sheet)),
+      sheet, device);
+}
+
+void HtmlView::waitForPictures() {
+  if (pictures_->isComplete()) return;
   QEventLoop loop;
-  bool written = false;
-  const auto done =
-      connect(page_, &QWebEnginePage::pdfPrintingFinished, &loop, [&](const QString&, bool success) {
-        written = success;
-        loop.quit();
-      });
-  page_->printToPdf(file, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
-                                      QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter));
+  connect(pictures_, &Pictures::complete, &loop, &QEventLoop::quit);
   waitIn(loop);
-  disconnect(done);
-  return written;
 }
 
 QStringList HtmlView::missingPictures() {
-  QList<QUrl> missing = leftOut_;
-  if (missing.isEmpty() && !page_->requests().webPictures().isEmpty()) {
-    QEventLoop loop;
-    PictureCheck check(page_->requests().webPictures(), nullptr);
-    connect(&check, &PictureCheck::done, &loop, [&](const QList<QUrl>& found) {
-      missing = found;
-      loop.quit();
-    });
-    waitIn(loop);
-  }
-  QStringList addresses;
-  for (const QUrl& one : std::as_const(missing)) addresses << one.toDisplayString();
-  return addresses;
+  waitForPictures();
+  return pictures_->missing();
 }
 
 void HtmlView::setZoom(double factor) {
@@ -157,10 +167,17 @@ void HtmlView::setZoom(double factor) {
 
 void HtmlView::fitWidth() {
   fit_ = true;
-  measured_ = 0;
-  settled_.setInterval(kSettling);
-  applyZoom(1.0);
-  settled_.start();
+  const QRectF page = view_->sceneRect();
+  const QSize room = view_->maximumViewportSize();
+  const double whole = room.width() / page.width();
+  const bool scrolls = page.height() * std::min(1.0, whole) > room.height();
+  const int scrollBar = scrolls ? view_->verticalScrollBar()->sizeHint().width() : 0;
+  applyZoom(std::clamp((room.width() - scrollBar) / page.width(), kSmallestFit, 1.0));
+}
+
+void HtmlView::applyZoom(double factor) {
+  view_->setTransform(QTransform::fromScale(factor, factor));
+  Q_EMIT zoomChanged(factor);
 }
 
 void HtmlView::resizeEvent(QResizeEvent* event) {
@@ -168,21 +185,19 @@ void HtmlView::resizeEvent(QResizeEvent* event) {
   if (fit_) fitWidth();
 }
 
-void HtmlView::applyZoom(double factor) {
-  zoom_ = factor;
-  view_->setZoomFactor(zoom_);
-  Q_EMIT zoomChanged(zoom_);
-}
-
-void HtmlView::shrinkToWidth() {
-  if (!fit_ || !stands_ || !view_->isVisible()) return;
-  const QSizeF page = page_->contentsSize() / devicePixelRatioF();  // the engine counts the display's own
-  const int scrollBar = page.height() > view_->height() ? kScrollBar : 0;
-  const double excess = page.width() / (view_->width() - scrollBar);
-  if (excess < 1.005 || zoom_ <= kSmallestFit || page.width() == measured_) return;
-  measured_ = page.width();
-  settled_.setInterval(kAfterZoom);
-  applyZoom(std::max(kSmallestFit, zoom_ / excess));
+bool HtmlView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == view_ && event->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+    copySelection();
+    return true;
+  }
+  // The pane zooms.
+  if (event->type() == QEvent::Wheel &&
+      static_cast<QWheelEvent*>(event)->modifiers().testFlag(Qt::ControlModifier)) {
+    event->ignore();
+    return true;
+  }
+  return DocumentView::eventFilter(watched, event);
 }
 
 }  // namespace web

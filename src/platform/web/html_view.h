@@ -1,15 +1,16 @@
 #pragma once
 
-#include <QTimer>
+#include <QTextDocument>
 
 #include "platform/web/document_view.h"
-#include "platform/web/page.h"
+#include "platform/web/pictures.h"
 
-class QWebEngineView;
+class QGraphicsTextItem;
+class QGraphicsView;
 
 namespace web {
 
-/// Shows a document's HTML in the browser engine. A picture that doesn't come holds nothing up.
+/// Shows a document's HTML. It is laid out once, as wide as paper; a zoom scales it.
 class HtmlView : public DocumentView {
   Q_OBJECT
 
@@ -17,38 +18,30 @@ class HtmlView : public DocumentView {
   HtmlView(const QByteArray& html, const QString& folder, const PictureFolders& folders, QWidget* parent);
   ~HtmlView() override;
 
-  void open();
-
   [[nodiscard]] QString text() override;
   bool find(const QString& text, bool backward) override;
-  bool writePdf(const QString& file) override;
+  bool paint(QPagedPaintDevice& device) override;
   [[nodiscard]] QStringList missingPictures() override;
   void setZoom(double factor) override;
   void fitWidth() override;
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  /// Nothing has come for a while: looks which pictures keep the page waiting.
-  void missPictures();
-  void openWithout(const QList<QUrl>& pictures);
-  void stand(bool ok);
   void applyZoom(double factor);
-  void shrinkToWidth();
+  void copySelection() const;
+  void layOut();
+  /// Waits until no picture of the web is on its way.
+  void waitForPictures();
 
-  QByteArray html_;
-  QString folder_;
   PictureFolders folders_;
-  QList<QUrl> leftOut_;  ///< pictures of the web that no server gives
-  QWebEngineView* view_ = nullptr;
-  Page* page_ = nullptr;
-  QTimer patience_;  ///< with pictures of the web
-  QTimer settled_;   ///< the engine reports a new size in steps, some of them late
-  double zoom_ = 1.0;
-  double measured_ = 0;  ///< width of the content at which it was shrunk last
+  Pictures* pictures_ = nullptr;
+  QTextDocument document_;
+  QGraphicsView* view_ = nullptr;
+  QGraphicsTextItem* page_ = nullptr;
   bool fit_ = false;
-  bool stands_ = false;
 };
 
 }  // namespace web

@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QLabel>
-#include <QTemporaryDir>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
@@ -11,11 +10,10 @@
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
+#include "platform/web/document_view.h"
 #include "platform/web/find_bar.h"
 #include "platform/web/html_view.h"
-#include "platform/web/pdf_view.h"
 #include "platform/web/printing.h"
-#include "platform/web/waiting.h"
 
 namespace web {
 
@@ -47,9 +45,9 @@ class WebPane::Private {
   DocumentView* view = nullptr;
   PictureFolders folders;
   std::optional<QByteArray> part;
+  QString foot;
   QString ifMissing;     ///< what stands in the place of a file that isn't there
   bool pending = false;  ///< not loaded yet
-  bool loading = false;
   bool ok = false;
   bool fit = true;  ///< nobody has set the zoom
   double zoom = 1.0;
@@ -106,82 +104,57 @@ DocumentView* WebPane::view() {
 
 void WebPane::load() {
   d_->pending = false;
-  d_->loading = true;
   setFocusProxy(nullptr);
   delete std::exchange(d_->view, nullptr);
-  d_->sentence->show();
-  if (path_.isEmpty()) {
-    say({});
-    return stand(true);
-  }
+  if (path_.isEmpty()) return say({}, true);
   const std::optional<QByteArray> content = d_->part ? std::exchange(d_->part, {}) : contentOf(path_);
-  if (!content) {
-    say(d_->ifMissing.isEmpty() ? u"O arquivo não foi encontrado:\n%1"_s.arg(path_) : d_->ifMissing);
-    return stand(false);
-  }
-  say(u"Carregando…"_s);
-  if (isPdf(path_))
-    loadPdf(*content);
-  else
-    loadHtml(*content);
+  if (!content)
+    return say(d_->ifMissing.isEmpty() ? u"O arquivo não foi encontrado:\n%1"_s.arg(path_) : d_->ifMissing,
+               false);
+  DocumentView* view = viewOf(*content);
+  if (view == nullptr) return say(u"O arquivo não pôde ser mostrado:\n%1"_s.arg(path_), false);
+  place(view);
 }
 
-void WebPane::loadHtml(const QByteArray& html) {
-  auto* view = new HtmlView(html, QFileInfo(files::resolve(path_)).absolutePath(), d_->folders, this);
-  place(view);
-  view->open();
-}
-
-void WebPane::loadPdf(const QByteArray& pdf) {
-  auto* view = new PdfView(pdf, this);
-  place(view);
-  view->open();
+DocumentView* WebPane::viewOf(const QByteArray& content) {
+  if (isPdf(path_)) return makePdfView(content, path_, this);
+  return new HtmlView(content, QFileInfo(files::resolve(path_)).absolutePath(), d_->folders, this);
 }
 
 void WebPane::place(DocumentView* view) {
   d_->view = view;
+  d_->ok = true;
+  d_->sentence->hide();
   static_cast<QVBoxLayout*>(layout())->addWidget(view, 1);
+  layout()->activate();
   setFocusProxy(view);
-  connect(view, &DocumentView::stands, this, &WebPane::stand);
+  view->setFoot(d_->foot);
   connect(view, &DocumentView::zoomChanged, this, [this](double factor) {
     d_->zoom = factor;
     Q_EMIT zoomChanged(factor);
   });
+  if (d_->fit)
+    view->fitWidth();
+  else
+    view->setZoom(d_->zoom);
 }
 
-void WebPane::stand(bool ok) {
-  d_->loading = false;
+void WebPane::say(const QString& sentence, bool ok) {
   d_->ok = ok;
-  if (d_->view != nullptr) {
-    if (!ok) {
-      setFocusProxy(nullptr);
-      std::exchange(d_->view, nullptr)->deleteLater();
-      say(u"O arquivo não pôde ser mostrado:\n%1"_s.arg(path_));
-    } else {
-      d_->sentence->hide();
-      if (d_->fit)
-        d_->view->fitWidth();
-      else
-        d_->view->setZoom(d_->zoom);
-    }
-  }
-  Q_EMIT loaded(ok);
+  d_->sentence->setText(sentence);
+  d_->sentence->show();
 }
 
-void WebPane::say(const QString& sentence) { d_->sentence->setText(sentence); }
-
-bool WebPane::waitForLoad(int milliseconds) {
+bool WebPane::stands() {
   view();
-  if (!d_->loading) return d_->ok;
-  QEventLoop loop;
-  connect(this, &WebPane::loaded, &loop, &QEventLoop::quit);
-  waitIn(loop, milliseconds);
-  return !d_->loading && d_->ok;
+  return d_->ok;
 }
 
-QString WebPane::pageText() {
-  waitForLoad();
-  return d_->view == nullptr ? d_->sentence->text() : d_->view->text();
+QString WebPane::pageText() { return view() == nullptr ? d_->sentence->text() : d_->view->text(); }
+
+void WebPane::setFoot(const QString& foot) {
+  d_->foot = foot;
+  if (d_->view != nullptr) d_->view->setFoot(foot);
 }
 
 void WebPane::setZoom(double factor) {
@@ -211,26 +184,24 @@ void WebPane::fitWidth() {
 void WebPane::openFind() { d_->bar->open(); }
 
 bool WebPane::find(const QString& text, bool backward) {
-  return waitForLoad() && d_->view != nullptr && d_->view->find(text, backward);
+  return view() != nullptr && d_->view->find(text, backward);
 }
 
 bool WebPane::printToFile(const QString& pdfPath) {
-  return waitForLoad() && d_->view != nullptr && d_->view->writePdf(files::resolve(pdfPath));
+  return view() != nullptr && d_->view->writePdf(files::resolve(pdfPath));
 }
 
 QStringList WebPane::missingPictures() {
-  return waitForLoad() && d_->view != nullptr ? d_->view->missingPictures() : QStringList();
+  return view() != nullptr ? d_->view->missingPictures() : QStringList();
 }
 
 PrintReport WebPane::print() {
   const QString printer = defaultPrinter();
   if (printer.isEmpty()) return {Printed::NoPrinter, {}};
-  const QTemporaryDir folder;
+  if (view() == nullptr) return {Printed::Failed, {}};
   const QString job = QFileInfo(files::resolve(path_)).completeBaseName();
-  const QString file = folder.filePath(u"documento.pdf"_s);
-  if (!printToFile(file)) return {Printed::Failed, {}};
-  const QStringList missing = missingPictures();
-  return {printPdf(file, printer, job), missing};
+  const Printed result = web::print(*d_->view, printer, job);
+  return {result, missingPictures()};
 }
 
 }  // namespace web

@@ -11,11 +11,6 @@ namespace web {
 
 class DocumentView;
 
-/// Makes the engine fit for this machine (no sandbox as root, no GPU, Brazilian pages of its own) and lets
-/// pictures be named by a path with a drive letter. Before the application object is made; once is enough
-/// (engine_setup.cpp).
-void prepare();
-
 /// What became of a document that was to be printed.
 enum class Printed { Sent, NoPrinter, Refused, Failed };
 struct PrintReport {
@@ -24,11 +19,10 @@ struct PrintReport {
 };
 
 /// A pane that shows an HTML or PDF file, each document in a view made for it and dropped with it. What the
-/// file holds is not trusted: no script runs, nothing but pictures is fetched, the pane goes nowhere else,
-/// and a link opens outside only if it is one of the web, of mail without attachments, or a picture of the
-/// picture folders. The browser engine is made when the first HTML is shown, never before; PDF goes without
-/// it. Ctrl+F, or openFind(), searches; Ctrl with plus, minus and 0 zooms. Promoted in Designer files (header
-/// platform/web/web_pane.h).
+/// file holds is not trusted: nothing but pictures is read or fetched, the pane goes nowhere else, and a link
+/// opens outside only if it is one of the web, of mail without attachments, or a picture of the picture
+/// folders. Ctrl+F, or openFind(), searches; Ctrl with plus, minus and 0 zooms. Promoted in Designer files
+/// (header platform/web/web_pane.h).
 class WebPane : public QWidget {
   Q_OBJECT
 
@@ -47,11 +41,12 @@ class WebPane : public QWidget {
   void showPart(const QByteArray& html, const QString& path);
   /// The path last given.
   [[nodiscard]] const QString& path() const { return path_; }
-  /// Waits, with the event loop running, until the document can be read; pictures of the web may still be
-  /// missing. False when it failed or took longer.
-  bool waitForLoad(int milliseconds = 30'000);
+  /// What stands on paper below the second page and those after it, with the page's number.
+  void setFoot(const QString& foot);
+  /// Whether the document can be shown; pictures of the web may still be on their way.
+  bool stands();
 
-  /// The text that the pane shows, once it has loaded. Empty while nothing has been shown.
+  /// The text that the pane shows. Empty while nothing has been shown.
   [[nodiscard]] QString pageText();
 
   /// 1.0 is 100 %. Kept between documents.
@@ -76,7 +71,6 @@ class WebPane : public QWidget {
   bool printToFile(const QString& pdfPath);
 
  Q_SIGNALS:
-  void loaded(bool ok);
   void zoomChanged(double factor);
 
  protected:
@@ -89,11 +83,9 @@ class WebPane : public QWidget {
   /// nothing.
   DocumentView* view();
   void load();
-  void loadHtml(const QByteArray& html);
-  void loadPdf(const QByteArray& pdf);
+  DocumentView* viewOf(const QByteArray& content);
   void place(DocumentView* view);
-  void stand(bool ok);
-  void say(const QString& sentence);
+  void say(const QString& sentence, bool ok);
 
   QString path_;
   std::unique_ptr<Private> d_;

@@ -1,4 +1,4 @@
-#include "platform/web/pdf_view.h"
+#include "platform/web/pdf/pdf_view.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -12,6 +12,9 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <memory>
+
+#include "platform/web/pdf/pdf_trial.h"
 
 namespace web {
 
@@ -36,13 +39,14 @@ class Quiet {
 
 double pixelsPerPoint() { return QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72.0; }
 
-}  // namespace
-
+/// Pixels to a point up to which a page, of whatever size it says it is, is a picture that memory holds.
 double largestScale(const QPdfDocument& document, int page) {
   constexpr double kMostPixels = 36e6;  // an A4 page at 600 dots an inch
   const QSizeF size = document.pagePointSize(page);
   return std::sqrt(kMostPixels / std::max(1.0, size.width() * size.height()));
 }
+
+}  // namespace
 
 PdfPages::PdfPages(QWidget* parent) : QPdfView(parent) {
   setPageMode(PageMode::MultiPage);
@@ -122,13 +126,11 @@ PdfView::PdfView(const QByteArray& pdf, QWidget* parent) : DocumentView(parent),
   column->setContentsMargins({});
   column->addWidget(pages_);
   setFocusProxy(pages_);
-}
-
-void PdfView::open() {
   document_.load(&bytes_);
   pages_->setDocument(&document_);
-  Q_EMIT stands(document_.status() == QPdfDocument::Status::Ready);
 }
+
+bool PdfView::isReadable() const { return document_.status() == QPdfDocument::Status::Ready; }
 
 QString PdfView::text() {
   QString all;
@@ -164,6 +166,23 @@ bool PdfView::find(const QString& text, bool backward) {
   return true;
 }
 
+bool PdfView::paint(QPagedPaintDevice& device) {
+  const double dots = device.logicalDpiX() / 72.0;
+  device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
+  QPainter painter;
+  if (!painter.begin(&device)) return false;
+  for (int page = 0; page < document_.pageCount(); ++page) {
+    if (page > 0 && !device.newPage()) return false;
+    const double scale = std::min(dots, largestScale(document_, page));
+    const QSize size = (document_.pagePointSize(page) * scale).toSize();
+    QImage paper(size, QImage::Format_RGB32);  // a page has no ground of its own: its edges would print grey
+    paper.fill(Qt::white);
+    QPainter(&paper).drawImage(0, 0, document_.render(page, size));
+    painter.drawImage(QRectF({}, document_.pagePointSize(page) * dots), paper);
+  }
+  return painter.end();
+}
+
 bool PdfView::writePdf(const QString& file) {
   QFile copy(file);
   return copy.open(QIODevice::WriteOnly) && copy.write(bytes_.data()) == bytes_.size();
@@ -188,6 +207,12 @@ void PdfView::applyZoom(double factor) {
   const double zoom = std::min(factor, pages_->largestZoom());
   pages_->setZoomFactor(zoom);
   Q_EMIT zoomChanged(zoom);
+}
+
+DocumentView* makePdfView(const QByteArray& pdf, const QString&, QWidget* parent) {
+  if (!canBeDrawn(pdf)) return nullptr;
+  auto view = std::make_unique<PdfView>(pdf, parent);
+  return view->isReadable() ? view.release() : nullptr;
 }
 
 }  // namespace web

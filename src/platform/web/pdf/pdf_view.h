@@ -8,9 +8,6 @@
 
 namespace web {
 
-/// Pixels to a point up to which a page, of whatever size it says it is, is a picture that memory holds.
-[[nodiscard]] double largestScale(const QPdfDocument& document, int page);
-
 /// The pages of a PDF one under the other, with a place marked on them.
 class PdfPages : public QPdfView {
   Q_OBJECT
@@ -44,13 +41,14 @@ class PdfView : public DocumentView {
   Q_OBJECT
 
  public:
-  /// Call open() for it to stand.
   PdfView(const QByteArray& pdf, QWidget* parent);
 
-  void open();
+  /// Whether it can be shown.
+  [[nodiscard]] bool isReadable() const;
 
   [[nodiscard]] QString text() override;
   bool find(const QString& text, bool backward) override;
+  bool paint(QPagedPaintDevice& device) override;
   bool writePdf(const QString& file) override;
   void setZoom(double factor) override;
   void fitWidth() override;

@@ -2,7 +2,6 @@
 
 #include <QStringList>
 #include <QUrl>
-#include <QWebEngineUrlRequestInterceptor>
 
 namespace web {
 
@@ -21,28 +20,15 @@ class PictureFolders {
   QStringList folders_;  // as they are on disk, each with its last slash
 };
 
-/// Lets one page ask for itself and for pictures, of the picture folders and of the web; nothing else goes
-/// out.
-class RequestFilter : public QWebEngineUrlRequestInterceptor {
-  Q_OBJECT
-
- public:
-  RequestFilter(QUrl document, PictureFolders folders, QList<QUrl> without, QObject* parent);
-  void interceptRequest(QWebEngineUrlRequestInfo& info) override;
-
-  /// Pictures of the web that the page has asked for.
-  [[nodiscard]] const QList<QUrl>& webPictures() const { return webPictures_; }
-
- private:
-  [[nodiscard]] bool allows(const QWebEngineUrlRequestInfo& info);
-
-  QUrl document_;
-  PictureFolders folders_;
-  QList<QUrl> without_;
-  QList<QUrl> webPictures_;
-};
-
 /// Whether an address is one of the web.
 [[nodiscard]] bool isWeb(const QUrl& url);
+
+/// What a document's text means by an address: a path with a drive letter, an address, or a path from the
+/// document's folder.
+[[nodiscard]] QUrl addressOf(const QString& text, const QString& folder);
+
+/// Opens a link in the system's own programs, if it is one of the web, of mail without attachments, or a
+/// picture of the picture folders.
+void openLink(const QUrl& url, const PictureFolders& folders);
 
 }  // namespace web
