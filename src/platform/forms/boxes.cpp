@@ -190,7 +190,7 @@ Answer msgBox(const Box& box) {
     if (harmless) window.setEscapeButton(push);
     answers.insert(push, button.answer);
   }
-  if (box.buttons != Buttons::Ok) new TypedAhead(window);
+  if (box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel) new TypedAhead(window);
   widenForTitle(window);
   window.exec();
   return answers.value(window.clickedButton(), box.buttons <= Buttons::OkCheck ? Answer::Ok : Answer::No);
