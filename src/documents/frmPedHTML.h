@@ -16,7 +16,7 @@ class frmPedHTML : public forms::Form, public Ui::frmPedHTML {
 
   /// A copy: its tab's frame and pane, the option that chooses it.
   struct Via {
-    QGroupBox* frame;
+    QFrame* frame;
     web::WebPane* painel;
     QRadioButton* opcao;
     QString arquivo = {};  ///< empty where there is none
