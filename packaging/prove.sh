@@ -15,7 +15,7 @@ install_packages setup/packages.txt setup/package_packages.txt
 package=${1:-}
 [ -n "$package" ] || { ./package.sh >/dev/null && package=$(ls build/deb/*.deb); }
 [ -f "$package" ] || fail "There is no package $package."
-build release zarim_tds zarim_fill
+build release zarim_testserver zarim_fill
 
 work=$PWD/build/prove root=$PWD/build/prove/root log=$PWD/.run/log/prove.log
 server='' mail=''
@@ -70,8 +70,8 @@ mkdir "$root/root/steps"
 awk '/^```sh/ { block++; within = 1; next } /^```/ { within = 0 } within { print >(folder "/" block) }' \
   folder="$root/root/steps" "$root/usr/share/doc/zarim/docs/setting_up.md"
 [ "$(ls "$root/root/steps" | wc -l)" = 5 ] || fail "docs/setting_up.md has other steps than this proof knows."
-cp build/release/tools/zarim_tds build/release/tools/zarim_fill packaging/prove_faults.sh "$root/root/"
-inside /root/zarim_tds --log /root/statements --refuse-in /root/refused >"$work/port" 2>>"$log" &
+cp build/release/tools/zarim_testserver build/release/tools/zarim_fill packaging/prove_faults.sh "$root/root/"
+inside /root/zarim_testserver --log /root/statements --refuse-in /root/refused >"$work/port" 2>>"$log" &
 server=$!
 inside python3 /usr/libexec/zarim/mailcatcher.py --folder /root/caught --port 0 >"$work/mail" 2>>"$log" &
 mail=$!
@@ -79,7 +79,7 @@ for _ in $(seq 100); do [ -s "$work/port" ] && [ -s "$work/mail" ] && break; sle
 # What the page has its reader fill in.
 cat >"$root/root/steps/1" <<END
 package=/root/zarim.deb
-server='127.0.0.1;port=$(cat "$work/port")' database=zarim login=vendas password=Segredo1
+server='127.0.0.1;port=$(cut -d " " -f 1 "$work/port")' database=zarim login=vendas password=Segredo1
 pictures=/root/.local/share/zarim/drive_c/zarim/imagens web=http://127.0.0.1:9/ salesperson=maria
 END
 steps() { quietly inside bash -ec "$(for number in "$@"; do cat "$root/root/steps/$number"; done)"; }
