@@ -28,7 +28,8 @@ leave
 rm -rf "$work"
 mkdir -p "$work"
 : >"$log"
-inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/root DEBIAN_FRONTEND=noninteractive "$@"; }
+entered() { exec chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 HOME=/root DEBIAN_FRONTEND=noninteractive "$@"; }
+inside() { (entered "$@"); }
 quietly() { "$@" >>"$log" 2>&1 </dev/null || { tail -n 20 "$log" >&2; fail "Failed: $*; all of it in $log."; }; }
 step() { printf '%4s s  %s\n' "$SECONDS" "$1"; }
 packages() { inside dpkg-query -W -f '${db:Status-Abbrev} ${Package}\n' | sort; }
@@ -71,9 +72,9 @@ awk '/^```sh/ { block++; within = 1; next } /^```/ { within = 0 } within { print
   folder="$root/root/steps" "$root/usr/share/doc/zarim/docs/setting_up.md"
 [ "$(ls "$root/root/steps" | wc -l)" = 5 ] || fail "docs/setting_up.md has other steps than this proof knows."
 cp build/release/tools/zarim_testserver build/release/tools/zarim_fill packaging/prove_faults.sh "$root/root/"
-inside /root/zarim_testserver --log /root/statements --refuse-in /root/refused >"$work/port" 2>>"$log" &
+entered /root/zarim_testserver --log /root/statements --refuse-in /root/refused >"$work/port" 2>>"$log" &
 server=$!
-inside python3 /usr/libexec/zarim/mailcatcher.py --folder /root/caught --port 0 >"$work/mail" 2>>"$log" &
+entered python3 /usr/libexec/zarim/mailcatcher.py --folder /root/caught --port 0 >"$work/mail" 2>>"$log" &
 mail=$!
 for _ in $(seq 100); do [ -s "$work/port" ] && [ -s "$work/mail" ] && break; sleep 0.1; done
 # What the page has its reader fill in.
@@ -95,8 +96,8 @@ grep -qi '^insert into prop_cmrc ' "$root/root/statements" || fail "No quote was
 tail -n 40 "$root/root/statements" | grep -q COMMIT || fail "The quote was not committed."
 
 step "zarim --check names each fault"
-quietly inside bash /root/prove_faults.sh
-kill "$server" "$mail"
+quietly inside bash /root/prove_faults.sh "$mail"
+kill "$server"
 server='' mail=''
 rm -rf "$root/etc/zarim/drive_c"
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs inside the bare system on a company where all is well: makes one fault after the other and looks whether the user
 # maria is told by `zarim --check`, with its line and what to do, and that the password never stands there.
+#   prove_faults.sh MAILSERVER    the number of the mail server's process, which is ended
 set -euo pipefail
 
 config=/etc/zarim/drive_c/zarim/config
@@ -39,5 +40,5 @@ fault 'não está acessível' 'mv /etc/zarim/drive_c /etc/zarim/x; ln -s /mnt/sh
 fault 'driver' 'mv /etc/odbcinst.ini /root' 'mv /root/odbcinst.ini /etc'
 fault 'DELETE em prop_cmrc_homg' 'echo "DELETE prop_cmrc_homg" >/root/refused' 'rm /root/refused'
 fault 'tabela clie' 'echo "SELECT clie" >/root/refused' 'rm /root/refused'
-fault 'correio dos avisos' 'kill -STOP $(pgrep -f mailcatcher.py); kill -KILL $(pgrep -f mailcatcher.py)' true
+fault 'correio dos avisos' "kill $1; sleep 1" true
 printf 'All faults are named.\n'

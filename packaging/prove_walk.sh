@@ -58,8 +58,8 @@ document() {
   window 'Zarim 1.2 (PRD)'
   keys alt+F4
   wait "$launcher" || fail "The program ended with $?."
-  for _ in $(seq 20); do pgrep -f 'mailcatcher.py|pictureserver.py' >/dev/null || return 0; sleep 0.1; done
-  fail "A server outlives the program: $(pgrep -af 'mailcatcher.py|pictureserver.py')"
+  for _ in $(seq 20); do kill -0 $servers 2>/dev/null || return 0; sleep 0.1; done
+  fail "A server outlives the program: $servers"
 }
 
 maria() { runuser -u maria -- env HOME=/home/maria XDG_RUNTIME_DIR=/tmp/maria DISPLAY="$DISPLAY" "$@"; }
