@@ -16,6 +16,13 @@ using support::errorOf;
 
 namespace {
 
+// A forgotten co_await gives no value, and no text that may be gone names a column (setup/asked.py looks for
+// the mistakes that compile).
+static_assert(!std::is_convertible_v<Asked<QString>, QString>);
+static_assert(!std::is_constructible_v<data::Literal, QStringView> &&
+              !std::is_constructible_v<data::Literal, QString>);
+static_assert(!std::is_constructible_v<data::Literal, const char16_t*>);
+
 /// Ten notes "a" to "j", numbers 1 to 10, each of which names the next one, on a server and on the embedded
 /// file.
 class AskedTogether : public ::testing::TestWithParam<bool> {
