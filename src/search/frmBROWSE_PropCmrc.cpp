@@ -223,8 +223,9 @@ void frmBROWSE_PropCmrc::pintaValidades() {
   // Only an open, active quote is due.
   if (!chkVisualiza->isChecked()) return;
   auto& grade = Flex->grid();
+  const QDate hoje = values::today();
   for (int linha = 1; linha < grade.rows(); ++linha) {
-    const Prazo prazo = prazoDaValidade(grade.text(linha, DtValidade), values::today());
+    const Prazo prazo = prazoDaValidade(grade.text(linha, DtValidade), hoje);
     if (prazo.estado == Prazo::SemPressa || !grade.text(linha, DtFechamento).isEmpty()) continue;
     grade.setCellBackColor(linha, DtValidade,
                            forms::toColor(prazo.estado == Prazo::Vencido ? kVencido : kVence));

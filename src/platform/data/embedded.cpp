@@ -54,8 +54,8 @@ void read(sqlite3_value* value, Reading reading, ResultValues& values) {
   const void* bytes = sqlite3_value_blob(value);
   const std::string_view text(static_cast<const char*>(bytes),
                               static_cast<std::size_t>(sqlite3_value_bytes(value)));
-  const QDateTime date = reading == Reading::Date ? storedDate(text) : QDateTime();
-  if (date.isValid()) return values.addDate(date);
+  if (const auto date = reading == Reading::Date ? storedDate(text) : std::nullopt)
+    return values.addDate(date->date, date->time);
   values.addText(text);
 }
 

@@ -6,8 +6,6 @@
 #include <array>
 #include <optional>
 
-#include "platform/values/dates.h"
-
 namespace data {
 
 namespace {
@@ -88,7 +86,7 @@ void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
 
 void isDateFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
   sqlite3_result_int(
-      context, sqlite3_value_type(arguments[0]) == SQLITE_NULL || storedDate(view(arguments[0])).isValid());
+      context, sqlite3_value_type(arguments[0]) == SQLITE_NULL || storedDate(view(arguments[0])).has_value());
 }
 
 std::optional<int> digits(std::string_view text, std::size_t at, std::size_t count) {
@@ -162,7 +160,7 @@ int compareDates(std::string_view left, std::string_view right) {
   return 0;
 }
 
-QDateTime storedDate(std::string_view text) {
+std::optional<StoredDate> storedDate(std::string_view text) {
   const bool hasTime = text.size() == 14 || text.size() == 17;
   if (text.size() != 8 && !(hasTime && text[8] == ' ' && text[11] == ':')) return {};
   const bool hasSeconds = text.size() == 17;
@@ -174,7 +172,7 @@ QDateTime storedDate(std::string_view text) {
   const QDate date(*year, *month, *day);
   const QTime time(*hour, *minute, *second);
   if (!date.isValid() || !time.isValid()) return {};
-  return values::wallClock(date, time);
+  return StoredDate{date, time};
 }
 
 void registerTextRules(sqlite3* database) {

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <optional>
 #include <string_view>
 
 struct sqlite3;
@@ -19,8 +20,12 @@ namespace data {
 /// Order of two stored dates; hours that are not written are midnight.
 [[nodiscard]] int compareDates(std::string_view left, std::string_view right);
 
-/// The date of "yyyymmdd", "yyyymmdd hh:mm" or "yyyymmdd hh:mm:ss"; invalid for any other text.
-[[nodiscard]] QDateTime storedDate(std::string_view text);
+struct StoredDate {
+  QDate date;
+  QTime time;
+};
+/// The date of "yyyymmdd", "yyyymmdd hh:mm" or "yyyymmdd hh:mm:ss"; nothing for any other text.
+[[nodiscard]] std::optional<StoredDate> storedDate(std::string_view text);
 
 /// Makes all of this known to a connection: collations ZARIM and ZARIM_DATE, the functions like(pattern,
 /// text) and zarim_is_date(value), which is true of null.

@@ -14,7 +14,6 @@
 #include <array>
 #include <optional>
 
-#include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -55,14 +54,13 @@ std::optional<QString> readText(SQLHSTMT statement, SQLUSMALLINT place) {
   }
 }
 
-QDateTime readDate(SQLHSTMT statement, SQLUSMALLINT place) {
+void readDate(SQLHSTMT statement, SQLUSMALLINT place, ResultValues& values) {
   SQL_TIMESTAMP_STRUCT stamp{};
   SQLLEN left = 0;
   if (!SQL_SUCCEEDED(SQLGetData(statement, place, SQL_C_TYPE_TIMESTAMP, &stamp, sizeof stamp, &left)))
     fail(statement);
-  if (left == SQL_NULL_DATA) return {};
-  return values::wallClock(QDate(stamp.year, stamp.month, stamp.day),
-                           QTime(stamp.hour, stamp.minute, stamp.second));
+  if (left == SQL_NULL_DATA) return values.addNull();
+  values.addDate(QDate(stamp.year, stamp.month, stamp.day), QTime(stamp.hour, stamp.minute, stamp.second));
 }
 
 }  // namespace
@@ -71,7 +69,7 @@ void readOdbcField(const QSqlQuery& query, int column, QMetaType declared, Resul
   const auto statement = static_cast<SQLHSTMT>(query.result()->handle().value<void*>());
   const auto place = static_cast<SQLUSMALLINT>(column + 1);
   if (declared.id() == QMetaType::QDate || declared.id() == QMetaType::QDateTime)
-    return values.addDate(readDate(statement, place));
+    return readDate(statement, place, values);
   const std::optional<QString> text = readText(statement, place);
   if (!text) return values.addNull();
   switch (declared.id()) {

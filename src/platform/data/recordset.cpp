@@ -35,7 +35,7 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
     case Kind::Null:
       return {};
     case Kind::Date:
-      return result.date(at);
+      return values::wallClock(result.date(at), result.time(at));
     case Kind::Integer:
     case Kind::Number:
       values::raise(values::kTypeMismatch);
@@ -94,7 +94,8 @@ qsizetype Recordset::place(QStringView field) const {
   const std::size_t start = row_ > 0 && namesDiffer_ ? lastColumn_ : 0;
   for (std::size_t tried = 0; tried < width; ++tried) {
     const std::size_t column = (start + tried) % width;
-    if (field.compare(names[static_cast<qsizetype>(column)], Qt::CaseInsensitive) == 0) {
+    const QString& name = names[static_cast<qsizetype>(column)];
+    if (field.size() == name.size() && field.compare(name, Qt::CaseInsensitive) == 0) {
       lastColumn_ = column;
       const std::size_t value = row_ * width + column;
       return static_cast<qsizetype>(value);
@@ -113,7 +114,7 @@ QString Recordset::text(QStringView field) const {
     case Kind::Number:
       return values::toText(values_->number(at));
     case Kind::Date:
-      return values::toText(values_->date(at));
+      return values::toText(values_->date(at), values_->time(at));
     case Kind::Text:
       break;
   }
@@ -142,7 +143,9 @@ QString Recordset::format(QStringView field, QStringView mask) const {
 }
 
 QString Recordset::formatDate(QStringView field, QStringView form) const {
-  return values::formatDate(date(field), form);
+  const qsizetype at = place(field);
+  if (values_->kind(at) == Kind::Date) return values::formatDate(values_->date(at), values_->time(at), form);
+  return values::formatDate(dateOf(*values_, at), form);
 }
 
 }  // namespace data

@@ -1,19 +1,11 @@
 #include "platform/data/result_values.h"
 
-#include "platform/values/dates.h"
-
 namespace data {
 
 void ResultValues::addText(QStringView text) {
   addBytes(
       {reinterpret_cast<const char*>(text.utf16()), static_cast<std::size_t>(text.size()) * sizeof(QChar)},
       Form::Utf16);
-}
-
-void ResultValues::addDate(const QDateTime& date) {
-  if (!date.isValid()) return addNull();
-  const qint64 held = values::wallClock(date.date(), date.time()).toMSecsSinceEpoch();
-  cells_.push_back(Cell{.integer = held, .form = Form::Date});
 }
 
 ResultValues::Kind ResultValues::kind(qsizetype at) const {
@@ -32,10 +24,6 @@ ResultValues::Kind ResultValues::kind(qsizetype at) const {
       break;
   }
   return Kind::Text;
-}
-
-QDateTime ResultValues::date(qsizetype at) const {
-  return QDateTime::fromMSecsSinceEpoch(cell(at).integer, Qt::UTC);
 }
 
 QString ResultValues::text(qsizetype at) const {

@@ -20,23 +20,29 @@ class ResultValues {
   void addText(std::string_view utf8) { addBytes(utf8, Form::Utf8); }
   /// As it is: half a character, which a server may have cut off, has no UTF-8.
   void addText(QStringView text);
-  /// An invalid one is null.
-  void addDate(const QDateTime& date);
+  void addDate(QDate date, QTime time) {
+    cells_.push_back(
+        Cell{.integer = date.toJulianDay() * kDay + time.msecsSinceStartOfDay(), .form = Form::Date});
+  }
 
   [[nodiscard]] qsizetype size() const { return static_cast<qsizetype>(cells_.size()); }
   [[nodiscard]] Kind kind(qsizetype at) const;
   // Each for its own kind only.
   [[nodiscard]] qint64 integer(qsizetype at) const { return cell(at).integer; }
   [[nodiscard]] double number(qsizetype at) const { return cell(at).number; }
-  [[nodiscard]] QDateTime date(qsizetype at) const;
+  [[nodiscard]] QDate date(qsizetype at) const { return QDate::fromJulianDay(integer(at) / kDay); }
+  [[nodiscard]] QTime time(qsizetype at) const {
+    return QTime::fromMSecsSinceStartOfDay(static_cast<int>(integer(at) % kDay));
+  }
   [[nodiscard]] QString text(qsizetype at) const;
 
  private:
+  static constexpr qint64 kDay = 86'400'000;  // milliseconds
   /// How a value is held: in its cell, or as a stretch of the bytes.
   enum class Form : quint8 { Null, Integer, Number, Date, Utf8, Utf16 };
   struct Cell {
     union {
-      qint64 integer = 0;  // of a date: milliseconds
+      qint64 integer = 0;  // of a date: milliseconds since the first Julian day
       double number;
       qsizetype place;
     };

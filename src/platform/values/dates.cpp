@@ -55,10 +55,12 @@ QDateTime toDate(QStringView text) {
 }
 
 QString formatDate(const QDateTime& date, QStringView form) {
-  if (!date.isValid()) return {};
+  return date.isValid() ? formatDate(date.date(), date.time(), form) : QString();
+}
+
+QString formatDate(QDate date, QTime time, QStringView form) {
   int year = 0, month = 0, day = 0;
-  date.date().getDate(&year, &month, &day);
-  const QTime time = date.time();
+  date.getDate(&year, &month, &day);
   QString out(form.size(), Qt::Uninitialized);
   QChar* at = out.data();
   const auto write = [&at](int value, int width) {
@@ -100,8 +102,8 @@ QString formatDate(const QString& text, QStringView form) {
   return date ? formatDate(*date, form) : text;
 }
 
-QString toText(const QDateTime& date) {
-  return formatDate(date, date.time() == QTime(0, 0) ? u"dd/mm/yyyy" : u"dd/mm/yyyy hh:mm:ss");
+QString toText(QDate date, QTime time) {
+  return formatDate(date, time, time == QTime(0, 0) ? u"dd/mm/yyyy" : u"dd/mm/yyyy hh:mm:ss");
 }
 
 QDateTime now() {

@@ -21,12 +21,13 @@ namespace values {
 /// A date in one of the program's forms: "dd/mm/yyyy", "dd/mm/yyyy hh:mm", "yyyymmdd", "yyyymmdd hh:mm",
 /// "yyyy/mm/dd", "dd/mm". mm after hh is minutes. An invalid date gives an empty text.
 [[nodiscard]] QString formatDate(const QDateTime& date, QStringView form);
+[[nodiscard]] QString formatDate(QDate date, QTime time, QStringView form);
 
 /// The same for a text that is a date; any other text comes back as it stands.
 [[nodiscard]] QString formatDate(const QString& text, QStringView form);
 
 /// The plain conversion of a date to text: "dd/mm/yyyy", with " hh:mm:ss" after it unless it is midnight.
-[[nodiscard]] QString toText(const QDateTime& date);
+[[nodiscard]] QString toText(QDate date, QTime time);
 
 /// Present local date and time, to the second, from the clock below.
 [[nodiscard]] QDateTime now();
