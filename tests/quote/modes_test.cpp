@@ -1,3 +1,4 @@
+#include <QImage>
 #include <QTest>
 
 #include "platform/files/paths.h"
@@ -42,6 +43,22 @@ TEST_F(Modes, FieldsTrimAndLimitWhatIsTypedAndTheRemarkUnfolds) {
   EXPECT_EQ(screen->txtObserva->toPlainText().size(), 200);
   support::click(screen->cmdExpandirObservacao);
   EXPECT_EQ(screen->txtObserva->height(), forms::pixels(1315));
+}
+
+TEST_F(Modes, ADateThatIsNoneIsMarkedByWhateverPutsItThereAndTheMarkLeavesNothing) {
+  start();
+  const QImage locked = screen->mskDataEven->grab().toImage();
+  support::click(screen->cmdINCLUIR);
+  screen->mskDataEven->setBoxText(u"31/02/2026"_s);
+  EXPECT_EQ(forms::backColor(screen->mskDataEven), 0xC8C8FF);
+  EXPECT_NE(screen->mskDataEven->toolTip(), QString());
+  script.box(
+      u"Existe operação não concluída!!!\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação Atual\n"
+      "<Cancela> Retornar e Abortar a Operação Atual"_s,
+      forms::Answer::Cancel);
+  support::click(screen->cmdSAIR);
+  EXPECT_EQ(screen->mskDataEven->toolTip(), QString());
+  EXPECT_EQ(screen->mskDataEven->grab().toImage(), locked);
 }
 
 TEST_F(Modes, OnAMachineOfTheMakersTheFirstUserStartsAndTheGroundShowsTheResolution) {
