@@ -1,6 +1,7 @@
 #include "assembly/frmMontarProduto.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
+#include "shared/articles.h"
 #include "shared/comma_numbers.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
@@ -59,7 +60,8 @@ QString frmMontarProduto::totalDoItem() const {
   const auto& grade = Flex->grid();
   // The unit of the prototype of that number gives the decimals; without one the quantity counts as whole.
   const QString mascara =
-      waitFor(mascaraUnidade(waitFor(UnidadePrototipo(grade.text(linhaProduto(grade), Column::Id)))));
+      waitFor(unidadeDeMedida(waitFor(UnidadePrototipo(grade.text(linhaProduto(grade), Column::Id)))))
+          .mascara;
   return emMoeda(leNumero(values::format(txtQuantidade->text(), mascara)) *
                  leNumero(emMoeda(lblTotalUnitarioProduto->text())));
 }

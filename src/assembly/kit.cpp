@@ -1,8 +1,8 @@
 #include "assembly/kit.h"
 
+#include "shared/articles.h"
 #include "shared/lookup_query.h"
 #include "shared/lookups.h"
-#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -12,20 +12,13 @@ enum Coluna { Id, Codigo, Descricao, Unidade, Quantidade };
 
 Asked<forms::GridRow> linhaDoKit(data::Recordset rs) {
   const QString id = rs.text(u"idprod_kit0");
-  auto pedeIdUnidade = UnidadeProduto(id);
-  auto pedeCodigo = CodigoProduto(id);
-  auto pedeDescricao = DescricaoProduto(id);
-  const QString idUnidade = co_await pedeIdUnidade;
-  const QString unidade = co_await DescricaoUnidade(idUnidade);
-  const QString casas = co_await CasasDecimaisUnidade(unidade);
-  const QString codigo = co_await pedeCodigo;
-  const QString descricao = co_await pedeDescricao;
+  const Artigo artigo = co_await artigoDoProduto(id);
   forms::GridRow linha;
   linha.set(Id, id);
-  linha.set(Codigo, codigo);
-  linha.set(Descricao, descricao);
-  linha.set(Unidade, unidade);
-  linha.set(Quantidade, rs.format(u"QTDE_PROD", MascaraDecimais(casas)));
+  linha.set(Codigo, artigo.codigo);
+  linha.set(Descricao, artigo.descricao);
+  linha.set(Unidade, artigo.unidade.nome);
+  linha.set(Quantidade, rs.format(u"QTDE_PROD", artigo.unidade.mascara));
   co_return linha;
 }
 

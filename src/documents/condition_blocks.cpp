@@ -11,21 +11,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString montaLinha(const QString& html, const char16_t* alinhamento) {
+QString linhaDeTexto(const QString& html, const char16_t* alinhamento) {
   return u"    <tr><td width=100% align='"_s + QString::fromUtf16(alinhamento) +
          u"' ><font face='Verdana' size='1'>"_s + html + u"</font></td></tr>"_s;
 }
 
 QString montaTabela(const QStringList& linhas, const char16_t* alinhamento) {
   QString texto = u"<table border='0' width='400'>"_s;
-  for (const QString& linha : linhas) texto += montaLinha(linha, alinhamento);
+  for (const QString& linha : linhas) texto += linhaDeTexto(linha, alinhamento);
   return texto + u"</table>"_s;
 }
 
 QString montaClausulas() {
   QString texto;
   for (const char16_t* clausula : empresa::kClausulas)
-    texto += montaLinha(QString::fromUtf16(clausula), u"left");
+    texto += linhaDeTexto(QString::fromUtf16(clausula), kEsquerda);
   return texto;
 }
 
@@ -53,11 +53,11 @@ QString CondicoesOrcaHTML(const QString& id) {
   QStringList aprovacao{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s};
   for (const char16_t* linha : empresa::kAssinatura) aprovacao << QString::fromUtf16(linha);
   return u"<BR><table border='0' width='800' align='center'>"_s +
-         montaLinha(u"<b>Observações</b>"_s, u"center") + montaClausulas() +
+         linhaDeTexto(u"<b>Observações</b>"_s, kCentro) + montaClausulas() +
          u"</table><BR><!-- CondiÃ§Ãµes de pagamento -->"_s +
          u"<table border='0' width='800' align='center'><tr><td width=50% valign='top' >"_s +
-         montaTabela(pagamento, u"left") + u"</td><td width=50% valign='top' >"_s +
-         montaTabela(aprovacao, u"center") + u"</td></tr></table>"_s;
+         montaTabela(pagamento, kEsquerda) + u"</td><td width=50% valign='top' >"_s +
+         montaTabela(aprovacao, kCentro) + u"</td></tr></table>"_s;
 }
 
 QString CondPgtoOrcaHTML(const QString& id) {

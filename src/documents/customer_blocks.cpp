@@ -5,6 +5,7 @@
 #include "documents/party_lines.h"
 #include "documents/quote_blocks.h"
 #include "shared/lookups.h"
+#include "shared/text.h"
 #include "text/fields.h"
 
 using namespace Qt::StringLiterals;
@@ -69,7 +70,7 @@ QString DadosClienteOrcaGradeHTML(const QString& id) {
          grade::linha({rotulada(u"30%"_s, u"Fone: "_s, fone), rotulada(u"30%"_s, u"Celular: "_s, fone),
                        rotulada(u"40%"_s, u"E-mail: "_s, rs.text(u"emai_CLIE").toLower())}) +
          grade::linha({rotulada(u"30%"_s, aberto ? u"Orçamento: "_s : u"Pedido: "_s,
-                                rs.format(u"idprop_cmrc", u"000000")),
+                                numeroDocumento(rs.text(u"idprop_cmrc"))),
                        rotulada(u"30%"_s, u"Atendimento: "_s, waitFor(atendente)),
                        rotulada(u"40%"_s, u"E-mail: "_s, waitFor(emailAtendente))}) +
          grade::linha({rotulada(u"30%"_s, u"Evento: "_s, waitFor(evento)),

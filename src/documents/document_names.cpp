@@ -1,11 +1,9 @@
 #include "documents/document_names.h"
 
-#include "platform/values/numbers.h"
 #include "run/context.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
-
-QString numeroDocumento(qint32 id) { return values::format(id, u"000000"); }
 
 QString diaDaData(const QString& data) { return data.section(u' ', 0, 0); }
 

@@ -2,9 +2,6 @@
 
 #include <QString>
 
-/// An id in at least six digits, "000123".
-[[nodiscard]] QString numeroDocumento(qint32 id);
-
 /// The day of a date text, "05/03/2024" of "05/03/2024 10:30:00".
 [[nodiscard]] QString diaDaData(const QString& data);
 

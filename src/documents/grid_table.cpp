@@ -27,6 +27,12 @@ QString linha(const std::vector<Celula>& celulas) {
   return texto + u"</tr>"_s + kFim;
 }
 
+namespace {
+
+QString letra(const QString& html) { return u"<font face='Verdana' size='1'>"_s + html + u"</font>"_s; }
+
+}  // namespace
+
 Celula rotulada(const QString& largura, const QString& rotulo, const QString& valor,
                 const char16_t* alinhamento) {
   return {largura,
@@ -36,17 +42,28 @@ Celula rotulada(const QString& largura, const QString& rotulo, const QString& va
 }
 
 Celula dado(const QString& largura, const QString& texto, const char16_t* alinhamento) {
-  return {largura, u"<font face='Verdana' size='1'>"_s + html::escapado(texto) + u"</font>"_s, alinhamento};
+  return {largura, letra(html::escapado(texto)), alinhamento};
 }
 
-Celula dadoOuBranco(const QString& largura, const QString& texto, const char16_t* alinhamento) {
-  return {largura, u"<font face='Verdana' size='1'>"_s + html::ouBranco(texto) + u"</font>"_s, alinhamento};
+QString titulos(std::span<const Coluna> colunas) {
+  std::vector<Celula> celulas;
+  for (const Coluna& coluna : colunas) {
+    celulas.push_back(
+        rotulada(QString::fromUtf16(coluna.largura), QString::fromUtf16(coluna.titulo), {}, coluna.lado));
+    celulas.back().atributos = u"bgcolor='#A8A8A8'"_s;
+  }
+  return linha(celulas);
 }
 
-Celula titulo(const QString& largura, const QString& texto, const char16_t* alinhamento) {
-  Celula celula = rotulada(largura, texto, {}, alinhamento);
-  celula.atributos = u"bgcolor='#A8A8A8'"_s;
-  return celula;
+QString item(std::span<const Coluna> colunas, const ItemImpresso& item, const QString& atributos) {
+  std::vector<Celula> celulas;
+  for (const Coluna& coluna : colunas) {
+    const QString texto = coluna.valor(item);
+    celulas.push_back(dado(QString::fromUtf16(coluna.largura), texto, coluna.lado));
+    if (coluna.branco && texto.isEmpty()) celulas.back().html = letra(html::ouBranco(texto));
+    celulas.back().atributos = atributos;
+  }
+  return linha(celulas);
 }
 
 }  // namespace grade

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <span>
 #include <vector>
+
+#include "documents/item_columns.h"
 
 // The bordered table of 800 pixels that the grid documents are made of.
 namespace grade {
@@ -15,22 +18,22 @@ namespace grade {
 struct Celula {
   QString largura;  ///< "30%"
   QString html;
-  const char16_t* alinhamento = u"left";
+  const char16_t* alinhamento = kEsquerda;
   QString atributos = {};  ///< "colspan='2'"
 };
 [[nodiscard]] QString linha(const std::vector<Celula>& celulas);
 
 /// A bold label, its value after it, both plain text.
 [[nodiscard]] Celula rotulada(const QString& largura, const QString& rotulo, const QString& valor,
-                              const char16_t* alinhamento = u"left");
+                              const char16_t* alinhamento = kEsquerda);
 /// Plain text.
 [[nodiscard]] Celula dado(const QString& largura, const QString& texto,
-                          const char16_t* alinhamento = u"left");
-/// The same, "&nbsp" where it is empty.
-[[nodiscard]] Celula dadoOuBranco(const QString& largura, const QString& texto,
-                                  const char16_t* alinhamento = u"left");
-/// Title of a column, on grey.
-[[nodiscard]] Celula titulo(const QString& largura, const QString& texto,
-                            const char16_t* alinhamento = u"left");
+                          const char16_t* alinhamento = kEsquerda);
+
+/// The titles of a table of items, on grey.
+[[nodiscard]] QString titulos(std::span<const Coluna> colunas);
+/// A row under them.
+[[nodiscard]] QString item(std::span<const Coluna> colunas, const ItemImpresso& item,
+                           const QString& atributos = {});
 
 }  // namespace grade

@@ -3,7 +3,7 @@
 
 #include "documents/document_values.h"
 #include "documents/html_text.h"
-#include "documents/item_fields.h"
+#include "documents/item_columns.h"
 #include "documents/quote_blocks.h"
 #include "run/context.h"
 #include "shared/lookups.h"
@@ -21,30 +21,28 @@ namespace {
 namespace composicao {
 enum Column { Codigo, Descricao, Quantidade, Unidade };
 constexpr std::array<forms::GridColumn, 4> kLayout{{{u"", 0}, {u"", 0}, {u"", 0}, {u"", 0}}};
+constexpr std::array<std::pair<Column, const char16_t*>, 4> kCelulas{{{Codigo, u"width=15%"},
+                                                                      {Descricao, u"width=60%"},
+                                                                      {Quantidade, u"width=10% align=right"},
+                                                                      {Unidade, u"width=15%"}}};
 }  // namespace composicao
 
 // An article that is not in the catalogue stands there as free text.
+Asked<Artigo> artigoDoKit(data::Recordset kit) {
+  if (valorOuZero(kit, u"idprod") != 0) return artigoDoProduto(kit.text(u"idprod"));
+  return artigoDe(data::known(u"NPROD"_s), data::known(kit.text(u"DESC_NPROD")),
+                  data::known(kit.text(u"idunid_nprod")));
+}
+
 Asked<forms::GridRow> linhaDoKit(data::Recordset kit) {
-  QString codigo = u"NPROD"_s;
-  QString descricao = kit.text(u"DESC_NPROD");
-  QString idunid = kit.text(u"idunid_nprod");
-  if (valorOuZero(kit, u"idprod") != 0) {
-    const QString idprod = kit.text(u"idprod");
-    auto pedeUnidade = UnidadeProduto(idprod);
-    auto pedeCodigo = CodigoProduto(idprod);
-    descricao = co_await DescricaoProduto(idprod);
-    codigo = co_await pedeCodigo;
-    idunid = co_await pedeUnidade;
-  }
-  const QString unidade = co_await DescricaoUnidade(idunid);
-  const QString casas = co_await CasasDecimaisUnidade(unidade);
+  const Artigo artigo = co_await artigoDoKit(kit);
   const QString quantidade =  // installations call the column by either name
       kit.columns().contains(u"QTDE_PROD"_s, Qt::CaseInsensitive) ? u"QTDE_PROD"_s : u"qtde"_s;
   forms::GridRow linha;
-  linha.set(composicao::Codigo, codigo);
-  linha.set(composicao::Descricao, descricao);
-  linha.set(composicao::Quantidade, kit.format(quantidade, MascaraDecimais(casas)));
-  linha.set(composicao::Unidade, unidade);
+  linha.set(composicao::Codigo, artigo.codigo);
+  linha.set(composicao::Descricao, artigo.descricao);
+  linha.set(composicao::Quantidade, kit.format(quantidade, artigo.unidade.mascara));
+  linha.set(composicao::Unidade, artigo.unidade.nome);
   co_return linha;
 }
 
@@ -56,16 +54,11 @@ QString composicaoImpressa(std::vector<forms::GridRow> linhas) {
   QString texto = fixo(
       u"<!--Detalhe do Detalhe-->\n"
       u"<table border='1' width=400 bordercolor='#e2cda0' cellspacing=0 cellpadding=2>\n");
-  const auto celula = [&](int linha, int coluna, const QString& atributos) {
-    texto += u"    <td "_s + atributos + u"><span class='dados1'>"_s +
-             html::escapado(tabela.text(linha, coluna)) + u"</span></td>"_s + kFim;
-  };
   for (int linha = 1; linha < tabela.rows(); ++linha) {
     texto += u"<tr>"_s + kFim;
-    celula(linha, composicao::Codigo, u"width=15%"_s);
-    celula(linha, composicao::Descricao, u"width=60%"_s);
-    celula(linha, composicao::Quantidade, u"width=10% align=right"_s);
-    celula(linha, composicao::Unidade, u"width=15%"_s);
+    for (const auto& [coluna, atributos] : composicao::kCelulas)
+      texto += u"    <td "_s + QString::fromUtf16(atributos) + u"><span class='dados1'>"_s +
+               html::escapado(tabela.text(linha, coluna)) + u"</span></td>"_s + kFim;
     texto += u"</tr>"_s + kFim;
   }
   return texto + u"</table>"_s + kFim;
@@ -98,22 +91,22 @@ QString montaFotos(const QString& codigo) {
   return texto + u"</table>"_s + kFim + u"</td>"_s + kFim;
 }
 
-QString montaValores(const data::Recordset& rs, const ItemDoDocumento& item, const QString& observacao) {
+QString montaValores(const ItemImpresso& item, const QString& observacao) {
   return fixo(
              uR"(<table border='0' width=400 cellspacing=0 cellpadding=2>
 <tr><td><span class='dados1a'>Quantidade: %1</span></td></tr>
-<tr><td><span class='dados1c'>Valor Unitário: R$ %2</span></td></tr>
-<tr><td><span class='dados1c'>Total: R$ %3</span></td></tr>
+<tr><td><span class='dados1c'>%2</span></td></tr>
+<tr><td><span class='dados1c'>%3</span></td></tr>
 <tr><td><span class='dados1a'>Observações: %4</span></td></tr>
 </table>
 )")
-      .arg(rs.format(u"QTDE", item.mascara), dinheiro(rs, u"VALO_LIQU"), dinheiro(rs, u"VALO_TOTA"),
-           html::escapado(observacao));
+      .arg(coluna::quantidade(item), emReais(u"Valor Unitário: "_s) + coluna::valorUnitario(item),
+           emReais(u"Total: "_s) + coluna::valorTotal(item), html::escapado(observacao));
 }
 
 /// What a box asks for.
 struct Respostas {
-  ItemDoDocumento item;
+  Artigo artigo;
   QString composicao, observacao;
 };
 Asked<Respostas> respostasDe(data::Recordset rs) {
@@ -122,14 +115,15 @@ Asked<Respostas> respostasDe(data::Recordset rs) {
   Respostas respostas;
   respostas.observacao = co_await observacaoDe(rs);
   respostas.composicao = co_await pedeComposicao;
-  respostas.item = co_await pedeItem;
+  respostas.artigo = co_await pedeItem;
   co_return respostas;
 }
 
 QString montaCaixa(const data::Recordset& rs, const Respostas& respostas, int numero) {
-  const auto& [item, composicao, observacao] = respostas;
-  QString texto = fixo(
-                      uR"(<table align='center' width=660px height=30px><tr><td></td></tr></table>
+  const auto& [artigo, composicao, observacao] = respostas;
+  QString texto =
+      fixo(
+          uR"(<table align='center' width=660px height=30px><tr><td></td></tr></table>
 <table border='0' align='center' width=670 cellspacing=0 cellpadding=2>
 <tr>
 <td valign=top>
@@ -141,9 +135,9 @@ QString montaCaixa(const data::Recordset& rs, const Respostas& respostas, int nu
 </td></tr>
 </table>
 )")
-                      .arg(numeroDoItem(numero), html::escapado(item.descricao), html::escapado(item.codigo));
-  texto += composicao + montaValores(rs, item, observacao) + u"</td>"_s + kFim;
-  if (documento().ExibeFotos) texto += montaFotos(item.codigo);
+          .arg(numeroDoItem(numero), html::escapado(artigo.descricao), html::escapado(artigo.codigo));
+  texto += composicao + montaValores(ItemImpresso(rs, artigo), observacao) + u"</td>"_s + kFim;
+  if (documento().ExibeFotos) texto += montaFotos(artigo.codigo);
   return texto + fixo(u"</tr>\n</table>\n");
 }
 

@@ -1,4 +1,7 @@
 // Items of a quote in one table, with or without prices.
+#include <array>
+#include <span>
+
 #include "documents/document_values.h"
 #include "documents/grid_table.h"
 #include "documents/html_text.h"
@@ -10,49 +13,44 @@
 using namespace Qt::StringLiterals;
 using grade::dado;
 using grade::rotulada;
-using grade::titulo;
 
 namespace {
 
-constexpr const char16_t* kDireita = u"right";
+constexpr std::array<Coluna, 6> kColunas{{
+    {u"Cod.Prod.", u"20%", coluna::codigo},
+    {u"Produto", u"30%", coluna::descricao},
+    {u"Observação", u"20%", coluna::observacao, kEsquerda, true},
+    {u"Qtde", u"10%", coluna::quantidade, kDireita},
+    {u"Valor Unit.", u"10%", coluna::valorUnitario, kDireita},
+    {u"Valor Total", u"10%", coluna::valorTotal, kDireita},
+}};
+constexpr std::size_t kPrecos = 2;
 
-// The prices of the lines are shown to the reader only where assembly is.
-QString montaCabecalho(bool comPrecos) {
-  std::vector<grade::Celula> celulas{titulo(u"20%"_s, u"Cod.Prod."_s), titulo(u"30%"_s, u"Produto"_s),
-                                     titulo(u"20%"_s, u"Observação"_s),
-                                     titulo(u"10%"_s, u"Qtde"_s, kDireita)};
-  if (comPrecos) {
-    celulas.push_back(titulo(u"10%"_s, u"Valor Unit."_s, kDireita));
-    celulas.push_back(titulo(u"10%"_s, u"Valor Total"_s, kDireita));
-  }
-  return grade::abreDetalhes() + grade::linha(celulas);
+/// The prices of the lines are shown to the reader only where assembly is.
+std::span<const Coluna> colunas(bool comPrecos) {
+  return std::span(kColunas).first(kColunas.size() - (comPrecos ? 0 : kPrecos));
 }
 
-Asked<QString> montaLinha(data::Recordset rs, bool comPrecos) {
-  const ItemDoDocumento item = co_await itemPorTipo(rs);
-  std::vector<grade::Celula> celulas{dado(u"20%"_s, item.codigo), dado(u"30%"_s, item.descricao),
-                                     grade::dadoOuBranco(u"20%"_s, rs.text(u"OBSE_PROP_CMRC_DETA")),
-                                     dado(u"10%"_s, rs.format(u"QTDE", item.mascara), kDireita)};
-  if (comPrecos) {
-    celulas.push_back(dado(u"10%"_s, dinheiro(rs, u"VALO_LIQU"), kDireita));
-    celulas.push_back(dado(u"10%"_s, dinheiro(rs, u"VALO_TOTA"), kDireita));
-  }
-  co_return grade::linha(celulas);
+Asked<QString> linhaDoItem(data::Recordset rs, bool comPrecos) {
+  const Artigo artigo = co_await itemPorTipo(rs);
+  const ItemImpresso item{rs, artigo};
+  co_return grade::item(colunas(comPrecos), item);
 }
 
 QString montaTotal(bool comPrecos, double unitario, double total) {
-  grade::Celula rotulo = comPrecos ? rotulada(u"90%"_s, u"Total"_s, {}, kDireita)
-                                   : dado(u"90%"_s, u"Total Unitário"_s, u"center");
+  grade::Celula rotulo =
+      comPrecos ? rotulada(u"90%"_s, u"Total"_s, {}, kDireita) : dado(u"90%"_s, u"Total Unitário"_s, kCentro);
   rotulo.atributos = comPrecos ? u"colspan='5'"_s : u"colspan='3'"_s;
   return grade::linha({rotulo, comPrecos ? rotulada(u"10%"_s, emMoeda(total), {}, kDireita)
-                                         : dado(u"10%"_s, emMoeda(unitario), u"center")}) +
+                                         : dado(u"10%"_s, emMoeda(unitario), kCentro)}) +
          grade::fecha();
 }
 
 QString montaTotalPorPessoa(int pessoas, double unitario) {
   return grade::abre() +
-         grade::linha({rotulada(u"50%"_s, u"Quantidade Solicitada: "_s, QString::number(pessoas)),
-                       rotulada(u"50%"_s, u"Total Geral - R$ "_s, emMoeda(pessoas * unitario), kDireita)}) +
+         grade::linha(
+             {rotulada(u"50%"_s, u"Quantidade Solicitada: "_s, QString::number(pessoas)),
+              rotulada(u"50%"_s, emReais(u"Total Geral - "_s), emMoeda(pessoas * unitario), kDireita)}) +
          grade::fecha();
 }
 
@@ -62,9 +60,9 @@ QString ItensOrcaDetalheHTML(const QString& id, const QString&, const QString& c
   data::Recordset rs = itensDoOrcamento(id);
   if (rs.eof()) return {};
   const bool comPrecos = documento().ExibeMontagem;
-  html::acrescenta(caminho, montaCabecalho(comPrecos));
+  html::acrescenta(caminho, grade::abreDetalhes() + grade::titulos(colunas(comPrecos)));
   auto linhas =
-      data::startEachRow(rs, [&](const data::Recordset& item) { return montaLinha(item, comPrecos); });
+      data::startEachRow(rs, [&](const data::Recordset& item) { return linhaDoItem(item, comPrecos); });
   double unitario = 0;
   double total = 0;
   for (auto& linha : linhas) {

@@ -10,43 +10,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-Asked<QString> mascaraDaUnidade(Asked<QString> unidade) {
-  const QString idunid = co_await unidade;
-  co_return co_await mascaraUnidade(idunid);
-}
-
-Asked<ItemDoDocumento> junta(Asked<QString> codigo, Asked<QString> descricao, Asked<QString> mascara) {
-  ItemDoDocumento item;
-  item.codigo = co_await codigo;
-  item.descricao = co_await descricao;
-  item.mascara = co_await mascara;
-  co_return item;
-}
-
-}  // namespace
-
-Asked<ItemDoDocumento> itemDoProduto(QString idprod) {
-  auto codigo = CodigoProduto(idprod);
-  auto descricao = DescricaoProduto(idprod);
-  auto mascara = mascaraDaUnidade(UnidadeProduto(idprod));
-  return junta(std::move(codigo), std::move(descricao), std::move(mascara));
-}
-
 bool ehProduto(const data::Recordset& rs) { return rs.text(u"prod_prot").toUpper() == u"PROD"; }
 
-Asked<ItemDoDocumento> itemPorTipo(data::Recordset rs) {
+Asked<Artigo> itemPorTipo(data::Recordset rs) {
   const QString id = rs.text(u"idprodprot");
-  if (ehProduto(rs)) return itemDoProduto(id);
-  auto codigo = ValidaPrototipo(id);
-  auto descricao = DescricaoPrototipo(id);
-  return junta(std::move(codigo), std::move(descricao), mascaraDoItem(rs));
-}
-
-Asked<QString> mascaraDoItem(data::Recordset rs) {
-  const QString id = rs.text(u"idprodprot");
-  return mascaraDaUnidade(ehProduto(rs) ? UnidadeProduto(id) : UnidadePrototipo(id));
+  return ehProduto(rs) ? artigoDoProduto(id) : artigoDoPrototipo(id);
 }
 
 data::Recordset itensDoOrcamento(const QString& id, const QString& condicao) {
@@ -56,6 +24,8 @@ data::Recordset itensDoOrcamento(const QString& id, const QString& condicao) {
 double valorOuZero(const data::Recordset& rs, QStringView campo) {
   return rs.isNull(campo) ? 0.0 : rs.number(campo);
 }
+
+QString emReais(const QString& rotulo) { return rotulo + u"R$ "_s; }
 
 QString dinheiro(const data::Recordset& rs, QStringView campo) { return rs.format(campo, kMascaraMoeda); }
 

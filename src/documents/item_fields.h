@@ -3,18 +3,12 @@
 #include <QString>
 
 #include "platform/data/recordset.h"
-#include "shared/lookups.h"
+#include "shared/articles.h"
 
 // What the item blocks of quotes and orders show of one row.
 
-/// Code, description and quantity mask of a product or a prototype.
-struct ItemDoDocumento {
-  QString codigo, descricao, mascara;
-};
-Asked<ItemDoDocumento> itemDoProduto(QString idprod);
 /// By prod_prot: "PROD" is a product, anything else a prototype.
-Asked<ItemDoDocumento> itemPorTipo(data::Recordset rs);
-Asked<QString> mascaraDoItem(data::Recordset rs);
+Asked<Artigo> itemPorTipo(data::Recordset rs);
 [[nodiscard]] bool ehProduto(const data::Recordset& rs);
 
 /// Items of a quote that meet a further condition.
@@ -22,6 +16,8 @@ Asked<QString> mascaraDoItem(data::Recordset rs);
 
 /// Number of a field, 0 where it is null.
 [[nodiscard]] double valorOuZero(const data::Recordset& rs, QStringView campo);
+/// A label before an amount, with the sign of the currency: "Total - R$ ".
+[[nodiscard]] QString emReais(const QString& rotulo);
 /// A money field, "###0.00".
 [[nodiscard]] QString dinheiro(const data::Recordset& rs, QStringView campo);
 

@@ -1,4 +1,7 @@
 // Items of a quote as a grid: one table for each item, its materials under it.
+#include <array>
+#include <utility>
+
 #include "documents/grid_table.h"
 #include "documents/html_text.h"
 #include "documents/item_fields.h"
@@ -8,66 +11,56 @@
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
-using grade::Celula;
-using grade::dado;
-using grade::dadoOuBranco;
 using grade::rotulada;
-using grade::titulo;
 using html::kFim;
 
 namespace {
 
-constexpr const char16_t* kDireita = u"right";
-
-Celula doItem(Celula celula) {
-  celula.atributos = u"bgcolor='#E0E0E0'"_s;
-  return celula;
-}
+constexpr std::array<Coluna, 6> kColunas{{
+    {u"Código", u"15%", coluna::codigo},
+    {u"Descrição", u"40%", coluna::descricao},
+    {u"Observação", u"20%", coluna::observacao, kEsquerda, true},
+    {u"Qtde", u"5%", coluna::quantidade, kDireita},
+    {u"Valor Unit.", u"10%", coluna::valorUnitario, kDireita},
+    {u"Valor Total", u"10%", coluna::valorTotal, kDireita},
+}};
 
 // Code and description are the product's of that id, whatever kind the item is.
 Asked<QString> tabelaDoItem(data::Recordset rs) {
   const QString id = rs.text(u"idprodprot");
-  auto pedeCodigo = CodigoProduto(id);
-  auto pedeDescricao = DescricaoProduto(id);
-  const QString mascara = co_await mascaraDoItem(rs);
-  const QString codigo = co_await pedeCodigo;
-  const QString descricao = co_await pedeDescricao;
-  const QString titulos = grade::linha(
-      {titulo(u"15%"_s, u"Código"_s), titulo(u"40%"_s, u"Descrição"_s), titulo(u"20%"_s, u"Observação"_s),
-       titulo(u"5%"_s, u"Qtde"_s, kDireita), titulo(u"10%"_s, u"Valor Unit."_s, kDireita),
-       titulo(u"10%"_s, u"Valor Total"_s, kDireita)});
-  const QString dados = grade::linha({doItem(dado(u"15%"_s, codigo)), doItem(dado(u"40%"_s, descricao)),
-                                      doItem(dadoOuBranco(u"20%"_s, rs.text(u"OBSE_PROP_CMRC_DETA"))),
-                                      doItem(dado(u"5%"_s, rs.format(u"QTDE", mascara), kDireita)),
-                                      doItem(dado(u"10%"_s, dinheiro(rs, u"VALO_LIQU"), kDireita)),
-                                      doItem(dado(u"10%"_s, dinheiro(rs, u"VALO_TOTA"), kDireita))});
-  co_return grade::abreDetalhes() + titulos + dados + grade::fecha();
+  auto codigo = CodigoProduto(id);
+  auto descricao = DescricaoProduto(id);
+  auto unidade = ehProduto(rs) ? UnidadeProduto(id) : UnidadePrototipo(id);
+  const Artigo artigo = co_await artigoDe(std::move(codigo), std::move(descricao), std::move(unidade));
+  const ItemImpresso item{rs, artigo};
+  co_return grade::abreDetalhes() + grade::titulos(kColunas) +
+      grade::item(kColunas, item, u"bgcolor='#E0E0E0'"_s) + grade::fecha();
 }
 
-struct Material {
-  QString codigo, descricao, observacao, quantidade, unidade;
-};
+// Without titles.
+constexpr std::array<Coluna, 5> kMateriais{{
+    {u"", u"15%", coluna::codigo, kDireita},
+    {u"", u"40%", coluna::descricao},
+    {u"", u"25%", [](const ItemImpresso& i) { return i.rs.text(u"OBSE_PROP_CMRC_DETA_MONTA"); }, kEsquerda,
+     true},
+    {u"", u"10%", coluna::quantidade, kDireita},
+    {u"", u"10%", [](const ItemImpresso& i) { return i.artigo.unidade.nome; }, kEsquerda, true},
+}};
 
-QString montaLinha(const Material& m, decltype(&dado) celula) {
-  return grade::linha({celula(u"15%"_s, m.codigo, kDireita), celula(u"40%"_s, m.descricao, u"left"),
-                       dadoOuBranco(u"25%"_s, m.observacao), celula(u"10%"_s, m.quantidade, kDireita),
-                       dadoOuBranco(u"10%"_s, m.unidade)});
+/// The row of an item without materials.
+QString linhaEmBranco() {
+  auto colunas = kMateriais;
+  for (Coluna& coluna : colunas) {
+    coluna.branco = true;
+    coluna.valor = [](const ItemImpresso&) { return QString(); };
+  }
+  return grade::item(colunas, {});
 }
 
 Asked<QString> linhaDoMaterial(data::Recordset rs) {
-  const QString idprod = rs.text(u"idprod");
-  auto pedeUnidade = UnidadeProduto(idprod);
-  auto pedeCodigo = CodigoProduto(idprod);
-  auto pedeDescricao = DescricaoProduto(idprod);
-  Material material;
-  const QString idunid = co_await pedeUnidade;
-  material.unidade = co_await DescricaoUnidade(idunid);
-  const QString casas = co_await CasasDecimaisUnidade(material.unidade);
-  material.codigo = co_await pedeCodigo;
-  material.descricao = co_await pedeDescricao;
-  material.observacao = rs.text(u"OBSE_PROP_CMRC_DETA_MONTA");
-  material.quantidade = rs.format(u"QTDE", MascaraDecimais(casas));
-  co_return montaLinha(material, dado);
+  const Artigo artigo = co_await artigoDoProduto(rs.text(u"idprod"));
+  const ItemImpresso item{rs, artigo};
+  co_return grade::item(kMateriais, item);
 }
 
 Asked<QString> itemComMateriais(data::Recordset rs, QString id, QString fotos) {
@@ -79,14 +72,16 @@ Asked<QString> itemComMateriais(data::Recordset rs, QString id, QString fotos) {
 }
 
 QString totaisAberto(double total, double quantidade) {
-  return grade::linha({rotulada(u"50%"_s, u"Quantidade de produtos: "_s, values::toText(quantidade)),
-                       rotulada(u"50%"_s, u"Total Geral do Orçamento - R$ "_s, emMoeda(total), kDireita)});
+  return grade::linha(
+      {rotulada(u"50%"_s, u"Quantidade de produtos: "_s, values::toText(quantidade)),
+       rotulada(u"50%"_s, emReais(u"Total Geral do Orçamento - "_s), emMoeda(total), kDireita)});
 }
 
 QString totaisFechado(double total, double desconto) {
-  return grade::linha({rotulada(u"33%"_s, u"Total Bruto - R$ "_s, emMoeda(total)),
-                       rotulada(u"33%"_s, u"Desconto - R$ "_s, emMoeda(desconto), u"center"),
-                       rotulada(u"33%"_s, u"Total Liquido - R$ "_s, emMoeda(total - desconto), kDireita)});
+  return grade::linha(
+      {rotulada(u"33%"_s, emReais(u"Total Bruto - "_s), emMoeda(total)),
+       rotulada(u"33%"_s, emReais(u"Desconto - "_s), emMoeda(desconto), kCentro),
+       rotulada(u"33%"_s, emReais(u"Total Liquido - "_s), emMoeda(total - desconto), kDireita)});
 }
 
 }  // namespace
@@ -97,7 +92,7 @@ Asked<QString> MontagemItemHTML(QString id, QString idDetalhe, QString, QString)
       idDetalhe + u" and tipo_mate_prima <> 'PRODUTO' "_s);
   auto linhas = data::startEachRow(rs, linhaDoMaterial);
   QString texto = grade::abreDetalhes();
-  if (linhas.empty()) texto += montaLinha({}, dadoOuBranco);
+  if (linhas.empty()) texto += linhaEmBranco();
   for (auto& pedida : linhas) {
     const QString linha = co_await pedida;
     texto += linha;

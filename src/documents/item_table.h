@@ -3,14 +3,21 @@
 #include <QString>
 #include <functional>
 
-#include "documents/item_fields.h"
+#include "documents/item_columns.h"
 
-// The plain table of items that quotes and orders share.
+// The plain tables of items that quotes and orders share.
+
+namespace celulas {
+/// A cell; its style where it has one of its own.
+[[nodiscard]] QString celula(const char16_t* largura, const char16_t* lado, const QString& html,
+                             const QString& estilo = {});
+[[nodiscard]] QString linha(const QString& celulas);
+}  // namespace celulas
 
 struct TabelaDeItens {
   data::Recordset itens;
-  std::function<Asked<ItemDoDocumento>(const data::Recordset&)> item;  ///< what a row shows
-  const char16_t* campoProduto;                                        ///< column whose product gives the NCM
+  std::function<Asked<Artigo>(const data::Recordset&)> item;  ///< what a row shows
+  const char16_t* campoProduto;                               ///< column whose product gives the NCM
   bool fotos = false;
   bool embarques = false;  ///< last column with the shipments
   QString numero;          ///< asked for the discount of the document as a whole

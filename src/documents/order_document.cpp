@@ -8,6 +8,7 @@
 #include "documents/html_text.h"
 #include "documents/order_blocks.h"
 #include "shared/lookups.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,6 @@
 // Items of an order: one box for each, or the table with the shipments.
+#include <array>
+
 #include "documents/document_values.h"
 #include "documents/html_text.h"
 #include "documents/item_fields.h"
@@ -17,7 +19,7 @@ data::Recordset itensDoPedido(const QString& numero) {
                       waitFor(IdPedidoPorNumero(numero)) + u'\'');
 }
 
-Asked<ItemDoDocumento> itemDaLinha(const data::Recordset& rs) { return itemDoProduto(rs.text(u"idprod")); }
+Asked<Artigo> itemDaLinha(const data::Recordset& rs) { return artigoDoProduto(rs.text(u"idprod")); }
 
 /// How a box looks: with inline styles or with classes.
 struct Aspecto {
@@ -46,30 +48,23 @@ constexpr Aspecto kEmLinha{tituloEmLinha, [](const QString& t) { return emLinha(
 constexpr Aspecto kDeClasse{tituloDeClasse, [](const QString& t) { return deClasse(u"dados2"_s, t); },
                             [](const QString& t) { return deClasse(u"dados1a"_s, t); }};
 
-QString montaCelula(const QString& largura, const QString& alinhamento, const QString& texto) {
-  return u"            <td width='"_s + largura + u"' align='"_s + alinhamento + u"'>"_s + texto +
-         u"</td>"_s + kFim;
+/// Without a photo the description takes its width.
+std::array<Coluna, 3> colunas(bool fotos) {
+  return {{{u"Codigo", u"15%", coluna::codigo},
+           {u"Descrição", fotos ? u"45%" : u"70%", coluna::descricao},
+           {u"Quant.", u"15%", coluna::quantidade, kDireita}}};
 }
 
-QString montaLinha(const QString& celulas) {
-  return u"        <tr>"_s + kFim + celulas + u"        </tr>"_s + kFim;
-}
-
-// Without a photo the description takes its width.
-QString montaCaixa(const data::Recordset& rs, const ItemDoDocumento& item, int numero, bool fotos,
-                   const Aspecto& aspecto) {
-  const QString larguraDescricao = fotos ? u"45%"_s : u"70%"_s;
-  const QString titulos =
-      (fotos ? montaCelula(u"25%"_s, u"center"_s, aspecto.rotulo(u"Foto"_s)) : QString()) +
-      montaCelula(u"15%"_s, u"left"_s, aspecto.rotulo(u"Codigo"_s)) +
-      montaCelula(larguraDescricao, u"left"_s, aspecto.rotulo(u"Descrição"_s)) +
-      montaCelula(u"15%"_s, u"right"_s, aspecto.rotulo(u"Quant."_s));
-  const QString dados = (fotos ? celulaFoto(item.codigo) + kFim : QString()) +
-                        montaCelula(u"15%"_s, u"left"_s, aspecto.dado(item.codigo)) +
-                        montaCelula(larguraDescricao, u"left"_s, aspecto.dado(item.descricao)) +
-                        montaCelula(u"15%"_s, u"right"_s, aspecto.dado(rs.format(u"QTDE", item.mascara)));
-  const QString valores =
-      u"Valor Unitário: R$ "_s + dinheiro(rs, u"VALO_LIQU") + u" - Total: R$ "_s + dinheiro(rs, u"VALO_TOTA");
+QString montaCaixa(const ItemImpresso& item, int numero, bool fotos, const Aspecto& aspecto) {
+  QString titulos = fotos ? celulas::celula(u"25%", kCentro, aspecto.rotulo(u"Foto"_s)) : QString();
+  QString dados = fotos ? celulaFoto(item.artigo.codigo) + kFim : QString();
+  for (const Coluna& coluna : colunas(fotos)) {
+    titulos +=
+        celulas::celula(coluna.largura, coluna.lado, aspecto.rotulo(QString::fromUtf16(coluna.titulo)));
+    dados += celulas::celula(coluna.largura, coluna.lado, aspecto.dado(coluna.valor(item)));
+  }
+  const QString valores = emReais(u"Valor Unitário: "_s) + coluna::valorUnitario(item) +
+                          emReais(u" - Total: "_s) + coluna::valorTotal(item);
   return fixo(
              uR"(<!--Detalhes - Itens 1-->
 <P>
@@ -84,8 +79,9 @@ QString montaCaixa(const data::Recordset& rs, const ItemDoDocumento& item, int n
     </tr>
 </table>
 )")
-      .arg(aspecto.titulo(u"Produto - "_s + numeroDoItem(numero)), montaLinha(titulos) + montaLinha(dados),
-           montaLinha(montaCelula(u"100%"_s, u"center"_s, aspecto.rotulo(valores))));
+      .arg(aspecto.titulo(u"Produto - "_s + numeroDoItem(numero)),
+           celulas::linha(titulos) + celulas::linha(dados),
+           celulas::linha(celulas::celula(u"100%", kCentro, aspecto.rotulo(valores))));
 }
 
 QString montaCaixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
@@ -93,7 +89,7 @@ QString montaCaixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
   QString texto;
   int quantos = 0;
   for (auto& item : data::startEachRow(rs, itemDaLinha)) {
-    texto += montaCaixa(rs, waitFor(item), ++quantos, fotos, aspecto);
+    texto += montaCaixa({rs, waitFor(item)}, ++quantos, fotos, aspecto);
     rs.moveNext();
   }
   return texto;

@@ -1,5 +1,7 @@
 // Letters to suppliers: a request for prices and a purchase order.
+#include <array>
 #include <optional>
+#include <span>
 
 #include "documents/company_texts.h"
 #include "documents/document_names.h"
@@ -16,14 +18,26 @@
 #include "shared/text.h"
 
 using namespace Qt::StringLiterals;
-using grade::dado;
-using grade::titulo;
 using html::fixo;
 using html::kFim;
 
 namespace {
 
-constexpr const char16_t* kDireita = u"right";
+QString quantidade(const ItemImpresso& item) { return item.rs.text(u"QTDE"); }
+QString valorTotal(const ItemImpresso& item) {
+  return emMoeda(valorOuZero(item.rs, u"QTDE") * valorOuZero(item.rs, u"VALO_LIQU"));
+}
+
+constexpr std::array<Coluna, 2> kCotacao{{
+    {u"Descrição", u"70%", coluna::descricao},
+    {u"Quantidade", u"30%", quantidade, kDireita},
+}};
+constexpr std::array<Coluna, 4> kOrdem{{
+    {u"Descrição", u"55%", coluna::descricao},
+    {u"Quantidade", u"15%", quantidade, kDireita},
+    {u"Valor Unit.", u"15%", coluna::valorUnitario, kDireita},
+    {u"Valor Total", u"15%", valorTotal, kDireita},
+}};
 
 /// Reads a result; a failing statement is shown to the user and gives nothing.
 std::optional<data::Recordset> consultaOuAvisa(const QString& sql) {
@@ -55,6 +69,16 @@ Asked<QString> descricaoDe(data::Recordset rs) {
   co_return rs.text(u"DESC_NPROD");
 }
 
+/// The table of the letter's items.
+QString tabelaDosItens(std::span<const Coluna> colunas, data::Recordset itens) {
+  QString texto = grade::abre() + grade::titulos(colunas);
+  for (auto& descricao : data::startEachRow(itens, descricaoDe)) {
+    texto += grade::item(colunas, {itens, {{}, waitFor(descricao), {}}});
+    itens.moveNext();
+  }
+  return texto + grade::fecha();
+}
+
 void grava(const QString& caminho, const QString& tituloDaPagina, const QString& corpo) {
   html::Iniciado arquivo(caminho);
   html::acrescenta(arquivo.parte(),
@@ -81,23 +105,16 @@ void CotacaoCompraHTML(qint32 id, const QString& caminho) {
   const auto rs = consultaOuAvisa(u"SELECT * From cota_comp Where idcota_comp = '"_s + chave + u'\'');
   if (!rs || rs->eof()) return;
   const Fornecedor fornecedor = fornecedorDaLetra(*rs);
-  auto itens = consultaOuAvisa(u"SELECT * From cota_comp_deta Where idcota_comp = '"_s + chave + u'\'');
+  const auto itens = consultaOuAvisa(u"SELECT * From cota_comp_deta Where idcota_comp = '"_s + chave + u'\'');
   if (!itens) return;
 
-  QString corpo =
+  const QString corpo =
       montaParagrafos(
           {u"À"_s + fornecedor.nome, fornecedor.contato, u"Prezados,"_s,
            u"Favor encaminhar seu orçamento e melhores condições de fornecimento para os itens abaixo:"_s,
            u"Data limite para resposta: "_s + rs->formatDate(u"DATA_LIMI_COTA_COMP", u"dd/mm/yyyy")}) +
-      grade::abre() +
-      grade::linha({titulo(u"70%"_s, u"Descrição"_s), titulo(u"30%"_s, u"Quantidade"_s, kDireita)});
-  for (auto& descricao : data::startEachRow(*itens, descricaoDe)) {
-    corpo +=
-        grade::linha({dado(u"70%"_s, waitFor(descricao)), dado(u"30%"_s, itens->text(u"QTDE"), kDireita)});
-    itens->moveNext();
-  }
-  grava(caminho, u"Cotação de Compras - "_s + numeroDocumento(id),
-        corpo + grade::fecha() + montaDespedida({}));
+      tabelaDosItens(kCotacao, *itens);
+  grava(caminho, u"Cotação de Compras - "_s + numeroDocumento(id), corpo + montaDespedida({}));
 }
 
 void OrdemCompraHTML(qint32 id, const QString& caminho) {
@@ -105,26 +122,14 @@ void OrdemCompraHTML(qint32 id, const QString& caminho) {
   const auto rs = consultaOuAvisa(u"SELECT * From pedi_comp Where idpedi_comp = '"_s + chave + u'\'');
   if (!rs || rs->eof()) return;
   const QString fornecedor = rs->isNull(u"idforn") ? QString() : waitFor(NomeFornecedor(rs->text(u"idforn")));
-  auto itens = consultaOuAvisa(u"SELECT * From pedi_comp_deta Where idpedi_comp = "_s + chave);
+  const auto itens = consultaOuAvisa(u"SELECT * From pedi_comp_deta Where idpedi_comp = "_s + chave);
   if (!itens) return;
 
-  QString corpo =
+  const QString corpo =
       montaParagrafos({u"À"_s + fornecedor, u"Ordem de Compra: "_s + rs->text(u"idpedi_comp"), u"Prezados,"_s,
                        u"Seu orçamento foi aprovado. Confirmamos a compra dos itens abaixo:"_s}) +
-      grade::abre() +
-      grade::linha({titulo(u"55%"_s, u"Descrição"_s), titulo(u"15%"_s, u"Quantidade"_s, kDireita),
-                    titulo(u"15%"_s, u"Valor Unit."_s, kDireita),
-                    titulo(u"15%"_s, u"Valor Total"_s, kDireita)});
-  for (auto& descricao : data::startEachRow(*itens, descricaoDe)) {
-    corpo += grade::linha(
-        {dado(u"55%"_s, waitFor(descricao)), dado(u"15%"_s, itens->text(u"QTDE"), kDireita),
-         dado(u"15%"_s, dinheiro(*itens, u"VALO_LIQU"), kDireita),
-         dado(u"15%"_s, emMoeda(valorOuZero(*itens, u"QTDE") * valorOuZero(*itens, u"VALO_LIQU")),
-              kDireita)});
-    itens->moveNext();
-  }
+      tabelaDosItens(kOrdem, *itens);
   grava(caminho, u"Ordem de Compras - "_s + numeroDocumento(id),
-        corpo + grade::fecha() +
-            montaDespedida({u"Favor informar o número desta Ordem de Compra em sua NF."_s,
-                            u"Data de Entrega: "_s + rs->formatDate(u"data_prev_entg", u"dd/mm/yyyy")}));
+        corpo + montaDespedida({u"Favor informar o número desta Ordem de Compra em sua NF."_s,
+                                u"Data de Entrega: "_s + rs->formatDate(u"data_prev_entg", u"dd/mm/yyyy")}));
 }

@@ -11,6 +11,7 @@
 #include "documents/html_text.h"
 #include "documents/quote_blocks.h"
 #include "shared/lookups.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 

@@ -8,6 +8,7 @@
 #include "messaging/frmEmailOS.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 

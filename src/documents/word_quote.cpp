@@ -1,8 +1,9 @@
 #include <QScopeGuard>
+#include <array>
 
 #include "documents/company_texts.h"
 #include "documents/contacts.h"
-#include "documents/item_fields.h"
+#include "documents/item_columns.h"
 #include "documents/quote_blocks.h"
 #include "documents/word.h"
 #include "platform/office/printers.h"
@@ -67,7 +68,7 @@ void tabelaDoCliente(WordProcessor& word, const data::Recordset& orcamento) {
   word.addTable(1, 3, true);
   digitaCelulas(
       word, {u"Cliente: "_s + PegaCampo(waitFor(cliente), 1),
-             u"Orçamento: "_s + orcamento.format(u"idprop_cmrc", u"000000"),
+             u"Orçamento: "_s + numeroDocumento(orcamento.text(u"idprop_cmrc")),
              u"Data: "_s + orcamento.formatDate(u"data_prop_cmrc", u"dd/mm/yyyy"),
              u"Fone: "_s + orcamento.text(u"fone_CLIE"),
              u"E-mail: "_s + orcamento.text(u"emai_CLIE").toLower(), u"Atendimento: "_s + waitFor(atendente),
@@ -77,29 +78,42 @@ void tabelaDoCliente(WordProcessor& word, const data::Recordset& orcamento) {
   word.moveAfterTable();
 }
 
+constexpr std::array<Coluna, 4> kColunas{{
+    {u"Cod.Prod.", u"15%", coluna::codigo},
+    {u"Produto", u"43%", coluna::descricao},
+    {u"Observações", u"28%", coluna::observacao},
+    {u"Qtde", u"14%", coluna::quantidade},
+}};
+
 /// The items without their prices, and a last row with the sum, which is returned.
 double tabelaDosItens(WordProcessor& word, const QString& id) {
-  word.addTable(1, 4, true);
-  word.setColumnShares({15, 43, 28, 14});
+  const auto digita = [&word](const auto& texto, bool negrito) {
+    QStringList textos;
+    for (const Coluna& coluna : kColunas) textos << texto(coluna);
+    digitaCelulas(word, textos, negrito, Qt::AlignRight);
+  };
+  word.addTable(1, static_cast<int>(kColunas.size()), true);
+  std::vector<double> larguras;
+  for (const Coluna& coluna : kColunas)
+    larguras.push_back(values::leadingNumber(QString::fromUtf16(coluna.largura)));
+  word.setColumnShares(larguras);
   word.setHeadingRow();
-  digitaCelulas(word, {u"Cod.Prod."_s, u"Produto"_s, u"Observações"_s, u"Qtde"_s}, true, Qt::AlignRight);
+  digita([](const Coluna& coluna) { return QString::fromUtf16(coluna.titulo); }, true);
   double total = 0;
   qsizetype digitados = 0;
   data::Recordset itens = itensDoOrcamento(id);
   data::Walk andamento;
   for (auto& pedido : data::startEachRow(itens, itemPorTipo)) {
-    const ItemDoDocumento item = waitFor(pedido);
+    const ItemImpresso item{itens, waitFor(pedido)};
     andamento.done(digitados++, itens.count());
     word.moveRight();
-    digitaCelulas(word,
-                  {item.codigo, item.descricao, itens.text(u"OBSE_PROP_CMRC_DETA"),
-                   itens.format(u"QTDE", item.mascara)},
-                  false, Qt::AlignRight);
+    digita([&item](const Coluna& coluna) { return coluna.valor(item); }, false);
     total += valorOuZero(itens, u"VALO_TOTA");
     itens.moveNext();
   }
   word.moveRight();
-  digitaCelulas(word, {QString(), QString(), u"Total Unitário"_s, emMoeda(total)}, true, Qt::AlignRight);
+  QStringList soma(static_cast<qsizetype>(kColunas.size()) - 2);
+  digitaCelulas(word, soma << u"Total Unitário"_s << emMoeda(total), true, Qt::AlignRight);
   word.moveAfterTable();
   return total;
 }
@@ -108,7 +122,7 @@ void tabelaDaQuantidade(WordProcessor& word, int pessoas, double total) {
   word.addTable(1, 2, true);
   digitaCelulas(word,
                 {u"Quantidade Solicitada: "_s + QString::number(pessoas),
-                 u"Total Geral - R$ "_s + emMoeda(pessoas * total)},
+                 emReais(u"Total Geral - "_s) + emMoeda(pessoas * total)},
                 false, Qt::AlignRight);
   word.moveAfterTable();
 }
@@ -198,7 +212,7 @@ void DocumentoWord(const QString& id, const QString& documento, const QString& p
   const QString primeiraImpressora = office::defaultPrinter();
   WordProcessor word;
   [[maybe_unused]] const QString nomeVersao = nomeVersaoWord(word.version());
-  const QString numero = values::format(values::leadingNumber(id), u"000000");
+  const QString numero = numeroDocumento(id);
   word.addDocument(
       u"Orçamento de Venda - "_s + numero,
       (waitFor(DataFechamentoOrcamento(id)).isEmpty() ? u"Orçamento "_s : u"Pedido "_s) + numero);

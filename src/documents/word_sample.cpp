@@ -7,6 +7,7 @@
 #include "platform/office/word_processor.h"
 #include "platform/values/numbers.h"
 #include "shared/lookups.h"
+#include "shared/text.h"
 #include "text/fields.h"
 
 using namespace Qt::StringLiterals;
@@ -66,7 +67,7 @@ void linhas(WordProcessor& word, std::span<const char16_t* const> textos) {
 
 void gravaAmostraWord() {
   const qint32 id = documento().IdDocumento;
-  const QString tituloDoDocumento = u"Orçamento de Venda - "_s + values::format(id, u"000000") + u" - "_s +
+  const QString tituloDoDocumento = u"Orçamento de Venda - "_s + numeroDocumento(id) + u" - "_s +
                                     diaDaData(waitFor(DataOrcamento(QString::number(id))));
   WordProcessor word;
   word.addDocument(tituloDoDocumento);

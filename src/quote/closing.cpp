@@ -64,7 +64,7 @@ void frmPropCmrcTL::cmdReabrir_Click() {
     return avisa(
         u"Já foi criado um pedido para este orçamento.\r"
         "A alteração somente poderá ser realizada no pedido.\rOrçamento:"_s +
-        txtRowId->text() + u" - Pedido:"_s + values::format(pedido, u"000000"));
+        txtRowId->text() + u" - Pedido:"_s + numeroDocumento(pedido));
   if (pergunta(u"Deseja realmente abrir?"_s)) {
     alteraOrcamento({u"UPDATE prop_cmrc SET user_fech=null, data_fech=null "_s});
     avisa(u"Orçamento aberto com sucesso!\rOrçamento nr."_s + txtRowId->text() +

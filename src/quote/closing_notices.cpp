@@ -68,7 +68,7 @@ class Avisos {
 /// the full one. A file that can't be written is an error of the program, raised once the notices have been
 /// tried; where the user gives it up the full notice is left out.
 bool frmPropCmrcTL::avisaFechamento() {
-  const QString numero = values::format(txtRowId->text(), u"000000");
+  const QString numero = numeroDocumento(txtRowId->text());
   QString& arquivo = documento().ArquivoDetalheOrca;
   std::exception_ptr detalhe;
   bool completo = true;

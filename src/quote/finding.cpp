@@ -47,6 +47,6 @@ void frmPropCmrcTL::carregaNumero() {
   CarregaOrcamento();
   const QString pedido = waitFor(NumeroPedidoDoOrcamento(txtCodigo->text()));
   // A quote without an order shows the number zero.
-  lblNumePedido->setText(pedido.isEmpty() ? values::format(0, u"000000") : values::format(pedido, u"000000"));
+  lblNumePedido->setText(numeroDocumento(pedido.isEmpty() ? u"0"_s : pedido));
   CalculaTotais();
 }

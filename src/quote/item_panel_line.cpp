@@ -1,5 +1,6 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
+#include "shared/articles.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
 #include "shared/text.h"
@@ -17,7 +18,7 @@ void frmPropCmrcTL::cmdIncluir_ProdProt_Click() {
   const bool produto = opPROD->isChecked();
   const QString id = txtidProdProt->text();
   const QString mascara =
-      waitFor(mascaraUnidade(waitFor(produto ? UnidadeProduto(id) : UnidadePrototipo(id))));
+      waitFor(unidadeDeMedida(waitFor(produto ? UnidadeProduto(id) : UnidadePrototipo(id)))).mascara;
   const QString quantidade = values::format(txtQuantidade->text(), mascara);
   const double total = leNumero(emMoeda(lblVrLiqProt->text())) * leNumero(quantidade);
   using namespace grades::item;

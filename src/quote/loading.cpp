@@ -1,5 +1,6 @@
 #include "quote/frmPropCmrcTL.h"
 #include "quote/header_fields.h"
+#include "shared/articles.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
 #include "shared/text.h"
@@ -53,44 +54,30 @@ struct ItemLido {
   std::vector<GridRow> materiais;
 };
 
-/// What the lookups give for an item.
-struct DadosDoItem {
-  QString codigo, descricao, unidade, mascara;
-};
-
-GridRow linhaDoItem(const data::Recordset& rs, bool produto, const DadosDoItem& dados) {
+GridRow linhaDoItem(const data::Recordset& rs, bool produto, const Artigo& artigo) {
   using namespace grades::item;
   return {{Id, rs.text(u"idprodprot")},
           {Tipo, rs.text(u"prod_prot")},
-          {Codigo, dados.codigo},
-          {Descricao, dados.descricao},
+          {Codigo, artigo.codigo},
+          {Descricao, artigo.descricao},
           {VrBruto, rs.format(u"VALO_UNIT", kMascaraMoeda)},
           {Desconto, rs.format(u"VALO_DECT", kMascaraMoeda)},
           {VrUnit, rs.format(u"VALO_LIQU", kMascaraMoeda)},
-          {Quantidade, rs.format(u"QTDE", dados.mascara)},
+          {Quantidade, rs.format(u"QTDE", artigo.unidade.mascara)},
           {Total, rs.format(u"VALO_TOTA", kMascaraMoeda)},
           {DtAprov, rs.formatDate(u"DATA_APROV", u"dd/mm/yyyy hh:mm")},
-          {Unidade, produto ? dados.unidade : QString()},
+          {Unidade, produto ? artigo.unidade.nome : QString()},
           {Observacao, rs.text(u"OBSE_PROP_CMRC_DETA")}};
 }
 
 Asked<ItemLido> leItem(data::Recordset rs, QString idOrcamento, QString linhaFlex) {
   const QString id = rs.text(u"idprodprot");
   const bool produto = maiusculas(rs.text(u"prod_prot")) == QStringView(grades::kProduto);
-  auto pedeCodigo = produto ? CodigoProduto(id) : ValidaPrototipo(id);
-  auto pedeDescricao = produto ? DescricaoProduto(id) : DescricaoPrototipo(id);
-  auto pedeIdUnidade = produto ? UnidadeProduto(id) : UnidadePrototipo(id);
+  auto pedeArtigo = produto ? artigoDoProduto(id) : artigoDoPrototipo(id);
   auto pedeMontagem = CarregaMontagem(idOrcamento, rs.text(u"idPROP_CMRC_DETA"), linhaFlex);
-
-  DadosDoItem dados;
-  const QString idUnidade = co_await pedeIdUnidade;
-  dados.unidade = co_await DescricaoUnidade(idUnidade);
-  const QString casas = co_await CasasDecimaisUnidade(dados.unidade);
-  dados.mascara = MascaraDecimais(casas);
-  dados.codigo = co_await pedeCodigo;
-  dados.descricao = co_await pedeDescricao;
+  const Artigo artigo = co_await pedeArtigo;
   ItemLido lido;
-  lido.linha = linhaDoItem(rs, produto, dados);
+  lido.linha = linhaDoItem(rs, produto, artigo);
   lido.materiais = co_await pedeMontagem;
   co_return lido;
 }

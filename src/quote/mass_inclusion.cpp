@@ -1,5 +1,6 @@
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
+#include "shared/articles.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
 #include "shared/text.h"
@@ -28,8 +29,8 @@ forms::GridRow linhaComMascara(const data::Recordset& rs, double quantidade, con
 
 Asked<forms::GridRow> linhaDoPrototipo(data::Recordset rs, double quantidade) {
   const QString unidade = rs.isNull(u"IDUNID") ? u"0"_s : rs.text(u"IDUNID");
-  const QString mascara = co_await mascaraUnidade(unidade);
-  co_return linhaComMascara(rs, quantidade, mascara);
+  const UnidadeDeMedida medida = co_await unidadeDeMedida(unidade);
+  co_return linhaComMascara(rs, quantidade, medida.mascara);
 }
 
 }  // namespace

@@ -52,8 +52,6 @@ Asked<QString> IdColecao(const QString& desc_cole);
 
 Asked<QString> DescricaoUnidade(const QString& idunid);
 Asked<QString> CasasDecimaisUnidade(const QString& desc_unid);
-/// MascaraDecimais of CasasDecimaisUnidade of DescricaoUnidade: the mask of a unit's quantities.
-Asked<QString> mascaraUnidade(QString idunid);
 
 Asked<QString> IdClientePorNome(const QString& nome_pess);
 Asked<QString> IdClienteContato(const QString& nome_contato, const QString& nome_cliente);

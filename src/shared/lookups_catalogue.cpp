@@ -86,9 +86,3 @@ Asked<QString> DescricaoUnidade(const QString& idunid) {
 Asked<QString> CasasDecimaisUnidade(const QString& desc_unid) {
   return porTexto({u"select qtde_deci from unid where desc_unid=", u"qtde_deci"}, desc_unid);
 }
-
-Asked<QString> mascaraUnidade(QString idunid) {
-  const QString unidade = co_await DescricaoUnidade(idunid);
-  const QString casas = co_await CasasDecimaisUnidade(unidade);
-  co_return MascaraDecimais(casas);
-}

@@ -106,6 +106,9 @@ QString emMoeda(double valor) { return values::format(valor, kMascaraMoeda); }
 
 QString emMoeda(const QString& texto) { return values::format(texto, kMascaraMoeda); }
 
+QString numeroDocumento(qint32 id) { return numeroDocumento(QString::number(id)); }
+QString numeroDocumento(const QString& id) { return values::format(id, u"000000"); }
+
 QString maiusculas(const QString& texto) {
   QString alto = texto;
   for (QChar& c : alto) c = c.toUpper();

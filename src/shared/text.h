@@ -53,5 +53,9 @@ void AbreMailto(const QString& endereco);
 /// text stays as it is.
 [[nodiscard]] QString emMoeda(const QString& texto);
 
+/// The number of a quote, an order or a letter in at least six digits, "000123"; an empty text stays empty.
+[[nodiscard]] QString numeroDocumento(qint32 id);
+[[nodiscard]] QString numeroDocumento(const QString& id);
+
 /// Upper case, one character for one ("ß" stays).
 [[nodiscard]] QString maiusculas(const QString& texto);
