@@ -24,12 +24,13 @@ void zeroSeVazio(QLineEdit* caixa) {
 
 QString insertParcela(const forms::GridModel& grade, int linha) {
   using namespace grades::parcela;
-  return u"INSERT INTO PROP_CMRC_PARC (idPROP_CMRC, NUME_PARC, QTDE_DIAS, VALO_PARC, DATA_VENC) VALUES "_s +
-         u"('"_s + idOrcamento() + u"', "_s +                              //
-         u"'"_s + grade.text(linha, Parcela) + u"', "_s +                  //
-         u"'"_s + grade.text(linha, Dias) + u"', "_s +                     //
-         u"'"_s + VirgulaParaPonto(grade.text(linha, Valor)) + u"', "_s +  //
-         u"'"_s + values::formatDate(grade.text(linha, Vencimento), u"yyyymmdd") + u"')"_s;
+  return Insercao(u"PROP_CMRC_PARC"_s)
+      .campo(u"idPROP_CMRC", idOrcamento())
+      .campo(u"NUME_PARC", grade.text(linha, Parcela))
+      .campo(u"QTDE_DIAS", grade.text(linha, Dias))
+      .campo(u"VALO_PARC", VirgulaParaPonto(grade.text(linha, Valor)))
+      .campo(u"DATA_VENC", values::formatDate(grade.text(linha, Vencimento), u"yyyymmdd"))
+      .texto();
 }
 
 }  // namespace
@@ -38,6 +39,8 @@ void frmConfirmaPropCmrcTL::cmdConfirmar_Click() {
   if (FlagCondPgto != u"S") {
     if (!podeConfirmar()) return;
     passaDescontoParaOrcamento();
+    zeroSeVazio(txtDescontoGeral);
+    zeroSeVazio(txtPercDesc);
     gravaCondicao();
     gravaParcelas();
   }
@@ -68,9 +71,7 @@ void frmConfirmaPropCmrcTL::passaDescontoParaOrcamento() {
   orcamento.lblPercDesconto->setText(txtPercDesc->text());
 }
 
-QString frmConfirmaPropCmrcTL::montaUpdateCondicao() {
-  zeroSeVazio(txtDescontoGeral);
-  zeroSeVazio(txtPercDesc);
+QString frmConfirmaPropCmrcTL::montaUpdateCondicao() const {
   // The one text that is escaped: nothing else stands between an apostrophe and the middle of a closing.
   const QString observacao = SubstituiTexto(apara(forms::controlText(txtObservacaoPedido)), u"'"_s, u"''"_s);
 
@@ -88,9 +89,11 @@ QString frmConfirmaPropCmrcTL::montaUpdateCondicao() {
 
 void frmConfirmaPropCmrcTL::gravaCondicao() {
   const forms::WaitPointer espera;
+  // Asks for the carrier, before the transaction.
+  const QString update = montaUpdateCondicao();
   data::Connection& conexao = contexto().Conexao;
   conexao.begin();
-  conexao.execute(montaUpdateCondicao());
+  conexao.execute(update);
   conexao.commit();
 }
 

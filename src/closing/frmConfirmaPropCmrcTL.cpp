@@ -38,17 +38,17 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() {
 
 /// What follows the size of the text.
 void frmConfirmaPropCmrcTL::ajustaMedidas() {
-  constexpr double destaque = 1.3;
-  constexpr int letrasDaGrade = 41;
+  constexpr double kDestaque = 1.3;
+  constexpr int kLetrasDaGrade = 41;
   const int letra = fontMetrics().averageCharWidth();
   for (QWidget* caixa : {txtIdCondPg, txtValorSinal}) caixa->setFixedWidth(12 * letra);
   lblVrLiqTOT->setMinimumWidth(16 * letra);
-  Flex2->setMinimumWidth(letrasDaGrade * letra);
+  Flex2->setMinimumWidth(kLetrasDaGrade * letra);
 
   QFont fonte = font();
   fonte.setBold(true);
   rotuloLiquido->setFont(fonte);
-  fonte.setPointSizeF(fonte.pointSizeF() * destaque);
+  fonte.setPointSizeF(fonte.pointSizeF() * kDestaque);
   lblVrLiqTOT->setFont(fonte);
 }
 

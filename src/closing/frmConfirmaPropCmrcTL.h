@@ -60,7 +60,7 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
   void cmdConfirmar_Click();
   bool podeConfirmar();
   void passaDescontoParaOrcamento();
-  [[nodiscard]] QString montaUpdateCondicao();
+  [[nodiscard]] QString montaUpdateCondicao() const;
   void gravaCondicao();
   void gravaParcelas();
 

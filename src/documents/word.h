@@ -7,9 +7,6 @@
 /// picture is missing.
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf);
 
-/// "Office 2007" for 12 and so on down to 8; empty for a version that is not known.
-[[nodiscard]] QString nomeVersaoWord(double versao);
-
 /// Fixed path of the layout trial.
 inline constexpr char16_t kArquivoAmostra[] = u"C:\\ZARIM\\TESTE_ORCA9.DOC";
 /// The layout trial that cmdWord makes: company data and sample lines, saved at its fixed path.

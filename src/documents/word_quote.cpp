@@ -195,23 +195,9 @@ void imprimeEmPdf(WordProcessor& word, const QString& pdf, const QString& primei
 
 }  // namespace
 
-QString nomeVersaoWord(double versao) {
-  static constexpr std::pair<double, const char16_t*> kVersoes[] = {{8, u"Office 97"},
-                                                                    {9, u"Office 2000"},
-                                                                    {10, u"Office XP (2002)"},
-                                                                    {11, u"Office 2003"},
-                                                                    {12, u"Office 2007"}};
-  for (const auto& [numero, nome] : kVersoes)
-    if (numero == versao) return QString::fromUtf16(nome);
-  return {};
-}
-
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf) {
-  // Read for the record: one layout serves all models, and of the release only the number counts.
-  [[maybe_unused]] const QString modelo = waitFor(ParametroEmpresa(u"MODELO_PROP_CMRC"_s));
   const QString primeiraImpressora = office::defaultPrinter();
   WordProcessor word;
-  [[maybe_unused]] const QString nomeVersao = nomeVersaoWord(word.version());
   const QString numero = numeroDocumento(id);
   word.addDocument(
       u"Orçamento de Venda - "_s + numero,

@@ -77,13 +77,12 @@ void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, cons
   auto pedeSenha = SenhaEmailEmpresa();
   const QString servidor = waitFor(pedeServidor).toLower();
   const QString remetente = waitFor(pedeRemetente).toLower();
-  const QString& usuario = remetente;
   // Notices log in with the password in small letters, whatever its case in the company's data.
   const QString senha = waitFor(pedeSenha).toLower();
-  if (servidor.isEmpty() && remetente.isEmpty() && usuario.isEmpty() && senha.isEmpty()) return;
+  if (servidor.isEmpty() && remetente.isEmpty() && senha.isEmpty()) return;
 
   mail::MailMessage email;
-  email.Username = usuario;
+  email.Username = remetente;
   email.Password = senha;
   email.AuthenticationType = mail::kLogin;
   email.Server = servidor;

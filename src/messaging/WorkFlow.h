@@ -15,7 +15,7 @@ void EnviaAvisoWorkFlow(forms::Form& tela, const QString& evento, const QString&
 /// Whether a notice of this event would go to anybody.
 [[nodiscard]] bool temDestinatarioWorkFlow(const QString& evento);
 
-/// Sends a plain message from the company's own address. Without server, address, user and password nothing
+/// Sends a plain message from the company's own address. Without server, address and password nothing
 /// is sent. Raises mail::MailError when it can't be sent.
 void EnviaEmailWorkFlow(const QString& destinatarios, const QString& copia, const QString& assunto,
                         const QString& mensagem, const QString& anexo);

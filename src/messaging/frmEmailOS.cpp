@@ -73,9 +73,9 @@ frmEmailOS::frmEmailOS() {
 
 /// What follows the size of the text: an address fits its box.
 void frmEmailOS::ajustaMedidas() {
-  constexpr int letras = 22;
+  constexpr int kLetras = 22;
   for (QLineEdit* caixa : {txtMailFrom, txtUsername, txtServer, txtPassword})
-    caixa->setMinimumWidth(letras * fontMetrics().averageCharWidth());
+    caixa->setMinimumWidth(kLetras * fontMetrics().averageCharWidth());
 }
 
 void frmEmailOS::Form_Load() {

@@ -45,32 +45,24 @@ FolhasDeFotos::FolhasDeFotos(QWidget* parent)
   hide();
 }
 
-void FolhasDeFotos::abre(web::WebPane& painel, const QString& arquivo, const QByteArray& pagina) {
+void FolhasDeFotos::abre(web::WebPane& painel, const QString& arquivo, const Pagina& pagina) {
   painel_ = &painel;
   arquivo_ = arquivo;
   pagina_ = pagina;
-  linhas_.clear();
-  // Data are escaped: only a row begins so.
-  for (qsizetype lugar = pagina.indexOf("<TR "); lugar >= 0; lugar = pagina.indexOf("<TR ", lugar + 1))
-    linhas_ << lugar;
-  setVisible(linhas_.size() > kPorFolha);
-  if (isHidden()) return painel.navigate(arquivo);
-  linhas_ << pagina.lastIndexOf("</TABLE>");
-  mostra(0);
+  setVisible(pagina.linhas.size() > kPorFolha);
+  isHidden() ? painel.navigate(arquivo) : mostra(0);
 }
 
 void FolhasDeFotos::mostra(qsizetype folha) {
-  const qsizetype total = linhas_.size() - 1;
+  const qsizetype total = pagina_.linhas.size();
   const qsizetype primeira = folha * kPorFolha;
   const qsizetype fim = std::min(primeira + kPorFolha, total);
   folha_ = folha;
   lblFotos_->setText(u"Figuras %1 a %2 de %3"_s.arg(primeira + 1).arg(fim).arg(total));
   cmdAnteriores_->setEnabled(folha > 0);
   cmdProximas_->setEnabled(fim < total);
-  painel_->showPart(pagina_.first(linhas_.first()) +
-                        pagina_.sliced(linhas_[primeira], linhas_[fim] - linhas_[primeira]) +
-                        pagina_.sliced(linhas_.last()),
-                    arquivo_);
+  const Pagina parte{pagina_.antes, pagina_.linhas.sliced(primeira, fim - primeira), pagina_.depois};
+  painel_->showPart(parte.inteira(), arquivo_);
 }
 
 }  // namespace pesquisa

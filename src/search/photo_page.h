@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QList>
+#include <QByteArrayList>
 #include <QWidget>
 
 class QLabel;
@@ -11,6 +10,15 @@ class WebPane;
 }
 
 namespace pesquisa {
+
+/// A page of pictures: its rows, and what stands before and after them.
+struct Pagina {
+  QByteArray antes;
+  QByteArrayList linhas;
+  QByteArray depois;
+  /// As it stands in the file.
+  [[nodiscard]] QByteArray inteira() const { return antes + linhas.join() + depois; }
+};
 
 /// Turns the leaves of a page of pictures that is too long to be shown whole: the line under its pane.
 /// Promoted in Designer files (header search/photo_page.h).
@@ -22,15 +30,14 @@ class FolhasDeFotos : public QWidget {
 
   /// Shows a page that stands in a file, some hundred of its rows at a time. A shorter one is shown as it is,
   /// and the line isn't.
-  void abre(web::WebPane& painel, const QString& arquivo, const QByteArray& pagina);
+  void abre(web::WebPane& painel, const QString& arquivo, const Pagina& pagina);
 
  private:
   void mostra(qsizetype folha);
 
   web::WebPane* painel_ = nullptr;
   QString arquivo_;
-  QByteArray pagina_;
-  QList<qsizetype> linhas_;  ///< where each row begins, and where the last one ends
+  Pagina pagina_;
   qsizetype folha_ = 0;
   QLabel* lblFotos_;
   QToolButton *cmdAnteriores_, *cmdProximas_;

@@ -141,26 +141,27 @@ void PesquisaComFotos::abrePagina() {
   files::removeIfThere(arquivo);
   if (c_.SSTab1->currentIndex() != Imagens) return;
   const forms::WaitPointer espera;
-  const QString pagina = MontaDetalheHTML();
-  const QByteArray bytes = values::toHtmlLatin1(pagina.isEmpty() ? u"about:blank"_s : pagina);
-  files::write(arquivo, bytes);
+  const Pagina pagina = montaPagina();
+  files::write(arquivo, pagina.inteira());
   c_.WebBrowser1->setPictureFolders(pastasDeFiguras());
-  c_.folhas->abre(*c_.WebBrowser1, arquivo, bytes);
+  c_.folhas->abre(*c_.WebBrowser1, arquivo, pagina);
 }
 
-QString PesquisaComFotos::MontaDetalheHTML() const {
+QString PesquisaComFotos::MontaDetalheHTML() const { return QString::fromLatin1(montaPagina().inteira()); }
+
+Pagina PesquisaComFotos::montaPagina() const {
   const auto& grade = c_.Flex->grid();
-  QString pagina = u"<TABLE BORDER CELLPADDING='2'>"_s;
+  Pagina pagina{"<TABLE BORDER CELLPADDING='2'>", {}, "</TABLE>"};
   for (int linha = 1; linha < grade.rows(); ++linha) {
     const QString codigo = grade.text(linha, ficha_.colunaChave);
-    pagina +=
+    pagina.linhas << values::toHtmlLatin1(
         u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"
         u"<TD width=30%><P ALIGN=Center><IMG SRC='"_s +
         html::atributo(LocalizaImagemProduto(codigo)) + u"'></TD><TD width=30%>"_s +
         html::escapado(apara(codigo)) + u"</TD><TD width=40%>"_s +
-        html::escapado(apara(grade.text(linha, ficha_.colunaChave + 1))) + u"</TD></TR>"_s;
+        html::escapado(apara(grade.text(linha, ficha_.colunaChave + 1))) + u"</TD></TR>"_s);
   }
-  return pagina + u"</TABLE>"_s;
+  return pagina;
 }
 
 void PesquisaComFotos::Flex_DblClick() {

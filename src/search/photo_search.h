@@ -19,6 +19,7 @@ class WebPane;
 namespace pesquisa {
 
 class FolhasDeFotos;
+struct Pagina;
 class Foto;
 
 /// What the product search and the prototype search have in common: results as a grid with the photo of the
@@ -70,6 +71,7 @@ class PesquisaComFotos : public forms::Form {
   [[nodiscard]] QString chave() const;
   /// The page of pictures of the rows in the grid.
   [[nodiscard]] QString MontaDetalheHTML() const;
+  [[nodiscard]] Pagina montaPagina() const;
 
  private:
   void lembraPesquisa();

@@ -42,8 +42,8 @@ TEST_F(Confirming, WritesTermsAndInstalmentsInThreeTransactions) {
     const QString insert =
         u"INSERT INTO PROP_CMRC_PARC (IDPROP_CMRC, NUME_PARC, QTDE_DIAS, VALO_PARC, DATA_VENC) VALUES "_s;
     const QStringList expected{
-        u"BEGIN"_s,
         u"SELECT TRPT.IDTRPT FROM TRPT, PESS WHERE PESS.IDPESS = TRPT.IDPESS AND PESS.NOME_CONH='RÁPIDO SUL'"_s,
+        u"BEGIN"_s,
         u"UPDATE PROP_CMRC SET idTRPT='5', IDCOND_PGTO = '41' , DATA_BASE='20240305' , VALO_DECT='20.00' , "
         "PERC_DECT='10.0000' , OBSE_PEDI_VEDS='Entregar à tarde\r\nno portão' WHERE (idPROP_CMRC=123)"_s,
         u"COMMIT"_s,

@@ -123,8 +123,6 @@ TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
     EXPECT_EQ(alignmentOf(rtf, "Observa") + alignmentOf(rtf, "1 - Todos"), "\\qc\\ql");
     EXPECT_EQ(alignmentOf(rtf, "Lata dourada") + alignmentOf(rtf, "1307,25"), "\\ql\\qr");
   }
-  EXPECT_EQ(nomeVersaoWord(11), u"Office 2003"_s);
-  EXPECT_EQ(nomeVersaoWord(15), QString());
 }
 
 TEST_F(WordDocument, WithoutTheLetterheadsPictureItFailsAndWritesNothing) {

@@ -6,11 +6,9 @@
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
-#include "road/road_file.h"
 #include "shared/text.h"
 #include "support/printing.h"
 #include "text/fields.h"
-#include "text/trim.h"
 
 using namespace Qt::StringLiterals;
 
@@ -80,35 +78,18 @@ TEST(Readers, DatesAreReadOrRefused) {
   values::setClock({});
 }
 
-TEST(Readers, FieldsAreFoundWhateverStandsAroundThem) {
-  Texts texts({u"^"_s, u"^^"_s, u" "_s, u"a"_s, u"|"_s, u"."_s, u"\t"_s, u"\r"_s, u"\n"_s});
+TEST(Readers, FieldsComeOutAsTheyWereJoined) {
+  Texts texts({u" "_s, u"  "_s, u"a"_s, u"|"_s, u"."_s, u"\t"_s, u"\r"_s, u"\n"_s});
   for (int i = 0; i < kTries; ++i) {
-    QString text = texts.next();
-    const QString trimmed = apara(text);
-    const auto fields = trimmed.isEmpty() ? 0 : trimmed.count(u'^') + (trimmed.endsWith(u'^') ? 0 : 1);
-    for (int n = -1; n <= fields + 1; ++n) {
-      const QString field = PegaCampo(text, n);
-      ASSERT_FALSE(field.contains(u'^'));
-      ASSERT_TRUE(fields == 0 || n <= fields || field == u"."_s);
-      ASSERT_TRUE(n >= 1 || field.isEmpty());
-    }
-  }
-}
-
-TEST(Readers, RoadsAreReadOrTheLineIsNamed) {
-  Texts texts({u"type "_s, u"expect "_s, u"sql "_s, u"\""_s, u"\\"_s, u"\n"_s, u"txtDesc "_s, u"1 "_s,
-               u"cell "_s, u"Flex "_s, u"start "_s, u"answer "_s, u"# "_s, u"not "_s, u"\r\n"_s});
-  for (int i = 0; i < kTries; ++i) {
-    const QString text = texts.next();
+    // Blanks around the whole text go; those inside stay.
+    QStringList fields{u"first"_s};
+    for (int count = i % 5; count > 0; --count) fields << texts.next().remove(u'^');
+    fields << u"last"_s;
+    QString text = u" "_s + fields.join(u'^') + (i % 2 > 0 ? u"^ "_s : u" "_s);
     SCOPED_TRACE(text.toStdString());
-    int line = 0;
-    try {
-      const road::Road road = road::readRoad(u"x.road"_s, text, line);
-      for (const road::Step& step : road.steps) ASSERT_FALSE(step.verb.isEmpty());
-    } catch (const road::Failure&) {
-      ASSERT_GE(line, 1);
-      ASSERT_LE(line, text.count(u'\n') + 1);
-    }
+    for (int n = 1; n <= fields.size(); ++n) ASSERT_EQ(PegaCampo(text, n), fields[n - 1]);
+    ASSERT_EQ(PegaCampo(text, static_cast<int>(fields.size()) + 1), u"."_s);
+    ASSERT_EQ(PegaCampo(text, 0), QString());
   }
 }
 

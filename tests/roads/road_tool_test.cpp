@@ -112,6 +112,9 @@ INSTANTIATE_TEST_SUITE_P(
         Fault{"EndedEarly",
               u"start 7^0^PRD^\nclick cmdSAIR\nclick cmdINCLUIR\n"_s,
               {u"a.road:3"_s, u"a form"_s}},
+        Fault{"RowThatIsNone",
+              u"start 7^0^PRD^\nexpect cell Flex primeira 0 \"ID\"\n"_s,
+              {u"a.road:2"_s, u"a number"_s, u"primeira"_s}},
         Fault{"NoStep", u"start 7^0^PRD^\nexpect form frmPropCmrcTL\njump\n"_s, {u"a.road:3: jump"_s}}),
     [](const auto& fault) { return std::string(fault.param.name); });
 

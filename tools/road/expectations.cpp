@@ -25,10 +25,15 @@ void same(const QString& what, const QString& expected, const QString& found) {
   require(plain == values::withPlainLineEnds(expected), what + u' ' + quoted(expected), quoted(plain));
 }
 
-void sameNumber(const QString& what, const Word& expected, qint64 found) {
+qint64 numberOf(const Word& word) {
   bool good = false;
-  const qint64 number = expected.text.toLongLong(&good, 0);
-  require(good, u"a number"_s, expected.text);
+  const qint64 number = word.text.toLongLong(&good, 0);
+  require(good, u"a number"_s, word.text);
+  return number;
+}
+
+void sameNumber(const QString& what, const Word& expected, qint64 found) {
+  const qint64 number = numberOf(expected);
   require(number == found, u"%1 %2"_s.arg(what).arg(number), QString::number(found));
 }
 
@@ -85,12 +90,12 @@ int columnOf(const forms::GridModel& grid, const QString& name) {
 
 void cell(const Words& words) {
   const forms::GridModel& grid = gridNamed(words.at(1).text);
-  const int row = words.at(2).text == u"last"_s ? grid.rows() - 1 : words.at(2).text.toInt();
+  const qint64 row = words.at(2).text == u"last"_s ? grid.rows() - 1 : numberOf(words.at(2));
   const int column = columnOf(grid, words.at(3).text);
   const QString place = u"cell %1 %2 of %3"_s.arg(row).arg(column).arg(words.at(1).text);
-  require(row < grid.rows() && column < grid.cols(), place,
+  require(row >= 0 && row < grid.rows() && column < grid.cols(), place,
           u"%1 rows and %2 columns"_s.arg(grid.rows() - 1).arg(grid.cols()));
-  same(place, words.at(4).text, grid.text(row, column));
+  same(place, words.at(4).text, grid.text(static_cast<int>(row), column));
 }
 
 void rows(const Words& words) {

@@ -218,9 +218,9 @@ QPalette programPalette() {
 
 /// The desktop's own size of text, as far as the screens stay whole with it.
 double textSize() {
-  constexpr double smallest = 9;
-  constexpr double largest = 18;
-  return std::clamp(QFontInfo(QApplication::font()).pointSizeF(), smallest, largest);
+  constexpr double kSmallest = 9;
+  constexpr double kLargest = 18;
+  return std::clamp(QFontInfo(QApplication::font()).pointSizeF(), kSmallest, kLargest);
 }
 
 /// The toolkit's own words (the menus of text boxes) in Portuguese.

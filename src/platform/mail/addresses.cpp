@@ -67,13 +67,13 @@ QByteArray onWire(const QString& address) {
 }
 
 std::optional<Address> read(const QString& entry) {
-  constexpr auto unicode = QRegularExpression::UseUnicodePropertiesOption;
+  constexpr auto kUnicode = QRegularExpression::UseUnicodePropertiesOption;
   static const QRegularExpression bare(u"^(?<address>%1)(?:\\s*+\\((?<name>[^()]*+)\\))?+$"_s.arg(kAddress),
-                                       unicode);
+                                       kUnicode);
   static const QRegularExpression named(
       uR"(^(?<name>(?:"(?:[^"\\<>]|\\.)*+"|\([^()<>]*+\)|[^"<>()])*+)<\s*+(?<address>%1)\s*+>$)"_s.arg(
           kAddress),
-      unicode);
+      kUnicode);
   for (const QRegularExpression& form : {bare, named}) {
     const auto match = form.match(entry);
     if (!match.hasMatch()) continue;
