@@ -49,7 +49,7 @@ TEST_F(Notices, GoToTheSubscribersFromTheCompanysAddress) {
   const QString text = u"text/plain: Produção: iniciar.\n Orçamento Nr.:000123 Aprovado!"_s;
   EXPECT_EQ(full[u"summary"_s].toString(), u"Orçamento fechado Orçamento Nr.:000123 Aprovado! | "_s + text +
                                                u" | text/html: deta_orca_000123.html"_s);
-  EXPECT_EQ(server.messages()[1][u"summary"_s].toString(), u"Orçamento fechado | "_s + text + u'\n');
+  EXPECT_EQ(server.messages()[1][u"summary"_s].toString(), u"Orçamento fechado | "_s + text);
 }
 
 TEST_F(Notices, NothingGoesWithoutSubscribersKindSenderOrFile) {
