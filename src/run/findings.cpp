@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QTemporaryFile>
+#include <utility>
 
 #include "platform/files/contents.h"
 #include "platform/files/drives.h"
@@ -186,8 +187,12 @@ void registraAchados() {
   const Anota anota = [](const Achado& achado) {
     if (!achado.conselho.isEmpty()) forms::report(linhaDo(achado));
   };
+  // What the start has read so far stays as it is: some failures are passed over in silence.
+  Contexto lido = std::exchange(contexto(), {});
+  contexto().Ambiente = lido.Ambiente;
   olhaArquivos(anota);
   olhaPastas(anota);
+  contexto() = std::move(lido);
 }
 
 QString avisoDasPastas() {

@@ -27,7 +27,8 @@ void olhaPastas(const Anota& anota);
 /// What to do where a connection can't be made, by the driver's words.
 [[nodiscard]] QString conselhoDaConexao(const QString& palavras);
 
-/// Writes to the log what there is to do about the files and folders, where the start failed.
+/// Writes to the log what there is to do about the files and folders, where the start failed. The context
+/// stays as it is.
 void registraAchados();
 
 /// What the idle screen says of the folders: the first finding with something to do, else nothing.
