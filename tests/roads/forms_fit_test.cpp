@@ -71,7 +71,7 @@ void checkCaption(const QWidget& control, Faults& faults) {
   const int line = control.fontMetrics().height();
   QSize needed;
   if (const auto* label = qobject_cast<const QLabel*>(&control)) {
-    if (label->text().isEmpty()) return;
+    if (label->text().isEmpty() || label->inherits("forms::ElidedLabel")) return;
     needed = label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
                                : QSize(widthOf(control, label->text()), line);
   } else if (const auto* button = qobject_cast<const QAbstractButton*>(&control)) {

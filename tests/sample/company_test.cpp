@@ -283,6 +283,7 @@ TEST_P(ServerFill, DropsNothingOfAnotherCompany) {
   there(u"insert into prop_cmrc (nome_clie) values ('DE UM CAMINHO')"_s);
   EXPECT_EQ(fill(), 0) << "the sample's, with a quote that a road made";
   EXPECT_EQ(there(u"select count(*) as n from prop_cmrc where nome_clie = 'DE UM CAMINHO'"_s), u"0"_s);
+  there(u"insert into prop_cmrc (nome_clie) values ('DE UM CAMINHO')"_s);
   there(statement);
   EXPECT_EQ(fill(), values::kPathFileAccess);
   EXPECT_EQ(there(u"select count(*) as n from "_s + kept), u"1"_s);
