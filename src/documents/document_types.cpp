@@ -8,6 +8,7 @@
 #include "documents/documents.h"
 #include "run/context.h"
 #include "shared/lookups.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
