@@ -72,7 +72,7 @@ std::function<TdsServer::Act(const QString&)> refusalOfOtherRights(const std::st
   QStringList allowed;
   for (const schema::Right& right : schema::rights())
     allowed << QLatin1StringView(right.act) + u' ' + QLatin1StringView(right.table);
-  QFile file(QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads/") + QString::fromStdString(road) + u".road");
+  QFile file(QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads/") + QString::fromStdString(road) + u".road"_s);
   EXPECT_TRUE(file.open(QIODevice::ReadOnly));
   for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
     if (line.startsWith(u"sql \""_s)) allowed << line.sliced(5).chopped(1);
