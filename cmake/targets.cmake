@@ -74,6 +74,7 @@ function(zarim_test name folder)
   cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp
                                       ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.h)
+  list(FILTER sources EXCLUDE REGEX "_${ZARIM_OTHER_SYSTEM}\\.cpp$")
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} zarim_test_support zarim_options)
   target_compile_definitions(${name} PRIVATE ZARIM_SOURCE_DIR="${PROJECT_SOURCE_DIR}"

@@ -1,32 +1,20 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
 
 #include <QDateTime>
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <csignal>
 #include <functional>
+#include <memory>
 
-#include "platform/files/contents.h"
+#include "files_case.h"
+#include "hands/held_file.h"
 #include "platform/files/log_file.h"
-#include "platform/files/paths.h"
-#include "support/errors.h"
+#include "platform/files/process_lock.h"
+#include "platform/files/regular_file.h"
 
 using namespace Qt::StringLiterals;
 using support::errorOf;
 
 namespace {
-
-class Files : public ::testing::Test {
- protected:
-  Files() { qputenv("ZARIM_DRIVE_C", folder_.path().toUtf8()); }
-  ~Files() override { qunsetenv("ZARIM_DRIVE_C"); }
-
-  QString on(const QString& path) const { return folder_.filePath(path); }
-  QTemporaryDir folder_;
-};
 
 TEST_F(Files, DrivePathsAreFoundWhateverTheCaseAndTheSlash) {
   QDir(folder_.path()).mkpath(u"Zarim/Config"_s);
@@ -91,47 +79,45 @@ TEST_F(Files, FaultsHaveTheirNumbers) {
       {[] { files::remove(u"c:\\nada.txt"_s); }, values::kFileNotFound},
       {[] { (void)files::readAll(u"c:\\pasta"_s); }, values::kPathFileAccess},
       {[] { files::write(u"c:\\pasta"_s, "x"); }, values::kPathFileAccess},
-      {[] { files::append(u"/dev/full"_s, "x"); }, values::kPathFileAccess},
       {[] { files::removeIfThere(u"c:\\nada.txt"_s); }, 0}};
   for (const auto& [call, number] : faults) EXPECT_EQ(errorOf(call), number);
 }
 
-TEST_F(Files, PathsStayInTheFolderOfTheirDrive) {
-  QDir(folder_.path()).mkpath(u"c/zarim"_s);
-  qputenv("ZARIM_DRIVE_C", on(u"c"_s).toUtf8());
-  files::write(on(u"segredo.txt"_s), "x");
-  files::write(u"c:\\zarim\\dentro.txt"_s, "x");
-  ASSERT_TRUE(QFile::link(folder_.path(), on(u"c/fora"_s)));
-  ASSERT_TRUE(QFile::link(on(u"c/zarim"_s), on(u"c/aqui"_s)));
-  ASSERT_TRUE(QFile::link(on(u"nova.txt"_s), on(u"c/nova.txt"_s)));
-  EXPECT_EQ(files::resolve(u"c:\\..\\.\\zarim\\..\\..\\segredo.txt"_s), on(u"c/segredo.txt"_s));
-  EXPECT_EQ(files::readAll(u"c:\\AQUI\\dentro.txt"_s), "x");
-  for (const auto& path : {u"c:\\fora\\segredo.txt"_s, u"c:/fora/outro.txt"_s, u"c:\\nova.txt"_s}) {
-    EXPECT_FALSE(files::exists(path));
-    EXPECT_EQ(errorOf([&] { files::append(path, "y"); }), values::kPermissionDenied) << path.toStdString();
-  }
-  EXPECT_FALSE(QFile::exists(on(u"nova.txt"_s)) || QFile::exists(on(u"outro.txt"_s)));
+/// What replaces or removes a file meets one that a word processor has open.
+TEST_F(Files, AFileThatIsHeldOpenIsAskedAbout) {
+  const QString doc = u"c:\\a.doc"_s;
+  files::write(doc, "old");
+  files::write(u"c:\\a.parte"_s, "new");
+  auto held = std::make_unique<hands::HeldFile>(on(u"a.doc"_s));
+  ASSERT_TRUE(held->holds());
+  const std::function<void()> calls[] = {[&] { files::write(doc, "new"); },
+                                         [&] { files::replace(u"c:\\a.parte"_s, doc); },
+                                         [&] { files::remove(doc); }};
+  for (const auto& call : calls) EXPECT_EQ(errorOf(call), values::kPermissionDenied) << "nobody answers";
+  int asked = 0;
+  files::setHeldFileQuestion([&](const QString& path) {
+    EXPECT_EQ(path, doc);
+    if (++asked == 3) held.reset();
+    return asked > 1;
+  });
+  EXPECT_THROW(files::write(doc, "new"), values::Cancelled);
+  EXPECT_TRUE(files::isHeld(on(u"a.doc"_s)));
+  files::write(doc, "new");
+  EXPECT_EQ(asked, 3);
+  EXPECT_EQ(files::readAll(doc), "new");
+  files::setHeldFileQuestion({});
 }
 
-TEST_F(Files, APipeIsRefusedWithoutWaiting) {
-  ASSERT_EQ(mkfifo(on(u"foto.jpg"_s).toUtf8().constData(), 0600), 0);
-  EXPECT_FALSE(files::exists(u"c:\\foto.jpg"_s));
-  EXPECT_EQ(errorOf([] { (void)files::readAll(u"c:\\foto.jpg"_s); }), values::kPathFileAccess);
-  EXPECT_EQ(errorOf([] { files::append(u"c:\\foto.jpg"_s, "x"); }), values::kPathFileAccess);
-}
-
-TEST_F(Files, ADiskThatFillsUpLeavesWhatWasThere) {
-  files::write(u"c:\\a.txt"_s, QByteArray(5'000, 'a'));
-  std::signal(SIGXFSZ, SIG_IGN);
-  const rlimit small{10'000, RLIM_INFINITY};
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  EXPECT_EQ(errorOf([] { files::append(u"c:\\a.txt"_s, QByteArray(9'000, 'b')); }), values::kDiskFull);
-  EXPECT_EQ(errorOf([] { files::append(u"c:\\b.txt"_s, QByteArray(11'000, 'b')); }), values::kDiskFull);
-  EXPECT_EQ(errorOf([] { files::write(u"c:\\a.txt"_s, QByteArray(11'000, 'b')); }), values::kDiskFull);
-  const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
-  EXPECT_EQ(files::readAll(u"c:\\a.txt"_s), QByteArray(5'000, 'a'));
-  EXPECT_FALSE(files::exists(u"c:\\b.txt"_s));
+TEST_F(Files, ALockIsHeldByOneAndLeavesNoFile) {
+  using std::chrono_literals::operator""ms;
+  const QString path = on(u"a.trava"_s);
+  auto one = files::ProcessLock::take(path, 0ms);
+  ASSERT_NE(one, nullptr);
+  EXPECT_TRUE(one->holds());
+  EXPECT_EQ(files::ProcessLock::take(path, 20ms), nullptr);
+  one.reset();
+  EXPECT_FALSE(files::exists(path));
+  EXPECT_NE(files::ProcessLock::take(path, 20ms), nullptr);
 }
 
 }  // namespace
