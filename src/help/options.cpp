@@ -6,6 +6,7 @@
 #include "help/check.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/form.h"
+#include "platform/forms/outputs.h"
 #include "run/configuration.h"
 #include "run/program_title.h"
 
@@ -57,7 +58,7 @@ std::optional<int> atendeOpcao(int argc, char** argv, const QString& compilacao)
   if (opcao == u"--version") return diz(u"zarim " ZARIM_VERSION " (%1)\n"_s.arg(compilacao));
   if (opcao == u"--help") return diz(QString::fromUtf8(kUso));
   if (opcao == u"--check") {
-    qputenv("QT_QPA_PLATFORM", "offscreen");  // it answers on the terminal
+    forms::needNoDisplay();  // it answers on the terminal
     const QGuiApplication aplicacao(argc, argv);
     return verifica(argc > 2 ? QString::fromLocal8Bit(argv[2]) : QString());
   }

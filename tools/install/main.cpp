@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "platform/files/regular_file.h"
+#include "platform/forms/outputs.h"
 #include "platform/values/runtime_error.h"
 #include "sample/company.h"
 #include "schema/rights.h"
@@ -33,7 +34,7 @@ void work(const QString& folder, const sample::Wishes& wishes, bool fresh) {
 
 int main(int argc, char** argv) {
   files::keepFromOthers();
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  forms::needNoDisplay();
   const QGuiApplication application(argc, argv);
   QCommandLineParser parser;
   parser.setApplicationDescription(u"Makes the sample company in a folder that stands for drive C."_s);

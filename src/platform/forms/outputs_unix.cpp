@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QByteArray>
 #include <csignal>
 #include <initializer_list>
 
@@ -16,5 +17,7 @@ void keepOutputs() {
   while (opened >= 0 && opened <= STDERR_FILENO) opened = ::open("/dev/null", O_RDWR);
   if (opened >= 0) ::close(opened);
 }
+
+void needNoDisplay() { qputenv("QT_QPA_PLATFORM", "offscreen"); }
 
 }  // namespace forms

@@ -4,4 +4,6 @@ namespace forms {
 
 void keepOutputs() {}
 
+void needNoDisplay() {}
+
 }  // namespace forms
