@@ -7,8 +7,8 @@ namespace forms {
 /// of it is known to Windows.
 void keepOutputs();
 
-/// For a program that shows nothing: before its application, where there may be no display. Windows always has
-/// one.
+/// For a program that shows nothing: before its application, where there may be no display. Windows always
+/// has one.
 void needNoDisplay();
 
 }  // namespace forms
