@@ -86,6 +86,7 @@ HtmlView::HtmlView(const QByteArray& html, const QString& folder, const PictureF
   view_->setFrameShape(QFrame::NoFrame);
   view_->setBackgroundBrush(Qt::white);
   view_->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
+  view_->setTransformationAnchor(QGraphicsView::NoAnchor);
   view_->setContextMenuPolicy(Qt::NoContextMenu);
   view_->setAcceptDrops(false);
   view_->installEventFilter(this);
@@ -95,6 +96,7 @@ HtmlView::HtmlView(const QByteArray& html, const QString& folder, const PictureF
   column->addWidget(view_);
   setFocusProxy(view_);
   layOut();
+  view_->verticalScrollBar()->setValue(view_->verticalScrollBar()->minimum());
 }
 
 HtmlView::~HtmlView() { delete page_; }  // before its document
@@ -176,7 +178,11 @@ void HtmlView::fitWidth() {
 }
 
 void HtmlView::applyZoom(double factor) {
+  const QPointF corner = view_->mapToScene(QPoint(0, 0));
   view_->setTransform(QTransform::fromScale(factor, factor));
+  // What stands at the top stays there.
+  view_->verticalScrollBar()->setValue(qRound(corner.y() * factor));
+  view_->horizontalScrollBar()->setValue(qRound(corner.x() * factor));
   Q_EMIT zoomChanged(factor);
 }
 

@@ -5,6 +5,7 @@
 #include <QTextDocumentFragment>
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 namespace web {
 
@@ -16,7 +17,7 @@ constexpr double kPointsToUnit = 0.75;  // a unit is a pixel at 96 to an inch
 constexpr double kLine = 1.164;         // height of a line of the plain font, in sizes of it
 constexpr double kPlainSize = 16;
 constexpr qsizetype kLongestWord = 40;  // letters
-constexpr int kMostColumns = 100;
+constexpr std::size_t kMostColumns = 100;
 constexpr int kLargest = 3000;  // units
 
 /// Sizes of <font size=1> to <font size=7>, in units.
@@ -40,7 +41,7 @@ Length lengthOf(const QString& text) {
   return {std::clamp(text.first(digits).toDouble(), 0.0, percent ? 100.0 : double(kLargest)), percent};
 }
 
-int countOf(const QString& text) { return std::clamp(text.toInt(), 1, kMostColumns); }
+int countOf(const QString& text) { return std::clamp(text.toInt(), 1, static_cast<int>(kMostColumns)); }
 
 QString number(double value) { return QString::number(value, 'f', 2); }
 
@@ -71,8 +72,8 @@ class Writer {
   /// What an element takes over from those around it.
   struct Around {
     double fontSize = kPlainSize;
-    QString align;                 ///< of the row
-    std::vector<QString> columns;  ///< widths of the table's
+    QString align;                ///< of the row
+    std::vector<Length> columns;  ///< widths of the table's
   };
 
   [[nodiscard]] const HtmlNode& node(int index) const { return tree_.nodes[static_cast<std::size_t>(index)]; }
@@ -157,6 +158,8 @@ class Writer {
   }
 
   void writeTable(const HtmlNode& table, Around around) {
+    // The toolkit leaves some dots above and below a table's lines: two that follow each other share one.
+    const bool follows = out_.endsWith(u"</table>");
     const bool bordered = table.has(u"border") && table.attribute(u"border") != u"0";
     const double padding = table.has(u"cellpadding") ? lengthOf(table.attribute(u"cellpadding")).value : 1;
     around.fontSize = fontSizeOf(table, around.fontSize);
@@ -165,7 +168,7 @@ class Writer {
     const double spacing = table.has(u"cellspacing") ? lengthOf(table.attribute(u"cellspacing")).value : 2;
     out_ += u"<table cellpadding=\"%1\""_s.arg(padding);
     out_ += bordered ? u" border=1 cellspacing=0"_s : u" border=0 cellspacing=%1"_s.arg(spacing);
-    out_ += widthOf(table);
+    out_ += written(lengthOf(table.attribute(u"width")));
     for (const auto* name : {u"bgcolor", u"align"})
       if (table.has(name)) out_ += u' ' + QString::fromUtf16(name) + u'=' + quoted(table.attribute(name));
     out_ += u" style="_s +
@@ -178,30 +181,39 @@ class Writer {
     out_ += u"</table>"_s;
   }
 
-  static QString widthOf(const HtmlNode& one) {
-    const Length width = lengthOf(one.attribute(u"width"));
+  static QString written(const Length& width) {
     return width.value > 0 ? u" width=\"%1%2\""_s.arg(width.value).arg(width.percent ? u"%"_s : QString())
                            : QString();
   }
 
   /// As the first cell says that stands in that column alone. The last takes what the others leave: hundreds
-  /// that come out at more than the whole would move the table.
-  [[nodiscard]] std::vector<QString> columnsOf(const HtmlNode& table) const {
-    std::vector<QString> columns;
+  /// that come out at more than the whole would move the table. Where hundreds leave nothing for a column
+  /// without a width, all are as wide as what they hold.
+  [[nodiscard]] std::vector<Length> columnsOf(const HtmlNode& table) const {
+    std::vector<Length> columns;
     for (const int row : table.children) {
       std::size_t column = 0;
       for (const int child : node(row).children) {
-        const HtmlNode& cell = node(child);
-        const auto span = static_cast<std::size_t>(countOf(cell.attribute(u"colspan")));
-        columns.resize(std::max(columns.size(), column + span));
-        if (span == 1 && columns[column].isEmpty()) columns[column] = widthOf(cell);
-        column += span;
+        const std::size_t end = column + spanOf(node(child));
+        if (end > kMostColumns) break;
+        columns.resize(std::max(columns.size(), end));
+        if (end == column + 1 && columns[column].value == 0)
+          columns[column] = lengthOf(node(child).attribute(u"width"));
+        column = end;
       }
     }
-    if (std::none_of(columns.begin(), columns.end(), [](const QString& one) { return one.isEmpty(); }) &&
-        table.has(u"width") && !columns.empty())
-      columns.back().clear();
+    if (columns.empty() || !table.has(u"width")) return columns;
+    const double percents =
+        std::accumulate(columns.begin(), columns.end(), 0.0,
+                        [](double sum, const Length& one) { return sum + (one.percent ? one.value : 0); });
+    const bool open = std::ranges::find(columns, 0.0, &Length::value) != columns.end();
+    if (open && percents > 99) return std::vector<Length>(columns.size());
+    columns.back() = {};
     return columns;
+  }
+
+  static std::size_t spanOf(const HtmlNode& cell) {
+    return static_cast<std::size_t>(countOf(cell.attribute(u"colspan")));
   }
 
   void writeRow(const HtmlNode& row, Around around) {
@@ -211,16 +223,22 @@ class Writer {
     if (row.has(u"bgcolor")) out_ += u" bgcolor="_s + quoted(row.attribute(u"bgcolor"));
     out_ += u'>';
     std::size_t column = 0;
-    for (const int cell : row.children) column += writeCell(node(cell), row, around, column);
+    for (const int child : row.children) {
+      const std::size_t span = spanOf(node(child));
+      if (column + span > kMostColumns) {
+        out_ += u"</tr><tr>"_s;
+        column = 0;
+      }
+      writeCell(node(child), row, around, span == 1 ? around.columns[column] : Length{});
+      column += span;
+    }
     out_ += u"</tr>"_s;
   }
 
-  /// How many columns it takes.
-  std::size_t writeCell(const HtmlNode& cell, const HtmlNode& row, Around around, std::size_t column) {
+  void writeCell(const HtmlNode& cell, const HtmlNode& row, Around around, const Length& width) {
     around.fontSize = fontSizeOf(cell, around.fontSize);
     out_ += u'<' + cell.tag;
-    const auto span = static_cast<std::size_t>(countOf(cell.attribute(u"colspan")));
-    if (span == 1) out_ += around.columns[column];
+    out_ += written(width);
     for (const auto* name : {u"colspan", u"rowspan"})
       if (cell.has(name))
         out_ += u' ' + QString::fromUtf16(name) + u'=' + QString::number(countOf(cell.attribute(name)));
@@ -238,7 +256,6 @@ class Writer {
     else
       writeChildren(cell, around);
     out_ += u"</"_s + cell.tag + u'>';
-    return span;
   }
 
   static double fontSizeOf(const HtmlNode& one, double around) {

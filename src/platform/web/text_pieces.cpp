@@ -4,6 +4,7 @@
 #include <QTextBlock>
 #include <QTextTable>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "platform/paper/printer.h"
@@ -62,10 +63,13 @@ class Measuring {
     return top;
   }
 
+  /// One that touches the table before it belongs to it.
   void addTable(QTextTable& table) {
     std::vector<double> tops;
     for (int row = 0; row < table.rows(); ++row) tops.push_back(rowTop(table, row));
     const double end = tops.front() + layout_.frameBoundingRect(&table).height();
+    if (!pieces_.empty() && std::abs(pieces_.back().strip.bottom - tops.front()) < 1)
+      pieces_.back().keepWithNext = true;
     const bool whole = end - tops.front() < pageHeight_ / 4;
     for (int row = 0; row < table.rows(); ++row) {
       const bool last = row + 1 == table.rows();
