@@ -13,6 +13,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocumentFragment>
+#include <QTextOption>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -67,6 +68,9 @@ HtmlView::HtmlView(const QByteArray& html, const QString& folder, const PictureF
   document_.setDefaultFont(plainFont());
   paper::layOutForAnyDevice(document_);
   document_.documentLayout()->registerHandler(QTextFormat::ImageObject, pictures_);
+  QTextOption option = document_.defaultTextOption();
+  option.setWrapMode(QTextOption::WordWrap);  // columns are as wide as their words
+  document_.setDefaultTextOption(option);
   document_.setTextWidth(kWidth);
   document_.setHtml(rich.html);
 

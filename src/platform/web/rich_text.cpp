@@ -174,7 +174,8 @@ class Writer {
     out_ += u" style="_s +
             quoted(inPoints(table.attribute(u"style")) +
                    (bordered ? u";border-collapse:collapse;border-style:solid;border-color:"_s + color
-                             : QString())) +
+                             : QString()) +
+                   (bordered && follows ? u";margin-top:-4px"_s : QString())) +
             u'>';
     for (const int row : table.children)
       if (node(row).tag == u"tr") writeRow(node(row), around);
@@ -186,9 +187,10 @@ class Writer {
                            : QString();
   }
 
-  /// As the first cell says that stands in that column alone. The last takes what the others leave: hundreds
-  /// that come out at more than the whole would move the table. Where hundreds leave nothing for a column
-  /// without a width, all are as wide as what they hold.
+  /// As the first cell says that stands in that column alone. Hundreds of a table as wide as a number are
+  /// numbers here, since the toolkit gives a column that holds more than its hundreds no room; the widest
+  /// column takes what the others leave. Where hundreds leave nothing for a column, all are as wide as what
+  /// they hold.
   [[nodiscard]] std::vector<Length> columnsOf(const HtmlNode& table) const {
     std::vector<Length> columns;
     for (const int row : table.children) {
@@ -202,13 +204,15 @@ class Writer {
         column = end;
       }
     }
-    if (columns.empty() || !table.has(u"width")) return columns;
-    const double percents =
-        std::accumulate(columns.begin(), columns.end(), 0.0,
-                        [](double sum, const Length& one) { return sum + (one.percent ? one.value : 0); });
+    const auto percents = [](double sum, const Length& one) { return sum + (one.percent ? one.value : 0); };
+    const double sum = std::accumulate(columns.begin(), columns.end(), 0.0, percents);
     const bool open = std::ranges::find(columns, 0.0, &Length::value) != columns.end();
-    if (open && percents > 99) return std::vector<Length>(columns.size());
-    columns.back() = {};
+    if (sum > (open ? 99 : 101)) return std::vector<Length>(columns.size());
+    const Length width = lengthOf(table.attribute(u"width"));
+    if (width.value == 0 || width.percent || columns.empty()) return columns;
+    if (!open) *std::ranges::max_element(columns, {}, &Length::value) = {};
+    for (Length& one : columns)
+      if (one.percent) one = {one.value * width.value / 100, false};
     return columns;
   }
 
