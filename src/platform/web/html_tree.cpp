@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t kDeepest = 100;  // elements in each other
-constexpr int kDeepestTables = 5;      // each more makes laying out twice as slow
+constexpr int kDeepestTables = 4;      // each more makes laying out twice as slow
 constexpr std::size_t kAgain = 5;      // formats that go on after one that ended across them
 
 const QSet<QString> kVoid{u"br"_s, u"hr"_s, u"img"_s, u"meta"_s, u"link"_s, u"base"_s, u"input"_s};

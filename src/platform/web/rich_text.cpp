@@ -74,6 +74,7 @@ class Writer {
     double fontSize = kPlainSize;
     QString align;                ///< of the row
     std::vector<Length> columns;  ///< widths of the table's
+    double height = 0;            ///< of a cell of a table with one row
   };
 
   [[nodiscard]] const HtmlNode& node(int index) const { return tree_.nodes[static_cast<std::size_t>(index)]; }
@@ -94,6 +95,11 @@ class Writer {
     return one.tag != u"img" && one.tag != u"table" && one.text.trimmed().isEmpty() &&
            std::all_of(one.children.begin(), one.children.end(),
                        [this](int child) { return isEmpty(node(child)); });
+  }
+
+  [[nodiscard]] bool holdsPicture(const HtmlNode& one) const {
+    return one.tag == u"img" ||
+           std::ranges::any_of(one.children, [this](int child) { return holdsPicture(node(child)); });
   }
 
   void writeGap(double height) {
@@ -164,11 +170,13 @@ class Writer {
     const double padding = table.has(u"cellpadding") ? lengthOf(table.attribute(u"cellpadding")).value : 1;
     around.fontSize = fontSizeOf(table, around.fontSize);
     around.columns = columnsOf(table);
+    around.height = table.children.size() == 1 ? lengthOf(table.attribute(u"height")).value : 0;
     const QString color = table.has(u"bordercolor") ? table.attribute(u"bordercolor") : u"#808080"_s;
     const double spacing = table.has(u"cellspacing") ? lengthOf(table.attribute(u"cellspacing")).value : 2;
     out_ += u"<table cellpadding=\"%1\""_s.arg(padding);
     out_ += bordered ? u" border=1 cellspacing=0"_s : u" border=0 cellspacing=%1"_s.arg(spacing);
-    out_ += written(lengthOf(table.attribute(u"width")));
+    // Without hundreds a table with pictures may need more than its width.
+    if (!around.columns.empty() || !holdsPicture(table)) out_ += written(lengthOf(table.attribute(u"width")));
     for (const auto* name : {u"bgcolor", u"align"})
       if (table.has(name)) out_ += u' ' + QString::fromUtf16(name) + u'=' + quoted(table.attribute(name));
     out_ += u" style="_s +
@@ -207,7 +215,7 @@ class Writer {
     const auto percents = [](double sum, const Length& one) { return sum + (one.percent ? one.value : 0); };
     const double sum = std::accumulate(columns.begin(), columns.end(), 0.0, percents);
     const bool open = std::ranges::find(columns, 0.0, &Length::value) != columns.end();
-    if (sum > (open ? 99 : 101)) return std::vector<Length>(columns.size());
+    if (sum > (open ? 99 : 101)) return {};
     const Length width = lengthOf(table.attribute(u"width"));
     if (width.value == 0 || width.percent || columns.empty()) return columns;
     if (!open) *std::ranges::max_element(columns, {}, &Length::value) = {};
@@ -233,7 +241,8 @@ class Writer {
         out_ += u"</tr><tr>"_s;
         column = 0;
       }
-      writeCell(node(child), row, around, span == 1 ? around.columns[column] : Length{});
+      writeCell(node(child), row, around,
+                span == 1 && column < around.columns.size() ? around.columns[column] : Length{});
       column += span;
     }
     out_ += u"</tr>"_s;
@@ -251,9 +260,12 @@ class Writer {
     if (!align.isEmpty()) out_ += u" align="_s + quoted(align.toLower());
     const QString valign = cell.has(u"valign") ? cell.attribute(u"valign") : u"middle"_s;
     out_ += u" valign="_s + quoted(valign.toLower());
-    const double height = lengthOf(cell.attribute(u"height")).value;
+    const double height = std::max(around.height, lengthOf(cell.attribute(u"height")).value);
+    const double line = kLine * around.fontSize;
     QString style = inPoints(row.attribute(u"style")) + u';' + inPoints(cell.attribute(u"style"));
-    if (tree_.standardLines) style += u";line-height:"_s + number(kLine * around.fontSize) + u"px"_s;
+    if (tree_.standardLines) style += u";line-height:"_s + number(line) + u"px"_s;
+    if (height > line && !isEmpty(cell))
+      style += u";padding-top:%1px;padding-bottom:%1px"_s.arg(number((height - line) / 2));
     out_ += u" style="_s + quoted(style) + u'>';
     if (isEmpty(cell))
       writeGap(height);
@@ -274,11 +286,27 @@ class Writer {
   void writeText(const QString& text) {
     if (text.trimmed().isEmpty() && out_.endsWith(u"</table>")) return;
     static const QRegularExpression openReference(uR"(&([a-zA-Z]{2,8}|#\d{1,7})(?![a-zA-Z0-9;]))"_s);
-    static const QRegularExpression typedLine(uR"((?<=\S)[ \t]*(?:\r\n|\r|\n)(?! {6}|\s*$))"_s);
     QString shown = text;
-    shown.replace(openReference, u"&\\1;"_s);
-    shown.replace(typedLine, u"<br>"_s);
-    out_ += breakable(shown.replace(u'>', u"&gt;"_s).replace(u"<br&gt;"_s, u"<br>"_s));
+    shown.replace(openReference, u"&\\1;"_s).replace(u'>', u"&gt;"_s);
+    out_ += breakable(withTypedLines(shown));
+  }
+
+  /// Line ends between two texts were typed. The document's own texts go on further in.
+  static QString withTypedLines(const QString& text) {
+    constexpr int kIndent = 6;
+    static const QRegularExpression gap(uR"((?<=\S)\s*[\r\n]\s*(?=\S))"_s);
+    QString made;
+    qsizetype done = 0;
+    for (auto gaps = gap.globalMatch(text); gaps.hasNext();) {
+      const auto found = gaps.next();
+      const QString lines = found.captured().replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+      if (lines.size() - lines.lastIndexOf(u'\n') > kIndent) continue;
+      made += QStringView(text).sliced(done, found.capturedStart() - done);
+      made += u"<br>"_s.repeated(lines.count(u'\n'));
+      done = found.capturedEnd();
+    }
+    made += QStringView(text).sliced(done);
+    return made;
   }
 
   static QString breakable(const QString& text) {

@@ -126,6 +126,7 @@ void WebPane::place(DocumentView* view) {
   d_->ok = true;
   d_->sentence->hide();
   static_cast<QVBoxLayout*>(layout())->addWidget(view, 1);
+  view->show();  // it has its size from here on
   layout()->activate();
   setFocusProxy(view);
   view->setFoot(d_->foot);

@@ -35,8 +35,7 @@ TEST_F(WebPaneTest, ShowsTypedLinesAsLinesAndBreaksAWordOfSeventyLetters) {
   pane_.navigate(
       page(u"<table width=200><tr><td>50% de sinal\r\n\r\n50% na entrega\r\n</td></tr>\r\n<tr><td>\r\n"
            "      uma linha\r\n      só</td></tr><tr><td>%1</td></tr></table>"_s.arg(word)));
-  EXPECT_EQ(pane_.pageText().trimmed().remove(QChar::LineSeparator),
-            u"50% de sinal\n\n50% na entrega\numa linha só\n"_s + word);
+  EXPECT_EQ(pane_.pageText().trimmed(), u"50% de sinal\n\n50% na entrega\numa linha só\n"_s + word);
   EXPECT_LT(pane_.findChild<QGraphicsView*>()->sceneRect().width(), 820);
   pane_.findChild<QGraphicsView*>()->setFocus();
   EXPECT_TRUE(pane_.find(u"linha"_s));
@@ -130,6 +129,8 @@ class Paper : public PaneCase {
         continue;
       }
       const auto edge = [&match](int i) { return match.captured(i).toDouble(); };
+      if (edge(2) < 28 || edge(4) > 841.9 - 17)
+        continue;  // cut off: a page's edge went through its neighbour
       words.append({page, edge(1), edge(2), edge(3), edge(4), match.captured(5)});
     }
     return words;
@@ -142,7 +143,7 @@ class Paper : public PaneCase {
   static QString table(const QString& name, int rows) {
     QString made = u"<table border='1' width='800'>"_s;
     for (int row = 1; row <= rows; ++row)
-      made += u"<tr><td>%1%2<br>x<br>x<br>x<br>x</td><td align=right>fim%1%2</td></tr>"_s.arg(name).arg(row);
+      made += u"<tr><td>%1%2<br>x<br>x<br>x<br>x</td><td align=right>ate%1%2</td></tr>"_s.arg(name).arg(row);
     return made + u"</table><br>"_s;
   }
 };
@@ -155,7 +156,7 @@ TEST_F(Paper, HoldsTheWholeWidthAndNumbersThePagesFromTheSecondOn) {
   for (const Word& word : words) {
     EXPECT_GE(word.left, 28);
     EXPECT_LE(word.right, 595.3 - 28);  // an A4 page is 595.3 points wide
-    seen += word.text.startsWith(u"fima"_s) ? 1 : 0;
+    seen += word.text.startsWith(u"atea"_s) ? 1 : 0;
   }
   EXPECT_EQ(seen, 30);
   const int last = words.last().page;
@@ -174,7 +175,7 @@ TEST_F(Paper, CutsNoRowAndKeepsTogetherWhatBelongsTogether) {
     EXPECT_EQ(pageOf(words, u"c1"_s), pageOf(words, u"c2"_s)) << before;
     for (const Word& word : words) {
       EXPECT_LT(word.bottom, 841.9 - 42);
-      const bool end = word.text.startsWith(u"fim"_s);
+      const bool end = word.text.startsWith(u"ate"_s);
       EXPECT_EQ(word.page, end ? pageOf(words, word.text.sliced(3)) : word.page) << before;
     }
     EXPECT_EQ(pageOf(words, u"ultimo"_s), pageOf(words, u"c6"_s)) << before;
