@@ -1,5 +1,6 @@
 #include "draft/screen_fields.h"
 #include "quote/frmPropCmrcTL.h"
+#include "quote/header_fields.h"
 #include "shared/messages.h"
 
 using namespace Qt::StringLiterals;
@@ -8,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 /// What is true of the one on the screen alone is not copied: its dates, its order, what was approved in it.
 void frmPropCmrcTL::fazCopia() {
-  for (QLabel* rotulo : {lblDataFechamento, lblDTDesativa, lblNumePedido}) rotulo->clear();
-  for (QLabel* rotulo : {lblDesconto, lblPercDesconto}) rotulo->setText(u"0"_s);
+  for (const auto& campo : cabecalho::campos())
+    if (!campo.digitado() && campo.controle != u"txtRowId") cabecalho::limpa(campo, *this);
   forms::GridModel& itens = Flex->grid();
   for (int linha = 1; linha < itens.rows(); ++linha) itens.setText(linha, grades::item::DtAprov, {});
   CalculaTotais();

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "draft/keeper.h"
 #include "platform/values/dates.h"
@@ -32,6 +34,22 @@ void marcaData(forms::MaskedBox* caixa, bool errada) {
   caixa->setToolTip(errada ? u"Data inválida: não será gravada"_s : QString());
 }
 
+/// The dates that are typed into the header.
+std::vector<forms::MaskedBox*> datasDe(const forms::Form& tela) {
+  std::vector<forms::MaskedBox*> datas;
+  for (const auto& campo : cabecalho::campos())
+    if (campo.tipo == cabecalho::Tipo::Data && campo.digitado())
+      datas.push_back(qobject_cast<forms::MaskedBox*>(cabecalho::controles(campo, tela).first()));
+  return datas;
+}
+
+/// What the label beside a field calls it.
+QString nomeDe(const QWidget* campo) {
+  const auto rotulos = campo->window()->findChildren<QLabel*>();
+  const auto seu = std::ranges::find(rotulos, campo, &QLabel::buddy);
+  return seu == rotulos.end() ? QString() : (*seu)->text().remove(u'&').remove(u':');
+}
+
 }  // namespace
 
 void frmPropCmrcTL::ligaDatas() {
@@ -39,9 +57,7 @@ void frmPropCmrcTL::ligaDatas() {
     on(caixa, Event::LostFocus, [caixa] { caixa->setBoxText(ValidaDataMascara(caixa->boxText())); });
   };
   completa(mskDataAprv);
-  for (const auto& campo : cabecalho::campos()) {
-    auto* caixa = qobject_cast<forms::MaskedBox*>(cabecalho::controles(campo, *this).first());
-    if (caixa == nullptr) continue;
+  for (forms::MaskedBox* caixa : datasDe(*this)) {
     completa(caixa);
     on(caixa, Event::LostFocus, [caixa] { marcaData(caixa, !certa(caixa)); });
     // A date that is just being typed is none yet.
@@ -53,15 +69,11 @@ void frmPropCmrcTL::ligaDatas() {
 
 /// Whether a save goes on, which stores a date that is none as empty.
 bool frmPropCmrcTL::confirmaDatas() {
-  const std::pair<forms::MaskedBox*, QString> datas[] = {{mskDtPropCmrc, u"Dt Orçamento"_s},
-                                                         {mskDataEven, u"Dt do Evento"_s},
-                                                         {mskDtValidade, u"Dt Validade"_s},
-                                                         {mskDtEntrega, u"Dt Entrega"_s}};
   QStringList erradas;
   forms::MaskedBox* primeira = nullptr;
-  for (const auto& [caixa, nome] : datas) {
+  for (forms::MaskedBox* caixa : datasDe(*this)) {
     if (certa(caixa)) continue;
-    erradas << nome + u": "_s + caixa->boxText();
+    erradas << nomeDe(caixa) + u": "_s + caixa->boxText();
     if (primeira == nullptr) primeira = caixa;
   }
   if (erradas.isEmpty()) return true;
