@@ -40,7 +40,7 @@ Asked<QString> linhaDoItem(data::Recordset rs, bool comPrecos) {
 QString montaTotal(bool comPrecos, double unitario, double total) {
   grade::Celula rotulo =
       comPrecos ? rotulada(u"90%"_s, u"Total"_s, {}, kDireita) : dado(u"90%"_s, u"Total Unitário"_s, kCentro);
-  rotulo.atributos = comPrecos ? u"colspan='5'"_s : u"colspan='3'"_s;
+  rotulo.atributos = u"colspan='%1'"_s.arg(colunas(comPrecos).size() - 1);
   return grade::linha({rotulo, comPrecos ? rotulada(u"10%"_s, emMoeda(total), {}, kDireita)
                                          : dado(u"10%"_s, emMoeda(unitario), kCentro)}) +
          grade::fecha();
