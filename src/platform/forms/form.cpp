@@ -49,36 +49,6 @@ void Form::showForm() {
   d_->present();
 }
 
-namespace {
-
-/// Keeps a modal window over its caller's, and the others out of reach. The browser engine makes a window
-/// again when its first pane comes up, and the new one would open under all others and leave its caller's
-/// alive.
-class OverCaller : public QObject {
- public:
-  OverCaller(QWidget& form, QWidget* caller) : form_(&form), caller_(caller) {
-    form.installEventFilter(this);
-    apply();
-  }
-
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (watched == form_ && event->type() == QEvent::WinIdChange) apply();
-    return false;
-  }
-
- private:
-  void apply() {
-    if (form_.isNull() || form_->windowHandle() == nullptr) return;
-    form_->windowHandle()->setModality(Qt::ApplicationModal);
-    if (!caller_.isNull()) form_->windowHandle()->setTransientParent(caller_->windowHandle());
-  }
-
-  QPointer<QWidget> form_, caller_;
-};
-
-}  // namespace
-
 void Form::showModal() {
   const QList<Form*> before = registry::shown();
   const QPointer<Form> caller = before.isEmpty() ? nullptr : before.last();
@@ -87,7 +57,7 @@ void Form::showModal() {
 
   setWindowModality(Qt::ApplicationModal);
   winId();
-  const OverCaller over(*this, caller);
+  if (!caller.isNull()) windowHandle()->setTransientParent(caller->windowHandle());
   QEventLoop loop;
   d_->loop = &loop;
   const QPointer<Form> self(this);
