@@ -61,7 +61,7 @@ TEST_F(Loading, NullColumnsAndAProductThatIsGoneLeaveFieldsEmptyAndTermsAtTheirD
               "50% de sinal e 50% na entrega\r\n"_s);
   EXPECT_TRUE(screen->opShowRoom->isChecked());
   expectShown(forms::form<frmConfirmaPropCmrcTL>(),
-              u"cboTransportadora=|mskDataBase=15/03/2024|txtIdCondPg=41"_s);
+              u"cboTransportadora=|mskDataBase=15/03/2024|txtIdCondPg="_s);
 }
 
 }  // namespace
