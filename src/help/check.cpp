@@ -101,7 +101,9 @@ void entraNoCorreio(const Anota& anota, const QString& quem, const QString& serv
                                      cifrado ? u"com TLS"_s : u"sem TLS: a senha passa às claras"_s),
            {}});
   } catch (const values::RuntimeError& erro) {
-    anota({quem, erro.text(), u"confira emai_serv, endereço e senha em empr, e o certificado do servidor"_s});
+    // Nothing was to be sent.
+    const QString porque = erro.text().remove(values::standardText(values::kMailFailed) + u": "_s);
+    anota({quem, porque, u"confira emai_serv, endereço e senha em empr, e o certificado do servidor"_s});
   }
 }
 
