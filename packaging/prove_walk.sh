@@ -21,6 +21,7 @@ for _ in $(seq 100); do [ -s /root/display ] && break; sleep 0.1; done
 DISPLAY=:$(cat /root/display)
 export DISPLAY
 openbox >/dev/null 2>&1 &
+sleep 2  # it gives the focus to windows that come after it alone
 
 # window TITLE: waits until a window that is titled so is the active one.
 window() {
@@ -82,6 +83,8 @@ first() {
   keys ctrl+s
   sleep 4
   import -window root /root/first.png
+  keys Return
+  sleep 1
   keys alt+F4
   wait "$launcher" || fail "The program ended with $?."
 }

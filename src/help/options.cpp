@@ -9,6 +9,7 @@
 #include "platform/forms/outputs.h"
 #include "run/configuration.h"
 #include "run/program_title.h"
+#include "shared/program_icon.h"
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +66,7 @@ std::optional<int> atendeOpcao(int argc, char** argv, const QString& compilacao)
   if (opcao == u"--menu") {
     const QApplication aplicacao(argc, argv);
     forms::applyStyle();
+    QApplication::setWindowIcon(iconeDoPrograma());
     return explicaMenu();
   }
   return diz(QString::fromUtf8(kUso), stderr, 2);
