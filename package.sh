@@ -22,7 +22,13 @@ mkdir -p build/deb
 (cd build/package && cpack -G DEB -B ../deb) >"$state/log/package.log" 2>&1 ||
   { tail -n 20 "$state/log/package.log" >&2; fail "Packing failed; see $state/log/package.log."; }
 rm -rf build/deb/_CPack_Packages
-package=$(ls "$PWD"/build/deb/*.deb)
+package=$(ls "$PWD"/build/deb/zarim_*.deb)
+# The sums of the debug symbols' package name the folder that it was made in.
+symbols=$(ls build/deb/*.ddeb)
+dpkg-deb -R "$symbols" build/deb/symbols
+sed -i 's|/.*-dbgsym/||' build/deb/symbols/DEBIAN/md5sums
+dpkg-deb --root-owner-group -b build/deb/symbols "${symbols%.ddeb}.deb" >/dev/null
+rm -r build/deb/symbols "$symbols"
 (cd build/deb && sha256sum -- * >SHA256SUMS)
 appstreamcli validate --no-net build/package/packaging/com.example.zarim.metainfo.xml >"$state/log/appstream.log" ||
   { cat "$state/log/appstream.log" >&2; fail "The AppStream data is not valid."; }

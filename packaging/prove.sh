@@ -13,7 +13,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 [ "$(id -u)" = 0 ] || fail "packaging/prove.sh wants root: it makes a Debian of its own and enters it."
 install_packages setup/packages.txt setup/package_packages.txt
 package=${1:-}
-[ -n "$package" ] || { ./package.sh >/dev/null && package=$(ls build/deb/*.deb); }
+[ -n "$package" ] || { ./package.sh >/dev/null && package=$(ls build/deb/zarim_*.deb); }
 [ -f "$package" ] || fail "There is no package $package."
 build release zarim_testserver zarim_fill
 
