@@ -42,6 +42,7 @@ frmMontarProduto::frmMontarProduto() {
   QFont letra = lblTotalUnitarioProduto->font();
   letra.setPointSizeF(letra.pointSizeF() * 1.4);  // with the text size of the screen
   lblTotalUnitarioProduto->setFont(letra);
+  Flex->setSpareColumns({grades::material::Descricao, grades::material::Tipo, grades::material::Observacao});
   ligaPesquisa();
   on(Flex, forms::Event::DoubleClick, &frmMontarProduto::Flex_DblClick);
   on(cmdPesquisa, forms::Event::Click, &frmMontarProduto::cmdPesquisa_Click);

@@ -46,7 +46,8 @@ void frmPropCmrcTL::carregaNumero() {
   txtRowId->setText(rs.text(u"idprop_cmrc"));
   CarregaOrcamento();
   const QString pedido = waitFor(NumeroPedidoDoOrcamento(txtCodigo->text()));
-  // A quote without an order shows the number zero.
+  // A quote without an order shows the number zero, pale.
+  lblNumePedido->setEnabled(!pedido.isEmpty());
   lblNumePedido->setText(numeroDocumento(pedido.isEmpty() ? u"0"_s : pedido));
   CalculaTotais();
 }

@@ -34,6 +34,8 @@ constexpr int kLetrasItem = 20 + 38 + 4 + 3 + 5;
 constexpr int kLinhasItens = 6;
 constexpr int kLinhasItensTelaBaixa = 3;
 constexpr int kTelaBaixa = 600;
+/// Below this width of the display the header's fields give way.
+constexpr int kTelaEstreita = 960;
 
 /// Where the frames open over the form, in twips.
 constexpr int kEsquerdaPainel = 2160;
@@ -195,12 +197,25 @@ void frmPropCmrcTL::ajustaMedidas() {
   for (QLabel* rotulo : {lblTituloJanela, rotuloLiquidoTotal, lblTotalLiquido}) rotulo->setFont(destaque);
 
   const int letra = fontMetrics().averageCharWidth();
-  const std::pair<QWidget*, int> letras[] = {
-      {txtCodigo, 10},           {txtFoneExtra, 16},         {txtEmailExtra, 20},
-      {txtFoneExtraContato, 16}, {txtEmailExtraContato, 20}, {txtNumePess, 8},
-      {txtNomeHomg, 24},         {lblTotaGeral, 12},         {lblDesconto, 12},
-      {lblDTDesativa, 12},       {lblDataFechamento, 12},    {lblNumePedido, 8}};
+  const bool estreita = forms::screenSize().width() < kTelaEstreita;
+  const int fone = estreita ? 12 : 16;
+  const std::pair<QWidget*, int> letras[] = {{txtCodigo, 10},
+                                             {txtFoneExtra, fone},
+                                             {txtEmailExtra, 20},
+                                             {txtFoneExtraContato, fone},
+                                             {txtEmailExtraContato, 20},
+                                             {txtNumePess, estreita ? 5 : 8},
+                                             {txtNomeHomg, 24},
+                                             {lblTotaGeral, 12},
+                                             {lblDesconto, 10},
+                                             {lblDTDesativa, 12},
+                                             {lblDataFechamento, 12},
+                                             {lblNumePedido, 8}};
   for (const auto& [campo, quantas] : letras) campo->setMinimumWidth(letra * quantas);
+  txtNumePess->setMaximumWidth(letra * 10);
+  for (forms::Combo* combo :
+       {cboVendedor, cboRespAtendimento, cboLocalVenda, cboTipoMktg, cboTipoEven, cboTipoServ})
+    combo->setMinimumContentsLength(estreita ? 5 : 8);
 
   QFont fixa = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   fixa.setPointSizeF(font().pointSizeF());
@@ -222,13 +237,13 @@ void frmPropCmrcTL::alinhaTotais() {
   const int fim = titulos->sectionPosition(grades::item::Total) + titulos->sectionSize(grades::item::Total);
   const int recuo = Flex->mapTo(conteudo, QPoint()).x() - somas->mapTo(conteudo, QPoint()).x();
   // They never widen the screen: what stands beside them keeps its place.
-  int vizinhos = 0;
-  for (const QWidget* rotulo : {rotuloPercDesconto, lblDesconto, rotuloLiquidoTotal, lblTotalLiquido})
-    vizinhos += qMax(rotulo->minimumWidth(), rotulo->sizeHint().width()) + layout16->spacing();
+  const int menor = somas->minimumSizeHint().width();
+  const int agora = somas->minimumWidth() > 0 ? somas->minimumWidth() : menor;
+  layout16->invalidate();
   const QMargins margens = conteudo->layout()->contentsMargins();
-  const int livre =
-      area->viewport()->width() - margens.left() - margens.right() - 3 * layout16->spacing() - vizinhos;
-  somas->setFixedWidth(qMax(somas->minimumSizeHint().width(), qMin(fim + recuo, livre)));
+  const int livre = area->viewport()->width() - margens.left() - margens.right() -
+                    (layout16->minimumSize().width() - agora);
+  somas->setFixedWidth(qMax(menor, qMin(fim + recuo, livre)));
 }
 
 /// The keys that users of other programs try first. As with an access key, the field is left before the

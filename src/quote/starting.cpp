@@ -42,6 +42,7 @@ void frmPropCmrcTL::Form_Load() {
   ConectaServidor();
   aplicaTemaPadrao(*this);
   c.NomeUsuarioAtual = NomeUsuario(QString::number(c.IdUsuarioAtual), c.NomeUsuarioAtual);
+  resize(size().expandedTo(forms::screenSize() * 4 / 5));
   CentralizaForm(*this);
   setWindowTitle(tituloJanela());
   if (c.Ambiente != u"PRD") forms::setForeColor(lblTituloJanela, kVermelho);

@@ -61,6 +61,18 @@ TEST_F(Modes, ADateThatIsNoneIsMarkedByWhateverPutsItThereAndTheMarkLeavesNothin
   EXPECT_EQ(screen->mskDataEven->grab().toImage(), locked);
 }
 
+TEST_F(Modes, KeysOnALineAskWhatADoubleClickAsks) {
+  start();
+  support::click(screen->cmdINCLUIR);
+  screen->Flex->grid().addItem(u"9\tPROT\t9\tantes"_s);
+  for (const auto& [key, suggested] : {std::pair{Qt::Key_F2, u"A"_s}, {Qt::Key_Delete, u"E"_s}}) {
+    script.input(std::nullopt);
+    support::focus(screen->Flex);
+    support::key(screen->Flex, key);
+    EXPECT_EQ(script.lastInput().initial, suggested);
+  }
+}
+
 TEST_F(Modes, OnAMachineOfTheMakersTheFirstUserStartsAndTheGroundShowsTheResolution) {
   const QString line = u"(embutido)^"_s + databasePath() + u"^sa^x^MS-SQL^^False^\r\n"_s;
   configure(u"server.ini"_s, line + line + line);

@@ -27,6 +27,7 @@ TEST_F(Photos, FollowTheClickedRowAndTheFourButtonsAndOpenInTheirRealSize) {
   picture(second(u"CX-100"_s), 200);
   picture(second(u"CX-100_3"_s), 203);
   picture(second(u"BOM-1"_s), 300);
+  files::write(first(u"CARD-A"_s), "damaged");
   open<frmBROWSE_PRODUTO>([&](frmBROWSE_PRODUTO& screen) {
     screen.Option1->click();
     support::click(screen.cmdPesquisa);
@@ -34,7 +35,7 @@ TEST_F(Photos, FollowTheClickedRowAndTheFourButtonsAndOpenInTheirRealSize) {
     support::key(screen.cmdPesquisa, Qt::Key_Down);
     EXPECT_EQ(screen.Image1->foto().width(), 640);
     EXPECT_TRUE(pesquisa::lembrancas().pesquisa.BrowseOpcao.isEmpty()) << "keys look, they don't choose";
-    for (const auto& [row, width] : {std::pair{2, 300}, {3, 10}, {1, 640}}) {
+    for (const auto& [row, width] : {std::pair{2, 300}, {3, 10}, {5, 10}, {1, 640}}) {
       support::clickRow(screen.Flex, row);
       EXPECT_EQ(screen.Image1->foto().width(), width);
     }

@@ -10,15 +10,22 @@
 namespace forms {
 
 namespace {
+
 constexpr int kFewLetters = 12;
+
+QRect placeOfText(const QLabel& label) {
+  const int margin = label.margin();
+  return label.contentsRect().adjusted(margin, margin, -margin, -margin);
 }
+
+}  // namespace
 
 QSize ElidedLabel::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * kFewLetters, QLabel::minimumSizeHint().height()};
 }
 
 bool ElidedLabel::event(QEvent* event) {
-  const bool cut = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+  const bool cut = fontMetrics().horizontalAdvance(text()) > placeOfText(*this).width();
   if (event->type() != QEvent::ToolTip || !cut || !toolTip().isEmpty()) return QLabel::event(event);
   QToolTip::showText(dynamic_cast<QHelpEvent*>(event)->globalPos(), asTip(text()), this);
   return true;
@@ -27,9 +34,10 @@ bool ElidedLabel::event(QEvent* event) {
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   drawFrame(&painter);
-  const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
-  style()->drawItemText(&painter, contentsRect(), static_cast<int>(alignment()), palette(), isEnabled(),
-                        fitting, foregroundRole());
+  const QRect place = placeOfText(*this);
+  const QString fitting = fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
+  style()->drawItemText(&painter, place, static_cast<int>(alignment()), palette(), isEnabled(), fitting,
+                        foregroundRole());
 }
 
 }  // namespace forms

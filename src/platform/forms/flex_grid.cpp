@@ -58,12 +58,15 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
 
 double FlexGrid::textScale() const { return std::max(1.0, QFontMetrics(font()).height() / kPlainTextHeight); }
 
-int FlexGrid::laidOutWidth(int column) const {
+int FlexGrid::leastWidth(int column) const {
   const QFontMetrics metrics(font());
+  return 2 * kCellMargin + std::max(metrics.horizontalAdvance(leastTexts_.value(column)),
+                                    metrics.horizontalAdvance(grid_.text(0, column)));
+}
+
+int FlexGrid::laidOutWidth(int column) const {
   if (const int dragged = dragged_.value(column); dragged > 0) return qRound(dragged * textScale());
-  const int least = std::max(metrics.horizontalAdvance(leastTexts_.value(column)),
-                             metrics.horizontalAdvance(grid_.text(0, column)));
-  return std::max(static_cast<int>(pixels(grid_.width(column)) * textScale()), least + 2 * kCellMargin);
+  return std::max(static_cast<int>(pixels(grid_.width(column)) * textScale()), leastWidth(column));
 }
 
 void FlexGrid::takeLayout() {
@@ -118,10 +121,12 @@ void FlexGrid::giveSpareWidth() {
     spare -= takers.contains(column) ? laidOutWidth(column) : columnWidth(column);
     if (takers.contains(column)) shares += grid_.width(column);
   }
-  spare = std::max(0, spare);
+  // Columns that were named give way too, down to half of their width, so that little is out of sight.
+  if (spareColumns_.isEmpty()) spare = std::max(0, spare);
   for (const int column : std::as_const(takers)) {
     const int share = shares == 0 ? 0 : spare * grid_.width(column) / shares;
-    setColumnWidth(column, laidOutWidth(column) + share);
+    const int least = std::max(laidOutWidth(column) / 2, leastWidth(column));
+    setColumnWidth(column, std::max(laidOutWidth(column) + share, least));
     spare -= share;
     shares -= grid_.width(column);
   }

@@ -24,8 +24,8 @@ class FlexGrid : public QTableView {
   /// A column is wide enough for a text, whatever its layout says; holds for later layouts too.
   void setLeastText(int column, const QString& sample);
 
-  /// Columns that share what the others leave of the width, in proportion to their own; without them the
-  /// widest one takes it.
+  /// Columns that share what the others leave of the width, in proportion to their own, and that give way,
+  /// down to half of it, where there is less; without them the widest one takes what is left.
   void setSpareColumns(const QList<int>& columns);
 
   /// The texts of the visible columns: the titles, then the data rows.
@@ -60,6 +60,7 @@ class FlexGrid : public QTableView {
   void noteDrag(int column, int width);
   /// How much larger than the plain text size the text is.
   [[nodiscard]] double textScale() const;
+  [[nodiscard]] int leastWidth(int column) const;
   [[nodiscard]] int laidOutWidth(int column) const;
   /// As a click does: nobody can choose a cell of a hidden column.
   void chooseVisibleColumn();

@@ -201,7 +201,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
       return asTip(text(row, column));
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue(cellAlignment(row, column));
+      // A row is as high as one line: at its top a text would stand higher than those beside it.
+      return QVariant::fromValue((cellAlignment(row, column) & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
     case Qt::BackgroundRole:
     case Qt::ForegroundRole: {
       const QColor back = cellBackColor(row, column);
