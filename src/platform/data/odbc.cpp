@@ -55,11 +55,6 @@ QList<int> columnLengths(const QSqlRecord& record) {
   return lengths;
 }
 
-/// Rows that nobody asked for stand in the place of another statement's: a trigger's own SELECT, say.
-[[noreturn]] void refuseUnasked() {
-  throw values::RuntimeError(values::kStatementFailed, u"O servidor deu um resultado que ninguém pediu."_s);
-}
-
 class OdbcEngine final : public Engine {
  public:
   OdbcEngine(const QString& connectionString, int timeout);
@@ -79,6 +74,8 @@ class OdbcEngine final : public Engine {
                    std::vector<Recordset>& results);
   /// Goes to the next result of a request; false after the last one.
   bool moveOn(QSqlQuery& query);
+  /// Rows that nobody asked for stand in the place of another statement's: a trigger's own SELECT, say.
+  [[noreturn]] void refuseUnasked(QSqlQuery& query);
   [[noreturn]] void fail(const QSqlError& error);
 
   bool isServer_;
@@ -177,6 +174,13 @@ bool OdbcEngine::moveOn(QSqlQuery& query) {
   return false;
 }
 
+void OdbcEngine::refuseUnasked(QSqlQuery& query) {
+  while (moveOn(query)) {
+    // A connection that was cut looks like one more result at first.
+  }
+  throw values::RuntimeError(values::kStatementFailed, u"O servidor deu um resultado que ninguém pediu."_s);
+}
+
 void OdbcEngine::walkResults(QSqlQuery& query, std::span<const ReadStatement> statements,
                              std::vector<Recordset>& results) {
   bool more = true;
@@ -186,12 +190,12 @@ void OdbcEngine::walkResults(QSqlQuery& query, std::span<const ReadStatement> st
     if (!more)
       throw values::RuntimeError(values::kConnectionFailed,
                                  u"O servidor não respondeu a todas as instruções."_s);
-    if (query.isSelect() && statement.isWrite()) refuseUnasked();
+    if (query.isSelect() && statement.isWrite()) refuseUnasked(query);
     results.push_back(readRows(query, statement.given.rows));
     more = moveOn(query);
   }
   for (; more; more = moveOn(query))
-    if (query.isSelect()) refuseUnasked();
+    if (query.isSelect()) refuseUnasked(query);
 }
 
 void OdbcEngine::begin() {

@@ -1,7 +1,7 @@
 #include "platform/data/one_statement.h"
 
 #include <algorithm>
-#include <array>
+#include <span>
 #include <utility>
 
 #include "platform/data/sql_tokens.h"
@@ -15,54 +15,33 @@ namespace {
 
 using Kind = SqlToken::Kind;
 
-/// Words in capitals. Nearly all others differ in their length and first letter.
-template <std::size_t Size>
-class Words {
- public:
-  explicit constexpr Words(const QStringView (&words)[Size]) : words_(std::to_array(words)) {
-    for (const QStringView word : words)
-      initials_.at(static_cast<std::size_t>(word.size())) |= initial(word.front());
-  }
-
-  [[nodiscard]] bool contain(const SqlToken& token) const {
-    const auto length = static_cast<std::size_t>(token.text.size());
-    return token.kind == Kind::Word && length < initials_.size() &&
-           (initials_[length] & initial(token.text.front())) != 0 &&
-           std::ranges::any_of(words_, [&](QStringView word) { return token.isWord(word); });
-  }
-
- private:
-  /// A bit for each letter of either case; the bits of other characters mean nothing.
-  static constexpr quint32 initial(QChar c) { return quint32{1} << (c.unicode() & 31U); }
-
-  std::array<QStringView, Size> words_;
-  std::array<quint32, 16> initials_{};  // by length
-};
-
 /// Words that begin a statement on the server and can't be a bare name there; TRIGGER stands for ENABLE and
 /// DISABLE TRIGGER, whose first word can. OPENQUERY and its like run a statement that is given as a text.
-constexpr Words kBeginnings({u"ADD",        u"ALTER",          u"BACKUP",      u"BEGIN",      u"BREAK",
-                             u"CHECKPOINT", u"CLOSE",          u"COMMIT",      u"CONTINUE",   u"CREATE",
-                             u"DBCC",       u"DEALLOCATE",     u"DECLARE",     u"DELETE",     u"DENY",
-                             u"DISK",       u"DROP",           u"DUMP",        u"END",        u"EXEC",
-                             u"EXECUTE",    u"FETCH",          u"GOTO",        u"GRANT",      u"IF",
-                             u"INSERT",     u"KILL",           u"LINENO",      u"LOAD",       u"MERGE",
-                             u"OPEN",       u"OPENDATASOURCE", u"OPENQUERY",   u"OPENROWSET", u"PRINT",
-                             u"RAISERROR",  u"READTEXT",       u"RECONFIGURE", u"RESTORE",    u"RETURN",
-                             u"REVERT",     u"REVOKE",         u"ROLLBACK",    u"SAVE",       u"SELECT",
-                             u"SET",        u"SETUSER",        u"SHUTDOWN",    u"TRIGGER",    u"TRUNCATE",
-                             u"UPDATE",     u"UPDATETEXT",     u"USE",         u"WAITFOR",    u"WHILE",
-                             u"WRITETEXT"});
+constexpr QStringView kBeginnings[] = {
+    u"ADD",      u"ALTER",          u"BACKUP",    u"BEGIN",      u"BREAK",   u"CHECKPOINT",
+    u"CLOSE",    u"COMMIT",         u"CONTINUE",  u"CREATE",     u"DBCC",    u"DEALLOCATE",
+    u"DECLARE",  u"DELETE",         u"DENY",      u"DISK",       u"DROP",    u"DUMP",
+    u"END",      u"EXEC",           u"EXECUTE",   u"FETCH",      u"GOTO",    u"GRANT",
+    u"IF",       u"INSERT",         u"KILL",      u"LINENO",     u"LOAD",    u"MERGE",
+    u"OPEN",     u"OPENDATASOURCE", u"OPENQUERY", u"OPENROWSET", u"PRINT",   u"RAISERROR",
+    u"READTEXT", u"RECONFIGURE",    u"RESTORE",   u"RETURN",     u"REVERT",  u"REVOKE",
+    u"ROLLBACK", u"SAVE",           u"SELECT",    u"SET",        u"SETUSER", u"SHUTDOWN",
+    u"TRIGGER",  u"TRUNCATE",       u"UPDATE",    u"UPDATETEXT", u"USE",     u"WAITFOR",
+    u"WHILE",    u"WRITETEXT"};
 
 /// Words before the "(" of a subselect.
-constexpr Words kBeforeSubselect({u"ALL",    u"AND",   u"ANY",       u"APPLY",  u"AS",     u"BETWEEN",
-                                  u"BY",     u"CASE",  u"ELSE",      u"EXCEPT", u"EXISTS", u"FROM",
-                                  u"HAVING", u"IN",    u"INTERSECT", u"IS",     u"JOIN",   u"LIKE",
-                                  u"LIMIT",  u"NOT",   u"ON",        u"OR",     u"SELECT", u"SOME",
-                                  u"THEN",   u"UNION", u"WHEN",      u"WHERE"});
+constexpr QStringView kBeforeSubselect[] = {
+    u"ALL",    u"AND",  u"ANY",    u"APPLY", u"AS",        u"BETWEEN", u"BY",   u"CASE", u"ELSE",  u"EXCEPT",
+    u"EXISTS", u"FROM", u"HAVING", u"IN",    u"INTERSECT", u"IS",      u"JOIN", u"LIKE", u"LIMIT", u"NOT",
+    u"ON",     u"OR",   u"SELECT", u"SOME",  u"THEN",      u"UNION",   u"WHEN", u"WHERE"};
 
 /// Words before a SELECT that goes on with the same statement.
-constexpr Words kBeforeSelect({u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"});
+constexpr QStringView kBeforeSelect[] = {u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"};
+
+/// isWord looks at the lengths first.
+bool isOneOf(std::span<const QStringView> words, const SqlToken& token) {
+  return std::ranges::any_of(words, [&](QStringView word) { return token.isWord(word); });
+}
 
 class Look {
  public:
@@ -100,7 +79,7 @@ class Look {
     if (!sign.isSign(u'(')) return;
     ++depth_;
     // After a value a "(" would begin another statement: "… = 'x' (SELECT …)".
-    opensSubselect_ = previous_.kind == Kind::End || kBeforeSubselect.contain(previous_) ||
+    opensSubselect_ = previous_.kind == Kind::End || isOneOf(kBeforeSubselect, previous_) ||
                       (previous_.kind == Kind::Sign && !previous_.isSign(u')'));
   }
 
@@ -108,9 +87,9 @@ class Look {
   bool goesOn(const SqlToken& word) {
     if (word.isWord(u"CASE")) ++cases_;
     if (word.isWord(u"VALUES") && depth_ == 0) mayTakeSelect_ = false;
-    if (first_[0].kind == Kind::End || !kBeginnings.contain(word)) return true;
+    if (first_[0].kind == Kind::End || !isOneOf(kBeginnings, word)) return true;
     if (word.isWord(u"SELECT"))
-      return (previous_.isSign(u'(') && opensSubselect_) || kBeforeSelect.contain(previous_) ||
+      return (previous_.isSign(u'(') && opensSubselect_) || isOneOf(kBeforeSelect, previous_) ||
              (depth_ == 0 && std::exchange(mayTakeSelect_, false));
     if (word.isWord(u"SET")) return std::exchange(mayTakeSet_, false);
     if (word.isWord(u"END")) return cases_-- > 0;

@@ -83,28 +83,10 @@ struct Decimal {
   [[nodiscard]] char at(int place) const { return digits[static_cast<std::size_t>(place)]; }
 };
 
-/// Numbers of six decimals at most, which is what the tables hold: such a number is the nearest double to a
-/// whole number of millionths, so its digits are the digits of that one.
-bool decomposeMillionths(double number, Decimal& out) {
-  constexpr double kMillion = 1e6;
-  constexpr double kLargest = 1e8;
-  if (number >= kLargest) return false;
-  const double millionths = std::nearbyint(number * kMillion);
-  if (millionths / kMillion != number) return false;
-  std::array<char, 24> buffer{};
-  const auto end =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<qint64>(millionths)).ptr;
-  const auto size = static_cast<int>(end - buffer.data());
-  out.take({buffer.data(), static_cast<std::size_t>(size)});
-  out.point = size - 6;
-  return true;
-}
-
 Decimal decompose(double number) {
   if (!std::isfinite(number)) raise(kOverflow);
   Decimal out;
   out.negative = std::signbit(number);
-  if (decomposeMillionths(std::abs(number), out)) return out;
   std::array<char, 40> buffer{};
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
                                     std::chars_format::scientific, kDigits - 1);
