@@ -78,33 +78,6 @@ std::string_view view(sqlite3_value* value) {
   return bytes ? view(bytes, sqlite3_value_bytes(value)) : std::string_view();
 }
 
-void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
-  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
-    return sqlite3_result_null(context);
-  sqlite3_result_int(context, isLike(view(arguments[1]), view(arguments[0])));
-}
-
-void isDateFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
-  sqlite3_result_int(
-      context, sqlite3_value_type(arguments[0]) == SQLITE_NULL || storedDate(view(arguments[0])).has_value());
-}
-
-std::optional<int> digits(std::string_view text, std::size_t at, std::size_t count) {
-  int number = 0;
-  for (const char digit : text.substr(at, count)) {
-    if (digit < '0' || digit > '9') return std::nullopt;
-    number = number * 10 + (digit - '0');
-  }
-  return number;
-}
-
-template <int (*Compare)(std::string_view, std::string_view)>
-int collation(void*, int leftSize, const void* left, int rightSize, const void* right) {
-  return Compare(view(left, leftSize), view(right, rightSize));
-}
-
-}  // namespace
-
 int compareTexts(std::string_view left, std::string_view right) {
   Walker a(withoutTrailingBlanks(left));
   Walker b(withoutTrailingBlanks(right));
@@ -159,6 +132,33 @@ int compareDates(std::string_view left, std::string_view right) {
   }
   return 0;
 }
+
+void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+  if (sqlite3_value_type(arguments[0]) == SQLITE_NULL || sqlite3_value_type(arguments[1]) == SQLITE_NULL)
+    return sqlite3_result_null(context);
+  sqlite3_result_int(context, isLike(view(arguments[1]), view(arguments[0])));
+}
+
+void isDateFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+  sqlite3_result_int(
+      context, sqlite3_value_type(arguments[0]) == SQLITE_NULL || storedDate(view(arguments[0])).has_value());
+}
+
+std::optional<int> digits(std::string_view text, std::size_t at, std::size_t count) {
+  int number = 0;
+  for (const char digit : text.substr(at, count)) {
+    if (digit < '0' || digit > '9') return std::nullopt;
+    number = number * 10 + (digit - '0');
+  }
+  return number;
+}
+
+template <int (*Compare)(std::string_view, std::string_view)>
+int collation(void*, int leftSize, const void* left, int rightSize, const void* right) {
+  return Compare(view(left, leftSize), view(right, rightSize));
+}
+
+}  // namespace
 
 std::optional<StoredDate> storedDate(std::string_view text) {
   const bool hasTime = text.size() == 14 || text.size() == 17;

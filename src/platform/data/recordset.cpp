@@ -95,7 +95,7 @@ qsizetype Recordset::place(QStringView field) const {
   for (std::size_t tried = 0; tried < width; ++tried) {
     const std::size_t column = (start + tried) % width;
     const QString& name = names[static_cast<qsizetype>(column)];
-    if (field.size() == name.size() && field.compare(name, Qt::CaseInsensitive) == 0) {
+    if (field.size() == name.size() && (field == name || field.compare(name, Qt::CaseInsensitive) == 0)) {
       lastColumn_ = column;
       const std::size_t value = row_ * width + column;
       return static_cast<qsizetype>(value);
