@@ -85,10 +85,10 @@ forms::GridRow linhaDoOrcamento(const data::Recordset& rs) {
           {Tela::DtOrcamento, rs.text(u"DATA_PROP_CMRC")},
           {Tela::Descricao, rs.text(u"prop_cmrc_desc")},
           {Tela::Cliente, rs.text(u"NOME_CLIE")},
-          {Tela::DtFechamento, rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")},
           {Tela::Pessoas, rs.text(u"NUME_PESS")},
           {Tela::DtEvento, rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")},
-          {Tela::DtValidade, rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy")}};
+          {Tela::DtValidade, rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy")},
+          {Tela::DtFechamento, rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")}};
 }
 
 /// What the number filter compares ids with: the number of the text, 0 where there is none. The server

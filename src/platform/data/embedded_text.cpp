@@ -144,11 +144,12 @@ void isDateFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
       context, sqlite3_value_type(arguments[0]) == SQLITE_NULL || storedDate(view(arguments[0])).has_value());
 }
 
-std::optional<int> digits(std::string_view text, std::size_t at, std::size_t count) {
+/// -1 where there is no digit.
+int digits(std::string_view text, std::size_t at, std::size_t count) {
   int number = 0;
-  for (const char digit : text.substr(at, count)) {
-    if (digit < '0' || digit > '9') return std::nullopt;
-    number = number * 10 + (digit - '0');
+  for (std::size_t i = at; i < at + count; ++i) {
+    if (text[i] < '0' || text[i] > '9') return -1;
+    number = number * 10 + (text[i] - '0');
   }
   return number;
 }
@@ -165,13 +166,10 @@ std::optional<StoredDate> storedDate(std::string_view text) {
   if (text.size() != 8 && !(hasTime && text[8] == ' ' && text[11] == ':')) return {};
   const bool hasSeconds = text.size() == 17;
   if (hasSeconds && text[14] != ':') return {};
-  const auto year = digits(text, 0, 4), month = digits(text, 4, 2), day = digits(text, 6, 2);
-  const auto hour = hasTime ? digits(text, 9, 2) : 0, minute = hasTime ? digits(text, 12, 2) : 0;
-  const auto second = hasSeconds ? digits(text, 15, 2) : 0;
-  if (!year || !month || !day || !hour || !minute || !second) return {};
-  const QDate date(*year, *month, *day);
-  const QTime time(*hour, *minute, *second);
-  if (!date.isValid() || !time.isValid()) return {};
+  const QDate date(digits(text, 0, 4), digits(text, 4, 2), digits(text, 6, 2));
+  const QTime time(hasTime ? digits(text, 9, 2) : 0, hasTime ? digits(text, 12, 2) : 0,
+                   hasSeconds ? digits(text, 15, 2) : 0);
+  if (!date.isValid() || date.year() < 0 || !time.isValid()) return {};
   return StoredDate{date, time};
 }
 

@@ -45,6 +45,18 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
   return values::toDate(result.text(at));
 }
 
+/// Whatever the case. Of a long result most of the time would go here.
+bool sameName(QStringView one, QStringView other) {
+  if (one.size() != other.size()) return false;
+  for (qsizetype at = 0; at < one.size(); ++at) {
+    const char16_t a = one[at].unicode(), b = other[at].unicode();
+    if (a > 0x7F || b > 0x7F) return one.compare(other, Qt::CaseInsensitive) == 0;
+    const bool letter = (a | 0x20) >= u'a' && (a | 0x20) <= u'z';
+    if (a != b && (!letter || (a ^ b) != 0x20)) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 Recordset::Recordset(std::shared_ptr<const Columns> columns, ResultValues values)
@@ -88,18 +100,15 @@ int Recordset::longest(QStringView field) const {
 
 qsizetype Recordset::place(QStringView field) const {
   if (eof()) values::raise(values::kNoCurrentRecord);
-  const QStringList& names = columns_->names;
-  const auto width = static_cast<std::size_t>(names.size());
+  const QString* names = columns_->names.constData();
+  const auto width = static_cast<std::size_t>(columns_->names.size());
   // From the second row on the search goes on from the last field found, if that finds the same one.
-  const std::size_t start = row_ > 0 && namesDiffer_ ? lastColumn_ : 0;
-  for (std::size_t tried = 0; tried < width; ++tried) {
-    const std::size_t column = (start + tried) % width;
-    const QString& name = names[static_cast<qsizetype>(column)];
-    if (field.size() == name.size() && (field == name || field.compare(name, Qt::CaseInsensitive) == 0)) {
-      lastColumn_ = column;
-      const std::size_t value = row_ * width + column;
-      return static_cast<qsizetype>(value);
-    }
+  std::size_t column = row_ > 0 && namesDiffer_ ? lastColumn_ : 0;
+  for (std::size_t tried = 0; tried < width; ++tried, ++column) {
+    if (column == width) column = 0;
+    if (!sameName(field, names[column])) continue;
+    lastColumn_ = column;
+    return static_cast<qsizetype>(row_ * width + column);
   }
   values::raise(values::kUnknownField, field.toString());
 }
