@@ -112,6 +112,14 @@ class ProgramStyle : public QProxyStyle {
       QProxyStyle::drawControl(element, &white, painter, widget);
       return;
     }
+    if (const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+        element == CE_TabBarTabLabel && tab != nullptr) {
+      // Tabs stand on the ground of buttons, whatever the form's own.
+      QStyleOptionTab own = *tab;
+      own.palette.setColor(QPalette::WindowText, own.palette.color(QPalette::ButtonText));
+      QProxyStyle::drawControl(element, &own, painter, widget);
+      return;
+    }
     if (element == CE_ShapedFrame && isLockedRemark(widget)) {
       drawLockedGround(*option, painter, widget);
       return;
