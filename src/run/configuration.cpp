@@ -128,7 +128,10 @@ void ConectaServidor() {
   } catch (const values::RuntimeError& erro) {
     forms::reportRuntimeError(erro, u"ConectaServidor"_s);
     registraAchados();
-    if (erro.number() == values::kConnectionFailed) recusaServidorMudo();
+    if (erro.number() == values::kConnectionFailed) {
+      forms::report(linhaDo({u"conexão"_s, contexto().NomeServidor, conselhoDaConexao(erro.text())}));
+      recusaServidorMudo();
+    }
     // Anything else leaves the connection as it is: the next step meets it closed and says so.
   }
 }

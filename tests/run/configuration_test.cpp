@@ -88,6 +88,7 @@ TEST_F(Configuration, WhyAConnectionFailedIsForSupportAndWithoutThePassword) {
   const QString logged = QString::fromUtf8(files::readAll(log));
   EXPECT_TRUE(logged.contains(reported.section(u'\n', 0, 0))) << logged.toStdString();
   EXPECT_TRUE(logged.contains(u"[FALTA] imagem de quem não tem imagem"_s)) << logged.toStdString();
+  EXPECT_TRUE(logged.contains(u"recusa usuário ou senha"_s)) << logged.toStdString();
   EXPECT_FALSE(logged.contains(u"Segredo"_s));
   qunsetenv("TDSPORT");
 }
