@@ -3,6 +3,9 @@
 #include "platform/forms/form.h"
 #include "ui_frmConfirmaItem.h"
 
+/// What values are multiplied by where the sale is made in the show room (including_item.cpp).
+[[nodiscard]] double fatorShowRoom();
+
 /// Asks quantity and observation of an article before it becomes a line of the assembly. The caller fills the
 /// labels, the load handler looks at them: so it loads when it is shown.
 class frmConfirmaItem : public forms::Form, public Ui::frmConfirmaItem {
@@ -18,8 +21,4 @@ class frmConfirmaItem : public forms::Form, public Ui::frmConfirmaItem {
 
  private:
   void cmdConfirmar_Click();
-  [[nodiscard]] bool recusaArtigo();
-  void recusa(const QString& motivo, const QString& conselho);
-  void aplicaShowRoom();
-  void incluiLinha();
 };

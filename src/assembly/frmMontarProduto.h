@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "assembly/material_classes.h"
 #include "platform/data/asked.h"
 #include "platform/forms/form.h"
@@ -12,6 +14,8 @@
 
 /// Whether a text is the quantity of a line: a number with a comma that isn't 0; else a box says so
 /// (line_editing.cpp).
+/// Why a line can't have that quantity; empty where it can.
+[[nodiscard]] QString recusaDaQuantidade(const QString& quantidade);
 [[nodiscard]] bool quantidadeValida(const QString& quantidade, const QString& titulo);
 
 /// Longest remark of a line: 250 letters, fewer where its column takes fewer (line_editing.cpp).
@@ -40,6 +44,11 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   /// on orange, those of the materials on the right.
   void marcaLinha(int linha);
 
+  /// Why the assembly takes no such article, in two lines; empty where it does (including_item.cpp).
+  [[nodiscard]] QString recusaDoArtigo(QStringView tipo, QStringView codigo) const;
+  /// Makes an article a line: its value times the factor, its total, its place among the classes.
+  void incluiArtigo(forms::GridRow artigo, std::optional<double> fator);
+
   /// Adds the lines up into lblTotalUnitarioProduto (line_editing.cpp).
   void RecalculaTotalProduto();
 
@@ -59,6 +68,8 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   void PesquisaMaterial(int aba, const QString& texto);
   static data::Asked<forms::GridRow> linhaDoArtigo(data::Recordset rs);
   void escolheMaterial(int aba);
+  /// Rows of code, quantity and remark, as a spreadsheet copies them, become lines (pasting_lines.cpp).
+  void colaLinhas(const QStringList& coladas);
   void cmdPesquisa_Click();
 
   // Lines (line_editing.cpp)

@@ -1,4 +1,6 @@
 #include <QLayout>
+#include <optional>
+#include <utility>
 
 #include "assembly/frmConfirmaItem.h"
 #include "assembly/frmMontarProduto.h"
@@ -15,17 +17,37 @@
 using namespace Qt::StringLiterals;
 using grades::material::Column;
 
-namespace {
-
-/// Whether a data row of the assembly has that text in a column.
-bool montagemTem(Column coluna, QStringView texto) {
-  const auto& grade = forms::form<frmMontarProduto>().Flex->grid();
-  for (int linha = 1; linha < grade.rows(); ++linha)
-    if (grade.text(linha, coluna) == texto) return true;
-  return false;
+QString frmMontarProduto::recusaDoArtigo(QStringView tipo, QStringView codigo) const {
+  const auto tem = [&grade = Flex->grid()](Column coluna, QStringView texto) {
+    for (int linha = 1; linha < grade.rows(); ++linha)
+      if (grade.text(linha, coluna) == texto) return true;
+    return false;
+  };
+  if (tipo == kTipoProduto && tem(Column::Tipo, kTipoProduto))
+    return u"Cada montagem somente poderá comportar um produto!\rFinalize esta montagem e solicite uma nova!"_s;
+  if (tem(Column::Codigo, codigo)) return u"Item já foi inserido!\rO mesmo não poderá ser duplicado!"_s;
+  return {};
 }
 
-}  // namespace
+void frmMontarProduto::incluiArtigo(forms::GridRow artigo, std::optional<double> fator) {
+  QString valor = artigo.text(Column::ValorUnitario);
+  if (fator) valor = emMoeda(values::toText(values::toNumber(valor) * *fator));
+  artigo.set(Column::ValorUnitario, valor);
+  artigo.set(Column::Total,
+             emMoeda(values::toNumber(artigo.text(Column::Quantidade)) * values::toNumber(valor)));
+  auto& grade = Flex->grid();
+  grade.addRow(std::move(artigo));
+  marcaLinha(grade.rows() - 1);
+  grade.sortAscending(Column::Ordem);
+  RecalculaTotalProduto();
+}
+
+double fatorShowRoom() {
+  // A multiplier, though its name says percent.
+  const QString percentual = waitFor(ParametroEmpresa(u"PERCENTUAL_SHOWROOM"_s));
+  const double fator = percentual.isEmpty() ? 1 : values::toNumber(percentual);
+  return fator == 0 ? 1 : fator;
+}
 
 void frmConfirmaItem::Form_Load() {
   removeCloseEntry();
@@ -44,57 +66,25 @@ void frmConfirmaItem::Form_Load() {
 void frmConfirmaItem::cmdConfirmar_Click() {
   // The keys let "12%" through, which is no number.
   if (!quantidadeValida(txtQuantidade->text(), windowTitle())) return focus(txtQuantidade);
-  if (recusaArtigo()) return unload();
-  if (opShowRoom->isChecked()) aplicaShowRoom();
-  incluiLinha();
+  auto& montagem = forms::form<frmMontarProduto>();
+  const QString recusa = montagem.recusaDoArtigo(lblTipo->text(), lblCod->text());
+  if (!recusa.isEmpty()) {
+    avisa(u"Item: "_s + lblCod->text() + u"\r"_s + recusa);
+    return unload();
+  }
+  montagem.incluiArtigo({{Column::Id, lblId->text()},
+                         {Column::Codigo, lblCod->text()},
+                         {Column::Descricao, lblDesc->text()},
+                         {Column::Quantidade, txtQuantidade->text()},
+                         {Column::Unidade, lblUnidadeMedida->text()},
+                         {Column::QtUnidade, lblQtUnidadeMedida->text()},
+                         {Column::ValorUnitario, lblValor->text()},
+                         {Column::Tipo, lblTipo->text()},
+                         {Column::Observacao, apara(txtObservacoes->text())},
+                         {Column::Ordem, lblOrdem->text()}},
+                        opShowRoom->isChecked() ? std::optional(fatorShowRoom()) : std::nullopt);
   for (auto* rotulo :
        {lblId, lblCod, lblDesc, lblUnidadeMedida, lblQtUnidadeMedida, lblValor, lblTipo, lblOrdem})
     rotulo->clear();
   unload();
-}
-
-bool frmConfirmaItem::recusaArtigo() {
-  if (lblTipo->text() == kTipoProduto && montagemTem(Column::Tipo, kTipoProduto)) {
-    recusa(u"Cada montagem somente poderá comportar um produto!"_s,
-           u"Finalize esta montagem e solicite uma nova!"_s);
-    return true;
-  }
-  if (montagemTem(Column::Codigo, lblCod->text())) {
-    recusa(u"Item já foi inserido!"_s, u"O mesmo não poderá ser duplicado!"_s);
-    return true;
-  }
-  return false;
-}
-
-void frmConfirmaItem::recusa(const QString& motivo, const QString& conselho) {
-  avisa(u"Item: "_s + lblCod->text() + u"\r"_s + motivo + u"\r"_s + conselho);
-}
-
-void frmConfirmaItem::aplicaShowRoom() {
-  // A multiplier, though its name says percent.
-  const QString percentual = waitFor(ParametroEmpresa(u"PERCENTUAL_SHOWROOM"_s));
-  double fator = percentual.isEmpty() ? 1 : values::toNumber(percentual);
-  if (fator == 0) fator = 1;
-  lblValor->setText(values::toText(values::toNumber(lblValor->text()) * fator));
-  lblValor->setText(emMoeda(lblValor->text()));
-}
-
-void frmConfirmaItem::incluiLinha() {
-  auto& montagem = forms::form<frmMontarProduto>();
-  const double total = values::toNumber(txtQuantidade->text()) * values::toNumber(lblValor->text());
-  auto& grade = montagem.Flex->grid();
-  grade.addRow({{Column::Id, lblId->text()},
-                {Column::Codigo, lblCod->text()},
-                {Column::Descricao, lblDesc->text()},
-                {Column::Quantidade, txtQuantidade->text()},
-                {Column::Unidade, lblUnidadeMedida->text()},
-                {Column::QtUnidade, lblQtUnidadeMedida->text()},
-                {Column::ValorUnitario, lblValor->text()},
-                {Column::Total, emMoeda(total)},
-                {Column::Tipo, lblTipo->text()},
-                {Column::Observacao, apara(txtObservacoes->text())},
-                {Column::Ordem, lblOrdem->text()}});
-  montagem.marcaLinha(grade.rows() - 1);
-  grade.sortAscending(Column::Ordem);
-  montagem.RecalculaTotalProduto();
 }

@@ -74,8 +74,13 @@ int maximoDaObservacao() {
   return daColuna > 0 ? std::min(kMaximo, daColuna) : kMaximo;
 }
 
+QString recusaDaQuantidade(const QString& quantidade) {
+  if (ehNumeroComVirgula(quantidade) && values::toNumber(quantidade) != 0) return {};
+  return recusaDoNumero(u"Valor inválido!"_s, quantidade);
+}
+
 bool quantidadeValida(const QString& quantidade, const QString& titulo) {
-  if (ehNumeroComVirgula(quantidade) && values::toNumber(quantidade) != 0) return true;
-  avisa(recusaDoNumero(u"Valor inválido!"_s, quantidade), titulo);
-  return false;
+  const QString recusa = recusaDaQuantidade(quantidade);
+  if (!recusa.isEmpty()) avisa(recusa, titulo);
+  return recusa.isEmpty();
 }

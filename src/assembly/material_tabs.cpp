@@ -15,6 +15,7 @@ void frmMontarProduto::ligaPesquisa() {
   on(cmdLimpar, Event::Click, &frmMontarProduto::cmdLimpar_Click);
   resultsUnder({txtCOD, cmdPesquisar}, [this] { return gradeAtual(); });
   on(txtCOD, Event::LostFocus, [this] { txtCOD->setText(maiusculas(txtCOD->text())); });
+  onTablePasted({txtCOD, Flex}, [this](const QStringList& coladas) { colaLinhas(coladas); });
   for (int aba = 0; aba < SSTab1->count(); ++aba)
     on(gradeDaAba(aba), Event::DoubleClick, [this, aba] { escolheMaterial(aba); });
 }

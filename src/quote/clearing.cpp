@@ -7,6 +7,7 @@ using namespace Qt::StringLiterals;
 
 void frmPropCmrcTL::LimpaTela() {
   for (const auto& campo : cabecalho::campos()) cabecalho::limpa(campo, *this);
+  mostraAnteriores({});
   idCarregado_.clear();
   originais_.clear();
   lblTotalLiquido->setText(u"0"_s);

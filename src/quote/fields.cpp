@@ -115,11 +115,14 @@ void frmPropCmrcTL::cboCliente_LostFocus() {
   if (cboCliente->isLocked() || cboCliente->text().isEmpty()) return;
   const forms::WaitPointer espera;
   const QString id = waitFor(IdClientePorNome(cboCliente->text()));
+  if (id.isEmpty()) mostraAnteriores({});
   if (id.isEmpty()) return confirmaSemCadastro(u"Este Cliente não está cadastrado!"_s);
   auto pedeFones = FonesCliente(id);
   auto pedeEmail = EmailCliente(id);
+  auto pedeQuantos = pedeAnteriores(cboCliente->text());
   forms::setControlText(txtFoneExtra, waitFor(pedeFones));
   forms::setControlText(txtEmailExtra, waitFor(pedeEmail));
+  mostraAnteriores(waitFor(pedeQuantos));
   if (maiusculas(apara(cboCliente->text())) != clienteAntes_) soltaContatoDeOutro();
 }
 

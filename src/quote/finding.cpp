@@ -1,6 +1,10 @@
+#include <utility>
+
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
+#include "run/context.h"
 #include "search/frmBROWSE_PropCmrc.h"
+#include "shared/lookup_query.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
 #include "shared/text.h"
@@ -17,6 +21,33 @@ void frmPropCmrcTL::cmdPesquisar_PropCmrc_Click() {
   forms::form<frmBROWSE_PropCmrc>().showModal();
   // Where nothing was chosen a number can be typed at once.
   if (txtCodigo->text().isEmpty()) focus(txtCodigo);
+  mostraSituacao();
+}
+
+Asked<QString> frmPropCmrcTL::pedeAnteriores(const QString& cliente) {
+  // The search breaks on a quote mark.
+  if (apara(cliente).isEmpty() || cliente.contains(u'\'')) return data::known(QString());
+  return consulta::porTexto({u"SELECT COUNT(*) AS QTDE FROM PROP_CMRC Where (PROP_CMRC.DATA_DESA Is Null)  "
+                             u"And (PROP_CMRC.NOME_CLIE Like ",
+                             u"QTDE", u") "},
+                            u'%' + apara(cliente) + u'%');
+}
+
+void frmPropCmrcTL::mostraAnteriores(const QString& quantos) {
+  const int numero = quantos.toInt();
+  cmdAnteriores->setText(numero == 1 ? u"1 anterior"_s : quantos + u" anteriores"_s);
+  cmdAnteriores->setVisible(numero > 0);
+}
+
+/// The customer's quotes, in the search that her name filters. While a quote is edited nothing is handed
+/// back: a choice would turn its save to another one.
+void frmPropCmrcTL::cmdAnteriores_Click() {
+  const QString chamadora =
+      std::exchange(contexto().TelaChamadora, situacao::editando() ? QString() : contexto().TelaChamadora);
+  auto& pesquisa = forms::form<frmBROWSE_PropCmrc>();
+  pesquisa.procuraCliente(apara(cboCliente->text()));
+  pesquisa.showModal();
+  contexto().TelaChamadora = chamadora;
   mostraSituacao();
 }
 

@@ -116,6 +116,7 @@ void frmPropCmrcTL::ligaComandos() {
       {cmdImprimir, &frmPropCmrcTL::cmdImprimir_Click},
       {cmdSAIR, &frmPropCmrcTL::cmdSAIR_Click},
       {cmdPesquisar_PropCmrc, &frmPropCmrcTL::cmdPesquisar_PropCmrc_Click},
+      {cmdAnteriores, &frmPropCmrcTL::cmdAnteriores_Click},
       {cmdRecuperar, &frmPropCmrcTL::cmdRecuperar_Click},
       {cmdDescartar, &frmPropCmrcTL::cmdDescartar_Click},
       {cmdCondPgto, &frmPropCmrcTL::cmdCondPgto_Click},
@@ -254,6 +255,7 @@ void frmPropCmrcTL::ligaAtalhos() {
       {QKeySequence::Save, cmdSALVAR},
       {QKeySequence::Find, cmdPesquisar_PropCmrc},
       {QKeySequence::Print, cmdImprimir},
+      {QKeySequence(Qt::CTRL | Qt::Key_H), cmdAnteriores},
       {QKeySequence(Qt::ALT | Qt::Key_O), cmdExpandirObservacao}};
   for (const auto& [tecla, botao] : atalhos)
     connect(new QShortcut(tecla, this), &QShortcut::activated, this,

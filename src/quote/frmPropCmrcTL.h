@@ -95,6 +95,10 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
 
   // Loading (finding.cpp, loading.cpp)
   void cmdPesquisar_PropCmrc_Click();
+  void cmdAnteriores_Click();
+  /// How many quotes a customer has, as their search counts them.
+  [[nodiscard]] static data::Asked<QString> pedeAnteriores(const QString& cliente);
+  void mostraAnteriores(const QString& quantos);
   void carregaNumero();
   /// Whether txtRowId holds a choice of the search that is not the quote on the screen.
   [[nodiscard]] bool faltaCarregar() const;

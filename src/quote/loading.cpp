@@ -101,6 +101,7 @@ void frmPropCmrcTL::CarregaOrcamento() {
   const QString id = rs.text(u"idprop_cmrc");
   auto pedeCabecalho = cabecalho::pedeTextos(rs);
   auto pedeTermos = pedeTermosDaConfirmacao(rs);
+  auto pedeQuantos = pedeAnteriores(leNumero(rs.text(u"idclie")) == 0 ? QString() : rs.text(u"nome_clie"));
   auto pedeItens = leItens(id);
   auto pedeHomenageados = pedeConsulta(
       u"SELECT IDPROP_CMRC_HOMG, NOME_HOMG From PROP_CMRC_HOMG Where IDPROP_CMRC = '"_s + id + u"'"_s);
@@ -119,5 +120,6 @@ void frmPropCmrcTL::CarregaOrcamento() {
   for (; !homenageados.eof(); homenageados.moveNext())
     FlexHomg->grid().addRow({{grades::homenageado::Id, homenageados.text(u"IDPROP_CMRC_HOMG")},
                              {grades::homenageado::Nome, homenageados.text(u"NOME_HOMG")}});
+  mostraAnteriores(waitFor(pedeQuantos));
   mostraSituacao();
 }

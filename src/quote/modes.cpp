@@ -8,6 +8,7 @@
 #include "run/context.h"
 #include "run/program_title.h"
 #include "shared/messages.h"
+#include "shared/validity.h"
 #include "text/trim.h"
 
 using namespace Qt::StringLiterals;
@@ -29,6 +30,8 @@ constexpr Rotulo kFechado{u"Fechado", 0x8C4A1B};
 constexpr Rotulo kNaoCarregado{u"Nr. %1 não carregado", 0x702870};
 constexpr Rotulo kDigitado{u"Nr. %1 não carregado · na tela: %2", kNaoCarregado.fundo};
 constexpr Rotulo kAberto{u"Aberto", 0x606060};
+constexpr Rotulo kVence{u"Aberto · %2", 0x00529A};
+constexpr Rotulo kVencido{u"Aberto · %2", 0x2020B0};
 // Of the idle screen.
 constexpr Rotulo kAmostra{u"Empresa de amostra", 0x606060};
 constexpr Rotulo kAviso{u"%2", 0x2020B0};
@@ -45,6 +48,7 @@ void permitePesquisa(QWidget* botao, bool permite) {
 void frmPropCmrcTL::mostraSituacao() {
   mostraOferta();
   const auto [desativado, fechado] = situacaoDoRegistro();
+  const Prazo prazo = prazoDaValidade(mskDtValidade->boxText(), values::today());
   const Rotulo* rotulo = nullptr;
   if (cmdSALVAR->isEnabled())
     rotulo = !situacao::incluindo() ? &kAlterando : idCarregado_.isEmpty() ? &kNovo : &kCopia;
@@ -57,7 +61,7 @@ void frmPropCmrcTL::mostraSituacao() {
   else if (fechado)
     rotulo = &kFechado;
   else if (!txtRowId->text().isEmpty())
-    rotulo = &kAberto;
+    rotulo = prazo.estado == Prazo::Vencido ? &kVencido : prazo.estado == Prazo::Vence ? &kVence : &kAberto;
   else if (!aviso_.isEmpty())
     rotulo = &kAviso;
   else if (ehAmostra())
@@ -67,7 +71,8 @@ void frmPropCmrcTL::mostraSituacao() {
   cmdComecarEmBranco->setVisible(rotulo == &kCopia);
   if (rotulo == nullptr) return;
   const QString primeiro = rotulo == &kDigitado ? apara(txtCodigo->text()) : txtRowId->text();
-  const QString& segundo = rotulo == &kAviso ? aviso_ : idCarregado_;
+  const bool comPrazo = rotulo == &kVence || rotulo == &kVencido;
+  const QString& segundo = rotulo == &kAviso ? aviso_ : comPrazo ? prazo.texto : idCarregado_;
   lblSituacao->setText(
       QString::fromUtf16(rotulo->texto).replace(u"%1"_s, primeiro).replace(u"%2"_s, segundo));
   lblSituacao->setToolTip(rotulo == &kAviso ? forms::asTip(aviso_) : QString());

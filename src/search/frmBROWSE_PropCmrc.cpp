@@ -136,6 +136,12 @@ void frmBROWSE_PropCmrc::PreparaGradePropCmrc() {
   cmdExportar->setEnabled(false);
 }
 
+void frmBROWSE_PropCmrc::procuraCliente(const QString& nome) {
+  opCliente->setChecked(true);
+  txtCOD->setText(nome);
+  cmdPesquisa_Click();
+}
+
 void frmBROWSE_PropCmrc::caixaClicada(QCheckBox* clicada) {
   // What is due is open and active.
   const bool aberto = clicada == chkVencidos || clicada == chkEventoProximo;

@@ -15,6 +15,8 @@ class frmBROWSE_PropCmrc : public forms::Form, public Ui::frmBROWSE_PropCmrc {
   frmBROWSE_PropCmrc();
 
   void PreparaGradePropCmrc();
+  /// Searches by a customer's name.
+  void procuraCliente(const QString& nome);
 
  protected:
   void Form_Load() override;

@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QTabBar>
 #include <QTabWidget>
@@ -125,6 +127,7 @@ void act(const Step& step) {
       {u"doubleclick"_s, doubleClick},
       {u"check"_s, [](const Words& words) { setChecked(words, true); }},
       {u"uncheck"_s, [](const Words& words) { setChecked(words, false); }},
+      {u"clipboard"_s, [](const Words& words) { QApplication::clipboard()->setText(words.at(0).text); }},
       {u"hold"_s, hold},
       {u"release"_s, [](const Words&) { heldFile().reset(); }},
       {u"show"_s, show},

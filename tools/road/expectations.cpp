@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 
@@ -102,6 +104,11 @@ void rows(const Words& words) {
   sameNumber(u"rows of "_s + words.at(1).text, words.at(2), gridNamed(words.at(1).text).rows() - 1);
 }
 
+void clipboard(const Words& words) {
+  const QString& begin = words.at(1).text;
+  same(u"clipboard"_s, begin, QApplication::clipboard()->text().left(begin.size()));
+}
+
 void current(const Words& words) {
   sameNumber(u"current row of "_s + words.at(1).text, words.at(2), gridNamed(words.at(1).text).row());
 }
@@ -154,11 +161,11 @@ bool comesLater(const QString& condition) { return condition == u"page"_s || con
 
 void look(const Words& condition) {
   static const QHash<QString, void (*)(const Words&)> known{
-      {u"form"_s, form},     {u"caption"_s, caption}, {u"text"_s, text},       {u"focus"_s, focus},
-      {u"locked"_s, locked}, {u"enabled"_s, enabled}, {u"visible"_s, visible}, {u"checked"_s, checked},
-      {u"cell"_s, cell},     {u"rows"_s, rows},       {u"current"_s, current}, {u"colour"_s, colour},
-      {u"list"_s, list},     {u"sql"_s, sql},         {u"file"_s, file},       {u"page"_s, page},
-      {u"mail"_s, mail},     {u"ended"_s, ended},
+      {u"form"_s, form},           {u"caption"_s, caption}, {u"text"_s, text},       {u"focus"_s, focus},
+      {u"locked"_s, locked},       {u"enabled"_s, enabled}, {u"visible"_s, visible}, {u"checked"_s, checked},
+      {u"cell"_s, cell},           {u"rows"_s, rows},       {u"current"_s, current}, {u"colour"_s, colour},
+      {u"clipboard"_s, clipboard}, {u"list"_s, list},       {u"sql"_s, sql},         {u"file"_s, file},
+      {u"page"_s, page},           {u"mail"_s, mail},       {u"ended"_s, ended},
   };
   known.value(condition.first().text)(condition);
 }

@@ -157,8 +157,7 @@ bool Form::Private::keyPressed(QWidget* watched, QKeyEvent* event) {
   form.flushFocusEvents();
   if (interruptions() != before || !form.isVisible()) return true;
   if (resultKeyPressed(watched, event)) return true;
-  auto* line = qobject_cast<QLineEdit*>(watched);
-  if (line != nullptr && event->matches(QKeySequence::Paste) && pasteLines(line)) return true;
+  if (event->matches(QKeySequence::Paste) && pasteLines(watched)) return true;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return enterPressed(watched, event);
   return characterTyped(watched, event);
 }

@@ -21,6 +21,11 @@ void Form::onLinesPasted(QLineEdit* box, std::function<void(const QStringList&)>
   d_->lineTakers.insert(box, std::move(handler));
 }
 
+void Form::onTablePasted(std::initializer_list<QWidget*> controls,
+                         const std::function<void(const QStringList&)>& handler) {
+  for (QWidget* control : controls) d_->tableTakers.insert(control, handler);
+}
+
 bool Form::Private::resultKeyPressed(QWidget* watched, const QKeyEvent* event) {
   if ((event->modifiers() & ~Qt::KeypadModifier) != 0) return false;
   for (const Search& search : searches) {
@@ -39,22 +44,27 @@ bool Form::Private::resultKeyPressed(QWidget* watched, const QKeyEvent* event) {
   return false;
 }
 
-bool Form::Private::pasteLines(QLineEdit* box) {
-  const auto taker = lineTakers.constFind(box);
-  if (taker == lineTakers.cend() || box->isReadOnly()) return false;
-  QString text = box->text();
-  const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
-  text.replace(start, box->selectedText().size(), QApplication::clipboard()->text());
+bool Form::Private::pasteLines(QWidget* control) {
+  const auto* box = qobject_cast<QLineEdit*>(control);
+  if (box != nullptr && box->isReadOnly()) return false;
+  QString text = QApplication::clipboard()->text();
+  auto handler = text.contains(QLatin1Char('\t')) ? tableTakers.value(control) : nullptr;
+  if (!handler && box != nullptr && lineTakers.contains(control)) {
+    const QString pasted = text;
+    text = box->text();
+    const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
+    text.replace(start, box->selectedText().size(), pasted);
+    if (values::withPlainLineEnds(text).contains(QLatin1Char('\n'))) handler = lineTakers.value(control);
+  }
+  if (!handler) return false;
   QStringList lines = values::withPlainLineEnds(text).split(QLatin1Char('\n'));
-  if (lines.size() < 2) return false;
   lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
-  const auto handler = *taker;
-  handle([&] { handler(lines); }, name() + u'.' + box->objectName() + QStringLiteral("_Paste"));
+  handle([&] { handler(lines); }, name() + u'.' + control->objectName() + QStringLiteral("_Paste"));
   return true;
 }
 
 bool Form::Private::pasteMenu(QLineEdit* box, const QContextMenuEvent* event) {
-  if (!lineTakers.contains(box)) return false;
+  if (!lineTakers.contains(box) && !tableTakers.contains(box)) return false;
   const std::unique_ptr<QMenu> menu(box->createStandardContextMenu());
   const QString key = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
   for (QAction* action : menu->actions()) {

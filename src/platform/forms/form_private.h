@@ -62,7 +62,7 @@ class Form::Private {
   bool enterPressed(QWidget* control, QKeyEvent* event);
   bool characterTyped(QWidget* watched, QKeyEvent* event);
   bool resultKeyPressed(QWidget* watched, const QKeyEvent* event);
-  bool pasteLines(QLineEdit* box);
+  bool pasteLines(QWidget* control);
   bool pasteMenu(QLineEdit* box, const QContextMenuEvent* event);
 
   // form_focus.cpp
@@ -98,7 +98,7 @@ class Form::Private {
   QSet<QWidget*> enterMoves;
   QSet<QWidget*> selects;
   std::vector<Search> searches;
-  QHash<QLineEdit*, std::function<void(const QStringList&)>> lineTakers;
+  QHash<QWidget*, std::function<void(const QStringList&)>> lineTakers, tableTakers;
   std::vector<OverFrame> overFrames;
   std::function<void()> fit;  ///< to the size of the text
 
