@@ -35,7 +35,8 @@ TEST_F(WebPaneTest, ShowsTypedLinesAsLinesAndBreaksAWordOfSeventyLetters) {
   pane_.navigate(
       page(u"<table width=200><tr><td>50% de sinal\r\n\r\n50% na entrega\r\n</td></tr>\r\n<tr><td>\r\n"
            "      uma linha\r\n      só</td></tr><tr><td>%1</td></tr></table>"_s.arg(word)));
-  EXPECT_EQ(pane_.pageText().trimmed(), u"50% de sinal\n\n50% na entrega\numa linha só\n"_s + word);
+  EXPECT_EQ(pane_.pageText().trimmed().replace(u" \n"_s, u"\n"_s),
+            u"50% de sinal\n\n50% na entrega\numa linha só\n"_s + word);
   EXPECT_LT(pane_.findChild<QGraphicsView*>()->sceneRect().width(), 820);
   pane_.findChild<QGraphicsView*>()->setFocus();
   EXPECT_TRUE(pane_.find(u"linha"_s));
