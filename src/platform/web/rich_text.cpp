@@ -97,6 +97,14 @@ class Writer {
                        [this](int child) { return isEmpty(node(child)); });
   }
 
+  /// Codes and numbers stand in one line, though the toolkit would break them at some signs.
+  [[nodiscard]] bool isWord(const HtmlNode& one) const {
+    const QString text = one.text.trimmed();
+    return one.tag != u"table" && text.size() <= kLongestWord &&
+           std::ranges::none_of(text, [](QChar sign) { return sign.isSpace(); }) &&
+           std::ranges::all_of(one.children, [this](int child) { return isWord(node(child)); });
+  }
+
   [[nodiscard]] bool holdsPicture(const HtmlNode& one) const {
     return one.tag == u"img" ||
            std::ranges::any_of(one.children, [this](int child) { return holdsPicture(node(child)); });
@@ -218,6 +226,8 @@ class Writer {
     if (sum > (open ? 99 : 101)) return {};
     const Length width = lengthOf(table.attribute(u"width"));
     if (width.value == 0 || width.percent || columns.empty()) return columns;
+    // A picture beside that many columns needs more than its hundreds.
+    if (sum > 99 && columns.size() > 5 && holdsPicture(table)) return {};
     if (!open) *std::ranges::max_element(columns, {}, &Length::value) = {};
     for (Length& one : columns)
       if (one.percent) one = {one.value * width.value / 100, false};
@@ -231,6 +241,7 @@ class Writer {
   void writeRow(const HtmlNode& row, Around around) {
     around.align = row.attribute(u"align");
     around.fontSize = fontSizeOf(row, around.fontSize);
+    around.height = std::max(around.height, lengthOf(row.attribute(u"height")).value);
     out_ += u"<tr"_s;
     if (row.has(u"bgcolor")) out_ += u" bgcolor="_s + quoted(row.attribute(u"bgcolor"));
     out_ += u'>';
@@ -266,6 +277,7 @@ class Writer {
     if (tree_.standardLines) style += u";line-height:"_s + number(line) + u"px"_s;
     if (height > line && !isEmpty(cell))
       style += u";padding-top:%1px;padding-bottom:%1px"_s.arg(number((height - line) / 2));
+    if (isWord(cell)) style += u";white-space:nowrap"_s;
     out_ += u" style="_s + quoted(style) + u'>';
     if (isEmpty(cell))
       writeGap(height);
