@@ -28,5 +28,6 @@ int main(int argc, char** argv) {
     qputenv("ZARIM_DRIVE_C", drive.toUtf8());
     if (arguments.isEmpty()) arguments << u"7^0^PRD^"_s;
   }
+  if (arguments.isEmpty()) arguments << u"--menu"_s;  // says that the ERP's menu opens the program
   return QProcess::startDetached(here + u"/zarim.exe"_s, arguments) ? 0 : 1;
 }
