@@ -1,15 +1,16 @@
 #!/usr/bin/env bash
 # Makes the program for Windows on Debian 12: installs what is missing, builds the libraries once from Debian's source
 # packages (kept in build/windows), cross-builds the program, the sample installer, the roads' program and the tests, and
-# packs them. The first run takes about an hour of one core, later ones a minute or two.
+# packs them. The first run builds Qt, which takes long.
 #   packaging/windows/build.sh      writes build/windows/zarim-VERSION-setup.exe and zarim-VERSION-windows.zip
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 . setup/common.sh
 
-work=$PWD/build/windows here=$PWD/packaging/windows log=$PWD/.run/log/windows.log
+mkdir -p build/windows/{sources,apt/lists/partial,apt/cache}
+# Where the folder is a link to another place the toolkit's tools want that place.
+work=$(cd build/windows && pwd -P) here=$PWD/packaging/windows log=$PWD/.run/log/windows.log
 cross=x86_64-w64-mingw32
-mkdir -p "$work"/{sources,apt/lists/partial,apt/cache}
 : >"$log"
 step() { printf '%4s s  %s\n' "$SECONDS" "$1"; }
 quietly() { "$@" >>"$log" 2>&1 </dev/null || { tail -n 20 "$log" >&2; fail "Failed: $1; all of it in $log."; }; }
@@ -82,7 +83,7 @@ sqlite_library() {
   quietly "$cross-ar" rcs "$work/root/lib/libsqlite3.a" "$work/src-sqlite/sqlite3.obj"
 }
 
-step "Qt (some fifty minutes of one core, once)"
+step "Qt, once (some 1,200 sources)"
 qt
 step "libcurl, SQLite, GoogleTest"
 curl_library

@@ -7,7 +7,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 . setup/common.sh
 
 install_packages setup/packages.txt setup/windows_packages.txt
-windows=$PWD/build/windows zarim=$PWD/build/windows/zarim work=$PWD/build/windows/proof
+windows=$(cd build/windows && pwd -P)
+zarim=$windows/zarim work=$windows/proof
 setup=$(ls "$windows"/zarim-*-setup.exe 2>/dev/null | tail -n 1)
 [ -n "$setup" ] || fail "Build first: packaging/windows/build.sh"
 build release zarim zarim_install zarim_road zarim_testserver zarim_fill

@@ -2,6 +2,7 @@
 ; is installed), OUTPUT, ICON and REMOVAL, the list of
 ; what the uninstaller takes away.
 Unicode true
+Target amd64-unicode
 SetCompressor /SOLID lzma
 Name "Zarim ${VERSION}"
 OutFile "${OUTPUT}"
