@@ -30,7 +30,7 @@ class Engine {
 //
 // | the server                                            | the embedded file                                          |
 // |-------------------------------------------------------|------------------------------------------------------------|
-// | `select @@identity as 'Name'`                         | answered by the engine, where it is the whole statement    |
+// | `select @@identity as 'Name'`                         | the library's function stands in its place                 |
 // | `delete TABLE where …` without FROM                   | FROM is put in before the statement runs                   |
 // | = and ORDER BY without regard to case                 | collation ZARIM on every text column; letters with accents |
 // | and, for =, to trailing blanks                        | too, they sort after the same letter without one           |
