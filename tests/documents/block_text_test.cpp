@@ -1,4 +1,4 @@
-// What the blocks of the other models say, in order, as the browser engine shows it.
+// What the blocks of the other models say, in order, as the pane shows it.
 #include "platform/files/contents.h"
 #include "platform/web/web_pane.h"
 #include "quote_rows.h"

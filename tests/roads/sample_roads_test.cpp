@@ -13,7 +13,7 @@ using sqlserver::TdsServer;
 
 namespace {
 
-constexpr int kPatience = 300'000;  // milliseconds: the browser engine starts slowly on a busy machine
+constexpr int kPatience = 300'000;  // milliseconds, on a busy machine
 
 /// A road, and whether the sample company's rows are on the server.
 using Walk = std::pair<std::string, bool>;

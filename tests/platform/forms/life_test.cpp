@@ -50,7 +50,7 @@ TEST_F(Life, EscAndXCloseUnlessTheCloseEntryIsGone) {
   open(script, [this](frmOther& other) {
     sample.close();  // as a desktop may ask of a window under another one
     EXPECT_TRUE(sample.isLoaded());
-    // The browser engine makes its window again.
+    // What is shown inside can make the window again.
     other.windowHandle()->setModality(Qt::NonModal);
     QEvent anew(QEvent::WinIdChange);
     QCoreApplication::sendEvent(&other, &anew);
