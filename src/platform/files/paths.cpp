@@ -5,8 +5,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <algorithm>
 
 #include "platform/files/drives.h"
+#include "platform/files/profile.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -81,6 +83,19 @@ bool hasDrive(const QString& path) {
          ((path[0] >= u'a' && path[0] <= u'z') || (path[0] >= u'A' && path[0] <= u'Z'));
 }
 
+/// Whether a path already is one of this machine where these begin with a drive's letter themselves: in the
+/// folder that stands for a drive, or among what the program keeps of its user's.
+bool isPlaced(const QString& path, const QString& root) {
+  if (!hasDrive(root)) return false;
+  const auto plain = [](const QString& text) { return QDir::cleanPath(QDir::fromNativeSeparators(text)); };
+  const QString asked = plain(path);
+  const QStringList folders{plain(root), plain(profileFolder())};
+  return std::ranges::any_of(folders, [&asked](const QString& folder) {
+    return asked.compare(folder, Qt::CaseInsensitive) == 0 ||
+           asked.startsWith(folder + u'/', Qt::CaseInsensitive);
+  });
+}
+
 /// Where a path is on this machine.
 struct Place {
   QString path;
@@ -91,7 +106,7 @@ Place placeOf(const QString& path) {
   if (path.contains(QChar(u'\0'))) values::raise(values::kBadFileName);
   if (!hasDrive(path)) return {path};
   const QString root = driveFolder(path[0]);
-  if (root.isEmpty()) return {path};
+  if (root.isEmpty() || isPlaced(path, root)) return {path};
   const QStringList parts = partsBelowDrive(path);
   const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
   const QString found = QFileInfo::exists(asked) ? asked : descend(root, parts);
