@@ -244,7 +244,7 @@ TEST(Fields, PegaCampo) {
 
 // Any bytes in the three files: a box and an end, silence, or a connection, never a crash.
 TEST_F(Configuration, AnyBytes) {
-  constexpr char kLetters[] = "^^^^^(embutido) ;=\\:c\r\t.0\0\xE7\xC3\xA7";
+  constexpr char kLetters[] = "^^^^^(embutido) ;=\\:c\r\n\t.0\0\xE7\xC3\xA7";
   QRandomGenerator random(3);
   forms::setBoxAnswerer([](const forms::Box&) { return forms::Answer::Ok; });
   forms::setEnd([](int) {});
