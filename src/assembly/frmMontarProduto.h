@@ -46,8 +46,10 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
 
   /// Why the assembly takes no such article, in two lines; empty where it does (including_item.cpp).
   [[nodiscard]] QString recusaDoArtigo(QStringView tipo, QStringView codigo) const;
-  /// Makes an article a line: its value times the factor, its total, its place among the classes.
+  /// Makes an article a line: its value times the factor, its total.
   void incluiArtigo(forms::GridRow artigo, std::optional<double> fator);
+  /// After lines came in: the order of their classes, and their sum.
+  void arrumaLinhas();
 
   /// Adds the lines up into lblTotalUnitarioProduto (line_editing.cpp).
   void RecalculaTotalProduto();

@@ -38,7 +38,10 @@ void frmMontarProduto::incluiArtigo(forms::GridRow artigo, std::optional<double>
   auto& grade = Flex->grid();
   grade.addRow(std::move(artigo));
   marcaLinha(grade.rows() - 1);
-  grade.sortAscending(Column::Ordem);
+}
+
+void frmMontarProduto::arrumaLinhas() {
+  Flex->grid().sortAscending(Column::Ordem);
   RecalculaTotalProduto();
 }
 
@@ -83,6 +86,7 @@ void frmConfirmaItem::cmdConfirmar_Click() {
                          {Column::Observacao, apara(txtObservacoes->text())},
                          {Column::Ordem, lblOrdem->text()}},
                         opShowRoom->isChecked() ? std::optional(fatorShowRoom()) : std::nullopt);
+  montagem.arrumaLinhas();
   for (auto* rotulo :
        {lblId, lblCod, lblDesc, lblUnidadeMedida, lblQtUnidadeMedida, lblValor, lblTipo, lblOrdem})
     rotulo->clear();

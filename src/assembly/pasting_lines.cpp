@@ -115,6 +115,7 @@ void frmMontarProduto::colaLinhas(const QStringList& coladas) {
                   {Column::Ordem, ordemDoTipo(tipo)}},
                  fator);
   }
+  arrumaLinhas();
   if (recusadas.isEmpty()) return;
   constexpr qsizetype kMaximo = 15;
   const qsizetype resto = recusadas.size() - kMaximo;

@@ -1,3 +1,6 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QTest>
 #include <algorithm>
 #include <functional>
 
@@ -100,6 +103,20 @@ std::vector<Action> actions() {
          auto& assembly = forms::form<frmMontarProduto>();
          assembly.cmdPesquisar->click();
          return seen(assembly.Flex1->grid());
+       }},
+      {"PastedRows", 8,
+       [](int count) {
+         return bench::articleRows(count)
+                << u"UPDATE prod SET prod_mate_prim = 'M', tipo_mate_prima = 'CARD' WHERE idprod > 10000"_s;
+       },
+       [](auto&) { forms::form<frmMontarProduto>().show(); },
+       [](auto&) {
+         auto& assembly = forms::form<frmMontarProduto>();
+         QStringList rows;
+         for (int i = 1; i <= 10; ++i) rows << u"art-%1\t2"_s.arg(i, 5, 10, QLatin1Char('0'));
+         QApplication::clipboard()->setText(rows.join(u'\n'));
+         QTest::keyClick(assembly.txtCOD, Qt::Key_V, Qt::ControlModifier);
+         return seen(assembly.Flex->grid());
        }},
       {"QuoteSearch", 6, [](int count) { return bench::quoteHeaders(100, count); },
        openSearch<frmBROWSE_PropCmrc>, found<frmBROWSE_PropCmrc>},
