@@ -168,6 +168,7 @@ void frmPropCmrcTL::LimitaCampos() {
   limita(txtCodProduto, 15);
   limita(txtObseDetaItem, 50);
   limitaPelaColuna(txtNomeHomg, u"nome_homg");
+  ajustaObserva();  // a remark with a limit has a margin of its own
 }
 
 void frmPropCmrcTL::MontaGridItens() { Flex->grid().layOut(grades::item::kLayout); }
