@@ -217,7 +217,7 @@ void frmPropCmrcTL::ajustaMedidas() {
   txtNumePess->setMaximumWidth(letra * 10);
   for (forms::Combo* combo :
        {cboVendedor, cboRespAtendimento, cboLocalVenda, cboTipoMktg, cboTipoEven, cboTipoServ})
-    combo->setMinimumContentsLength(estreita ? 5 : 8);
+    combo->setMinimumWidth(estreita ? letra * 11 : 0);
 
   QFont fixa = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   fixa.setPointSizeF(font().pointSizeF());
