@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/data/embedded_dialect.h"
 #include "platform/data/embedded_library.h"
 
 using namespace Qt::StringLiterals;

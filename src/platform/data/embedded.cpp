@@ -2,7 +2,6 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/data/embedded_dialect.h"
 #include "platform/data/embedded_library.h"
 #include "platform/data/embedded_text.h"
 #include "platform/data/engine.h"

@@ -4,12 +4,12 @@
 #include <QSqlField>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QStringList>
 #include <algorithm>
 #include <atomic>
 #include <utility>
 
 #include "platform/data/engine.h"
-#include "platform/data/odbc_batch.h"
 #include "platform/data/odbc_fields.h"
 #include "platform/data/odbc_string.h"
 #include "platform/data/server_trust.h"
@@ -53,6 +53,37 @@ QList<int> columnLengths(const QSqlRecord& record) {
     lengths.append(limited ? qMax(0, field.length()) : 0);
   }
   return lengths;
+}
+
+/// How many statements from the first on can go in one request: a statement that could swallow or spoil those
+/// around it, by a quote without its pair, goes alone, so that it fails as it would by itself.
+std::size_t togetherInOneRequest(std::span<const ReadStatement> statements) {
+  const auto alone = std::ranges::find_if_not(statements, &ReadStatement::mayTravel);
+  return std::max<std::size_t>(static_cast<std::size_t>(alone - statements.begin()), 1);
+}
+
+/// The text of the request, one statement a line. Statements of which only the first row is wanted stand
+/// between limits; whole results, and statements that go alone, stand outside them. liftsLimit: a limit may
+/// have been left by a request that failed, and goes first.
+QString requestText(std::span<const ReadStatement> statements, bool liftsLimit) {
+  static const QString kLimit = u"SET ROWCOUNT 1"_s;
+  static const QString kNoLimit = u"SET ROWCOUNT 0"_s;
+  QStringList lines;
+  if (liftsLimit) lines << kNoLimit;
+  // A server can be set up to leave the counts out, by which the results are distinguished.
+  if (statements.size() > 1 && !std::ranges::all_of(statements, &ReadStatement::isSelect))
+    lines << u"SET NOCOUNT OFF"_s;
+  bool limited = false;
+  for (const ReadStatement& statement : statements) {
+    const bool first = statement.given.rows == Rows::First && statement.mayTravel();
+    if (first != limited) {
+      limited = first;
+      lines << (limited ? kLimit : kNoLimit);
+    }
+    lines << statement.given.sql;
+  }
+  if (limited) lines << kNoLimit;
+  return lines.join(u'\n');
 }
 
 class OdbcEngine final : public Engine {
