@@ -64,7 +64,7 @@ void Questions::failAll(const std::exception_ptr& error) {
 void Questions::end() {
   failAll(std::make_exception_ptr(
       values::RuntimeError(values::kClosedObject, values::standardText(values::kClosedObject))));
-  while (!answered_.empty()) step();
+  while (!answered_.empty()) step();  // who asks again then is refused at once
   walk_.reset();
 }
 
