@@ -4,7 +4,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QTemporaryDir>
-#include <functional>
 
 #include "platform/data/engine.h"
 #include "platform/files/contents.h"
@@ -155,7 +154,10 @@ void install(const QString& folder, const Wishes& wishes, bool fresh) {
   removeMarked(old);
   files::write(company + u"/config/"_s + QString::fromUtf16(kMarcaDaAmostra),
                (kAboutMark + u"\r\n"_s + made.join(u"\r\n"_s) + u"\r\n"_s).toUtf8());
-  std::ranges::sort(made, std::greater());  // the configuration last: it says that the company is whole
+  // Last comes the file that says that the company is whole.
+  const QString last = u"config/server_aplic.ini"_s;
+  made.removeOne(last);
+  made.append(last);
   for (const QString& name : std::as_const(made))
     if (!QFile::rename(aside.filePath(name), company + u'/' + name))
       values::raise(values::kPathFileAccess, company + u'/' + name);
