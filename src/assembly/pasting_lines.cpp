@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <vector>
@@ -42,10 +43,13 @@ std::optional<std::array<qsizetype, 3>> lugaresPelosTitulos(const QStringList& c
 }
 
 std::vector<Colada> leColadas(const QStringList& linhas) {
-  const auto titulos = lugaresPelosTitulos(linhas.value(0).split(u'\t'));
+  const auto vazia = [](const QString& linha) { return linha.trimmed().isEmpty(); };
+  const qsizetype primeira = std::find_if_not(linhas.begin(), linhas.end(), vazia) - linhas.begin();
+  const auto titulos = lugaresPelosTitulos(linhas.value(primeira).split(u'\t'));
   const auto lugares = titulos.value_or(std::array<qsizetype, 3>{0, 1, 2});
   std::vector<Colada> coladas;
-  for (qsizetype i = titulos ? 1 : 0; i < linhas.size(); ++i) {
+  for (qsizetype i = titulos ? primeira + 1 : primeira; i < linhas.size(); ++i) {
+    if (vazia(linhas[i])) continue;
     const QStringList celulas = linhas[i].split(u'\t');
     const auto celula = [&](int coluna) {
       return apara(celulas.value(lugares.at(static_cast<std::size_t>(coluna))));

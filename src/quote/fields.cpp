@@ -112,7 +112,8 @@ void frmPropCmrcTL::txtCodigo_LostFocus() { txtCodigo->setText(apara(txtCodigo->
 void frmPropCmrcTL::cboCliente_DropDown() { CarregaClientes(*this, cboCliente->text()); }
 
 void frmPropCmrcTL::cboCliente_LostFocus() {
-  if (cboCliente->isLocked() || cboCliente->text().isEmpty()) return;
+  if (cboCliente->isLocked()) return;
+  if (cboCliente->text().isEmpty()) return mostraAnteriores({});
   const forms::WaitPointer espera;
   const QString id = waitFor(IdClientePorNome(cboCliente->text()));
   if (id.isEmpty()) mostraAnteriores({});

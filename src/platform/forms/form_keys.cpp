@@ -49,6 +49,7 @@ bool Form::Private::pasteLines(QWidget* control) {
   if (box != nullptr && box->isReadOnly()) return false;
   QString text = QApplication::clipboard()->text();
   auto handler = text.contains(QLatin1Char('\t')) ? tableTakers.value(control) : nullptr;
+  const bool rows = static_cast<bool>(handler);
   if (!handler && box != nullptr && lineTakers.contains(control)) {
     const QString pasted = text;
     text = box->text();
@@ -58,7 +59,8 @@ bool Form::Private::pasteLines(QWidget* control) {
   }
   if (!handler) return false;
   QStringList lines = values::withPlainLineEnds(text).split(QLatin1Char('\n'));
-  lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
+  // Rows keep their number, so blank ones stay.
+  if (!rows) lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
   handle([&] { handler(lines); }, name() + u'.' + control->objectName() + QStringLiteral("_Paste"));
   return true;
 }
