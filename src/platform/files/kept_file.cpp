@@ -77,13 +77,17 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   /// What the file shall hold from here on; nothing where there shall be none.
   void want(std::optional<QByteArray> content) {
     const std::lock_guard guard(mutex_);
-    const bool queued = std::exchange(wanted_, std::move(content)).has_value();
-    if (queued) return;
-    jobs_.emplace_back([this] { update(); });
+    if (wanted_) {
+      *wanted_ = std::move(content);
+      return;
+    }
+    wanted_ = std::make_shared<Wanted>(std::move(content));
+    jobs_.emplace_back([this, wanted = wanted_] { update(wanted); });
     changed_.notify_all();
   }
   void post(std::function<void()> job) {
     const std::lock_guard guard(mutex_);
+    wanted_.reset();  // what is wanted after this job may be wanted of another file
     jobs_.push_back(std::move(job));
     changed_.notify_all();
   }
@@ -104,8 +108,10 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   }
 
  private:
+  using Wanted = std::optional<QByteArray>;
+
   void run();
-  void update();
+  void update(const std::shared_ptr<Wanted>& wanted);
   [[nodiscard]] bool write(const QByteArray& content);
   [[nodiscard]] bool remove();
   bool makeOwn();
@@ -115,7 +121,7 @@ class KeptFile::Keeper : public std::enable_shared_from_this<Keeper> {
   std::mutex mutex_;
   std::condition_variable changed_;
   std::deque<std::function<void()>> jobs_;
-  std::optional<std::optional<QByteArray>> wanted_;
+  std::shared_ptr<Wanted> wanted_;  ///< of the last job, while it waits
   bool busy_ = false;
   bool last_ = false;
   bool ended_ = false;  ///< the lock is free again
@@ -165,11 +171,10 @@ bool KeptFile::Keeper::makeOwn() {
   return lock_ != nullptr;
 }
 
-void KeptFile::Keeper::update() {
-  std::optional<std::optional<QByteArray>> wanted;
+void KeptFile::Keeper::update(const std::shared_ptr<Wanted>& wanted) {
   {
     const std::lock_guard guard(mutex_);
-    wanted = std::exchange(wanted_, std::nullopt);
+    if (wanted_ == wanted) wanted_.reset();
   }
   const bool good = wanted->has_value() ? write(**wanted) : remove();
   reported_ = !good;
