@@ -222,6 +222,8 @@ const QString* intocado(std::span<const Original> originais, QStringView coluna,
   const auto mostra = [&](const Original& um) { return texto(daColuna(um.coluna), tela) == um.texto; };
   const auto desta = std::ranges::find(originais, coluna, &Original::coluna);
   if (desta == originais.end() || !mostra(*desta)) return nullptr;
+  // Who was no entry of a list may be one by now.
+  if (coluna == daColuna(coluna).busca.coluna && leNumero(desta->valor) == 0) return nullptr;
   // A contact is known by its customer too.
   const auto cliente = std::ranges::find(originais, QStringView(u"nome_clie"), &Original::coluna);
   const bool doContato = coluna == u"idclie_cont";

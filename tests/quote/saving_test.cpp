@@ -99,6 +99,9 @@ TEST_F(Saving, WhatAnAlterationDidNotTouchGoesBackAsItWasLoaded) {
   EXPECT_EQ(alter(screen->txtNumePess, u"12"_s), u"12|5|77|CASA ANTIGA|22|"_s + phone);
   // A contact is one of its customer's.
   EXPECT_EQ(alter(screen->cboCliente, u"Ninguém"_s), u"12|5|0|NINGUÉM|0|"_s + phone);
+  // One who is registered by now is found.
+  sql(u"UPDATE prop_cmrc SET nome_clie='CLARA FESTAS LTDA'"_s);
+  EXPECT_EQ(alter(screen->txtDesc, u"Mais uma"_s), u"12|5|5|CLARA FESTAS LTDA|22|"_s + phone);
 }
 
 TEST_F(Saving, AnAlteredQuoteRewritesItsRowsAndKeepsTheCaseOfRemarks) {
