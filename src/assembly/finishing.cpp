@@ -77,10 +77,10 @@ QString frmMontarProduto::observacaoDoItem() {
   const QString doItem = apara(txtObservacoes->text());
   const QString antes = apara(txtObservacoesSombra->text());
   if (doItem != antes && !mudouLinha) {
-    grade.setText(produto, Column::Observacao, apara(doItem.left(maximoDaObservacao())));
+    grade.setText(produto, Column::Observacao, apara(corta(doItem, maximoDaObservacao())));
     return doItem;
   }
-  return daLinha.isEmpty() || daLinha == apara(antes.left(maximoDaObservacao())) ? antes : daLinha;
+  return daLinha.isEmpty() || daLinha == apara(corta(antes, maximoDaObservacao())) ? antes : daLinha;
 }
 
 /// Whether what was opened is the line that left the quote: after a removal its number can name the materials

@@ -104,7 +104,7 @@ void frmMontarProduto::colaLinhas(const QStringList& coladas) {
       continue;
     }
     const bool produto = tipo == kTipoProduto;
-    const QString observacao = linha.observacao.left(maximoDaObservacao());
+    const QString observacao = corta(linha.observacao, maximoDaObservacao());
     // That of the product is the item's.
     if (produto && txtObservacoes->text().isEmpty()) txtObservacoes->setText(observacao);
     incluiArtigo({{Column::Id, artigo.text(Id)},
