@@ -27,7 +27,7 @@ if [ "$status" != 0 ]; then
 fi
 
 # A program that wrote no result has crashed: it counts as one failure.
-programs=$(ctest --test-dir "build/$preset" -N | grep -c 'Test *#')
+programs=$(ctest --test-dir "build/$preset" -N | grep -c 'Test *#.*: test_')
 reports=$(ls "$results" | wc -l)
 cat "$results"/*.xml | awk -v crashed=$((programs - reports)) '
   /<testsuites / { match($0, /tests="[0-9]+"/); tests += substr($0, RSTART + 7, RLENGTH - 8)

@@ -230,12 +230,17 @@ void frmBROWSE_PropCmrc::pintaValidades() {
   if (!chkVisualiza->isChecked()) return;
   auto& grade = Flex->grid();
   const QDate hoje = values::today();
+  const QColor vencido = forms::toColor(kVencido), vence = forms::toColor(kVence);
+  std::vector<std::pair<int, QColor>> cores;
   for (int linha = 1; linha < grade.rows(); ++linha) {
-    const Prazo prazo = prazoDaValidade(grade.text(linha, DtValidade), hoje);
-    if (prazo.estado == Prazo::SemPressa || !grade.text(linha, DtFechamento).isEmpty()) continue;
-    grade.setCellBackColor(linha, DtValidade,
-                           forms::toColor(prazo.estado == Prazo::Vencido ? kVencido : kVence));
+    const QString validade = grade.text(linha, DtValidade);
+    if (validade.isEmpty() || !grade.text(linha, DtFechamento).isEmpty()) continue;
+    const QStringView texto(validade);
+    const QDate dia(texto.mid(6).toInt(), texto.mid(3, 2).toInt(), texto.left(2).toInt());
+    const Prazo::Estado estado = estadoDaValidade(dia, hoje);
+    if (estado != Prazo::SemPressa) cores.emplace_back(linha, estado == Prazo::Vencido ? vencido : vence);
   }
+  grade.setBackColors(DtValidade, cores);
 }
 
 void frmBROWSE_PropCmrc::cmdExportar_Click() {

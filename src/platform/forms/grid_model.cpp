@@ -175,6 +175,13 @@ void GridModel::setCellBackColor(int row, int column, QColor color) {
   cellChanged(row, column);
 }
 
+void GridModel::setBackColors(int column, const std::vector<std::pair<int, QColor>>& rows) {
+  if (rows.empty()) return;
+  for (const auto& [row, color] : rows)
+    if (has(row, column)) rows_[row].formats[column].back = color;
+  Q_EMIT dataChanged(index(0, column), index(this->rows() - 2, column));
+}
+
 void GridModel::setCellAlignment(int row, int column, Qt::Alignment alignment) {
   if (!has(row, column)) return;
   rows_[row].formats[column].align = alignment;

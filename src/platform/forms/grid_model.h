@@ -81,6 +81,8 @@ class GridModel : public QAbstractTableModel {
   void setTopRow(int row);
 
   void setCellBackColor(int row, int column, QColor color);
+  /// Of many rows, which a visible grid takes as one change.
+  void setBackColors(int column, const std::vector<std::pair<int, QColor>>& rows);
   void setCellAlignment(int row, int column, Qt::Alignment alignment);
   [[nodiscard]] QColor cellBackColor(int row, int column) const;
   [[nodiscard]] Qt::Alignment cellAlignment(int row, int column) const;
