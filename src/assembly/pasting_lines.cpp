@@ -88,6 +88,7 @@ void frmMontarProduto::colaLinhas(const QStringList& coladas) {
   const forms::WaitPointer espera;
   const std::vector<Colada> linhas = leColadas(coladas);
   std::vector<Asked<Achado>> pedidos;
+  pedidos.reserve(linhas.size());
   for (const Colada& linha : linhas) pedidos.push_back(acha(linha.codigo));
   std::optional<double> fator;
   if (!forms::form<frmPropCmrcTL>().opPV->isChecked()) fator = fatorShowRoom();

@@ -108,7 +108,7 @@ qsizetype Recordset::place(QStringView field) const {
     if (column == width) column = 0;
     if (!sameName(field, names[column])) continue;
     lastColumn_ = column;
-    return static_cast<qsizetype>(row_ * width + column);
+    return static_cast<qsizetype>(row_) * static_cast<qsizetype>(width) + static_cast<qsizetype>(column);
   }
   values::raise(values::kUnknownField, field.toString());
 }

@@ -18,7 +18,7 @@ void Form::resultsUnder(std::initializer_list<QWidget*> above, std::function<Fle
 }
 
 void Form::onLinesPasted(QLineEdit* box, std::function<void(const QStringList&)> handler) {
-  d_->lineTakers.insert(box, std::move(handler));
+  d_->lineTakers[box] = std::move(handler);
 }
 
 void Form::onTablePasted(std::initializer_list<QWidget*> controls,
