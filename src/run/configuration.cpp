@@ -30,6 +30,7 @@ QString linhaUnica(const QString& caminho) { return apara(files::readLines(camin
 void exigeDrive() {
   const QString pasta = files::driveFolder(u'c');
   if (pasta.isEmpty() || QFileInfo(pasta).isDir()) return;
+  forms::report(linhaDo({u"drive C"_s, pasta, u"não está acessível: monte o compartilhamento"_s}));
   forms::msgBox(
       {.text = u"A pasta que faz as vezes do drive C não está acessível:\r\r"_s + pasta +
                u"\r\rO compartilhamento pode não estar montado. Contate o Administrador do Sistema!"_s,
