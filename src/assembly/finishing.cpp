@@ -74,13 +74,14 @@ QString frmMontarProduto::observacaoDoItem() {
   const QString daLinha = apara(grade.text(produto, Column::Observacao));
   const bool mudouLinha =
       !daLinha.isEmpty() && daLinha != apara(FlexSombra.text(linhaProduto(FlexSombra), Column::Observacao));
-  const QString doItem = apara(txtObservacoes->text());
-  const QString antes = apara(txtObservacoesSombra->text());
+  QString doItem = apara(txtObservacoes->text());
+  QString antes = apara(txtObservacoesSombra->text());
   if (doItem != antes && !mudouLinha) {
     grade.setText(produto, Column::Observacao, apara(corta(doItem, maximoDaObservacao())));
     return doItem;
   }
-  return daLinha.isEmpty() || daLinha == apara(corta(antes, maximoDaObservacao())) ? antes : daLinha;
+  const bool fica = daLinha.isEmpty() || daLinha == apara(corta(antes, maximoDaObservacao()));
+  return fica ? antes : daLinha;
 }
 
 /// Whether what was opened is the line that left the quote: after a removal its number can name the materials

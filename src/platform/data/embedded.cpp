@@ -99,6 +99,7 @@ Recordset EmbeddedEngine::runText(const QString& sql, Rows rows) const {
   int outcome = sqlite3_step(statement);  // which reads a changed table's columns anew
   const int width = sqlite3_column_count(statement);
   std::vector<Reading> readings;
+  readings.reserve(static_cast<std::size_t>(width));
   for (int column = 0; column < width; ++column)
     readings.push_back(declares(statement, column, "datetime") ? Reading::Date : Reading::Plain);
   const auto columns = columnsOf(statement, outcome == SQLITE_DONE);
