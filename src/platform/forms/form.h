@@ -94,8 +94,8 @@ class Form : public QDialog {
   /// A text of several lines that is pasted into a box of one line, with what the box holds around it: its
   /// lines, without blank ones. Locked boxes take none.
   void onLinesPasted(QLineEdit* box, std::function<void(const QStringList&)> handler);
-  /// The same for a text with tabs, as spreadsheets copy their rows, of one line too; what a box holds stays
-  /// as it is. Grids take it as well.
+  /// A text with tabs, as spreadsheets copy their rows, pasted into a box or a grid: all its lines, blank
+  /// ones too; what a box holds stays as it is.
   void onTablePasted(std::initializer_list<QWidget*> controls,
                      const std::function<void(const QStringList&)>& handler);
   /// The window's size and the widths of its grids' columns outlive the form (see measures.h). In the
