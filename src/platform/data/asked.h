@@ -26,9 +26,9 @@
 //     auto pedeCodigo = CodigoProduto(item.text(u"idprod"));    // both are asked here,
 //     auto pedeUnidade = UnidadeProduto(item.text(u"idprod"));  // before the first is waited for: one request
 //     const QString unidade = co_await pedeUnidade;
-//     const QString mascara = co_await mascaraUnidade(unidade);
+//     const QString casas = co_await CasasDecimaisUnidade(unidade);
 //     const QString codigo = co_await pedeCodigo;
-//     co_return linhaDoItem(item, codigo, mascara);
+//     co_return linhaDoItem(item, codigo, casas);
 //   }
 // clang-format on
 //
