@@ -32,10 +32,10 @@ std::vector<const schema::Column*> columnsOf(const Rows& rows) {
   std::vector<const schema::Column*> found;
   for (const QString& name : rows.columns) {
     const auto at = std::ranges::find_if(table->columns, [&](const schema::Column& column) {
-      return name.compare(QLatin1StringView(column.name), Qt::CaseInsensitive) == 0;
+      return name.compare(column.name, Qt::CaseInsensitive) == 0;
     });
     if (at == table->columns.end())
-      throw std::logic_error("no column " + name.toStdString() + " in " + table->name);
+      throw std::logic_error("no column " + name.toStdString() + " in " + table->name.toStdString());
     found.push_back(&*at);
   }
   return found;
@@ -50,7 +50,7 @@ void insert(data::Connection& connection, const Rows& rows, QDate day) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
       const QString& text = row.at(static_cast<qsizetype>(i));
       if (text.isEmpty()) continue;
-      names += QString::fromLatin1(columns[i]->name);
+      names += columns[i]->name;
       values += literal(*columns[i], text, day);
     }
     connection.execute(

@@ -19,7 +19,7 @@ namespace {
 QStringList tellingColumns(const schema::Table& table, const QStringList& given) {
   QStringList keys, numbers, texts;
   for (const schema::Column& column : table.columns) {
-    const QString name = QString::fromLatin1(column.name);
+    const QString& name = column.name;
     if (!given.contains(name)) continue;
     if (column.type == schema::Type::Key) keys += name;
     if (column.type == schema::Type::Integer) numbers += name;
@@ -31,7 +31,7 @@ QStringList tellingColumns(const schema::Table& table, const QStringList& given)
 
 bool holdsOnlySampleRows(const schema::Table& table, data::Recordset there) {
   if (!there.isOpen() || there.eof()) return true;
-  const QString name = QString::fromLatin1(table.name);
+  const QString& name = table.name;
   QStringList columns;
   std::set<QStringList> known;
   for (const Rows& rows : tables()) {
@@ -52,9 +52,9 @@ bool holdsOnlySampleRows(const schema::Table& table, data::Recordset there) {
 }
 
 /// A closed one where there is no such table.
-data::Recordset rowsOf(data::Connection& connection, const char* table) {
+data::Recordset rowsOf(data::Connection& connection, const QString& table) {
   try {
-    return connection.query(u"select * from "_s + QLatin1StringView(table));
+    return connection.query(u"select * from "_s + table);
   } catch (const values::RuntimeError& error) {
     if (error.number() != values::kStatementFailed) throw;
     return {};
@@ -63,18 +63,17 @@ data::Recordset rowsOf(data::Connection& connection, const char* table) {
 
 /// A table that holds other rows than the sample's; none where all are. Quotes are the program's own to
 /// write: they count as the sample's where its company is the one of the database.
-const char* foreignTable(data::Connection& connection) {
-  const auto company = rowsOf(connection, "empr");
+QString foreignTable(data::Connection& connection) {
+  const auto company = rowsOf(connection, u"empr"_s);
   const bool hasCompany = company.isOpen() && !company.eof();
   const auto quotes = schema::quoteTables();
   for (const schema::Table& table : schema::tables()) {
-    const bool ofQuotes = std::ranges::any_of(quotes, [&](const auto& one) {
-      return QLatin1StringView(one.name) == QLatin1StringView(table.name);
-    });
+    const bool ofQuotes =
+        std::ranges::any_of(quotes, [&](const auto& one) { return one.name == table.name; });
     if ((ofQuotes && hasCompany) || holdsOnlySampleRows(table, rowsOf(connection, table.name))) continue;
     return table.name;
   }
-  return nullptr;
+  return {};
 }
 
 [[noreturn]] void refuse(const QString& why) {
@@ -90,9 +89,8 @@ void fillServer(const QString& folder, const QString& database, const Wishes& wi
   if (contexto().NomeBanco != database)
     refuse(u"server.ini names the database \"%1\", not \"%2\"."_s.arg(contexto().NomeBanco, database));
   data::Connection& connection = contexto().Conexao;
-  if (const char* table = fresh ? foreignTable(connection) : nullptr)
-    refuse(u"The table %1 of \"%2\" holds rows that are not the sample's."_s.arg(QLatin1StringView(table),
-                                                                                 database));
+  if (const QString table = fresh ? foreignTable(connection) : QString(); !table.isEmpty())
+    refuse(u"The table %1 of \"%2\" holds rows that are not the sample's."_s.arg(table, database));
   if (fresh)
     for (const QString& statement : schema::dropStatements()) connection.execute(statement);
   fill(connection, schema::Dialect::SqlServer, wishes.day);

@@ -22,7 +22,7 @@ constexpr int kEspera = 15;  // seconds: who asks sits before the answer
 /// The words of a statement that fails; empty where it goes.
 QString recusa(const QString& sql) {
   try {
-    if (sql.startsWith("SELECT"_L1))
+    if (sql.startsWith(u"SELECT"_s))
       (void)contexto().Conexao.query(sql);
     else
       contexto().Conexao.execute(sql);
@@ -56,9 +56,9 @@ void olhaServidor(const Anota& anota) {
 void olhaTabelas(const Anota& anota) {
   if (!contexto().Conexao.isOpen()) return;
   for (const schema::Table& tabela : schema::tables()) {
-    const QString nome = QString::fromLatin1(tabela.name);
+    const QString& nome = tabela.name;
     QStringList colunas;
-    for (const schema::Column& coluna : tabela.columns) colunas += QString::fromLatin1(coluna.name);
+    for (const schema::Column& coluna : tabela.columns) colunas += coluna.name;
     const auto le = [&nome](const QString& o) {
       return recusa(u"SELECT %1 FROM %2 WHERE 1=0"_s.arg(o, nome));
     };
@@ -77,11 +77,10 @@ void olhaTabelas(const Anota& anota) {
 void olhaDireitos(const Anota& anota) {
   if (!contexto().Conexao.isOpen()) return;
   for (const schema::Right& direito : schema::rights()) {
-    const QString nome = QString::fromLatin1(direito.act);
-    if (nome == u"SELECT") continue;  // the tables' own looks have tried it
+    const auto& [acao, tabela] = direito;
+    if (acao == u"SELECT") continue;  // the tables' own looks have tried it
     const QString palavras = recusa(schema::probe(direito));
-    anota({nome + u" em "_s + QString::fromLatin1(direito.table),
-           palavras.isEmpty() ? u"permitido"_s : palavras,
+    anota({acao + u" em "_s + tabela, palavras.isEmpty() ? u"permitido"_s : palavras,
            palavras.isEmpty() ? QString() : u"dê ao usuário este direito"_s});
   }
 }
@@ -148,7 +147,7 @@ constexpr void (*kOlhares[])(const Anota&) = {olhaArquivos, olhaPastas,  olhaSer
 
 bool verificaInstalacao(const QString& ambiente, const Anota& anota) {
   reiniciaContexto();
-  contexto().Ambiente = ambiente.isEmpty() ? QString::fromUtf16(kAmbientes[0]) : ambiente;
+  contexto().Ambiente = ambiente.isEmpty() ? kAmbientes.front() : ambiente;
   bool tudoBem = true;
   const Anota conta = [&](const Achado& achado) {
     tudoBem = tudoBem && achado.conselho.isEmpty();

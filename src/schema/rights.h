@@ -8,8 +8,8 @@
 namespace schema {
 
 struct Right {
-  const char* act;  ///< "SELECT", "INSERT", "UPDATE" or "DELETE"
-  const char* table;
+  QString act;  ///< "SELECT", "INSERT", "UPDATE" or "DELETE"
+  QString table;
 };
 
 /// Reading of every table, then each kind of writing of those that are written.

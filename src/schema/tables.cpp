@@ -32,7 +32,7 @@ QString typeText(const Column& column, Dialect dialect) {
 
 /// The embedded file takes any text in any column unless a CHECK refuses it; its name is what the user reads.
 QString checkText(const Column& column) {
-  const QLatin1StringView name(column.name);
+  const QString& name = column.name;
   switch (column.type) {
     case Type::Integer:  // the trigger turns '' into 0
       return u" CONSTRAINT \"%1: número inválido\" CHECK(typeof(%1) IN ('integer','null') OR %1='')"_s.arg(
@@ -50,18 +50,16 @@ QString checkText(const Column& column) {
 QString createTable(const Table& table, Dialect dialect) {
   QStringList columns;
   for (const Column& column : table.columns)
-    columns += QLatin1StringView(column.name) + u' ' + typeText(column, dialect) +
+    columns += column.name + u' ' + typeText(column, dialect) +
                (dialect == Dialect::Embedded ? checkText(column) : QString());
-  return u"CREATE TABLE %1 (%2)"_s.arg(QLatin1StringView(table.name), columns.join(", "_L1));
+  return u"CREATE TABLE %1 (%2)"_s.arg(table.name, columns.join(u", "_s));
 }
 
 QStringList createIndexes(const Table& table) {
   QStringList statements;
   for (const Index& index : table.indexes) {
-    QStringList names;
-    for (const char* column : index.columns) names += QLatin1StringView(column);
     statements += u"CREATE INDEX ix_%1_%2 ON %1 (%3)"_s.arg(
-        QLatin1StringView(table.name), QString::number(statements.size() + 1), names.join(", "_L1));
+        table.name, QString::number(statements.size() + 1), index.columns.join(u", "_s));
   }
   return statements;
 }
@@ -71,9 +69,9 @@ QStringList createTriggers(const Table& table) {
   QStringList values, names, settings;
   for (const Column& column : table.columns) {
     if (column.type != Type::Integer) continue;
-    const QLatin1StringView name(column.name);
+    const QString& name = column.name;
     names += name;
-    values += "NEW."_L1 + name;
+    values += u"NEW."_s + name;
     settings += u"%1=CASE WHEN %1='' THEN 0 ELSE %1 END"_s.arg(name);
   }
   if (names.isEmpty()) return {};
@@ -81,9 +79,9 @@ QStringList createTriggers(const Table& table) {
       u"CREATE TRIGGER zero_%1_%2 AFTER %3 ON %1 WHEN '' IN (%4) BEGIN "
       "UPDATE %1 SET %5 WHERE rowid=NEW.rowid; END"_s;
   const auto trigger = [&](const QString& suffix, const QString& event) {
-    return text.arg(QLatin1StringView(table.name), suffix, event, values.join(u','), settings.join(u','));
+    return text.arg(table.name, suffix, event, values.join(u','), settings.join(u','));
   };
-  return {trigger(u"i"_s, u"INSERT"_s), trigger(u"u"_s, "UPDATE OF "_L1 + names.join(u','))};
+  return {trigger(u"i"_s, u"INSERT"_s), trigger(u"u"_s, u"UPDATE OF "_s + names.join(u','))};
 }
 
 }  // namespace
@@ -100,7 +98,7 @@ const std::vector<Table>& tables() {
 
 const Table* find(QStringView name) {
   for (const Table& table : tables())
-    if (name.compare(QLatin1StringView(table.name), Qt::CaseInsensitive) == 0) return &table;
+    if (name.compare(table.name, Qt::CaseInsensitive) == 0) return &table;
   return nullptr;
 }
 
@@ -119,8 +117,7 @@ QStringList createStatements(Dialect dialect) {
 
 QStringList dropStatements() {
   QStringList statements;
-  for (const Table& table : tables())
-    statements += "DROP TABLE IF EXISTS "_L1 + QLatin1StringView(table.name);
+  for (const Table& table : tables()) statements += u"DROP TABLE IF EXISTS "_s + table.name;
   return statements;
 }
 

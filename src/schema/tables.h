@@ -20,17 +20,17 @@ enum class Type {
 };
 
 struct Column {
-  const char* name;
+  QString name;
   Type type;
   int length = 0;
 };
 
 struct Index {
-  std::vector<const char*> columns;
+  QStringList columns;
 };
 
 struct Table {
-  const char* name;
+  QString name;
   std::vector<Column> columns;
   std::vector<Index> indexes = {};
 };

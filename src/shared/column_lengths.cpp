@@ -24,7 +24,7 @@ QHash<QString, int> tamanhosDoEsquema() {
   for (const QStringView tabela : kTabelas)
     for (const schema::Column& coluna : schema::find(tabela)->columns)
       if (coluna.type == schema::Type::Text || coluna.type == schema::Type::Memo)
-        tamanhos.insert(QString::fromLatin1(coluna.name).toUpper(), coluna.length);
+        tamanhos.insert(coluna.name.toUpper(), coluna.length);
   return tamanhos;
 }
 

@@ -62,7 +62,7 @@ TEST_F(Check, SaysThatAllIsWellAndWritesNothing) {
   EXPECT_EQ(faults(), QStringList());
   EXPECT_GT(said.size(), 60);
   EXPECT_TRUE(said.filter(u"servidor 127.0.0.1, banco zarim, usuário vendas, senha dada"_s).size() == 1);
-  EXPECT_FALSE(said.join(u' ').contains(QString::fromUtf16(TdsServer::Password)));
+  EXPECT_FALSE(said.join(u' ').contains(TdsServer::Password));
   writing.removeIf([](const QString& one) { return one == u"LOGIN" || one.startsWith(u"SET "_s); });
   EXPECT_EQ(writing, QStringList());
   EXPECT_TRUE(mail.messages().isEmpty());
@@ -70,7 +70,7 @@ TEST_F(Check, SaysThatAllIsWellAndWritesNothing) {
 
 TEST_F(Check, NamesEachRightThatIsTakenAway) {
   for (const schema::Right& right : schema::rights()) {
-    const QString act = QString::fromLatin1(right.act), table = QString::fromLatin1(right.table);
+    const auto& [act, table] = right;
     server.setFault([taken = act + u' ' + table](const QString& statement) {
       return TdsServer::rightOf(statement) == taken ? TdsServer::Act::Refuse : TdsServer::Act::Answer;
     });

@@ -70,8 +70,7 @@ class Server {
 /// other programs do.
 std::function<TdsServer::Act(const QString&)> refusalOfOtherRights(const std::string& road) {
   QStringList allowed;
-  for (const schema::Right& right : schema::rights())
-    allowed << QLatin1StringView(right.act) + u' ' + QLatin1StringView(right.table);
+  for (const schema::Right& right : schema::rights()) allowed << right.act + u' ' + right.table;
   QFile file(QStringLiteral(ZARIM_SOURCE_DIR "/sample/roads/") + QString::fromStdString(road) + u".road"_s);
   EXPECT_TRUE(file.open(QIODevice::ReadOnly));
   for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
@@ -114,8 +113,7 @@ TEST_P(SampleRoad, IsWalkedToItsEnd) {
     configuration.write(server->configurationLine().append(u"\r\n"_s).repeated(3).toUtf8());
     configuration.close();
     company[0] = u"--company"_s;
-    run(tools + u"zarim_fill"_s, company << u"--database"_s << QString::fromUtf16(server->Database),
-        environment);
+    run(tools + u"zarim_fill"_s, company << u"--database"_s << server->Database, environment);
     server->setFault(refusalOfOtherRights(road));
   }
   run(tools + u"zarim_road"_s,

@@ -217,10 +217,10 @@ void Session::rollBack(tds::Response& response, const QString& why) {
 
 /// How a column of a result travels: by the schema's column of that name, else by its first value.
 tds::Column wireColumn(const QString& name, const QString& sql, const data::Recordset& result) {
-  if (sql.contains("@@identity"_L1, Qt::CaseInsensitive)) return {name, tds::Type::Identity};
+  if (sql.contains(u"@@identity"_s, Qt::CaseInsensitive)) return {name, tds::Type::Identity};
   for (const schema::Table& table : schema::tables())
     for (const schema::Column& column : table.columns) {
-      if (name.compare(QLatin1StringView(column.name), Qt::CaseInsensitive) != 0) continue;
+      if (name.compare(column.name, Qt::CaseInsensitive) != 0) continue;
       if (column.type == schema::Type::Decimal) return {name, tds::Type::Decimal};
       if (column.type == schema::Type::DateTime) return {name, tds::Type::DateTime};
       if (column.type == schema::Type::Memo || column.type == schema::Type::Text)
@@ -245,7 +245,7 @@ QStringList embeddedStatements(const QString& sql, qint64 limit) {
   const schema::Table* table = create.hasMatch() ? schema::find(create.captured(1)) : nullptr;
   if (!table) return {sql};
   QStringList statements = schema::createStatements(*table, schema::Dialect::Embedded);
-  statements.removeIf([](const QString& one) { return one.startsWith("CREATE INDEX"_L1); });  // these come
+  statements.removeIf([](const QString& one) { return one.startsWith(u"CREATE INDEX"_s); });  // these come
   return statements;
 }
 
@@ -253,7 +253,7 @@ void Session::execute(const QString& sql, tds::Response& response, bool more, bo
   static const QRegularExpression kLimit(u"\\ASET ROWCOUNT (\\d+)"_s);
   using End = tds::Response::End;
   if (const auto limit = kLimit.match(sql); limit.hasMatch()) limit_ = limit.captured(1).toLongLong();
-  if (sql.startsWith("SET "_L1, Qt::CaseInsensitive)) return response.done(End::Plain, 0, more);
+  if (sql.startsWith(u"SET "_s, Qt::CaseInsensitive)) return response.done(End::Plain, 0, more);
   for (const QString& statement : embeddedStatements(sql, limit_)) {
     data::Recordset result = runEmbedded(statement);
     if (!result.isOpen()) continue;
@@ -347,12 +347,11 @@ QString TdsServer::databasePath() const { return folder_.filePath(u"servidor.db"
 
 QString TdsServer::connectionString(const QString& password) const {
   return u"driver={SQL Server};server=127.0.0.1;uid=%1;pwd=%2;database=%3;port=%4"_s.arg(
-      QStringView(User), password, QStringView(Database), QString::number(port_));
+      User, password, Database, QString::number(port_));
 }
 
 QString TdsServer::configurationLine() {
-  return u"127.0.0.1^%1^%2^%3^MS-SQL^^False^"_s.arg(QStringView(Database), QStringView(User),
-                                                    QStringView(Password));
+  return u"127.0.0.1^%1^%2^%3^MS-SQL^^False^"_s.arg(Database, User, Password);
 }
 
 QString TdsServer::rightOf(const QString& statement) {

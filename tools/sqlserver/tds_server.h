@@ -24,16 +24,16 @@ class TdsServer {
   /// its result.
   enum class Act { Answer, Refuse, Cut, CutInside, Silence, Another };
 
-  static constexpr char16_t User[] = u"vendas";
-  static constexpr char16_t Password[] = u"Segredo1";
-  static constexpr char16_t Database[] = u"zarim";
+  static inline const QString User = QStringLiteral("vendas");
+  static inline const QString Password = QStringLiteral("Segredo1");
+  static inline const QString Database = QStringLiteral("zarim");
 
   TdsServer();
   ~TdsServer();
 
   [[nodiscard]] quint16 port() const { return port_; }
   /// As the program builds it, with the port added.
-  [[nodiscard]] QString connectionString(const QString& password = QString::fromUtf16(Password)) const;
+  [[nodiscard]] QString connectionString(const QString& password = Password) const;
   /// The line of server.ini that leads here; the port goes by TDSPORT.
   [[nodiscard]] static QString configurationLine();
   [[nodiscard]] QString databasePath() const;
