@@ -11,12 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString linhaDeTexto(const QString& html, const char16_t* alinhamento) {
-  return u"    <tr><td width=100% align='"_s + QString::fromUtf16(alinhamento) +
-         u"' ><font face='Verdana' size='1'>"_s + html + u"</font></td></tr>"_s;
+QString linhaDeTexto(const QString& html, const QString& alinhamento) {
+  return u"    <tr><td width=100% align='"_s + alinhamento + u"' ><font face='Verdana' size='1'>"_s + html +
+         u"</font></td></tr>"_s;
 }
 
-QString montaTabela(const QStringList& linhas, const char16_t* alinhamento) {
+QString montaTabela(const QStringList& linhas, const QString& alinhamento) {
   QString texto = u"<table border='0' width='400'>"_s;
   for (const QString& linha : linhas) texto += linhaDeTexto(linha, alinhamento);
   return texto + u"</table>"_s;
@@ -24,8 +24,7 @@ QString montaTabela(const QStringList& linhas, const char16_t* alinhamento) {
 
 QString montaClausulas() {
   QString texto;
-  for (const char16_t* clausula : empresa::kClausulas)
-    texto += linhaDeTexto(QString::fromUtf16(clausula), kEsquerda);
+  for (const QString& clausula : empresa::kClausulas) texto += linhaDeTexto(clausula, kEsquerda);
   return texto;
 }
 
@@ -46,12 +45,12 @@ QString CondicoesOrcaHTML(const QString& id) {
   const QStringList pagamento{u"<b>Forma de Pagamento:</b>"_s,
                               html::escapado(waitFor(textoPagamento(documento().rsImpressao, id))),
                               u"&nbsp"_s,
-                              u"Validade da proposta:"_s + QString::fromUtf16(empresa::kValidade),
-                              u"Dados bancários:"_s + QString::fromUtf16(empresa::kBanco),
-                              u"Razão Social:"_s + QString::fromUtf16(empresa::kNome),
-                              QString::fromUtf16(empresa::kDepartamento)};
-  QStringList aprovacao{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s};
-  for (const char16_t* linha : empresa::kAssinatura) aprovacao << QString::fromUtf16(linha);
+                              u"Validade da proposta:"_s + empresa::kValidade,
+                              u"Dados bancários:"_s + empresa::kBanco,
+                              u"Razão Social:"_s + empresa::kNome,
+                              empresa::kDepartamento};
+  const QStringList aprovacao =
+      QStringList{u"Aprovação do Pedido"_s, u"Data  ____ /____ /________"_s} + empresa::kAssinatura;
   return u"<BR><table border='0' width='800' align='center'>"_s +
          linhaDeTexto(u"<b>Observações</b>"_s, kCentro) + montaClausulas() +
          u"</table><BR><!-- CondiÃ§Ãµes de pagamento -->"_s +

@@ -14,9 +14,9 @@ namespace empresa {
 Contatos contatos() {
   const QString arquivo = arquivoConfiguracao(u"casa.ini"_s);
   const QString linha = files::exists(arquivo) ? files::readLines(arquivo).value(0) : QString();
-  const auto campo = [&linha](int n, const char16_t* daCasa) {
+  const auto campo = [&linha](int n, const QString& daCasa) {
     const QString valor = apara(PegaCampo(linha, n));
-    return valor.isEmpty() || valor == u"." ? QString::fromUtf16(daCasa) : valor;
+    return valor.isEmpty() || valor == u"." ? daCasa : valor;
   };
   return {campo(1, kSite), campo(2, kEmail)};
 }

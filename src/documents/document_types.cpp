@@ -19,18 +19,18 @@ void montaOrcamento(qint32 id, const QString& caminho) {
   (daTelaDeOrcamento ? MontaOrcaGradeHTML : MontaOrcaHTML)(id, caminho);
 }
 
-constexpr std::array<TipoDeDocumento, 4> kTipos{{
-    {u"PEDIDO_VENDAS", MontaPedidoHTML, {u"pedido_cliente", u"pedido_empresa"}, u"Pedido"},
-    {u"ORCA_VENDAS", montaOrcamento, {u"orca_cliente", u"orca_empresa"}, u"Orçamento"},
-    {u"COTA_COMPRA", CotacaoCompraHTML, {u"cota_compra"}, u"Cotação de Compras"},
-    {u"ORDEM_COMPRA", OrdemCompraHTML, {u"ordem_compra"}, u"Ordem de Compras"},
+const std::array<TipoDeDocumento, 4> kTipos{{
+    {u"PEDIDO_VENDAS"_s, MontaPedidoHTML, {u"pedido_cliente"_s, u"pedido_empresa"_s}, u"Pedido"_s},
+    {u"ORCA_VENDAS"_s, montaOrcamento, {u"orca_cliente"_s, u"orca_empresa"_s}, u"Orçamento"_s},
+    {u"COTA_COMPRA"_s, CotacaoCompraHTML, {u"cota_compra"_s}, u"Cotação de Compras"_s},
+    {u"ORDEM_COMPRA"_s, OrdemCompraHTML, {u"ordem_compra"_s}, u"Ordem de Compras"_s},
 }};
 
 }  // namespace
 
 const TipoDeDocumento* tipoDoDocumento() {
   const auto* const tipo = std::ranges::find_if(
-      kTipos, [](const TipoDeDocumento& um) { return documento().TipoDocumento == QStringView(um.tipo); });
+      kTipos, [](const TipoDeDocumento& um) { return documento().TipoDocumento == um.tipo; });
   return tipo == kTipos.end() ? nullptr : tipo;
 }
 
@@ -39,11 +39,11 @@ QString nomeDoDocumento() {
       !waitFor(DataFechamentoOrcamento(QString::number(documento().IdDocumento))).isEmpty())
     return u"Pedido"_s;
   const TipoDeDocumento* tipo = tipoDoDocumento();
-  return tipo == nullptr ? QString() : QString::fromUtf16(tipo->nome);
+  return tipo == nullptr ? QString() : tipo->nome;
 }
 
 QString peDaFolha() {
   const TipoDeDocumento* tipo = tipoDoDocumento();
-  if (tipo == nullptr || tipo->vias[1] == nullptr) return {};
+  if (tipo == nullptr || tipo->vias[1].isEmpty()) return {};
   return nomeDoDocumento() + u' ' + numeroDocumento(documento().IdDocumento);
 }

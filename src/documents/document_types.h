@@ -1,19 +1,17 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 #include <array>
-
-class QString;
 
 /// Copies that a document can have: the customer's, the company's.
 inline constexpr std::size_t kVias = 2;
 
 /// What sets the types of documents apart: how one is written, the names of its copies, its mail's subject.
 struct TipoDeDocumento {
-  const char16_t* tipo;  ///< as TipoDocumento names it
+  QString tipo;  ///< as TipoDocumento names it
   void (*monta)(qint32 id, const QString& caminho);
-  std::array<const char16_t*, kVias> vias;  ///< beginnings of the files' names; nullptr: no such copy
-  const char16_t* nome;                     ///< with which the subject of its mail begins
+  std::array<QString, kVias> vias;  ///< beginnings of the files' names; empty: no such copy
+  QString nome;                     ///< with which the subject of its mail begins
 };
 
 /// That of the document which documento() names; nullptr for an unknown type.

@@ -18,7 +18,7 @@ using html::kFim;
 
 namespace {
 
-constexpr const char16_t* kCondicoes = u"Condições Gerais";
+const QString kCondicoes = u"Condições Gerais"_s;
 
 data::Recordset linhaDaEmpresa() { return abreConsulta(u"SELECT * FROM empr where data_desa is null"_s); }
 
@@ -26,13 +26,6 @@ QString enderecoDaEmpresa(const data::Recordset& rs) {
   return QStringList{rs.text(u"ende_coml_empr"), rs.text(u"cida_coml_empr"), rs.text(u"uf00_coml_empr"),
                      rs.text(u"cep0_coml_empr")}
       .join(u" - "_s);
-}
-
-template <std::size_t N>
-QStringList listaDe(const std::array<const char16_t*, N>& clausulas) {
-  QStringList textos;
-  for (const char16_t* clausula : clausulas) textos << QString::fromUtf16(clausula);
-  return textos;
 }
 
 /// A text broken at blanks over lines of the file, indented from the second on.
@@ -49,7 +42,7 @@ QString quebraLinhas(QString texto) {
 
 /// The quote's clauses as the styled documents have them: the second, third and fifth over several lines.
 QStringList clausulasEstilos() {
-  QStringList textos = listaDe(empresa::kClausulas).first(qsizetype(clausulas::kOrcamento.size()));
+  QStringList textos = empresa::kClausulas.first(clausulas::kOrcamento.size());
   for (const int longa : {1, 2, 4}) textos[longa] = quebraLinhas(textos[longa]);
   return textos;
 }
@@ -100,7 +93,7 @@ QString CabecalhoEmpresaHTML() {
   const empresa::Contatos contatos = empresa::contatos();
   // The fax number is the house's own, whatever the company's row says.
   return fixo(textos::kCabecalhoEmpresa)
-      .arg(atributo(imagemDaCasa(QString::fromUtf16(empresa::kLogoCliente))), escapado(rs.text(u"nome_empr")),
+      .arg(atributo(imagemDaCasa(empresa::kLogoCliente)), escapado(rs.text(u"nome_empr")),
            escapado(u"CNPJ:"_s + rs.text(u"cnpj_empr") + u" - I.E.:"_s + rs.text(u"IE00_EMPR")),
            escapado(enderecoDaEmpresa(rs)),
            escapado(u"Tel.: "_s + apara(rs.text(u"tele_0001_empr")) + u" - "_s +
@@ -109,14 +102,13 @@ QString CabecalhoEmpresaHTML() {
 }
 
 QString CabecalhoLogoHTML() {
-  return fixo(textos::kCabecalhoLogo).arg(atributo(imagemDaCasa(QString::fromUtf16(empresa::kLogoCliente))));
+  return fixo(textos::kCabecalhoLogo).arg(atributo(imagemDaCasa(empresa::kLogoCliente)));
 }
 
 QString CabecalhoFixoHTML() {
   return fixo(textos::kCabecalhoFixo)
-      .arg(atributo(imagemDaCasa(QString::fromUtf16(empresa::kLogoFixo))), QString::fromUtf16(empresa::kNome),
-           QString::fromUtf16(empresa::kEndereco), QString::fromUtf16(empresa::kCidade),
-           escapado(empresa::contatos().site), QString::fromUtf16(empresa::kFoneFax));
+      .arg(atributo(imagemDaCasa(empresa::kLogoFixo)), empresa::kNome, empresa::kEndereco, empresa::kCidade,
+           escapado(empresa::contatos().site), empresa::kFoneFax);
 }
 
 QString NomeRelatorioHTML(const QString& texto, const QString& alinhamento) {
@@ -131,13 +123,10 @@ QString TextoVazio2(const QString&, const QString&) { return {}; }
 
 QString AssinaturaHTML(const QString&, const QString&) { return fixo(textos::kAssinatura); }
 
-QString RodapeOrcaHTML() {
-  return html::quadro({u"Rodapé", QString::fromUtf16(kCondicoes), listaDe(clausulas::kOrcamento)});
-}
+QString RodapeOrcaHTML() { return html::quadro({u"Rodapé"_s, kCondicoes, clausulas::kOrcamento}); }
 
 QString RodapeOrcaEstilosHTML() {
-  return html::quadroEstilos({u"Rodapé", QString::fromUtf16(kCondicoes), clausulasEstilos()}, u"titulo4"_s,
-                             u"dados1"_s) +
+  return html::quadroEstilos({u"Rodapé"_s, kCondicoes, clausulasEstilos()}, u"titulo4"_s, u"dados1"_s) +
          u"<table align='center' width=660px height=20px><tr><td></td></tr></table>"_s + kFim +
          blocoDaEmpresa();
 }
@@ -146,12 +135,10 @@ QString TextoVazio() { return {}; }
 
 QString RodapePedidoHTML(const QString&) {
   const QString modelo = waitFor(ParametroEmpresa(u"MODELO_PEDIDO_VEDS"_s));
-  const QString titulo = QString::fromUtf16(kCondicoes);
   if (modelo.isEmpty() || modelo == u"1")
-    return html::quadro({u"Rodapé", titulo, listaDe(clausulas::kPedido), 0});
+    return html::quadro({u"Rodapé"_s, kCondicoes, clausulas::kPedido, 0});
   // The table of imported goods ends on an open row, the place for a clause written by hand.
-  if (modelo == u"2")
-    return html::quadro({u"Rodapé", titulo, listaDe(clausulas::kPedidoImportados), 1, true});
+  if (modelo == u"2") return html::quadro({u"Rodapé"_s, kCondicoes, clausulas::kPedidoImportados, 1, true});
   return {};
 }
 

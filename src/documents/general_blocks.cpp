@@ -7,11 +7,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char16_t* kComentario = u"Dados Gerais";
+const QString kComentario = u"Dados Gerais"_s;
 
-html::Quadro quadroGeral(const QStringList& linhas) {
-  return {kComentario, QString::fromUtf16(kComentario), linhas};
-}
+html::Quadro quadroGeral(const QStringList& linhas) { return {kComentario, kComentario, linhas}; }
 
 QStringList linhasDoEvento(const data::Recordset& rs) {
   auto evento = DescricaoTipoEvento(rs.text(u"idtipo_even"));

@@ -21,8 +21,8 @@ QString linha(const std::vector<Celula>& celulas) {
   QString texto = u"<tr>"_s + kFim;
   for (const Celula& celula : celulas) {
     const QString atributos = celula.atributos.isEmpty() ? QString() : celula.atributos + u' ';
-    texto += u"    <td "_s + atributos + u"width="_s + celula.largura + u" align='"_s +
-             QString::fromUtf16(celula.alinhamento) + u"' >"_s + celula.html + u"</td>"_s + kFim;
+    texto += u"    <td "_s + atributos + u"width="_s + celula.largura + u" align='"_s + celula.alinhamento +
+             u"' >"_s + celula.html + u"</td>"_s + kFim;
   }
   return texto + u"</tr>"_s + kFim;
 }
@@ -34,22 +34,21 @@ QString letra(const QString& html) { return u"<font face='Verdana' size='1'>"_s 
 }  // namespace
 
 Celula rotulada(const QString& largura, const QString& rotulo, const QString& valor,
-                const char16_t* alinhamento) {
+                const QString& alinhamento) {
   return {largura,
           u"<b><font face='Verdana' size='1'>"_s + html::escapado(rotulo) + u"</b>"_s +
               html::escapado(valor) + u"</font>"_s,
           alinhamento};
 }
 
-Celula dado(const QString& largura, const QString& texto, const char16_t* alinhamento) {
+Celula dado(const QString& largura, const QString& texto, const QString& alinhamento) {
   return {largura, letra(html::escapado(texto)), alinhamento};
 }
 
 QString titulos(std::span<const Coluna> colunas) {
   std::vector<Celula> celulas;
   for (const Coluna& coluna : colunas) {
-    celulas.push_back(
-        rotulada(QString::fromUtf16(coluna.largura), QString::fromUtf16(coluna.titulo), {}, coluna.lado));
+    celulas.push_back(rotulada(coluna.largura, coluna.titulo, {}, coluna.lado));
     celulas.back().atributos = u"bgcolor='#A8A8A8'"_s;
   }
   return linha(celulas);
@@ -59,7 +58,7 @@ QString item(std::span<const Coluna> colunas, const ItemImpresso& item, const QS
   std::vector<Celula> celulas;
   for (const Coluna& coluna : colunas) {
     const QString texto = coluna.valor(item);
-    celulas.push_back(dado(QString::fromUtf16(coluna.largura), texto, coluna.lado));
+    celulas.push_back(dado(coluna.largura, texto, coluna.lado));
     if (coluna.branco && texto.isEmpty()) celulas.back().html = letra(html::ouBranco(texto));
     celulas.back().atributos = atributos;
   }

@@ -18,17 +18,17 @@ namespace grade {
 struct Celula {
   QString largura;  ///< "30%"
   QString html;
-  const char16_t* alinhamento = kEsquerda;
+  QString alinhamento = kEsquerda;
   QString atributos = {};  ///< "colspan='2'"
 };
 [[nodiscard]] QString linha(const std::vector<Celula>& celulas);
 
 /// A bold label, its value after it, both plain text.
 [[nodiscard]] Celula rotulada(const QString& largura, const QString& rotulo, const QString& valor,
-                              const char16_t* alinhamento = kEsquerda);
+                              const QString& alinhamento = kEsquerda);
 /// Plain text.
 [[nodiscard]] Celula dado(const QString& largura, const QString& texto,
-                          const char16_t* alinhamento = kEsquerda);
+                          const QString& alinhamento = kEsquerda);
 
 /// The titles of a table of items, on grey.
 [[nodiscard]] QString titulos(std::span<const Coluna> colunas);

@@ -65,8 +65,9 @@ QStringList linhasEscapadas(const Quadro& quadro) {
 
 QString quadro(const Quadro& quadro) {
   const QString abreLinha = u"            <tr><td style='"_s + estilo(8, false) + u"' align='left'>"_s + kFim;
-  QString texto = fixo(
-                      uR"(<!--%1-->
+  QString texto =
+      fixo(
+          uR"(<!--%1-->
 <P>
 <table border='%2' align='center' width=670>
     <tr>
@@ -74,8 +75,7 @@ QString quadro(const Quadro& quadro) {
         %4
         <table border='0' align='center' width=660>
 )")
-                      .arg(QString::fromUtf16(quadro.comentario), QString::number(quadro.borda),
-                           estilo(10, true), escapado(quadro.titulo));
+          .arg(quadro.comentario, QString::number(quadro.borda), estilo(10, true), escapado(quadro.titulo));
   for (const QString& linha : linhasEscapadas(quadro))
     texto += abreLinha + u"            "_s + linha + u"</td></tr>"_s + kFim;
   if (quadro.linhaAberta) texto += abreLinha;
@@ -93,7 +93,7 @@ QString quadroEstilos(const Quadro& quadro, const QString& classeTitulo, const Q
 </table>
 <table border='0' align='center' width=670>
 )")
-                      .arg(QString::fromUtf16(quadro.comentario), classeTitulo, escapado(quadro.titulo));
+                      .arg(quadro.comentario, classeTitulo, escapado(quadro.titulo));
   for (const QString& linha : linhasEscapadas(quadro))
     texto += u"<tr><td align='left'><span class='"_s + classeLinha + u"'>"_s + linha +
              u"</span></td></tr>"_s + kFim;

@@ -25,7 +25,7 @@ inline const QString kFim = QStringLiteral("\r\n");
 
 /// A titled box of lines, under a comment. Title and lines are plain text.
 struct Quadro {
-  const char16_t* comentario;
+  QString comentario;
   QString titulo;
   QStringList linhas;
   int borda = 1;

@@ -21,10 +21,10 @@ namespace {
 namespace composicao {
 enum Column { Codigo, Descricao, Quantidade, Unidade };
 constexpr std::array<forms::GridColumn, 4> kLayout{{{u"", 0}, {u"", 0}, {u"", 0}, {u"", 0}}};
-constexpr std::array<std::pair<Column, const char16_t*>, 4> kCelulas{{{Codigo, u"width=15%"},
-                                                                      {Descricao, u"width=60%"},
-                                                                      {Quantidade, u"width=10% align=right"},
-                                                                      {Unidade, u"width=15%"}}};
+const std::array<std::pair<Column, QString>, 4> kCelulas{{{Codigo, u"width=15%"_s},
+                                                          {Descricao, u"width=60%"_s},
+                                                          {Quantidade, u"width=10% align=right"_s},
+                                                          {Unidade, u"width=15%"_s}}};
 }  // namespace composicao
 
 // An article that is not in the catalogue stands there as free text.
@@ -57,7 +57,7 @@ QString composicaoImpressa(std::vector<forms::GridRow> linhas) {
   for (int linha = 1; linha < tabela.rows(); ++linha) {
     texto += u"<tr>"_s + kFim;
     for (const auto& [coluna, atributos] : composicao::kCelulas)
-      texto += u"    <td "_s + QString::fromUtf16(atributos) + u"><span class='dados1'>"_s +
+      texto += u"    <td "_s + atributos + u"><span class='dados1'>"_s +
                html::escapado(tabela.text(linha, coluna)) + u"</span></td>"_s + kFim;
     texto += u"</tr>"_s + kFim;
   }
@@ -86,8 +86,8 @@ QString montaFoto(const QString& codigo) {
 
 QString montaFotos(const QString& codigo) {
   QString texto = fixo(u"<td width=270px align=center valign=top>\n<table border='0' align='center'>\n");
-  for (const char16_t* sufixo : {u"", u"_2", u"_3", u"_4"})
-    texto += u"<tr>"_s + montaFoto(apara(codigo) + QString::fromUtf16(sufixo)) + u"</tr>"_s + kFim;
+  for (const QString& sufixo : {QString(), u"_2"_s, u"_3"_s, u"_4"_s})
+    texto += u"<tr>"_s + montaFoto(apara(codigo) + sufixo) + u"</tr>"_s + kFim;
   return texto + u"</table>"_s + kFim + u"</td>"_s + kFim;
 }
 

@@ -6,9 +6,9 @@
 
 // The columns of the tables of items: each block has its own as data.
 
-inline constexpr const char16_t* kEsquerda = u"left";
-inline constexpr const char16_t* kDireita = u"right";
-inline constexpr const char16_t* kCentro = u"center";
+inline const QString kEsquerda = QStringLiteral("left");
+inline const QString kDireita = QStringLiteral("right");
+inline const QString kCentro = QStringLiteral("center");
 
 /// A row of items as its columns read it.
 struct ItemImpresso {
@@ -18,11 +18,11 @@ struct ItemImpresso {
 };
 
 struct Coluna {
-  const char16_t* titulo;
-  const char16_t* largura;  ///< "15%"
+  QString titulo;
+  QString largura;  ///< "15%"
   /// Plain text.
   QString (*valor)(const ItemImpresso& item);
-  const char16_t* lado = kEsquerda;
+  QString lado = kEsquerda;
   bool branco = false;  ///< "&nbsp" where it is empty
 };
 

@@ -16,13 +16,13 @@ using grade::rotulada;
 
 namespace {
 
-constexpr std::array<Coluna, 6> kColunas{{
-    {u"Cod.Prod.", u"20%", coluna::codigo},
-    {u"Produto", u"30%", coluna::descricao},
-    {u"Observação", u"20%", coluna::observacao, kEsquerda, true},
-    {u"Qtde", u"10%", coluna::quantidade, kDireita},
-    {u"Valor Unit.", u"10%", coluna::valorUnitario, kDireita},
-    {u"Valor Total", u"10%", coluna::valorTotal, kDireita},
+const std::array<Coluna, 6> kColunas{{
+    {u"Cod.Prod."_s, u"20%"_s, coluna::codigo},
+    {u"Produto"_s, u"30%"_s, coluna::descricao},
+    {u"Observação"_s, u"20%"_s, coluna::observacao, kEsquerda, true},
+    {u"Qtde"_s, u"10%"_s, coluna::quantidade, kDireita},
+    {u"Valor Unit."_s, u"10%"_s, coluna::valorUnitario, kDireita},
+    {u"Valor Total"_s, u"10%"_s, coluna::valorTotal, kDireita},
 }};
 constexpr std::size_t kPrecos = 2;
 

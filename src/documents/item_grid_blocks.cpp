@@ -16,13 +16,13 @@ using html::kFim;
 
 namespace {
 
-constexpr std::array<Coluna, 6> kColunas{{
-    {u"Código", u"15%", coluna::codigo},
-    {u"Descrição", u"40%", coluna::descricao},
-    {u"Observação", u"20%", coluna::observacao, kEsquerda, true},
-    {u"Qtde", u"5%", coluna::quantidade, kDireita},
-    {u"Valor Unit.", u"10%", coluna::valorUnitario, kDireita},
-    {u"Valor Total", u"10%", coluna::valorTotal, kDireita},
+const std::array<Coluna, 6> kColunas{{
+    {u"Código"_s, u"15%"_s, coluna::codigo},
+    {u"Descrição"_s, u"40%"_s, coluna::descricao},
+    {u"Observação"_s, u"20%"_s, coluna::observacao, kEsquerda, true},
+    {u"Qtde"_s, u"5%"_s, coluna::quantidade, kDireita},
+    {u"Valor Unit."_s, u"10%"_s, coluna::valorUnitario, kDireita},
+    {u"Valor Total"_s, u"10%"_s, coluna::valorTotal, kDireita},
 }};
 
 // Code and description are the product's of that id, whatever kind the item is.
@@ -38,13 +38,13 @@ Asked<QString> tabelaDoItem(data::Recordset rs) {
 }
 
 // Without titles.
-constexpr std::array<Coluna, 5> kMateriais{{
-    {u"", u"15%", coluna::codigo, kDireita},
-    {u"", u"40%", coluna::descricao},
-    {u"", u"25%", [](const ItemImpresso& i) { return i.rs.text(u"OBSE_PROP_CMRC_DETA_MONTA"); }, kEsquerda,
-     true},
-    {u"", u"10%", coluna::quantidade, kDireita},
-    {u"", u"10%", [](const ItemImpresso& i) { return i.artigo.unidade.nome; }, kEsquerda, true},
+const std::array<Coluna, 5> kMateriais{{
+    {u""_s, u"15%"_s, coluna::codigo, kDireita},
+    {u""_s, u"40%"_s, coluna::descricao},
+    {u""_s, u"25%"_s, [](const ItemImpresso& i) { return i.rs.text(u"OBSE_PROP_CMRC_DETA_MONTA"); },
+     kEsquerda, true},
+    {u""_s, u"10%"_s, coluna::quantidade, kDireita},
+    {u""_s, u"10%"_s, [](const ItemImpresso& i) { return i.artigo.unidade.nome; }, kEsquerda, true},
 }};
 
 /// The row of an item without materials.

@@ -16,8 +16,8 @@ using html::kFim;
 namespace {
 
 struct Embarque {
-  const char16_t* data;
-  const char16_t* quantidade;
+  QStringView data;
+  QStringView quantidade;
 };
 constexpr std::array<Embarque, 3> kEmbarques{{
     {u"data_imed", u"qtde_imed"},
@@ -26,23 +26,23 @@ constexpr std::array<Embarque, 3> kEmbarques{{
 }};
 
 std::array<Coluna, 6> colunasDe(const TabelaDeItens& tabela) {
-  return {{{u"Codigo", u"15%", coluna::codigo},
-           {u"Descrição", tabela.fotos ? u"20%" : u"45%", coluna::descricao},
-           {u"NCM", u"10%", [](const ItemImpresso& item) { return item.ncm; }},
-           {u"Quant.", u"10%", coluna::quantidade, kDireita},
-           {u"Vr.Unit.Prod.", u"10%", coluna::valorUnitario, kDireita},
-           {u"Vr.Tot.Prod.", u"10%", coluna::valorTotal, kDireita}}};
+  return {{{u"Codigo"_s, u"15%"_s, coluna::codigo},
+           {u"Descrição"_s, tabela.fotos ? u"20%"_s : u"45%"_s, coluna::descricao},
+           {u"NCM"_s, u"10%"_s, [](const ItemImpresso& item) { return item.ncm; }},
+           {u"Quant."_s, u"10%"_s, coluna::quantidade, kDireita},
+           {u"Vr.Unit.Prod."_s, u"10%"_s, coluna::valorUnitario, kDireita},
+           {u"Vr.Tot.Prod."_s, u"10%"_s, coluna::valorTotal, kDireita}}};
 }
 
-QString titulo(const char16_t* largura, const char16_t* lado, const QString& texto) {
+QString titulo(const QString& largura, const QString& lado, const QString& texto) {
   return celulas::celula(largura, lado, texto, estilo(8, true));
 }
 
 QString montaTitulos(const TabelaDeItens& tabela) {
-  QString celulas = tabela.fotos ? titulo(u"25%", kCentro, u"Foto"_s) : QString();
+  QString celulas = tabela.fotos ? titulo(u"25%"_s, kCentro, u"Foto"_s) : QString();
   for (const Coluna& coluna : colunasDe(tabela))
-    celulas += titulo(coluna.largura, coluna.lado, QString::fromUtf16(coluna.titulo));
-  if (tabela.embarques) celulas += titulo(u"10%", kCentro, u"Prev.Entrega"_s);
+    celulas += titulo(coluna.largura, coluna.lado, coluna.titulo);
+  if (tabela.embarques) celulas += titulo(u"10%"_s, kCentro, u"Prev.Entrega"_s);
   return celulas::linha(celulas);
 }
 
@@ -73,13 +73,13 @@ QString linhaDoItem(const TabelaDeItens& tabela, const ItemImpresso& item) {
   QString celulas = tabela.fotos ? celulaFoto(item.artigo.codigo) + kFim : QString();
   for (const Coluna& coluna : colunasDe(tabela))
     celulas += celulas::celula(coluna.largura, coluna.lado, escapado(coluna.valor(item)), estilo(8, false));
-  if (tabela.embarques) celulas += celulas::celula(u"10%", kCentro, montaEmbarques(item), estilo(8, false));
+  if (tabela.embarques) celulas += celulas::celula(u"10%"_s, kCentro, montaEmbarques(item), estilo(8, false));
   return celulas::linha(celulas);
 }
 
 QString montaTotais(double total, double descontos) {
   return u"<table border='0' align='center' width=660>"_s + kFim +
-         celulas::linha(titulo(u"100%", kCentro,
+         celulas::linha(titulo(u"100%"_s, kCentro,
                                u"Total Geral: "_s + emMoeda(total) + u" - Descontos: "_s +
                                    emMoeda(descontos) + u" - Total Liquido: "_s +
                                    emMoeda(total - descontos))) +
@@ -90,10 +90,10 @@ QString montaTotais(double total, double descontos) {
 
 namespace celulas {
 
-QString celula(const char16_t* largura, const char16_t* lado, const QString& html, const QString& estilo) {
+QString celula(const QString& largura, const QString& lado, const QString& html, const QString& estilo) {
   const QString comEstilo = estilo.isEmpty() ? QString() : u" style='"_s + estilo + u'\'';
-  return u"            <td width='"_s + QString::fromUtf16(largura) + u"' align='"_s +
-         QString::fromUtf16(lado) + u'\'' + comEstilo + u'>' + html + u"</td>"_s + kFim;
+  return u"            <td width='"_s + largura + u"' align='"_s + lado + u'\'' + comEstilo + u'>' + html +
+         u"</td>"_s + kFim;
 }
 
 QString linha(const QString& celulas) {
@@ -125,7 +125,7 @@ namespace {
 QString tabelaDoOrcamento(data::Recordset itens, const QString& id, bool embarques) {
   return tabelaComTotais({.itens = std::move(itens),
                           .item = itemPorTipo,
-                          .campoProduto = u"idprodprot",
+                          .campoProduto = u"idprodprot"_s,
                           .fotos = documento().ExibeFotos,
                           .embarques = embarques,
                           .numero = id});

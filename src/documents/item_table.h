@@ -9,7 +9,7 @@
 
 namespace celulas {
 /// A cell; its style where it has one of its own.
-[[nodiscard]] QString celula(const char16_t* largura, const char16_t* lado, const QString& html,
+[[nodiscard]] QString celula(const QString& largura, const QString& lado, const QString& html,
                              const QString& estilo = {});
 [[nodiscard]] QString linha(const QString& celulas);
 }  // namespace celulas
@@ -17,7 +17,7 @@ namespace celulas {
 struct TabelaDeItens {
   data::Recordset itens;
   std::function<Asked<Artigo>(const data::Recordset&)> item;  ///< what a row shows
-  const char16_t* campoProduto;                               ///< column whose product gives the NCM
+  QString campoProduto;                                       ///< column whose product gives the NCM
   bool fotos = false;
   bool embarques = false;  ///< last column with the shipments
   QString numero;          ///< asked for the discount of the document as a whole

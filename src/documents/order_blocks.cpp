@@ -38,9 +38,9 @@ QStringList linhasGerais(const QString& numero) {
           u"Observações: "_s + rs.text(u"OBSE_PEDI_VEDS")};
 }
 
-constexpr const char16_t* kGerais = u"Dados Gerais";
+const QString kGerais = u"Dados Gerais"_s;
 
-html::Quadro quadroGeral(const QStringList& linhas) { return {kGerais, QString::fromUtf16(kGerais), linhas}; }
+html::Quadro quadroGeral(const QStringList& linhas) { return {kGerais, kGerais, linhas}; }
 
 }  // namespace
 

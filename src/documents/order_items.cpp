@@ -50,17 +50,16 @@ constexpr Aspecto kDeClasse{tituloDeClasse, [](const QString& t) { return deClas
 
 /// Without a photo the description takes its width.
 std::array<Coluna, 3> colunas(bool fotos) {
-  return {{{u"Codigo", u"15%", coluna::codigo},
-           {u"Descrição", fotos ? u"45%" : u"70%", coluna::descricao},
-           {u"Quant.", u"15%", coluna::quantidade, kDireita}}};
+  return {{{u"Codigo"_s, u"15%"_s, coluna::codigo},
+           {u"Descrição"_s, fotos ? u"45%"_s : u"70%"_s, coluna::descricao},
+           {u"Quant."_s, u"15%"_s, coluna::quantidade, kDireita}}};
 }
 
 QString montaCaixa(const ItemImpresso& item, int numero, bool fotos, const Aspecto& aspecto) {
-  QString titulos = fotos ? celulas::celula(u"25%", kCentro, aspecto.rotulo(u"Foto"_s)) : QString();
+  QString titulos = fotos ? celulas::celula(u"25%"_s, kCentro, aspecto.rotulo(u"Foto"_s)) : QString();
   QString dados = fotos ? celulaFoto(item.artigo.codigo) + kFim : QString();
   for (const Coluna& coluna : colunas(fotos)) {
-    titulos +=
-        celulas::celula(coluna.largura, coluna.lado, aspecto.rotulo(QString::fromUtf16(coluna.titulo)));
+    titulos += celulas::celula(coluna.largura, coluna.lado, aspecto.rotulo(coluna.titulo));
     dados += celulas::celula(coluna.largura, coluna.lado, aspecto.dado(coluna.valor(item)));
   }
   const QString valores = emReais(u"Valor Unitário: "_s) + coluna::valorUnitario(item) +
@@ -81,7 +80,7 @@ QString montaCaixa(const ItemImpresso& item, int numero, bool fotos, const Aspec
 )")
       .arg(aspecto.titulo(u"Produto - "_s + numeroDoItem(numero)),
            celulas::linha(titulos) + celulas::linha(dados),
-           celulas::linha(celulas::celula(u"100%", kCentro, aspecto.rotulo(valores))));
+           celulas::linha(celulas::celula(u"100%"_s, kCentro, aspecto.rotulo(valores))));
 }
 
 QString montaCaixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
@@ -108,7 +107,7 @@ QString ItensPedidoEstilosHTML(const QString& numero, const QString&) {
 QString ItensPedidoFotoHTML(const QString& numero, const QString&) {
   return tabelaComTotais({.itens = itensDoPedido(numero),
                           .item = itemDaLinha,
-                          .campoProduto = u"idprod",
+                          .campoProduto = u"idprod"_s,
                           .fotos = documento().ExibeFotos,
                           .embarques = true,
                           .numero = numero});

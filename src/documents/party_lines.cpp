@@ -8,13 +8,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char16_t* kComentario = u"Dados do Cliente";
+const QString kComentario = u"Dados do Cliente"_s;
 
 html::Quadro quadroDe(const QStringList& linhas) {
-  return {.comentario = kComentario,
-          .titulo = QString::fromUtf16(kComentario),
-          .linhas = linhas,
-          .primeiraNegrita = true};
+  return {.comentario = kComentario, .titulo = kComentario, .linhas = linhas, .primeiraNegrita = true};
 }
 
 }  // namespace

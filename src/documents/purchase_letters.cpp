@@ -28,15 +28,15 @@ QString valorTotal(const ItemImpresso& item) {
   return emMoeda(valorOuZero(item.rs, u"QTDE") * valorOuZero(item.rs, u"VALO_LIQU"));
 }
 
-constexpr std::array<Coluna, 2> kCotacao{{
-    {u"Descrição", u"70%", coluna::descricao},
-    {u"Quantidade", u"30%", quantidade, kDireita},
+const std::array<Coluna, 2> kCotacao{{
+    {u"Descrição"_s, u"70%"_s, coluna::descricao},
+    {u"Quantidade"_s, u"30%"_s, quantidade, kDireita},
 }};
-constexpr std::array<Coluna, 4> kOrdem{{
-    {u"Descrição", u"55%", coluna::descricao},
-    {u"Quantidade", u"15%", quantidade, kDireita},
-    {u"Valor Unit.", u"15%", coluna::valorUnitario, kDireita},
-    {u"Valor Total", u"15%", valorTotal, kDireita},
+const std::array<Coluna, 4> kOrdem{{
+    {u"Descrição"_s, u"55%"_s, coluna::descricao},
+    {u"Quantidade"_s, u"15%"_s, quantidade, kDireita},
+    {u"Valor Unit."_s, u"15%"_s, coluna::valorUnitario, kDireita},
+    {u"Valor Total"_s, u"15%"_s, valorTotal, kDireita},
 }};
 
 /// Reads a result; a failing statement is shown to the user and gives nothing.
@@ -60,8 +60,7 @@ QString montaParagrafos(const QStringList& linhas) {
 
 QString montaDespedida(QStringList antes) {
   return u"<br>"_s + kFim +
-         montaParagrafos(antes << u"Atenciosamente,"_s << QString::fromUtf16(empresa::kMarca)
-                               << u"Departamento de Compras"_s);
+         montaParagrafos(antes << u"Atenciosamente,"_s << empresa::kMarca << u"Departamento de Compras"_s);
 }
 
 Asked<QString> descricaoDe(data::Recordset rs) {

@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString caminhoDaVia(const char16_t* tronco, qint32 id) {
-  return tronco == nullptr ? QString() : arquivoDocumento(QString::fromUtf16(tronco), id, u".html"_s);
+QString caminhoDaVia(const QString& tronco, qint32 id) {
+  return tronco.isEmpty() ? QString() : arquivoDocumento(tronco, id, u".html"_s);
 }
 
 }  // namespace

@@ -29,5 +29,5 @@ void frmPedHTML::cmdPDF_Click() {
 void frmPedHTML::cmdWord_Click() {
   const forms::WaitPointer espera;
   gravaAmostraWord();
-  mostraCaminho(QString::fromUtf16(kArquivoAmostra), u"Word gravado em:"_s);
+  mostraCaminho(kArquivoAmostra, u"Word gravado em:"_s);
 }

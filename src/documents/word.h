@@ -8,6 +8,6 @@
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf);
 
 /// Fixed path of the layout trial.
-inline constexpr char16_t kArquivoAmostra[] = u"C:\\ZARIM\\TESTE_ORCA9.DOC";
+inline const QString kArquivoAmostra = QStringLiteral("C:\\ZARIM\\TESTE_ORCA9.DOC");
 /// The layout trial that cmdWord makes: company data and sample lines, saved at its fixed path.
 void gravaAmostraWord();

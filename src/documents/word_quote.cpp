@@ -44,15 +44,14 @@ void timbre(WordProcessor& word) {
     word.setColumnWidth(1, 248.9);
   }
   word.setAlignment(Qt::AlignHCenter);
-  word.addPicture(contexto().PathImagens + QString::fromUtf16(empresa::kLogoFixo));
+  word.addPicture(contexto().PathImagens + empresa::kLogoFixo);
   word.moveRight();
   word.setAlignment(Qt::AlignLeft);
   word.setFont(u"Arial"_s, kLetraNome, true);
-  word.typeText(QString::fromUtf16(empresa::kNome));
+  word.typeText(empresa::kNome);
   word.setFont(u"Arial"_s, 9);
   for (const QString& linha :
-       {QString::fromUtf16(empresa::kEndereco), QString::fromUtf16(empresa::kCidade),
-        u"Site: "_s + empresa::contatos().site, QString::fromUtf16(empresa::kFoneFax)}) {
+       {empresa::kEndereco, empresa::kCidade, u"Site: "_s + empresa::contatos().site, empresa::kFoneFax}) {
     word.typeParagraph();
     word.typeText(linha);
   }
@@ -78,11 +77,11 @@ void tabelaDoCliente(WordProcessor& word, const data::Recordset& orcamento) {
   word.moveAfterTable();
 }
 
-constexpr std::array<Coluna, 4> kColunas{{
-    {u"Cod.Prod.", u"15%", coluna::codigo},
-    {u"Produto", u"43%", coluna::descricao},
-    {u"Observações", u"28%", coluna::observacao},
-    {u"Qtde", u"14%", coluna::quantidade},
+const std::array<Coluna, 4> kColunas{{
+    {u"Cod.Prod."_s, u"15%"_s, coluna::codigo},
+    {u"Produto"_s, u"43%"_s, coluna::descricao},
+    {u"Observações"_s, u"28%"_s, coluna::observacao},
+    {u"Qtde"_s, u"14%"_s, coluna::quantidade},
 }};
 
 /// The items without their prices, and a last row with the sum, which is returned.
@@ -94,11 +93,10 @@ double tabelaDosItens(WordProcessor& word, const QString& id) {
   };
   word.addTable(1, static_cast<int>(kColunas.size()), true);
   std::vector<double> larguras;
-  for (const Coluna& coluna : kColunas)
-    larguras.push_back(values::leadingNumber(QString::fromUtf16(coluna.largura)));
+  for (const Coluna& coluna : kColunas) larguras.push_back(values::leadingNumber(coluna.largura));
   word.setColumnShares(larguras);
   word.setHeadingRow();
-  digita([](const Coluna& coluna) { return QString::fromUtf16(coluna.titulo); }, true);
+  digita([](const Coluna& coluna) { return coluna.titulo; }, true);
   double total = 0;
   qsizetype digitados = 0;
   data::Recordset itens = itensDoOrcamento(id);
@@ -132,11 +130,11 @@ void clausulas(WordProcessor& word) {
   word.setAlignment(Qt::AlignHCenter);
   word.typeText(u"Observações"_s);
   word.keepWithNext();
-  for (const char16_t* clausula : empresa::kClausulas) {
+  for (const QString& clausula : empresa::kClausulas) {
     word.setFont(u"Arial"_s, kLetraClausula);
     word.typeParagraph();
     word.setAlignment(Qt::AlignLeft);
-    word.typeText(QString::fromUtf16(clausula));
+    word.typeText(clausula);
   }
   word.typeParagraph();
   word.typeParagraph();
@@ -156,37 +154,36 @@ void tabelaDaAprovacao(WordProcessor& word, const QString& pagamento) {
   rotulado(word, u"Forma de Pagamento"_s, {});
   word.typeText(pagamento);
   word.typeParagraph();
-  rotulado(word, u"Validade da proposta: "_s, QString::fromUtf16(empresa::kValidade));
-  rotulado(word, u"Dados bancários: "_s, QString::fromUtf16(empresa::kBanco));
-  rotulado(word, u"Razão Social: "_s, QString::fromUtf16(empresa::kNome));
-  word.typeText(QString::fromUtf16(empresa::kDepartamento));
+  rotulado(word, u"Validade da proposta: "_s, empresa::kValidade);
+  rotulado(word, u"Dados bancários: "_s, empresa::kBanco);
+  rotulado(word, u"Razão Social: "_s, empresa::kNome);
+  word.typeText(empresa::kDepartamento);
   word.moveRight();
   word.setAlignment(Qt::AlignHCenter);
   word.setFont(u"Arial"_s, kLetraCelula);
   word.typeText(u"Aprovação\nData ____ /____ /________"_s);
-  for (const char16_t* linha : empresa::kAssinatura) {
+  for (const QString& linha : empresa::kAssinatura) {
     word.typeParagraph();
-    word.typeText(QString::fromUtf16(linha));
+    word.typeText(linha);
   }
   word.moveAfterTable();
 }
 
 /// Prints on the silent PDF printer, which is the default while it does so.
 void imprimeEmPdf(WordProcessor& word, const QString& pdf, const QString& primeiraImpressora) {
-  const std::pair<const char16_t*, QString> ajustes[] = {{u"output", pdf},
-                                                         {u"showsettings", u"never"_s},
-                                                         {u"ShowPDF", u"no"_s},
-                                                         {u"ShowSaveAS", u"never"_s},
-                                                         {u"ShowProgress", u"no"_s},
-                                                         {u"ShowProgressFinished", u"no"_s},
-                                                         {u"ConfirmOverwrite", u"no"_s}};
+  const std::pair<QString, QString> ajustes[] = {{u"output"_s, pdf},
+                                                 {u"showsettings"_s, u"never"_s},
+                                                 {u"ShowPDF"_s, u"no"_s},
+                                                 {u"ShowSaveAS"_s, u"never"_s},
+                                                 {u"ShowProgress"_s, u"no"_s},
+                                                 {u"ShowProgressFinished"_s, u"no"_s},
+                                                 {u"ConfirmOverwrite"_s, u"no"_s}};
   office::PdfPrinterSettings impressora;
-  for (const auto& [nome, valor] : ajustes) impressora.setValue(QString::fromUtf16(nome), valor);
+  for (const auto& [nome, valor] : ajustes) impressora.setValue(nome, valor);
   impressora.writeSettings();
   const auto volta = qScopeGuard([&] { office::setDefaultPrinter(primeiraImpressora); });
-  const QString impressoraPdf = QString::fromUtf16(office::kPdfPrinter);
-  if (office::printers().contains(impressoraPdf)) office::setDefaultPrinter(impressoraPdf);
-  word.setActivePrinter(impressoraPdf);
+  if (office::printers().contains(office::kPdfPrinter)) office::setDefaultPrinter(office::kPdfPrinter);
+  word.setActivePrinter(office::kPdfPrinter);
   word.printOut();
   word.closeDocument();
   word.setActivePrinter(primeiraImpressora);

@@ -1,4 +1,3 @@
-#include <span>
 
 #include "documents/document_names.h"
 #include "documents/document_values.h"
@@ -15,17 +14,17 @@ using office::WordProcessor;
 
 namespace {
 
-constexpr char16_t kLogo[] = u"C:\\zarim\\imagens\\logo_cliente.jpg";
+const QString kLogo = u"C:\\zarim\\imagens\\logo_cliente.jpg"_s;
 
 /// An invented person: the layout trial reads nothing of the quote.
-constexpr const char16_t* kCliente[] = {u"Nome: Maria Aparecida da Silva", u"Fone: (11) 3000-1234",
-                                        u"Email: maria.aparecida@exemplo.com.br", u"Contato: Ana Paula",
-                                        u"Email: ana.paula@exemplo.com.br"};
+const QStringList kCliente = {u"Nome: Maria Aparecida da Silva"_s, u"Fone: (11) 3000-1234"_s,
+                              u"Email: maria.aparecida@exemplo.com.br"_s, u"Contato: Ana Paula"_s,
+                              u"Email: ana.paula@exemplo.com.br"_s};
 
-constexpr const char16_t* kGerais[] = {
-    u"Data/Hora do Evento: 05/11/2004 13:51 - Número de Pessoas: 100 - Validade do Orçamento: 06/10/2004",
-    u"Resp.Atendimento: Carolina", u"Tipo Evento: CASAMENTO", u"Tipo Serviço: PRESENTES PERSONALIZADOS",
-    u"Observações: TESTE"};
+const QStringList kGerais = {
+    u"Data/Hora do Evento: 05/11/2004 13:51 - Número de Pessoas: 100 - Validade do Orçamento: 06/10/2004"_s,
+    u"Resp.Atendimento: Carolina"_s, u"Tipo Evento: CASAMENTO"_s, u"Tipo Serviço: PRESENTES PERSONALIZADOS"_s,
+    u"Observações: TESTE"_s};
 
 enum CampoDaEmpresa { Nome = 1, Cnpj, Ie, Endereco, Cidade, Uf, Cep, Fone1, Fone2, Email, Site };
 
@@ -33,7 +32,7 @@ void timbre(WordProcessor& word) {
   const QString empresa = waitFor(DadosEmpresaTexto());
   const auto campo = [&](CampoDaEmpresa n) { return PegaCampo(empresa, n); };
   word.addTable(1, 2, false);
-  word.addPicture(QString::fromUtf16(kLogo));
+  word.addPicture(kLogo);
   word.moveRight();
   word.setFont(u"Arial"_s, 10, true);
   word.typeText(campo(Nome));
@@ -55,11 +54,11 @@ void titulo(WordProcessor& word, const QString& texto) {
   word.typeText(texto);
 }
 
-void linhas(WordProcessor& word, std::span<const char16_t* const> textos) {
+void linhas(WordProcessor& word, const QStringList& textos) {
   word.setFont(u"Arial"_s, 8);
-  for (const char16_t* texto : textos) {
+  for (const QString& texto : textos) {
     word.typeParagraph();
-    word.typeText(QString::fromUtf16(texto));
+    word.typeText(texto);
   }
 }
 
@@ -80,7 +79,7 @@ void gravaAmostraWord() {
   titulo(word, u"Dados Gerais"_s);
   linhas(word, kGerais);
   word.setVisible(true);
-  word.saveAs(QString::fromUtf16(kArquivoAmostra));
+  word.saveAs(kArquivoAmostra);
   word.closeDocument();
   word.quit();
 }

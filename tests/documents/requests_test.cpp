@@ -90,8 +90,8 @@ TEST_F(Requests, DoNotGrowWithTheLines) {
                {MontaPedidoHTML, u"2"_s},      {word, {}},
                {MontaDetalheOrcaHTML, u"2"_s}, {MontaDetalheOrcaHTML, u"1"_s}};
   for (const auto& one : cases) {
-    for (const auto* name : {u"MODELO_PROP_CMRC", u"MODELO_PEDI_VEDS", u"MODELO_PEDIDO_VEDS"})
-      parameter(QString::fromUtf16(name), one.model);
+    for (const QString& name : {u"MODELO_PROP_CMRC"_s, u"MODELO_PEDI_VEDS"_s, u"MODELO_PEDIDO_VEDS"_s})
+      parameter(name, one.model);
     int few = 0;
     for (const int count : {10, 100}) {
       SCOPED_TRACE(count);

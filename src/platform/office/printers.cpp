@@ -47,7 +47,7 @@ void printToSystem(const Document& document, const QString& deviceName) {
 
 }  // namespace
 
-QStringList printers() { return QPrinterInfo::availablePrinterNames() << QString::fromUtf16(kPdfPrinter); }
+QStringList printers() { return QPrinterInfo::availablePrinterNames() << kPdfPrinter; }
 
 QString defaultPrinter() { return chosenDefault ? *chosenDefault : QPrinterInfo::defaultPrinterName(); }
 
@@ -68,7 +68,7 @@ QString pdfPrinterSetting(const QString& name) {
 }
 
 void print(const Document& document, const QString& deviceName) {
-  if (deviceName == QStringView(kPdfPrinter))
+  if (deviceName == kPdfPrinter)
     printToFile(document);
   else
     printToSystem(document, deviceName);

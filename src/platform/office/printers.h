@@ -10,7 +10,7 @@
 // dialog.
 namespace office {
 
-inline constexpr const char16_t* kPdfPrinter = u"Bullzip PDF Printer";
+inline const QString kPdfPrinter = QStringLiteral("Bullzip PDF Printer");
 
 /// Device names: the system's printers, then the PDF printer.
 [[nodiscard]] QStringList printers();

@@ -27,7 +27,7 @@ class WordProcessorTest : public ::testing::Test {
     settings.setValue(u"output"_s, path(u"x.pdf"_s));
     settings.setValue(u"ConfirmOverwrite"_s, u"no"_s);
     settings.writeSettings();
-    word.setActivePrinter(QString::fromUtf16(kPdfPrinter));
+    word.setActivePrinter(kPdfPrinter);
     word.printOut();
     QProcess tool;
     tool.start(program, arguments.replaceInStrings(u"x.pdf"_s, path(u"x.pdf"_s)));
@@ -108,7 +108,7 @@ TEST_F(WordProcessorTest, FaultsAreReported) {
   word.setActivePrinter(u"Impressora que não há"_s);
   EXPECT_THROW(word.printOut(), values::RuntimeError);
   PdfPrinterSettings().writeSettings();
-  word.setActivePrinter(QString::fromUtf16(kPdfPrinter));
+  word.setActivePrinter(kPdfPrinter);
   EXPECT_THROW(word.printOut(), values::RuntimeError) << "no output is set";
   PdfPrinterSettings settings;
   settings.setValue(u"output"_s, path(u"there.pdf"_s));
