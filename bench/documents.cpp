@@ -19,8 +19,8 @@ namespace bench {
 
 namespace {
 
-constexpr const char16_t* kCopies[] = {u"c:\\zarim\\documentos\\orca_cliente_000030.html",
-                                       u"c:\\zarim\\documentos\\orca_empresa_000030.html"};
+const QStringList kCopies{u"c:\\zarim\\documentos\\orca_cliente_000030.html"_s,
+                          u"c:\\zarim\\documentos\\orca_empresa_000030.html"_s};
 
 /// Peak resident memory of this process so far, in MB.
 double peakMegabytes() {
@@ -43,20 +43,19 @@ void htmlOf(int lines) {
   company.fill(quoteRows(30, lines));
   openPrintedQuote();
   const auto removeCopies = [] {
-    for (const char16_t* copy : kCopies) files::removeIfThere(QString::fromUtf16(copy));
+    for (const QString& copy : kCopies) files::removeIfThere(copy);
   };
   QList<QByteArray> written;
-  for (const char16_t* copy : kCopies) {
-    MontaOrcaGradeHTML(30, QString::fromUtf16(copy));
-    written << files::readAll(QString::fromUtf16(copy));
+  for (const QString& copy : kCopies) {
+    MontaOrcaGradeHTML(30, copy);
+    written << files::readAll(copy);
   }
   measure(company, {.name = "quote as HTML, both copies",
                     .size = lines,
                     .prepare = removeCopies,
                     .handler =
                         [] {
-                          for (const char16_t* copy : kCopies)
-                            MontaOrcaGradeHTML(30, QString::fromUtf16(copy));
+                          for (const QString& copy : kCopies) MontaOrcaGradeHTML(30, copy);
                         },
                     .runs = lines == 1000 ? 5 : 11,
                     .floorExtra =

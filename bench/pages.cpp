@@ -20,20 +20,19 @@ void picturing() {
     browse.cmdPesquisa->click();
     const QString folder = files::resolve(contexto().PathImagens);
     QString page;
-    measure(company,
-            {.name = "picture page of found articles",
-             .size = count,
-             .prepare = [] {},
-             .handler = [&] { page = browse.MontaDetalheHTML(); },
-             .runs = 5,
-             // Three looks at the disk an article is what finding its picture takes.
-             .floorExtra =
-                 [&] {
-                   for (int i = 1; i <= count; ++i)
-                     for (const char16_t* form : {u".jpg", u"W2.jpg", u"S3.jpg"})
-                       static_cast<void>(QFileInfo::exists(
-                           folder + u"/ART-%1"_s.arg(i, 5, 10, QLatin1Char('0')) + QString::fromUtf16(form)));
-                 }});
+    measure(company, {.name = "picture page of found articles",
+                      .size = count,
+                      .prepare = [] {},
+                      .handler = [&] { page = browse.MontaDetalheHTML(); },
+                      .runs = 5,
+                      // Three looks at the disk an article is what finding its picture takes.
+                      .floorExtra =
+                          [&] {
+                            for (int i = 1; i <= count; ++i)
+                              for (const QString& form : {u".jpg"_s, u"W2.jpg"_s, u"S3.jpg"_s})
+                                static_cast<void>(QFileInfo::exists(
+                                    folder + u"/ART-%1"_s.arg(i, 5, 10, QChar(u'0')) + form));
+                          }});
   }
 }
 

@@ -61,7 +61,7 @@ QStringList articleRows(int count) {
             "qtde_unid, prod_mate_prim, tipo_mate_prima) VALUES (%1, 'ART-%2', 'Artigo de lembrança %3', %4, "
             "'%5', %6, "
             "9, 15, 100, 1, 'P', 'PRODUTO')"_s.arg(10'000 + i)
-                .arg(i, 5, 10, QLatin1Char('0'))
+                .arg(i, 5, 10, QChar(u'0'))
                 .arg(i)
                 .arg(1 + i % 4)
                 .arg(1.0 + i % 90, 0, 'f', 2)

@@ -80,7 +80,7 @@ void lookingUp() {
     QStringList keys;
     for (int i = 1; i <= kCount; ++i)
       keys << (one.lookup == &DescricaoProduto ? QString::number(kCount + i)
-                                               : u"ART-%1"_s.arg(i, 5, 10, QLatin1Char('0')));
+                                               : u"ART-%1"_s.arg(i, 5, 10, QChar(u'0')));
     measure(company, {.name = one.name,
                       .size = kCount,
                       .prepare = [] {},

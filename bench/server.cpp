@@ -25,8 +25,8 @@ namespace {
 
 constexpr int kNetwork = 10;  // milliseconds that a request and its answer take on the way
 constexpr int kQuote = 30;
-constexpr const char16_t* kCopies[] = {u"c:\\zarim\\documentos\\orca_cliente_000030.html",
-                                       u"c:\\zarim\\documentos\\orca_empresa_000030.html"};
+const QStringList kCopies{u"c:\\zarim\\documentos\\orca_cliente_000030.html"_s,
+                          u"c:\\zarim\\documentos\\orca_empresa_000030.html"_s};
 
 struct Action {
   const char* name;
@@ -52,7 +52,7 @@ void openPrinted() {
   documento().ExibeComposicao = true;
   documento().ExibeMontagem = true;
   documento().rsImpressao = abreConsulta(u"SELECT * FROM prop_cmrc where idprop_cmrc=30"_s);
-  for (const char16_t* copy : kCopies) files::removeIfThere(QString::fromUtf16(copy));
+  for (const QString& copy : kCopies) files::removeIfThere(copy);
 }
 
 const Action kQuoteActions[] = {
@@ -67,7 +67,7 @@ const Action kQuoteActions[] = {
      [] { screen().cmdSALVAR->click(); }},
     {"quote as HTML, both copies", [](int lines) { return quoteRows(kQuote, lines); }, openPrinted,
      [] {
-       for (const char16_t* copy : kCopies) MontaOrcaGradeHTML(kQuote, QString::fromUtf16(copy));
+       for (const QString& copy : kCopies) MontaOrcaGradeHTML(kQuote, copy);
      }},
     {"quote as Word and PDF", [](int lines) { return quoteRows(kQuote, lines); }, openPrinted,
      [] { DocumentoWord(u"30"_s, u"c:\\zarim\\documentos\\o.doc"_s, u"c:\\zarim\\documentos\\o.pdf"_s); }},

@@ -18,70 +18,62 @@ using namespace Qt::StringLiterals;
 namespace sample {
 namespace {
 
-struct Environment {
-  const char16_t* name;
-  const char16_t* database;
-};
-
 /// One line of server.ini each, in its order: production, history, development.
-constexpr Environment kEnvironments[] = {{u"PRD", kDatabase},
-                                         {u"HIST", u"c:\\zarim\\dados\\zarim_hist.db"},
-                                         {u"DEV", u"c:\\zarim\\dados\\zarim_dev.db"}};
+const QStringList kDatabases{kDatabase, u"c:\\zarim\\dados\\zarim_hist.db"_s,
+                             u"c:\\zarim\\dados\\zarim_dev.db"_s};
 
-constexpr const char16_t* kFolders[] = {u"config", u"dados", u"imagens", u"imagens2", u"web", u"docs"};
+const QStringList kFolders{u"config"_s, u"dados"_s, u"imagens"_s, u"imagens2"_s, u"web"_s, u"docs"_s};
 
 /// Fields of paths.ini in their order; the first two and the eighth and ninth belong to other programs.
-constexpr const char16_t* kPaths[] = {u"c:\\zarim\\relatorios\\",
-                                      u"c:\\zarim\\temp\\",
-                                      u"c:\\zarim\\imagens\\",
-                                      u"c:\\zarim\\imagens2\\",
-                                      u".jpg",
-                                      u"_g.jpg",
-                                      u"c:\\zarim\\imagens\\sem_imagem.jpg",
-                                      u"c:\\zarim\\planilhas\\",
-                                      u"c:\\zarim\\etiquetas\\",
-                                      u"c:\\zarim\\docs\\",
-                                      u"c:\\zarim\\web\\",
-                                      u"c:\\zarim\\imagens2\\"};
+const QStringList kPaths{u"c:\\zarim\\relatorios\\"_s,
+                         u"c:\\zarim\\temp\\"_s,
+                         u"c:\\zarim\\imagens\\"_s,
+                         u"c:\\zarim\\imagens2\\"_s,
+                         u".jpg"_s,
+                         u"_g.jpg"_s,
+                         u"c:\\zarim\\imagens\\sem_imagem.jpg"_s,
+                         u"c:\\zarim\\planilhas\\"_s,
+                         u"c:\\zarim\\etiquetas\\"_s,
+                         u"c:\\zarim\\docs\\"_s,
+                         u"c:\\zarim\\web\\"_s,
+                         u"c:\\zarim\\imagens2\\"_s};
 
 /// In paths.ini the last two are of the web.
-constexpr const char16_t* kWebFolders[] = {u"web", u"imagens2"};
+const QStringList kWebFolders{u"web"_s, u"imagens2"_s};
 
-QString configuredPath(std::size_t field, const QString& webPictures) {
-  const std::size_t first = std::size(kPaths) - std::size(kWebFolders);
-  if (webPictures.isEmpty() || field < first) return QString::fromUtf16(kPaths[field]);
-  return webPictures + QString::fromUtf16(kWebFolders[field - first]) + u'/';
+QString configuredPath(qsizetype field, const QString& webPictures) {
+  const qsizetype first = kPaths.size() - kWebFolders.size();
+  if (webPictures.isEmpty() || field < first) return kPaths[field];
+  return webPictures + kWebFolders[field - first] + u'/';
 }
 
 void writeConfiguration(const QString& company, const QString& webPictures) {
   const QString config = company + u"/config/"_s;
   files::write(config + u"server_aplic.ini"_s, "c:\\^zarim\\^\r\n");
   QString servers;
-  for (const Environment& one : kEnvironments)
-    servers += u"(embutido)^%1^^^MS-SQL^^False^\r\n"_s.arg(QString::fromUtf16(one.database));
+  for (const QString& database : kDatabases) servers += u"(embutido)^%1^^^MS-SQL^^False^\r\n"_s.arg(database);
   files::write(config + u"server.ini"_s, servers.toUtf8(), files::Readers::Nobody);
   QString paths;
-  for (std::size_t field = 0; field < std::size(kPaths); ++field)
+  for (qsizetype field = 0; field < kPaths.size(); ++field)
     paths += configuredPath(field, webPictures) + u'^';
   files::write(config + u"paths.ini"_s, paths.toUtf8() + "\r\n");
 }
 
-QString databaseFile(const QString& company, const Environment& environment) {
-  const QString path = QString::fromUtf16(environment.database);
+QString databaseFile(const QString& company, const QString& path) {
   return company + u"/dados/"_s + path.sliced(path.lastIndexOf(u'\\') + 1);
 }
 
 /// The three environments start with the same rows.
 void writeDatabases(const QString& company, const Wishes& wishes) {
-  const QString first = databaseFile(company, kEnvironments[0]);
+  const QString first = databaseFile(company, kDatabase);
   data::createEmbedded(first);
   data::Connection connection;
   connection.open(u"server=(embutido);database="_s + first, 30);
   fill(connection, schema::Dialect::Embedded, wishes.day);
   setMailServer(connection, wishes);
   connection.close();
-  for (const Environment& one : std::span(kEnvironments).subspan(1))
-    if (!QFile::copy(first, databaseFile(company, one))) values::raise(values::kPathFileAccess);
+  for (const QString& other : kDatabases.sliced(1))
+    if (!QFile::copy(first, databaseFile(company, other))) values::raise(values::kPathFileAccess);
 }
 
 const QString kCompany = u"c:\\zarim\\"_s;
@@ -91,7 +83,7 @@ const QString kAboutMark =
 
 /// The files that the installer made, by the company's mark; none without it.
 QStringList marked() {
-  const QString mark = kCompany + u"config\\"_s + QString::fromUtf16(kMarcaDaAmostra);
+  const QString mark = kCompany + u"config\\"_s + kMarcaDaAmostra;
   return files::exists(mark) ? files::readLines(mark).mid(1) : QStringList();
 }
 
@@ -142,9 +134,9 @@ void install(const QString& folder, const Wishes& wishes, bool fresh) {
   if (!QDir().mkpath(company)) values::raise(values::kPathFileAccess, company);
   const QTemporaryDir aside(folder + u"/zarim-XXXXXX"_s);
   if (!aside.isValid()) values::raise(values::kPathFileAccess, folder);
-  for (const char16_t* part : kFolders)
+  for (const QString& part : kFolders)
     for (const QString& parent : {aside.path(), company})
-      if (!QDir(parent).mkpath(QString::fromUtf16(part))) values::raise(values::kPathFileAccess, parent);
+      if (!QDir(parent).mkpath(part)) values::raise(values::kPathFileAccess, parent);
   writeDatabases(aside.path(), wishes);
   drawPictures(aside.path());
   writeConfiguration(aside.path(), wishes.webPictures);
@@ -152,7 +144,7 @@ void install(const QString& folder, const Wishes& wishes, bool fresh) {
   for (const QString& name : std::as_const(made))
     if (!old.contains(name) && QFile::exists(company + u'/' + name)) refuse(name + u" is in the way."_s);
   removeMarked(old);
-  files::write(company + u"/config/"_s + QString::fromUtf16(kMarcaDaAmostra),
+  files::write(company + u"/config/"_s + kMarcaDaAmostra,
                (kAboutMark + u"\r\n"_s + made.join(u"\r\n"_s) + u"\r\n"_s).toUtf8());
   // Last comes the file that says that the company is whole.
   const QString last = u"config/server_aplic.ini"_s;

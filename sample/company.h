@@ -11,7 +11,7 @@
 namespace sample {
 
 /// Path of the embedded database as server.ini names it.
-inline constexpr char16_t kDatabase[] = u"c:\\zarim\\dados\\zarim.db";
+inline const QString kDatabase = QStringLiteral("c:\\zarim\\dados\\zarim.db");
 
 /// Whether the folder holds an installation, the sample's or another.
 [[nodiscard]] bool isInstalled(const QString& folder);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringView>
 #include <span>
 
 // What the pictures of the sample company show, as shapes on a ground of 400 by 300.
@@ -15,7 +16,7 @@ struct Shape {
 };
 
 struct Motif {
-  const char16_t* name;
+  QStringView name;
   std::span<const Shape> shapes;
 };
 

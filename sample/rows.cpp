@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 namespace sample {
 namespace {
 
-constexpr const char16_t* kFiles[] = {u"company",   u"lists",      u"parties", u"products",
-                                      u"materials", u"prototypes", u"quotes",  u"orders"};
+const QStringList kFiles{u"company"_s,   u"lists"_s,      u"parties"_s, u"products"_s,
+                         u"materials"_s, u"prototypes"_s, u"quotes"_s,  u"orders"_s};
 
 std::vector<Rows> read(const QString& file) {
   QFile source(u":/sample/rows/%1.txt"_s.arg(file));
@@ -43,8 +43,8 @@ const QString& Rows::at(std::size_t row, QStringView column) const {
 
 std::vector<Rows> tables() {
   std::vector<Rows> all;
-  for (const char16_t* file : kFiles)
-    for (Rows& table : read(QString::fromUtf16(file))) all.push_back(std::move(table));
+  for (const QString& file : kFiles)
+    for (Rows& table : read(file)) all.push_back(std::move(table));
   return all;
 }
 

@@ -10,16 +10,18 @@
 #include "platform/forms/process.h"
 #include "quote/program.h"
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv) {
   forms::endPlainly();
   files::keepFromOthers();
   if (const auto status = atendeOpcao(argc, argv, QStringLiteral(ZARIM_BUILD_ID))) return *status;
-  files::logInto(files::stateFolder() + QStringLiteral("/zarim.log"));
+  files::logInto(files::stateFolder() + u"/zarim.log"_s);
   QApplication application(argc, argv);
-  QApplication::setApplicationName(QStringLiteral("zarim"));
+  QApplication::setApplicationName(u"zarim"_s);
   QApplication::setApplicationVersion(QStringLiteral(ZARIM_BUILD_ID));
-  QApplication::setDesktopFileName(QStringLiteral("zarim"));
+  QApplication::setDesktopFileName(u"zarim"_s);
   forms::measures::keepIn(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
-                          QStringLiteral("/telas.ini"));
+                          u"/telas.ini"_s);
   return executaPrograma(application, application.arguments().mid(1).join(u' '));
 }

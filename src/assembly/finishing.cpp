@@ -29,7 +29,7 @@ void entregaItem(const ItemMontado& montado) {
   const auto celula = [&](Column coluna) { return montado.origem.text(produto, coluna); };
   using namespace grades;
   orcamento.Flex->grid().addRow({{item::Id, celula(Column::Id)},
-                                 {item::Tipo, QString::fromUtf16(kProduto)},
+                                 {item::Tipo, kProduto},
                                  {item::Codigo, celula(Column::Codigo)},
                                  {item::Descricao, celula(Column::Descricao)},
                                  {item::VrBruto, montado.unitario},
@@ -89,7 +89,7 @@ QString frmMontarProduto::observacaoDoItem() {
 bool frmMontarProduto::voltaOMesmoItem() const {
   const auto& aberto = forms::form<frmPropCmrcTL>().ItemNaMontagem;
   return aberto.rows() <= 1 ||
-         (maiusculas(aberto.text(1, grades::item::Tipo)) == QStringView(grades::kProduto) &&
+         (maiusculas(aberto.text(1, grades::item::Tipo)) == grades::kProduto &&
           aberto.text(1, grades::item::Id) == FlexSombra.text(linhaProduto(FlexSombra), Column::Id));
 }
 

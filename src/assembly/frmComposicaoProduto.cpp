@@ -30,7 +30,7 @@ frmComposicaoProduto::frmComposicaoProduto() {
 void frmComposicaoProduto::Form_Load() {
   PreparaGradeComposicao();
   CentralizaForm(*this);
-  setWindowTitle(QString::fromUtf16(kTitulo) + u" - "_s + u"Visualiza Composição do Produto"_s);
+  setWindowTitle(kTitulo + u" - "_s + u"Visualiza Composição do Produto"_s);
   AplicaCoresForm(*this);
   const QString codigo = contexto().CodProdutoComposicao;
   lblCodigoProdDetalhe->setText(codigo);

@@ -16,7 +16,7 @@ using forms::GridColumn;
 using forms::kRight;
 
 /// The first eleven columns of the quote's materials, with the titles and widths that differ here.
-constexpr auto materiais(const char16_t* observacao, int larguraOrdem) {
+constexpr auto materiais(QStringView observacao, int larguraOrdem) {
   std::array<GridColumn, grades::material::kColunasDaMontagem> colunas{};
   std::copy_n(grades::material::kLayoutDoOrcamento.begin(), colunas.size(), colunas.begin());
   colunas[grades::material::Observacao].title = observacao;
@@ -67,7 +67,7 @@ frmMontarProduto::frmMontarProduto() {
 void frmMontarProduto::Form_Load() {
   removeCloseEntry();
   CentralizaForm(*this);
-  setWindowTitle(QString::fromUtf16(kTitulo) + u" - "_s + u"Montar Produto"_s);
+  setWindowTitle(kTitulo + u" - "_s + u"Montar Produto"_s);
   PreparaGradeMontagem();
   preparaGradesPesquisa();
   PreparaGradeSombra();

@@ -4,7 +4,7 @@
 #include "ui_frmConfirmaPropCmrcTL.h"
 
 /// Mask of the percentages of a discount.
-inline constexpr const char16_t* kMascaraPercentual = u"###0.0000";
+inline constexpr QStringView kMascaraPercentual = u"###0.0000";
 
 /// The confirmation of a quote: discount, carrier, observation for the order, payment condition and
 /// instalments. The quote screen fills it while it is hidden and shows it modally; it hides on leaving and

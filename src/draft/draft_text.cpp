@@ -32,7 +32,7 @@ constexpr std::pair<QStringView, QString Gravacao::*> kGravacao[] = {
 
 }  // namespace
 
-QString versaoDoPrograma() { return QString::fromUtf16(kTitulo).section(u' ', 1); }
+QString versaoDoPrograma() { return kTitulo.section(u' ', 1); }
 
 QByteArray texto(const Rascunho& rascunho) {
   QString linhas = kPrimeira + u'\n';

@@ -30,7 +30,7 @@ QString textoSobre() {
   const Contexto& c = contexto();
   const QString compilacao = QCoreApplication::applicationVersion();
   const QStringList linhas{
-      QString::fromUtf16(kTitulo),
+      kTitulo,
       {},
       u"Versão: " ZARIM_VERSION ""_s,
       u"Compilação: "_s + (compilacao.isEmpty() ? u"de desenvolvimento"_s : compilacao),

@@ -7,6 +7,8 @@
 #include "platform/forms/form.h"
 #include "platform/forms/process.h"
 
+using namespace Qt::StringLiterals;
+
 bool TeclasDeAjuda::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) return false;
   const auto* tecla = static_cast<QKeyEvent*>(event);
@@ -23,6 +25,6 @@ bool TeclasDeAjuda::eventFilter(QObject* watched, QEvent* event) {
         else
           abreManual(tela->objectName());
       },
-      tela->objectName() + QStringLiteral(".F1"));
+      tela->objectName() + u".F1"_s);
   return true;
 }

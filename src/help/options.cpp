@@ -27,8 +27,7 @@ int diz(const QString& texto, FILE* onde = stdout, int status = 0) {
 }
 
 int verifica(const QString& ambiente) {
-  const bool conhecido = std::ranges::any_of(kAmbientes, [&](const char16_t* um) { return ambiente == um; });
-  if (!ambiente.isEmpty() && !conhecido) return diz(QString::fromUtf8(kUso), stderr, 2);
+  if (!ambiente.isEmpty() && !kAmbientes.contains(ambiente)) return diz(QString::fromUtf8(kUso), stderr, 2);
   int faltas = 0;
   const bool bem = verificaInstalacao(ambiente, [&faltas](const Achado& achado) {
     if (!achado.conselho.isEmpty()) ++faltas;
@@ -46,7 +45,7 @@ int explicaMenu() {
   forms::msgBox(
       {.text = u"Há uma empresa configurada neste computador. O orçamento é aberto pelo menu do ERP, que "
                "diz quem é o usuário e qual é o ambiente:\r\rzarim '7^0^PRD^'"_s,
-       .title = QString::fromUtf16(kTitulo),
+       .title = kTitulo,
        .icon = forms::Icon::Information});
   return 0;
 }

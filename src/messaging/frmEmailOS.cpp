@@ -24,12 +24,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char16_t* kSemSenha =
+const QString kSemSenha =
     u"Usuário sem senha de e-mail registrada!\r"
     u"\r"
     u"Você deverá entrar em [Manutenção] e depois em [Senha e-mail] para registrar!\r"
     u"\r"
-    u"O e-mail não pode ser encaminhado!";
+    u"O e-mail não pode ser encaminhado!"_s;
 
 constexpr qint64 kGrande = 1024 * 1024;  // a size from here on is shown in megabytes
 
@@ -81,7 +81,7 @@ void frmEmailOS::ajustaMedidas() {
 void frmEmailOS::Form_Load() {
   AplicaCoresForm(*this);
   CentralizaForm(*this);
-  setWindowTitle(QString::fromUtf16(kTitulo) + u" - Envio de E-mail"_s);
+  setWindowTitle(kTitulo + u" - Envio de E-mail"_s);
   txtServer->setText(waitFor(ServidorEmail()).toLower());
   txtMailFrom->setText(waitFor(EmailOrcamento()).toLower());
   txtUsername->setText(txtMailFrom->text());
@@ -137,7 +137,7 @@ void frmEmailOS::cmdAnexo_Click() {
 
 bool frmEmailOS::podeEnviar() {
   if (txtPassword->text().isEmpty()) {
-    forms::msgBox({.text = QString::fromUtf16(kSemSenha), .title = windowTitle()});
+    forms::msgBox({.text = kSemSenha, .title = windowTitle()});
     return false;
   }
   const struct {

@@ -96,7 +96,7 @@ inline constexpr std::array<GridColumn, 5> kLayout{{
 }  // namespace parcela
 
 /// Kinds of line: what idprodprot of a line points to.
-inline constexpr const char16_t* kProduto = u"PROD";
-inline constexpr const char16_t* kPrototipo = u"PROT";
+inline const QString kProduto = QStringLiteral("PROD");
+inline const QString kPrototipo = QStringLiteral("PROT");
 
 }  // namespace grades

@@ -37,7 +37,7 @@ void frmPropCmrcTL::cmdIncluir_ProdProt_Click() {
 }
 
 QString frmPropCmrcTL::tipoDoPainel() const {
-  return QString::fromUtf16(opPROD->isChecked() ? grades::kProduto : grades::kPrototipo);
+  return opPROD->isChecked() ? grades::kProduto : grades::kPrototipo;
 }
 
 bool frmPropCmrcTL::recusaRepetido() {

@@ -72,7 +72,7 @@ GridRow linhaDoItem(const data::Recordset& rs, bool produto, const Artigo& artig
 
 Asked<ItemLido> leItem(data::Recordset rs, QString idOrcamento, QString linhaFlex) {
   const QString id = rs.text(u"idprodprot");
-  const bool produto = maiusculas(rs.text(u"prod_prot")) == QStringView(grades::kProduto);
+  const bool produto = maiusculas(rs.text(u"prod_prot")) == grades::kProduto;
   auto pedeArtigo = produto ? artigoDoProduto(id) : artigoDoPrototipo(id);
   auto pedeMontagem = CarregaMontagem(idOrcamento, rs.text(u"idPROP_CMRC_DETA"), linhaFlex);
   const Artigo artigo = co_await pedeArtigo;

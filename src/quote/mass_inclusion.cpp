@@ -17,7 +17,7 @@ forms::GridRow linhaComMascara(const data::Recordset& rs, double quantidade, con
   const QString id = rs.text(u"IDPROT");
   const QString valor = rs.format(u"VALO_VEDS", kMascaraMoeda);
   return {{Id, id},
-          {Tipo, QString::fromUtf16(grades::kPrototipo)},
+          {Tipo, grades::kPrototipo},
           {Codigo, id},
           {Descricao, rs.text(u"DESC_PROT")},
           {VrBruto, valor},

@@ -18,23 +18,23 @@ using namespace Qt::StringLiterals;
 namespace {
 
 struct Rotulo {
-  const char16_t* texto;
+  QString texto;
   forms::ColorNumber fundo;
 };
 // Dark enough for white letters on any theme.
-constexpr Rotulo kNovo{u"Novo orçamento", 0x2F6B1E};
-constexpr Rotulo kCopia{u"Cópia do nr. %2", kNovo.fundo};
-constexpr Rotulo kAlterando{u"Em alteração", 0x0050B4};
-constexpr Rotulo kDesativado{u"Desativado", 0x2020B0};
-constexpr Rotulo kFechado{u"Fechado", 0x8C4A1B};
-constexpr Rotulo kNaoCarregado{u"Nr. %1 não carregado", 0x702870};
-constexpr Rotulo kDigitado{u"Nr. %1 não carregado · na tela: %2", kNaoCarregado.fundo};
-constexpr Rotulo kAberto{u"Aberto", 0x606060};
-constexpr Rotulo kVence{u"Aberto · %2", 0x00529A};
-constexpr Rotulo kVencido{u"Aberto · %2", 0x2020B0};
+const Rotulo kNovo{u"Novo orçamento"_s, 0x2F6B1E};
+const Rotulo kCopia{u"Cópia do nr. %2"_s, kNovo.fundo};
+const Rotulo kAlterando{u"Em alteração"_s, 0x0050B4};
+const Rotulo kDesativado{u"Desativado"_s, 0x2020B0};
+const Rotulo kFechado{u"Fechado"_s, 0x8C4A1B};
+const Rotulo kNaoCarregado{u"Nr. %1 não carregado"_s, 0x702870};
+const Rotulo kDigitado{u"Nr. %1 não carregado · na tela: %2"_s, kNaoCarregado.fundo};
+const Rotulo kAberto{u"Aberto"_s, 0x606060};
+const Rotulo kVence{u"Aberto · %2"_s, 0x00529A};
+const Rotulo kVencido{u"Aberto · %2"_s, 0x2020B0};
 // Of the idle screen.
-constexpr Rotulo kAmostra{u"Empresa de amostra", 0x606060};
-constexpr Rotulo kAviso{u"%2", 0x2020B0};
+const Rotulo kAmostra{u"Empresa de amostra"_s, 0x606060};
+const Rotulo kAviso{u"%2"_s, 0x2020B0};
 constexpr forms::ColorNumber kBranco = 0xFFFFFF;
 
 /// While a quote is edited a search would load another one over it.
@@ -73,8 +73,7 @@ void frmPropCmrcTL::mostraSituacao() {
   const QString primeiro = rotulo == &kDigitado ? apara(txtCodigo->text()) : txtRowId->text();
   const bool comPrazo = rotulo == &kVence || rotulo == &kVencido;
   const QString& segundo = rotulo == &kAviso ? aviso_ : comPrazo ? prazo.texto : idCarregado_;
-  lblSituacao->setText(
-      QString::fromUtf16(rotulo->texto).replace(u"%1"_s, primeiro).replace(u"%2"_s, segundo));
+  lblSituacao->setText(QString(rotulo->texto).replace(u"%1"_s, primeiro).replace(u"%2"_s, segundo));
   lblSituacao->setToolTip(rotulo == &kAviso ? forms::asTip(aviso_) : QString());
   forms::setBackColor(lblSituacao, rotulo->fundo);
   forms::setForeColor(lblSituacao, kBranco);
@@ -152,7 +151,7 @@ void frmPropCmrcTL::cmdSAIR_Click() {
   const auto resposta = forms::msgBox({.text = u"Existe operação não concluída!!!\r<Sim> Sair sem Concluir\r"
                                                "<Não> Retornar para a Operação Atual\r"
                                                "<Cancela> Retornar e Abortar a Operação Atual"_s,
-                                       .title = QString::fromUtf16(kTitulo),
+                                       .title = kTitulo,
                                        .buttons = forms::Buttons::YesNoCancel});
   if (resposta == forms::Answer::Yes) return unload();
   if (resposta != forms::Answer::Cancel) return;

@@ -9,6 +9,8 @@
 #include "run/context.h"
 #include "shared/program_icon.h"
 
+using namespace Qt::StringLiterals;
+
 int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
   aplicacao.setQuitOnLastWindowClosed(false);
   forms::applyStyle();
@@ -23,9 +25,9 @@ int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
         QObject::connect(&principal, &QObject::destroyed, &aplicacao, &QCoreApplication::quit,
                          Qt::QueuedConnection);
         principal.showForm();
-        rascunho::guarda().liga(files::profileFolder() + QStringLiteral("/rascunhos"));
+        rascunho::guarda().liga(files::profileFolder() + u"/rascunhos"_s);
       },
-      QStringLiteral("frmPropCmrcTL.Form_Load"));
+      u"frmPropCmrcTL.Form_Load"_s);
   const int status = aplicacao.exec();
   rascunho::guarda().desliga();
   forms::registry::clear();

@@ -138,7 +138,7 @@ QString frmPropCmrcTL::gravaLinhas(const QString& idOrcamento, Caixa caixa) {
   Comandos comandos;
   for (int linha = 1; linha < itens.rows(); ++linha) {
     const QString aprovacao = itens.text(linha, item::DtAprov);
-    if (values::isDate(aprovacao) && itens.text(linha, item::Tipo) == QStringView(kPrototipo))
+    if (values::isDate(aprovacao) && itens.text(linha, item::Tipo) == kPrototipo)
       comandos.push_back({AprovaPrototipo(itens.text(linha, item::Id), idOrcamento, aprovacao)});
     for (const int material : materiais[static_cast<std::size_t>(linha)])
       comandos.push_back({maiusculas(montaInsertMontagem(idOrcamento, ids[linha - 1], material))});

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char16_t* kPastaConfiguracao = u"c:\\zarim\\config\\";
+const QString kPastaConfiguracao = u"c:\\zarim\\config\\"_s;
 constexpr int kEsperaConexao = 400;  // seconds: a distant or waking server may take that long
 
 /// The line that counts of a file with one, trimmed.
@@ -34,7 +34,7 @@ void exigeDrive() {
   forms::msgBox(
       {.text = u"A pasta que faz as vezes do drive C não está acessível:\r\r"_s + pasta +
                u"\r\rO compartilhamento pode não estar montado. Contate o Administrador do Sistema!"_s,
-       .title = QString::fromUtf16(kTitulo),
+       .title = kTitulo,
        .icon = forms::Icon::Critical});
   forms::end(1);
 }
@@ -72,10 +72,7 @@ void conectaPelosArquivos() {
 
 QString linhaDoAmbiente(const QStringList& linhas) {
   const QString& ambiente = contexto().Ambiente;
-  for (std::size_t qual = 0; qual < std::size(kAmbientes); ++qual)
-    if (ambiente == kAmbientes[qual] || (qual == 0 && ambiente.isEmpty()))
-      return apara(linhas.value(static_cast<qsizetype>(qual)));
-  return {};
+  return apara(linhas.value(ambiente.isEmpty() ? 0 : kAmbientes.indexOf(ambiente)));
 }
 
 void tomaCamposDoServidor(const QString& linha) {
@@ -101,7 +98,7 @@ QString cadeiaDeConexao() {
 }
 
 QString arquivoConfiguracao(const QString& nome) {
-  QString fixo = QString::fromUtf16(kPastaConfiguracao) + nome;
+  QString fixo = kPastaConfiguracao + nome;
   const QString raiz = contexto().DriveSistema + contexto().PastaSistema;
   if (raiz.isEmpty()) return fixo;
   const QString caminho = raiz + u"config\\"_s + nome;
@@ -115,7 +112,7 @@ QString arquivoConfiguracao(const QString& nome) {
 }
 
 bool ehAmostra() {
-  const QString marca = u"config\\"_s + QString::fromUtf16(kMarcaDaAmostra);
+  const QString marca = u"config\\"_s + kMarcaDaAmostra;
   try {
     return files::exists(contexto().DriveSistema + contexto().PastaSistema + marca);
   } catch (const values::RuntimeError&) {
@@ -138,14 +135,14 @@ void ConectaServidor() {
 }
 
 void LeServerAplic() {
-  const QString caminho = QString::fromUtf16(kPastaConfiguracao) + u"server_aplic.ini"_s;
+  const QString caminho = kPastaConfiguracao + u"server_aplic.ini"_s;
   try {
     if (!files::exists(caminho)) {
       registraAchados();
       forms::msgBox({.text = u"Há Problemas de Configuração do Aplicativo ZARIM!\r\r"
                              "Contate o Administrador do Sistema e informe este fato, identificado\r"
                              "o motivo [Falta do Arquivo Server_Aplic]!"_s,
-                     .title = QString::fromUtf16(kTitulo),
+                     .title = kTitulo,
                      .icon = forms::Icon::Critical});
       forms::end(1);
     }

@@ -7,13 +7,13 @@
 [[nodiscard]] QString arquivoConfiguracao(const QString& nome);
 
 /// File beside server.ini that marks a sample company and lists the files that its installer made.
-inline constexpr const char16_t* kMarcaDaAmostra = u"amostra.txt";
+inline const QString kMarcaDaAmostra = QStringLiteral("amostra.txt");
 
 /// Whether the company that the program works for is a sample one.
 [[nodiscard]] bool ehAmostra();
 
 // The environments in the order of their lines in server.ini. An empty one works as the first.
-inline constexpr const char16_t* kAmbientes[] = {u"PRD", u"HIST", u"DEV"};
+inline const QStringList kAmbientes{QStringLiteral("PRD"), QStringLiteral("HIST"), QStringLiteral("DEV")};
 
 /// The line of the run's environment, trimmed; what stands after the third line belongs to none.
 [[nodiscard]] QString linhaDoAmbiente(const QStringList& linhas);

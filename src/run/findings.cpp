@@ -91,7 +91,7 @@ void olhaServerIni(const Anota& anota) {
            u"tire dos outros a leitura (chmod o-r)"_s});
   const QString escolhida = linhaDoAmbiente(linhas);
   for (qsizetype n = 0; n < 3; ++n) {
-    const QString ambiente = QString::fromUtf16(kAmbientes[n]);
+    const QString& ambiente = kAmbientes[n];
     const bool deste = contexto().Ambiente == ambiente || (n == 0 && contexto().Ambiente.isEmpty());
     olhaLinha(anota, u"server.ini, linha %1 (%2)"_s.arg(n + 1).arg(ambiente), apara(linhas.value(n)), deste);
   }
@@ -100,18 +100,18 @@ void olhaServerIni(const Anota& anota) {
 
 struct Pasta {
   int campo;
-  const char16_t* oQue;
+  QString oQue;
   QString Contexto::*valor;
   enum { Texto, Arquivo, Le, Grava } como;
 };
-constexpr Pasta kPastas[] = {{3, u"pasta das imagens", &Contexto::PathImagens, Pasta::Le},
-                             {4, u"segunda pasta das imagens", &Contexto::PathImagens2, Pasta::Le},
-                             {5, u"final dos nomes das imagens", &Contexto::ExtImagens, Pasta::Texto},
-                             {6, u"final dos nomes na segunda pasta", &Contexto::ExtImagens2, Pasta::Texto},
-                             {7, u"imagem de quem não tem imagem", &Contexto::ArqSemImagem, Pasta::Arquivo},
-                             {10, u"pasta dos documentos", &Contexto::PathDocs, Pasta::Grava},
-                             {11, u"endereço das imagens na web", &Contexto::PathWeb, Pasta::Texto},
-                             {12, u"endereço das imagens grandes na web", &Contexto::PathLink, Pasta::Texto}};
+const Pasta kPastas[] = {{3, u"pasta das imagens"_s, &Contexto::PathImagens, Pasta::Le},
+                         {4, u"segunda pasta das imagens"_s, &Contexto::PathImagens2, Pasta::Le},
+                         {5, u"final dos nomes das imagens"_s, &Contexto::ExtImagens, Pasta::Texto},
+                         {6, u"final dos nomes na segunda pasta"_s, &Contexto::ExtImagens2, Pasta::Texto},
+                         {7, u"imagem de quem não tem imagem"_s, &Contexto::ArqSemImagem, Pasta::Arquivo},
+                         {10, u"pasta dos documentos"_s, &Contexto::PathDocs, Pasta::Grava},
+                         {11, u"endereço das imagens na web"_s, &Contexto::PathWeb, Pasta::Texto},
+                         {12, u"endereço das imagens grandes na web"_s, &Contexto::PathLink, Pasta::Texto}};
 
 /// What is missing for a path to be used; empty where nothing is.
 QString falta(const Pasta& pasta, const QString& valor) {
@@ -158,28 +158,25 @@ void olhaArquivos(const Anota& anota) {
 void olhaPastas(const Anota& anota) {
   for (const Pasta& pasta : kPastas) {
     const QString& valor = contexto().*pasta.valor;
-    const QString assunto = QString::fromUtf16(pasta.oQue);
-    tenta(anota, assunto, u"um atalho leva para fora do drive: ponha a pasta dentro dele"_s, [&] {
-      anota({assunto, valor, falta(pasta, valor)});
+    tenta(anota, pasta.oQue, u"um atalho leva para fora do drive: ponha a pasta dentro dele"_s, [&] {
+      anota({pasta.oQue, valor, falta(pasta, valor)});
     });
   }
 }
 
 QString conselhoDaConexao(const QString& palavras) {
-  static constexpr struct {
-    const char16_t* parte;
-    const char16_t* conselho;
-  } kCausas[] = {
-      {u"Unknown host", u"a rede não conhece o nome do servidor: confira o campo 1"},
-      {u"Can't open lib", u"o driver não está instalado: odbcinst -q -d diz quais estão"},
-      {u"Data source name not found", u"o driver não está registrado: odbcinst -q -d diz quais estão"},
-      {u"Login failed", u"o servidor recusa usuário ou senha: confira os campos 3 e 4"},
-      {u"Cannot open database", u"o banco não existe ou o usuário não entra nele: confira o campo 2"},
-      {u"Database '", u"o banco não existe ou o usuário não entra nele: confira o campo 2"},
-      {u"certificate", u"o certificado do servidor não vale: confira o arquivo das autoridades"},
-      {u"Unable to connect", u"nada responde nesse endereço: confira servidor, porta, instância e firewall"}};
+  static const std::pair<QString, QString> kCausas[] = {
+      {u"Unknown host"_s, u"a rede não conhece o nome do servidor: confira o campo 1"_s},
+      {u"Can't open lib"_s, u"o driver não está instalado: odbcinst -q -d diz quais estão"_s},
+      {u"Data source name not found"_s, u"o driver não está registrado: odbcinst -q -d diz quais estão"_s},
+      {u"Login failed"_s, u"o servidor recusa usuário ou senha: confira os campos 3 e 4"_s},
+      {u"Cannot open database"_s, u"o banco não existe ou o usuário não entra nele: confira o campo 2"_s},
+      {u"Database '"_s, u"o banco não existe ou o usuário não entra nele: confira o campo 2"_s},
+      {u"certificate"_s, u"o certificado do servidor não vale: confira o arquivo das autoridades"_s},
+      {u"Unable to connect"_s,
+       u"nada responde nesse endereço: confira servidor, porta, instância e firewall"_s}};
   for (const auto& [parte, conselho] : kCausas)
-    if (palavras.contains(parte, Qt::CaseInsensitive)) return QString::fromUtf16(conselho);
+    if (palavras.contains(parte, Qt::CaseInsensitive)) return conselho;
   return u"confira a linha do ambiente em server.ini"_s;
 }
 

@@ -1,4 +1,6 @@
 #pragma once
 
+#include <QString>
+
 /// Stands above boxes and begins the titles of the windows.
-inline constexpr const char16_t* kTitulo = u"Zarim 1.2";
+inline const QString kTitulo = QStringLiteral("Zarim 1.2");

@@ -6,10 +6,10 @@ namespace pesquisa {
 
 void entrega(std::span<const Entrega> tabela, const QString& chamadora, const forms::GridModel& grade) {
   for (const auto& linha : tabela) {
-    if (chamadora != QStringView(linha.chamadora)) continue;
+    if (chamadora != linha.chamadora) continue;
     const QString celula = grade.text(grade.row(), linha.coluna);
-    forms::writeControl(linha.tela ? QString::fromUtf16(linha.tela) : chamadora,
-                        QString::fromUtf16(linha.controle), linha.leitura ? linha.leitura(celula) : celula);
+    forms::writeControl(linha.tela.isEmpty() ? chamadora : linha.tela.toString(), linha.controle.toString(),
+                        linha.leitura ? linha.leitura(celula) : celula);
   }
 }
 

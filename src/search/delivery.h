@@ -11,11 +11,11 @@ namespace pesquisa {
 
 /// A control of a caller and the column of the chosen row that it takes.
 struct Entrega {
-  const char16_t* chamadora;
-  const char16_t* controle;
+  QStringView chamadora;
+  QStringView controle;
   int coluna;
   QString (*leitura)(const QString&) = nullptr;  ///< applied to the cell; without one it stands as it is
-  const char16_t* tela = nullptr;                ///< whose control it is, where it isn't the caller's own
+  QStringView tela = {};                         ///< whose control it is, where it isn't the caller's own
 };
 
 /// Writes what the caller's rows of the table name, from the current row of the grid.

@@ -22,16 +22,16 @@ constexpr std::array<forms::GridColumn, 4> kGrade{{
 
 /// How one option searches: its order without a text, its filter around the text, its order with a text.
 struct Busca {
-  const char16_t* ordem;
-  const char16_t* antes;
-  const char16_t* depois;
-  const char16_t* ordemComTexto;
+  QString ordem;
+  QString antes;
+  QString depois;
+  QString ordemComTexto;
 };
-constexpr Busca kPorId{u"", u" WHERE idcond_pgto =", u"", u""};
+const Busca kPorId{{}, u" WHERE idcond_pgto ="_s, {}, {}};
 // With a text these two sort on columns that payment conditions don't have: only an id can be searched for.
-constexpr Busca kPorDescricao{u" ORDER BY desc_cond_pgto", u" WHERE desc_cond_pgto LIKE '%", u"%'",
-                              u" ORDER BY razaosocial"};
-constexpr Busca kPorParcelas{u" ORDER BY qtde_parc", u" WHERE qtde_parc = ", u"", u" ORDER BY nomefantasia"};
+const Busca kPorDescricao{u" ORDER BY desc_cond_pgto"_s, u" WHERE desc_cond_pgto LIKE '%"_s, u"%'"_s,
+                          u" ORDER BY razaosocial"_s};
+const Busca kPorParcelas{u" ORDER BY qtde_parc"_s, u" WHERE qtde_parc = "_s, {}, u" ORDER BY nomefantasia"_s};
 
 constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmPropCmrcTL", u"txtIdCondPg", Id, nullptr, u"frmConfirmaPropCmrcTL"},
@@ -39,8 +39,6 @@ constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmPedido", u"txtIdCondPg", Id},
     {u"frmCompras", u"txtIdCondPg", Id},
 };
-
-QString texto(const char16_t* fixo) { return QString::fromUtf16(fixo); }
 
 }  // namespace
 
@@ -66,7 +64,7 @@ void frmBROWSE_CONDPG::Form_Load() {
   PreparaGradeCondPg();
   AplicaCoresForm(*this);
   CentralizaForm(*this);
-  setWindowTitle(texto(kTitulo));
+  setWindowTitle(kTitulo);
   cmdPesquisa_Click();
 }
 
@@ -78,11 +76,11 @@ QString frmBROWSE_CONDPG::montaConsulta() const {
   QString sql = u"SELECT * FROM cond_pgto"_s;
   if (txtCOD->text().isEmpty()) {
     if (ativas) sql += u" where data_desa is null"_s;
-    return sql + texto(busca.ordem);
+    return sql + busca.ordem;
   }
-  sql += texto(busca.antes) + txtCOD->text() + texto(busca.depois);
+  sql += busca.antes + txtCOD->text() + busca.depois;
   if (ativas) sql += u" and data_desa is null"_s;
-  return sql + texto(busca.ordemComTexto);
+  return sql + busca.ordemComTexto;
 }
 
 void frmBROWSE_CONDPG::cmdPesquisa_Click() {

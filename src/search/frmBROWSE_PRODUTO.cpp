@@ -60,7 +60,8 @@ bool usaMateriaPrima() {
 }  // namespace
 
 frmBROWSE_PRODUTO::frmBROWSE_PRODUTO()
-    : PesquisaComFotos({Codigo, u"pesquisa_produtos.html", u"produto encontrado", u"produtos encontrados"}) {
+    : PesquisaComFotos(
+          {Codigo, u"pesquisa_produtos.html"_s, u"produto encontrado"_s, u"produtos encontrados"_s}) {
   using forms::Event;
   setupUi(this);
   Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
@@ -91,7 +92,7 @@ void frmBROWSE_PRODUTO::Form_Load() {
   txtMaxReg->setText(u"100"_s);
   PreparaGradeProduto();
   CentralizaForm(*this);
-  setWindowTitle(QString::fromUtf16(kTitulo));
+  setWindowTitle(kTitulo);
   SSTab1->setCurrentIndex(Grade);
   retomaPesquisa();
 
@@ -154,7 +155,7 @@ void frmBROWSE_PRODUTO::entregaEscolha() {
 
 void frmBROWSE_PRODUTO::cmdLimpar_Click() {
   PreparaGradeProduto();
-  setWindowTitle(QString::fromUtf16(kTitulo));
+  setWindowTitle(kTitulo);
   lblContagem->clear();
   SSTab1->setCurrentIndex(Grade);
   txtCOD->clear();

@@ -125,7 +125,7 @@ void frmBROWSE_PropCmrc::Form_Load() {
   txtMaxReg->setText(u"100"_s);
   PreparaGradePropCmrc();
   CentralizaForm(*this);
-  setWindowTitle(QString::fromUtf16(kTitulo));
+  setWindowTitle(kTitulo);
   opDesc->setChecked(true);
   AplicaCoresForm(*this);
 }

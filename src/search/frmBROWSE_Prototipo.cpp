@@ -21,7 +21,7 @@ constexpr std::array<forms::GridColumn, 4> kLayout{{
     {u"DT Desativa", 1000, forms::kRight},
 }};
 
-constexpr const char16_t* kSoPrototipos = u"frmPropCmrc";
+constexpr QStringView kSoPrototipos = u"frmPropCmrc";
 constexpr pesquisa::Entrega kEntregas[] = {
     {u"frmPrototipo", u"txtRowId", Tela::Id},       {u"frmPrototipo", u"txtCodigo", Tela::Id},
     {kSoPrototipos, u"txtCodProduto", Tela::Id},    {u"frmProduto", u"lblCodProt", Tela::Id},
@@ -31,7 +31,8 @@ constexpr pesquisa::Entrega kEntregas[] = {
 }  // namespace
 
 frmBROWSE_Prototipo::frmBROWSE_Prototipo()
-    : PesquisaComFotos({Id, u"pesquisa_prototipo.html", u"protótipo encontrado", u"protótipos encontrados"}) {
+    : PesquisaComFotos(
+          {Id, u"pesquisa_prototipo.html"_s, u"protótipo encontrado"_s, u"protótipos encontrados"_s}) {
   setupUi(this);
   Flex->setLeastText(DtDesativa, u"00/00/0000"_s);
   liga({Flex,
@@ -54,7 +55,7 @@ void frmBROWSE_Prototipo::Form_Load() {
   opQualquerParte->setChecked(true);
   preparaGradePrototipo();
   CentralizaForm(*this);
-  setWindowTitle(QString::fromUtf16(kTitulo));
+  setWindowTitle(kTitulo);
   SSTab1->setCurrentIndex(Grade);
   retomaPesquisa();
 }
@@ -99,7 +100,7 @@ void frmBROWSE_Prototipo::entregaEscolha() {
   const QString tela = contexto().TelaChamadora;
   const auto& grade = Flex->grid();
   const QString produto = grade.text(grade.row(), Produto);
-  if (tela == QStringView(kSoPrototipos) && !produto.isEmpty())
+  if (tela == kSoPrototipos && !produto.isEmpty())
     return avisa(
         u"Este Protótipo Não Poderá Ser Usado, pois já se tornou um Produto\r"
         u"Escolha a Opção Inserção de Produto e Não de Protótipo\rCódigo do Produto:\r"_s +

@@ -15,8 +15,8 @@ frmImagem::frmImagem() {
 
 void frmImagem::Form_Load() {
   CentralizaForm(*this);
-  setWindowTitle(QString::fromUtf16(kTitulo) + u" - Visualização de Produtos "_s + u"("_s +
-                 contexto().ambienteVazio + u"/"_s + contexto().NomeUsuarioAtual + u")"_s);
+  setWindowTitle(kTitulo + u" - Visualização de Produtos "_s + u"("_s + contexto().ambienteVazio + u"/"_s +
+                 contexto().NomeUsuarioAtual + u")"_s);
   AplicaCoresForm(*this);
 }
 

@@ -27,7 +27,7 @@ namespace pesquisa {
 
 namespace {
 
-constexpr std::array<const char16_t*, 4> kVistas{u"", u"_2", u"_3", u"_4"};
+const std::array<QString, 4> kVistas{{{}, u"_2"_s, u"_3"_s, u"_4"_s}};
 
 QString nomeDaMarcada(const QList<QRadioButton*>& opcoes) {
   for (const auto* opcao : opcoes)
@@ -86,8 +86,7 @@ void PesquisaComFotos::listaResultado(const QString& sql, const Linha& linha, QW
     return focus(foco);
   }
   grade.chooseSingleRow();
-  c_.lblContagem->setText(
-      contagem(quantos, QString::fromUtf16(ficha_.um), QString::fromUtf16(ficha_.varios)));
+  c_.lblContagem->setText(contagem(quantos, ficha_.um, ficha_.varios));
 }
 
 void PesquisaComFotos::Flex_Click() {
@@ -130,14 +129,14 @@ void PesquisaComFotos::retomaPesquisa() {
 
 void PesquisaComFotos::mostraFoto(std::size_t vista) {
   auto& globais = lembrancas();
-  const auto [arquivo, figura] = fotoDoCodigo(chave(), QString::fromUtf16(kVistas[vista]));
+  const auto [arquivo, figura] = fotoDoCodigo(chave(), kVistas[vista]);
   globais.ArqImagem = globais.ArqImagem2 = arquivo;
   c_.Image1->setFoto(figura);
   for (std::size_t i = 0; i < kVistas.size(); ++i) c_.cmdImagem1[i]->setChecked(i == vista);
 }
 
 void PesquisaComFotos::abrePagina() {
-  const QString arquivo = contexto().PathDocs + QString::fromUtf16(ficha_.arquivoPagina);
+  const QString arquivo = contexto().PathDocs + ficha_.arquivoPagina;
   files::removeIfThere(arquivo);
   if (c_.SSTab1->currentIndex() != Imagens) return;
   const forms::WaitPointer espera;

@@ -43,10 +43,10 @@ class PesquisaComFotos : public forms::Form {
   };
   /// What sets the one apart from the other.
   struct Ficha {
-    int colunaChave;                ///< names the photo; the column after it is the description
-    const char16_t* arquivoPagina;  ///< page of pictures, in PathDocs
-    const char16_t* um;             ///< "produto encontrado"
-    const char16_t* varios;
+    int colunaChave;        ///< names the photo; the column after it is the description
+    QString arquivoPagina;  ///< page of pictures, in PathDocs
+    QString um;             ///< "produto encontrado"
+    QString varios;
   };
   using Opcoes = QList<QRadioButton*>;
   enum Aba { Grade, Imagens };

@@ -53,7 +53,7 @@ Asked<QString> ServidorEmail() { return semChave({u"SELECT EMAI_SERV FROM EMPR",
 
 namespace {
 
-constexpr const char16_t* kEmpresa = u"SELECT * FROM empr where data_desa is null";
+const QString kEmpresa = u"SELECT * FROM empr where data_desa is null"_s;
 
 }  // namespace
 
@@ -72,7 +72,7 @@ Asked<QString> DadosEmpresaTexto() {
                                     u"ende_coml_empr"_s, u"cida_coml_empr"_s, u"uf00_coml_empr"_s,
                                     u"cep0_coml_empr"_s, u"tele_0001_empr"_s, u"tele_0002_empr"_s,
                                     u"emai_empr"_s,      u"http_empr"_s};
-  const data::Recordset rs = co_await pedeConsulta(QString::fromUtf16(kEmpresa), data::Rows::First);
+  const data::Recordset rs = co_await pedeConsulta(kEmpresa, data::Rows::First);
   co_return consulta::emCampos(rs, kColunas);
 }
 

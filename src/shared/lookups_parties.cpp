@@ -50,7 +50,7 @@ Asked<QString> FonesCliente(QString idclie) {
       data::Rows::First);
   QString fones;
   if (rs.eof()) co_return fones;
-  for (const char16_t* coluna : kColunas) {
+  for (const QStringView coluna : kColunas) {
     const QString fone = apara(rs.text(coluna));
     const QString junto = fones.isEmpty() ? fone : fones + u" / "_s + fone;
     // A number is given whole or not at all: half of one would be dialled.

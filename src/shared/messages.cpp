@@ -4,13 +4,7 @@
 #include "platform/forms/form.h"
 #include "run/program_title.h"
 
-namespace {
-
-QString titulo() { return QString::fromUtf16(kTitulo); }
-
-}  // namespace
-
-void avisa(const QString& texto) { avisa(texto, titulo()); }
+void avisa(const QString& texto) { avisa(texto, kTitulo); }
 
 void avisa(const QString& texto, const QString& titulo) {
   forms::msgBox({.text = texto, .title = titulo, .icon = forms::Icon::Information});
@@ -22,10 +16,10 @@ void avisa(const QString& texto, QWidget* foco) {
 }
 
 void avisaFalha(const QString& texto) {
-  forms::msgBox({.text = texto, .title = titulo(), .icon = forms::Icon::Critical});
+  forms::msgBox({.text = texto, .title = kTitulo, .icon = forms::Icon::Critical});
 }
 
-bool pergunta(const QString& texto) { return pergunta(texto, titulo()); }
+bool pergunta(const QString& texto) { return pergunta(texto, kTitulo); }
 
 bool pergunta(const QString& texto, const QString& titulo) {
   return forms::msgBox({.text = texto, .title = titulo, .buttons = forms::Buttons::YesNo}) ==
@@ -34,7 +28,7 @@ bool pergunta(const QString& texto, const QString& titulo) {
 
 bool perguntaComCuidado(const QString& texto) {
   return forms::msgBox({.text = texto,
-                        .title = titulo(),
+                        .title = kTitulo,
                         .buttons = forms::Buttons::YesNo,
                         .usual = forms::Answer::No}) == forms::Answer::Yes;
 }

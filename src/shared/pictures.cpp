@@ -11,8 +11,8 @@ namespace {
 /// The first picture of a code that is there: the plain one, then its second and third form.
 QString primeiraImagem(const QString& codigo) {
   Contexto& c = contexto();
-  for (const char16_t* forma : {u"", u"W2", u"S3"}) {
-    c.imagemTentada = c.PathImagens + apara(codigo) + QString::fromUtf16(forma) + c.ExtImagens;
+  for (const QString& forma : {QString(), u"W2"_s, u"S3"_s}) {
+    c.imagemTentada = c.PathImagens + apara(codigo) + forma + c.ExtImagens;
     if (files::exists(c.imagemTentada)) return c.imagemTentada;
   }
   return {};

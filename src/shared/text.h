@@ -10,7 +10,7 @@ class MaskedBox;
 
 enum class Alinhamento { Esquerda, Direita };
 
-inline constexpr const char16_t* kMascaraMoeda = u"###0.00";
+inline constexpr QStringView kMascaraMoeda = u"###0.00";
 
 /// The text cut or padded with blanks to the width.
 [[nodiscard]] QString AjustaTexto(const QString& texto, int largura, Alinhamento alinhamento);

@@ -24,8 +24,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The system's own colours, as colour numbers in text.
-constexpr const char16_t* kFaceBotao = u"-2147483633";
-constexpr const char16_t* kTextoBotao = u"-2147483630";
+const QString kFaceBotao = u"-2147483633"_s;
+const QString kTextoBotao = u"-2147483630"_s;
 
 enum class Tipo { QuadroOuRotulo, Fundo, Outro };
 
@@ -50,9 +50,9 @@ Tipo tipoDe(const QWidget* controle) {
 void LeCoresSistema(const QString& nome) {
   Contexto& c = contexto();
   const struct {
-    const char16_t* coluna;
+    QStringView coluna;
     QString& cor;
-    const char16_t* padrao;
+    QString padrao;
   } cores[] = {{u"CODI_BACK_0001", c.CorFundo, kFaceBotao},
                {u"CODI_FORE_0001", c.CorFrente, kTextoBotao},
                {u"CODI_BACK_0002", c.CorFundo2, kFaceBotao},
@@ -60,7 +60,7 @@ void LeCoresSistema(const QString& nome) {
   const auto rs = abreConsulta(u"select * from cor_sist where DESC_COR_SIST = '"_s + apara(nome) + u"'"_s);
   for (const auto& uma : cores) {
     uma.cor = rs.eof() ? QString() : rs.text(uma.coluna);
-    if (uma.cor.isEmpty()) uma.cor = QString::fromUtf16(uma.padrao);
+    if (uma.cor.isEmpty()) uma.cor = uma.padrao;
   }
 }
 

@@ -42,9 +42,9 @@ class Entry {
     std::function<void()> act;
     int resume;
   };
-  static QWidget* control(const char16_t* name) {
+  static QWidget* control(QStringView name) {
     const QString form = forms::registry::shown().last()->objectName();
-    return qobject_cast<QWidget*>(forms::findControl(form, QString::fromUtf16(name)));
+    return qobject_cast<QWidget*>(forms::findControl(form, name.toString()));
   }
 
   void add(std::function<void()> act) { steps_.push_back({std::move(act), group_ < 0 ? size() : group_}); }
@@ -54,10 +54,10 @@ class Entry {
     group_ = outer;
   }
   // What a field does when it is left is a step of its own.
-  void focus(const char16_t* name) {
+  void focus(QStringView name) {
     add([name] { support::focus(control(name)); });
   }
-  void click(const char16_t* name) {
+  void click(QStringView name) {
     together([&] {
       focus(name);
       // A frame that was open is not open again.
@@ -66,7 +66,7 @@ class Entry {
       });
     });
   }
-  void doubleClick(const char16_t* name, int row) {
+  void doubleClick(QStringView name, int row) {
     const auto grid = [name] { return qobject_cast<forms::FlexGrid*>(control(name)); };
     together([&] {
       focus(name);
@@ -74,7 +74,7 @@ class Entry {
       add([grid, row] { support::doubleClick(grid(), row); });
     });
   }
-  void type(const char16_t* name, const char* text) {
+  void type(QStringView name, const char* text) {
     together([&] {
       focus(name);
       add([name] { support::type(control(name), {}); });

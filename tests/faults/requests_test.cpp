@@ -113,7 +113,7 @@ std::vector<Action> actions() {
        [](auto&) {
          auto& assembly = forms::form<frmMontarProduto>();
          QStringList rows;
-         for (int i = 1; i <= 10; ++i) rows << u"art-%1\t2"_s.arg(i, 5, 10, QLatin1Char('0'));
+         for (int i = 1; i <= 10; ++i) rows << u"art-%1\t2"_s.arg(i, 5, 10, QChar(u'0'));
          QApplication::clipboard()->setText(rows.join(u'\n'));
          QTest::keyClick(assembly.txtCOD, Qt::Key_V, Qt::ControlModifier);
          return seen(assembly.Flex->grid());

@@ -73,7 +73,7 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
     EXPECT_EQ(rowsOf(databasePath()).size(), before.size() + 8 + (honoree ? 1 : 0));
     if (GetParam().column != nullptr) {
       const QString stored =
-          ask(u"SELECT %1 FROM prop_cmrc WHERE idprop_cmrc=2"_s.arg(QLatin1StringView(GetParam().column)));
+          ask(u"SELECT %1 FROM prop_cmrc WHERE idprop_cmrc=2"_s.arg(QString::fromLatin1(GetParam().column)));
       kept.replace(u"''"_s, u"'"_s);  // nothing is escaped on the way: two quote marks are one
       EXPECT_EQ(stored, kept);
     }

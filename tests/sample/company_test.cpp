@@ -46,9 +46,7 @@ class SampleCompany : public ::testing::Test {
     data::Recordset rows = contexto().Conexao.query(sql);
     return rows.eof() ? QString() : rows.text(rows.columns().first());
   }
-  static int count(const char16_t* from) {
-    return ask(u"select count(*) from "_s + QString::fromUtf16(from)).toInt();
-  }
+  static int count(const QString& from) { return ask(u"select count(*) from "_s + from).toInt(); }
   static QString path(const QString& inside) { return folder_->path() + u"/zarim/"_s + inside; }
 
   static std::unique_ptr<QTemporaryDir> folder_;
@@ -198,18 +196,18 @@ TEST_F(Installer, MakesAnewItsOwnFilesAlone) {
 TEST_F(Installer, TakesNobodysFolder) {
   // The sample without one of its files, in other letters, its data alone, a company without the mark.
   const struct {
-    const char16_t* take;
+    QString take;
     bool anew;  // --fresh makes it, since the mark is there
-  } cases[] = {{u"mv config/server_aplic.ini config/S.ini", true},
-               {u"mv config/amostra.txt a && mv config/server_aplic.ini config/SERVER_APLIC.INI", false},
-               {u"rm -r config imagens imagens2 web && mv ../zarim ../ZARIM", false},
-               {u"rm -r config docs && touch .oculto", false}};
+  } cases[] = {{u"mv config/server_aplic.ini config/S.ini"_s, true},
+               {u"mv config/amostra.txt a && mv config/server_aplic.ini config/SERVER_APLIC.INI"_s, false},
+               {u"rm -r config imagens imagens2 web && mv ../zarim ../ZARIM"_s, false},
+               {u"rm -r config docs && touch .oculto"_s, false}};
   for (const auto& one : cases) {
-    SCOPED_TRACE(QString::fromUtf16(one.take).toStdString());
+    SCOPED_TRACE(one.take.toStdString());
     QProcess::execute(u"sh"_s, {u"-c"_s, u"rm -rf '%1'/*"_s.arg(folder.path())});
     ASSERT_TRUE(install());
     put(u"dados/zarim.db"_s);
-    QProcess::execute(u"sh"_s, {u"-c"_s, u"cd '%1' && %2"_s.arg(path({}), QString::fromUtf16(one.take))});
+    QProcess::execute(u"sh"_s, {u"-c"_s, u"cd '%1' && %2"_s.arg(path({}), one.take)});
     const bool whole = install();
     EXPECT_EQ(whole, said.contains(u"stays as it is"_s)) << said.toStdString();
     EXPECT_EQ(install({u"--fresh"_s}), one.anew) << said.toStdString();
@@ -261,7 +259,7 @@ class ServerFill : public ::testing::TestWithParam<Foreign> {
     qunsetenv("TDSPORT");
     qunsetenv("ZARIM_DRIVE_C");
   }
-  int fill(const QString& database = QString::fromUtf16(sqlserver::TdsServer::Database)) {
+  int fill(const QString& database = sqlserver::TdsServer::Database) {
     reiniciaContexto();
     return support::errorOf([&] { sample::fillServer(folder.path(), database, {kDay, {}, {}}, true); });
   }

@@ -9,9 +9,9 @@ namespace support {
 namespace {
 
 struct Rows {
-  const char16_t* table;
-  const char16_t* columns;
-  std::initializer_list<const char16_t*> values;
+  QStringView table;
+  QStringView columns;
+  std::initializer_list<QStringView> values;
 };
 
 // Number 5 salesperson, customer and carrier are persons 1, 2 and 3: an id never happens to be the right one.
@@ -84,9 +84,8 @@ void fillBasics(const QString& databasePath) {
   data::Connection connection = connectionTo(databasePath);
   connection.begin();
   for (const Rows& rows : kBasics)
-    for (const char16_t* values : rows.values)
-      connection.execute(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(
-          QString::fromUtf16(rows.table), QString::fromUtf16(rows.columns), QString::fromUtf16(values)));
+    for (const QStringView values : rows.values)
+      connection.execute(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(rows.table, rows.columns, values));
   connection.commit();
 }
 

@@ -92,7 +92,7 @@ void show(const Paper& paper, const QString& folder) {
 
   web::WebPane pane;
   pane.setPictureFolders(pastasDeFiguras());
-  pane.setFoot(u"Orçamento %1"_s.arg(paper.id, 6, 10, QLatin1Char('0')));
+  pane.setFoot(u"Orçamento %1"_s.arg(paper.id, 6, 10, u'0'));
   pane.resize(840, 1600);
   pane.show();
   pane.navigate(path);

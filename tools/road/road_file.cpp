@@ -10,7 +10,7 @@ namespace {
 
 struct Shape {
   qsizetype least, most;  ///< words after the verb
-  const char16_t* usage;
+  QString usage;
   bool passive;
 };
 
@@ -18,53 +18,53 @@ constexpr qsizetype kAny = 1000;
 
 const QHash<QString, Shape>& shapes() {
   static const QHash<QString, Shape> known{
-      {u"start"_s, {0, kAny, u"start COMMANDLINE", false}},
-      {u"clock"_s, {1, 1, u"clock \"dd/mm/yyyy hh:mm\"", true}},
-      {u"sql"_s, {1, 1, u"sql \"statement\"", true}},
-      {u"type"_s, {2, 2, u"type CONTROL \"text\"", false}},
-      {u"key"_s, {1, 1, u"key NAME", false}},
-      {u"click"_s, {1, 1, u"click CONTROL", false}},
-      {u"choose"_s, {2, 2, u"choose COMBO \"text\"", false}},
-      {u"tab"_s, {2, 2, u"tab TABS n", false}},
-      {u"row"_s, {2, 3, u"row GRID n [col]", false}},
-      {u"doubleclick"_s, {1, 3, u"doubleclick GRID n [col]", false}},
-      {u"check"_s, {1, 1, u"check OPTION", false}},
-      {u"uncheck"_s, {1, 1, u"uncheck OPTION", false}},
-      {u"clipboard"_s, {1, 1, u"clipboard \"text\"", true}},
-      {u"hold"_s, {1, 1, u"hold \"path\"", false}},
-      {u"release"_s, {0, 0, u"release", true}},
-      {u"show"_s, {1, 1, u"show CONTROL", false}},
-      {u"answer"_s, {1, 1, u"answer \"button\"", true}},
-      {u"input"_s, {1, 1, u"input \"text\" or input cancel", true}},
-      {u"wait"_s, {1, kAny, u"wait \"condition\"", true}},
-      {u"expect"_s, {1, kAny, u"expect …", true}},
-      {u"screenshot"_s, {1, 1, u"screenshot NAME", true}},
+      {u"start"_s, {0, kAny, u"start COMMANDLINE"_s, false}},
+      {u"clock"_s, {1, 1, u"clock \"dd/mm/yyyy hh:mm\""_s, true}},
+      {u"sql"_s, {1, 1, u"sql \"statement\""_s, true}},
+      {u"type"_s, {2, 2, u"type CONTROL \"text\""_s, false}},
+      {u"key"_s, {1, 1, u"key NAME"_s, false}},
+      {u"click"_s, {1, 1, u"click CONTROL"_s, false}},
+      {u"choose"_s, {2, 2, u"choose COMBO \"text\""_s, false}},
+      {u"tab"_s, {2, 2, u"tab TABS n"_s, false}},
+      {u"row"_s, {2, 3, u"row GRID n [col]"_s, false}},
+      {u"doubleclick"_s, {1, 3, u"doubleclick GRID n [col]"_s, false}},
+      {u"check"_s, {1, 1, u"check OPTION"_s, false}},
+      {u"uncheck"_s, {1, 1, u"uncheck OPTION"_s, false}},
+      {u"clipboard"_s, {1, 1, u"clipboard \"text\""_s, true}},
+      {u"hold"_s, {1, 1, u"hold \"path\""_s, false}},
+      {u"release"_s, {0, 0, u"release"_s, true}},
+      {u"show"_s, {1, 1, u"show CONTROL"_s, false}},
+      {u"answer"_s, {1, 1, u"answer \"button\""_s, true}},
+      {u"input"_s, {1, 1, u"input \"text\" or input cancel"_s, true}},
+      {u"wait"_s, {1, kAny, u"wait \"condition\""_s, true}},
+      {u"expect"_s, {1, kAny, u"expect …"_s, true}},
+      {u"screenshot"_s, {1, 1, u"screenshot NAME"_s, true}},
   };
   return known;
 }
 
 const QHash<QString, Shape>& expectShapes() {
   static const QHash<QString, Shape> known{
-      {u"form"_s, {1, 1, u"expect form NAME", true}},
-      {u"caption"_s, {1, 1, u"expect caption \"text\"", true}},
-      {u"text"_s, {2, 2, u"expect text CONTROL \"value\"", true}},
-      {u"focus"_s, {1, 1, u"expect focus CONTROL", true}},
-      {u"locked"_s, {2, 2, u"expect locked CONTROL yes|no", true}},
-      {u"enabled"_s, {2, 2, u"expect enabled CONTROL yes|no", true}},
-      {u"visible"_s, {2, 2, u"expect visible CONTROL yes|no", true}},
-      {u"checked"_s, {2, 2, u"expect checked CONTROL yes|no", true}},
-      {u"cell"_s, {4, 4, u"expect cell GRID row col \"value\"", true}},
-      {u"rows"_s, {2, 2, u"expect rows GRID n", true}},
-      {u"current"_s, {2, 2, u"expect current GRID n", true}},
-      {u"colour"_s, {2, 2, u"expect colour CONTROL n", true}},
-      {u"clipboard"_s, {1, 1, u"expect clipboard \"text\"", true}},
-      {u"list"_s, {2, 3, u"expect list COMBO n [\"first\"]", true}},
-      {u"box"_s, {1, 7, u"expect box \"text\" [title \"…\"] [icon …] [buttons \"…\"]", true}},
-      {u"sql"_s, {2, 2, u"expect sql \"statement\" \"value\"", true}},
-      {u"file"_s, {3, 3, u"expect file \"path\" contains \"text\"", true}},
-      {u"page"_s, {1, 2, u"expect page [PANE] \"text\"", true}},
-      {u"mail"_s, {2, 14, u"expect mail [from|to|subject|contains|attachment \"text\"]… [count n]", true}},
-      {u"ended"_s, {0, 1, u"expect ended [status]", true}},
+      {u"form"_s, {1, 1, u"expect form NAME"_s, true}},
+      {u"caption"_s, {1, 1, u"expect caption \"text\""_s, true}},
+      {u"text"_s, {2, 2, u"expect text CONTROL \"value\""_s, true}},
+      {u"focus"_s, {1, 1, u"expect focus CONTROL"_s, true}},
+      {u"locked"_s, {2, 2, u"expect locked CONTROL yes|no"_s, true}},
+      {u"enabled"_s, {2, 2, u"expect enabled CONTROL yes|no"_s, true}},
+      {u"visible"_s, {2, 2, u"expect visible CONTROL yes|no"_s, true}},
+      {u"checked"_s, {2, 2, u"expect checked CONTROL yes|no"_s, true}},
+      {u"cell"_s, {4, 4, u"expect cell GRID row col \"value\""_s, true}},
+      {u"rows"_s, {2, 2, u"expect rows GRID n"_s, true}},
+      {u"current"_s, {2, 2, u"expect current GRID n"_s, true}},
+      {u"colour"_s, {2, 2, u"expect colour CONTROL n"_s, true}},
+      {u"clipboard"_s, {1, 1, u"expect clipboard \"text\""_s, true}},
+      {u"list"_s, {2, 3, u"expect list COMBO n [\"first\"]"_s, true}},
+      {u"box"_s, {1, 7, u"expect box \"text\" [title \"…\"] [icon …] [buttons \"…\"]"_s, true}},
+      {u"sql"_s, {2, 2, u"expect sql \"statement\" \"value\""_s, true}},
+      {u"file"_s, {3, 3, u"expect file \"path\" contains \"text\""_s, true}},
+      {u"page"_s, {1, 2, u"expect page [PANE] \"text\""_s, true}},
+      {u"mail"_s, {2, 14, u"expect mail [from|to|subject|contains|attachment \"text\"]… [count n]"_s, true}},
+      {u"ended"_s, {0, 1, u"expect ended [status]"_s, true}},
   };
   return known;
 }
@@ -92,7 +92,7 @@ void checkShape(const QHash<QString, Shape>& known, const QString& verb, const W
   const auto shape = known.constFind(verb);
   if (shape == known.cend()) throw Failure(u"a step that exists"_s, verb);
   if (words.size() < shape->least || words.size() > shape->most) {
-    throw Failure(QString::fromUtf16(shape->usage), text);
+    throw Failure(shape->usage, text);
   }
 }
 

@@ -57,7 +57,7 @@ void GridModel::layOut(std::span<const GridColumn> columns) {
   columns_ = QList<GridColumn>(columns.begin(), columns.end());
   rows_ = QList<Row>(1);
   for (int column = 0; column < cols(); ++column)
-    rows_[0].texts.set(column, QString::fromUtf16(columns_[column].title));
+    rows_[0].texts.set(column, columns_[column].title.toString());
   row_ = 0;
   col_ = 0;
   topRow_ = 1;

@@ -15,7 +15,7 @@ namespace forms {
 
 /// One column of a layout: title and width in twips (15 to a pixel); a width of 0 hides the column.
 struct GridColumn {
-  const char16_t* title;
+  QStringView title;
   int width;
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
 };
