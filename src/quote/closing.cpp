@@ -38,7 +38,7 @@ void frmPropCmrcTL::cmdFechar_Click() {
     CalculaTotais();
     marcaFechamento();
     if (avisaFechamento()) avisa(u"Orçamento Fechado com sucesso!\rOrçamento nr."_s + txtRowId->text());
-    contexto().ModoOrcamento = u" "_s;
+    situacao::encerra();
   }
   BotoesNeutros();
   LimpaTela();
@@ -69,7 +69,7 @@ void frmPropCmrcTL::cmdReabrir_Click() {
     alteraOrcamento({u"UPDATE prop_cmrc SET user_fech=null, data_fech=null "_s});
     avisa(u"Orçamento aberto com sucesso!\rOrçamento nr."_s + txtRowId->text() +
           u"\rPara realizar alterações, entre na opção [Alterar]"_s);
-    contexto().ModoOrcamento = u" "_s;
+    situacao::encerra();
   }
   BotoesNeutros();
   LimpaTela();

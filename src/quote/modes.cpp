@@ -5,7 +5,6 @@
 #include "quote/frmPropCmrcTL.h"
 #include "quote/header_fields.h"
 #include "run/configuration.h"
-#include "run/context.h"
 #include "run/program_title.h"
 #include "shared/messages.h"
 #include "shared/validity.h"
@@ -115,13 +114,12 @@ void frmPropCmrcTL::TravaCampos() { travaOuDestrava(true); }
 void frmPropCmrcTL::DestravaCampos() { travaOuDestrava(false); }
 
 void frmPropCmrcTL::encerraEdicao() {
-  contexto().ModoOrcamento = u" "_s;
+  situacao::encerra();
   mostraSituacao();
 }
 
 void frmPropCmrcTL::cmdINCLUIR_Click() {
-  contexto().ModoOrcamento = u"I"_s;
-  contexto().ModoItem = u"I"_s;
+  situacao::entra(u"I"_s, u"I"_s);
   botoesEditando();
   DestravaCampos();
   txtCodigo->clear();
@@ -137,8 +135,7 @@ void frmPropCmrcTL::cmdINCLUIR_Click() {
 
 void frmPropCmrcTL::cmdALTERAR_Click() {
   if (recusa(situacao::Comando::Alterar)) return;
-  contexto().ModoOrcamento = u"A"_s;
-  contexto().ModoItem = u"A"_s;
+  situacao::entra(u"A"_s, u"A"_s);
   botoesEditando();
   DestravaCampos();
   // Another number may have been typed meanwhile; the box is locked from here on.

@@ -109,8 +109,7 @@ bool frmPropCmrcTL::carregaAntesDeRecuperar(const Rascunho& rascunho) {
 
 void frmPropCmrcTL::recupera(const Rascunho& rascunho) {
   if (rascunho.modo == u"I") LimpaTela();
-  contexto().ModoOrcamento = rascunho.modo;
-  contexto().ModoItem = rascunho.modoItem;
+  situacao::entra(rascunho.modo, rascunho.modoItem);
   botoesEditando();
   DestravaCampos();
   for (const QString& tela : {forms::formName<frmPropCmrcTL>(), forms::formName<frmConfirmaPropCmrcTL>()})

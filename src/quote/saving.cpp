@@ -82,28 +82,26 @@ void frmPropCmrcTL::cmdSALVAR_Click() {
 }
 
 void frmPropCmrcTL::gravaNovo() {
-  Contexto& c = contexto();
   QString id;
   {
     const forms::WaitPointer espera;
-    c.Conexao.begin();
+    contexto().Conexao.begin();
     const auto resultados = executa(
         {{maiusculas(MontaInsertOrcamento())}, {maiusculas(u"SELECT @@identity as 'MaxPropCmrc'"_s)}});
     id = numeroGravado(resultados.back(), u"MaxPropCmrc");
     confirma(id, gravaLinhas(id, Caixa::Maiuscula));
   }
   avisaGravado(id);
-  c.ModoOrcamento = u" "_s;
+  situacao::encerra();
   documento().IdDocumento = values::toInt32(leNumero(id));
   txtCodigo->setText(id);
 }
 
 void frmPropCmrcTL::gravaAlteracao() {
-  Contexto& c = contexto();
   const QString id = txtRowId->text();
   {
     const forms::WaitPointer espera;
-    c.Conexao.begin();
+    contexto().Conexao.begin();
     executa({{maiusculas(MontaUpdateOrcamento())},
              {MontaDeleteDetalhes(id)},
              {MontaDeleteMontagem(id)},
@@ -112,7 +110,7 @@ void frmPropCmrcTL::gravaAlteracao() {
     confirma(id, gravaLinhas(id, Caixa::ComoDigitada));
   }
   avisaGravado(id);
-  c.ModoOrcamento = u" "_s;
+  situacao::encerra();
 }
 
 /// All items and their numbers.

@@ -35,6 +35,13 @@ bool incluindo() { return contexto().ModoOrcamento == u"I"; }
 bool alterando() { return contexto().ModoOrcamento == u"A"; }
 bool editando() { return incluindo() || alterando(); }
 
+void entra(const QString& modoOrcamento, const QString& modoItem) {
+  contexto().ModoOrcamento = modoOrcamento;
+  contexto().ModoItem = modoItem;
+}
+
+void encerra() { contexto().ModoOrcamento = u" "_s; }
+
 std::optional<Recusa> recusa(Comando comando, const Situacao& situacao) {
   for (const Regra& regra : kRegras) {
     if (regra.comando != comando || situacao.*regra.marca != regra.recusada) continue;

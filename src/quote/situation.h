@@ -12,6 +12,9 @@ namespace situacao {
 [[nodiscard]] bool alterando();
 /// One of the two.
 [[nodiscard]] bool editando();
+/// Sets ModoOrcamento and ModoItem, "I" or "A"; the second stays as it is at the end.
+void entra(const QString& modoOrcamento, const QString& modoItem);
+void encerra();
 
 /// A quote can be both.
 struct Situacao {
