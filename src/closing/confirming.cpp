@@ -6,7 +6,6 @@
 #include "quote/frmPropCmrcTL.h"
 #include "quote/grids.h"
 #include "quote/sql_text.h"
-#include "run/context.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
 #include "shared/text.h"
@@ -90,25 +89,14 @@ QString frmConfirmaPropCmrcTL::montaUpdateCondicao() const {
 void frmConfirmaPropCmrcTL::gravaCondicao() {
   const forms::WaitPointer espera;
   // Asks for the carrier, before the transaction.
-  const QString update = montaUpdateCondicao();
-  data::Connection& conexao = contexto().Conexao;
-  conexao.begin();
-  conexao.execute(update);
-  conexao.commit();
+  executaJuntos({montaUpdateCondicao()});
 }
 
 void frmConfirmaPropCmrcTL::gravaParcelas() {
   const forms::WaitPointer espera;
-  data::Connection& conexao = contexto().Conexao;
-  conexao.begin();
-  conexao.execute(u"DELETE PROP_CMRC_PARC WHERE idPROP_CMRC = '"_s + idOrcamento() + u"'"_s);
-  conexao.commit();
-
-  conexao.begin();
+  executaJuntos({u"DELETE PROP_CMRC_PARC WHERE idPROP_CMRC = '"_s + idOrcamento() + u"'"_s});
   const forms::GridModel& grade = Flex2->grid();
-  std::vector<data::Statement> parcelas;
-  for (int linha = 1; linha < grade.rows(); ++linha)
-    parcelas.push_back({maiusculas(insertParcela(grade, linha))});
-  conexao.batch(parcelas);
-  conexao.commit();
+  QStringList parcelas;
+  for (int linha = 1; linha < grade.rows(); ++linha) parcelas << maiusculas(insertParcela(grade, linha));
+  executaJuntos(parcelas);
 }

@@ -1,6 +1,7 @@
 #include "platform/values/dates.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"
+#include "shared/lookups.h"
 #include "shared/messages.h"
 #include "text/trim.h"
 
@@ -27,14 +28,11 @@ bool frmPropCmrcTL::recusa(situacao::Comando comando) {
 
 /// Runs statements on the quote of the screen in one transaction; each is closed by its WHERE.
 void frmPropCmrcTL::alteraOrcamento(const QStringList& comandos) {
-  data::Connection& conexao = contexto().Conexao;
   const forms::WaitPointer espera;
-  std::vector<data::Statement> todos;
+  QStringList todos;
   for (const QString& comando : comandos)
-    todos.push_back({comando + u"WHERE (idprop_cmrc="_s + txtRowId->text() + u")"_s});
-  conexao.begin();
-  conexao.batch(todos);
-  conexao.commit();
+    todos << comando + u"WHERE (idprop_cmrc="_s + txtRowId->text() + u")"_s;
+  executaJuntos(todos);
 }
 
 void frmPropCmrcTL::cmdEXCLUIR_Click() {
@@ -45,7 +43,7 @@ void frmPropCmrcTL::cmdEXCLUIR_Click() {
                          u"', "_s + marca,
                      u"UPDATE prop_cmrc_deta SET "_s + marca, u"UPDATE prop_cmrc_homg SET "_s + marca});
     avisa(u"Registro Desativado com sucesso!\rOrçamento nr."_s + txtRowId->text());
-    contexto().ModoOrcamento = u" "_s;
+    situacao::encerra();
   }
   BotoesNeutros();
   LimpaTela();

@@ -10,3 +10,12 @@ data::Recordset abreConsulta(const QString& sql, data::Rows linhas) {
 data::Asked<data::Recordset> pedeConsulta(const QString& sql, data::Rows linhas) {
   return contexto().Conexao.ask(maiusculas(sql), linhas);
 }
+
+void executaJuntos(const QStringList& comandos) {
+  data::Connection& conexao = contexto().Conexao;
+  std::vector<data::Statement> todos;
+  for (const QString& comando : comandos) todos.push_back({comando});
+  conexao.begin();
+  conexao.batch(todos);
+  conexao.commit();
+}

@@ -20,6 +20,8 @@ using data::Asked;
 
 /// Reads a result: the whole statement in upper case, as all reads of the program go out.
 [[nodiscard]] data::Recordset abreConsulta(const QString& sql, data::Rows linhas = data::Rows::All);
+/// Runs statements as they stand, in one transaction.
+void executaJuntos(const QStringList& comandos);
 /// The same, to travel with others.
 Asked<data::Recordset> pedeConsulta(const QString& sql, data::Rows linhas = data::Rows::All);
 
