@@ -1,6 +1,7 @@
 // Whole documents, byte for byte.
 #include <QFile>
 
+#include "paper/papers.h"
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "quote_rows.h"
@@ -10,15 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Routine = void (*)(qint32, const QString&);
-
 struct Case {
   const char* file;
-  Routine routine;
+  QString kind;
   qint32 id;
-  const char16_t* model = u"";       ///< MODELO_PROP_CMRC
-  const char16_t* look = u"";        ///< MODELO_PEDI_VEDS
-  const char16_t* orderModel = u"";  ///< MODELO_PEDIDO_VEDS
 };
 void PrintTo(const Case& one, std::ostream* out) { *out << one.file; }
 
@@ -33,11 +29,8 @@ class WholeDocument : public Quotes, public ::testing::WithParamInterface<Case> 
 
 TEST_P(WholeDocument, IsAsExpected) {
   const Case& one = GetParam();
-  parameter(u"MODELO_PROP_CMRC"_s, QString::fromUtf16(one.model));
-  parameter(u"MODELO_PEDI_VEDS"_s, QString::fromUtf16(one.look));
-  parameter(u"MODELO_PEDIDO_VEDS"_s, QString::fromUtf16(one.orderModel));
   print(one.id);
-  one.routine(one.id, document());
+  papers::chosen(one.kind).routine(one.id, document());
   const QStringList lines = written().split(u'\n');
   const QStringList wanted = expected(one.file).split(u'\n');
   for (qsizetype i = 0; i < std::min(lines.size(), wanted.size()); ++i)
@@ -46,21 +39,21 @@ TEST_P(WholeDocument, IsAsExpected) {
 }
 
 // A quote or an order that isn't there leaves the frames alone.
-INSTANTIATE_TEST_SUITE_P(
-    All, WholeDocument,
-    ::testing::Values(Case{"grade_aberto.html", MontaOrcaGradeHTML, 123},
-                      Case{"grade_aberto.html", MontaOrcaHTML, 123, u"2"},
-                      Case{"grade_fechado.html", MontaOrcaGradeHTML, 124},
-                      Case{"grade_fechado_sem_aprovacao.html", MontaOrcaGradeHTML, 125},
-                      Case{"grade_sem_itens.html", MontaOrcaGradeHTML, 126},
-                      Case{"modelo_vazio_sem_linha.html", MontaOrcaHTML, 999},
-                      Case{"modelo_1_sem_linha.html", MontaOrcaHTML, 999, u"1"},
-                      Case{"modelo_2_sem_linha.html", MontaOrcaHTML, 999, u"2"},
-                      Case{"modelo_3_sem_linha.html", MontaOrcaHTML, 999, u"3"},
-                      Case{"modelo_desconhecido.html", MontaOrcaHTML, 123, u"4"},
-                      Case{"pedido_sem_linha.html", MontaPedidoHTML, 999, u"", u"1", u"1"},
-                      Case{"pedido_sem_linha.html", MontaPedidoHTML, 999},
-                      Case{"pedido_importados_sem_linha.html", MontaPedidoHTML, 999, u"", u"2", u"2"}));
+INSTANTIATE_TEST_SUITE_P(All, WholeDocument,
+                         ::testing::Values(Case{"grade_aberto.html", u"diario"_s, 123},
+                                           Case{"grade_fechado.html", u"diario"_s, 124},
+                                           Case{"grade_fechado_sem_aprovacao.html", u"diario"_s, 125},
+                                           Case{"grade_sem_itens.html", u"diario"_s, 126},
+                                           Case{"grade_aberto.html", u"modelo_2"_s, 123},
+                                           Case{"modelo_vazio_sem_linha.html", u"modelo_vazio"_s, 999},
+                                           Case{"modelo_1_sem_linha.html", u"modelo_1"_s, 999},
+                                           Case{"modelo_2_sem_linha.html", u"modelo_2"_s, 999},
+                                           Case{"modelo_3_sem_linha.html", u"modelo_3"_s, 999},
+                                           Case{"modelo_desconhecido.html", u"modelo_desconhecido"_s, 123},
+                                           Case{"pedido_sem_linha.html", u"pedido"_s, 999},
+                                           Case{"pedido_sem_linha.html", u"pedido_estilos"_s, 999},
+                                           Case{"pedido_importados_sem_linha.html", u"pedido_importados"_s,
+                                                999}));
 
 TEST_F(WholeDocument, ExternalDocumentsNameTheInternetServer) {
   print(123);

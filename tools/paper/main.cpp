@@ -8,7 +8,7 @@
 #include <cstdio>
 
 #include "documents/document_values.h"
-#include "documents/documents.h"
+#include "papers.h"
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
@@ -18,50 +18,39 @@
 #include "search/frmBROWSE_PRODUTO.h"
 #include "shared/lookups.h"
 #include "shared/pictures.h"
+#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using Routine = void (*)(qint32, const QString&);
-
+/// A document of the sample: its file, its kind, its number; the page of a search has no kind.
 struct Paper {
-  const char16_t* name;
-  Routine routine;
-  qint32 id;
-  const char16_t* model = u"";       ///< MODELO_PROP_CMRC
-  const char16_t* look = u"";        ///< MODELO_PEDI_VEDS
-  const char16_t* orderModel = u"";  ///< MODELO_PEDIDO_VEDS
+  QString name, kind;
+  qint32 id = 0;
   bool outside = false;
-  bool photos = true;
 };
 
-void searchPage(qint32, const QString& path) {
+void searchPage(const QString& path) {
   auto& browse = forms::form<frmBROWSE_PRODUTO>();
   browse.cmdPesquisa->click();
   files::write(path, browse.MontaDetalheHTML().toLatin1());
 }
 
-constexpr Paper kPapers[] = {{u"diario_aberto", MontaOrcaGradeHTML, 12},
-                             {u"diario_fechado", MontaOrcaGradeHTML, 1},
-                             {u"modelo_vazio", MontaOrcaHTML, 2},
-                             {u"modelo_1", MontaOrcaHTML, 3, u"1"},
-                             {u"modelo_2", MontaOrcaHTML, 4, u"2"},
-                             {u"modelo_3", MontaOrcaHTML, 2, u"3"},
-                             {u"externo", MontaOrcaHTML, 2, u"", u"", u"", true},
-                             {u"detalhe_vazio", MontaDetalheOrcaHTML, 2},
-                             {u"detalhe_1", MontaDetalheOrcaHTML, 3, u"1"},
-                             {u"pedido", MontaPedidoHTML, 3187},
-                             {u"pedido_importados", MontaPedidoHTML, 3214, u"", u"2", u"2"},
-                             {u"cotacao", CotacaoCompraHTML, 2},
-                             {u"ordem", OrdemCompraHTML, 2},
-                             {u"pesquisa", searchPage, 0}};
-
-void setParameter(const QString& name, const char16_t* value) {
-  contexto().Conexao.execute(u"DELETE FROM empr_cnfg WHERE nome_para = '%1'"_s.arg(name));
-  contexto().Conexao.execute(u"INSERT INTO empr_cnfg (nome_para, valo_para) VALUES ('%1', '%2')"_s.arg(
-      name, QString::fromUtf16(value)));
-}
+const Paper kPapers[] = {{u"diario_aberto"_s, u"diario"_s, 12},
+                         {u"diario_fechado"_s, u"diario"_s, 1},
+                         {u"modelo_vazio"_s, u"modelo_vazio"_s, 2},
+                         {u"modelo_1"_s, u"modelo_1"_s, 3},
+                         {u"modelo_2"_s, u"modelo_2"_s, 4},
+                         {u"modelo_3"_s, u"modelo_3"_s, 2},
+                         {u"externo"_s, u"modelo_vazio"_s, 2, true},
+                         {u"detalhe_vazio"_s, u"detalhe_vazio"_s, 2},
+                         {u"detalhe_1"_s, u"detalhe_1"_s, 3},
+                         {u"pedido"_s, u"pedido"_s, 3187},
+                         {u"pedido_importados"_s, u"pedido_importados"_s, 3214},
+                         {u"cotacao"_s, u"cotacao"_s, 2},
+                         {u"ordem"_s, u"ordem"_s, 2},
+                         {u"pesquisa"_s, {}}};
 
 /// The document with its pictures' places as a browser reads them.
 QByteArray forBrowser(const QByteArray& html) {
@@ -75,24 +64,24 @@ QByteArray forBrowser(const QByteArray& html) {
 }
 
 void show(const Paper& paper, const QString& folder) {
-  setParameter(u"MODELO_PROP_CMRC"_s, paper.model);
-  setParameter(u"MODELO_PEDI_VEDS"_s, paper.look);
-  setParameter(u"MODELO_PEDIDO_VEDS"_s, paper.orderModel);
   documento().IdDocumento = paper.id;
-  documento().ExibeFotos = paper.photos;
+  documento().ExibeFotos = true;
   documento().PublicacaoExterna = paper.outside;
   documento().letraFornecedor = u"A"_s;
   documento().rsImpressao = abreConsulta(u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='%1'"_s.arg(paper.id));
-  const QString name = QString::fromUtf16(paper.name);
+  const QString& name = paper.name;
   const QString path = contexto().PathDocs + name + u".html"_s;
   files::removeIfThere(path);
-  paper.routine(paper.id, path);
+  if (paper.kind.isEmpty())
+    searchPage(path);
+  else
+    papers::chosen(paper.kind).routine(paper.id, path);
   QFile page(folder + u'/' + name + u".html"_s);
   if (page.open(QIODevice::WriteOnly)) page.write(forBrowser(files::readAll(path)));
 
   web::WebPane pane;
   pane.setPictureFolders(pastasDeFiguras());
-  pane.setFoot(u"Orçamento %1"_s.arg(paper.id, 6, 10, u'0'));
+  pane.setFoot(u"Orçamento "_s + numeroDocumento(paper.id));
   pane.resize(840, 1600);
   pane.show();
   pane.navigate(path);
