@@ -1,5 +1,4 @@
 #include "run/context.h"
-#include "schema/tables.h"
 #include "support/company.h"
 
 using namespace Qt::StringLiterals;
@@ -26,13 +25,6 @@ TEST_F(Schema, LookupsAndChildrenOfAQuoteAreFoundByIndex) {
       EXPECT_FALSE(rs.text(u"detail").contains(u"TEMP B-TREE"_s)) << sql.toStdString();
     }
   }
-}
-
-TEST_F(Schema, AllTablesGoAndTextsOfTheServerHaveTheirLengths) {
-  for (const QString& statement : schema::dropStatements()) sql(statement);
-  EXPECT_EQ(ask(u"SELECT count(*) FROM sqlite_master WHERE name NOT LIKE 'sqlite%'"_s), u"0"_s);
-  for (const QString& statement : schema::createStatements(schema::Dialect::SqlServer))
-    EXPECT_FALSE(statement.contains(u"varchar(0)"_s)) << statement.toStdString();
 }
 
 }  // namespace
