@@ -5,9 +5,9 @@
 // What a road's walk asks of the system.
 namespace road {
 
-/// The display that a road is walked on, as QT_QPA_PLATFORM names it: one of 1024 by 768 in memory; on
-/// Windows the desktop.
-extern const char* const kDisplay;
+/// The display that a road is walked on, as QT_QPA_PLATFORM names it: one in memory, of 1024 by 768, or of
+/// 1366 by 768 where QT_SCALE_FACTOR enlarges it; on Windows the desktop.
+[[nodiscard]] QByteArray display();
 
 /// Lets a walk that is ended from outside, as by a time-out, take its files away first.
 void watchForEnd();

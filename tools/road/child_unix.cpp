@@ -1,5 +1,6 @@
 #include <sys/prctl.h>
 
+#include <QByteArray>
 #include <csignal>
 #include <initializer_list>
 
@@ -13,7 +14,11 @@ volatile std::sig_atomic_t asked = 0;
 
 }  // namespace
 
-const char* const kDisplay = "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/screen_1024x768.json";
+QByteArray display() {
+  const QByteArray screen =
+      qEnvironmentVariableIsSet("QT_SCALE_FACTOR") ? "screen_1366x768.json" : "screen_1024x768.json";
+  return "offscreen:configfile=" ZARIM_SOURCE_DIR "/tools/hands/" + screen;
+}
 
 void watchForEnd() {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) std::signal(signal, [](int which) { asked = which; });

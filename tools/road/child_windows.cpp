@@ -4,7 +4,7 @@
 
 namespace road {
 
-const char* const kDisplay = "windows";
+QByteArray display() { return "windows"; }
 
 void watchForEnd() {}
 

@@ -96,7 +96,7 @@ int conduct(const Road& road, const QString& pictures) {
   for (const char* variable : {"TMPDIR", "TEMP", "TMP"}) qputenv(variable, QFile::encodeName(folder.path()));
   watchForEnd();
   const QString progressFile = folder.filePath(u"progress"_s);
-  qputenv("QT_QPA_PLATFORM", kDisplay);
+  qputenv("QT_QPA_PLATFORM", display());
   // A road prints on no printer of this machine's, unless a variable names a print server.
   if (!qEnvironmentVariableIsSet("CUPS_SERVER")) qputenv("CUPS_SERVER", "127.0.0.1:9");
   // What the program keeps of its user's goes with the road.
