@@ -175,6 +175,8 @@ Answer msgBox(const Box& box) {
   window.setTextFormat(Qt::PlainText);
   window.setText(values::withPlainLineEnds(box.text));
   window.setWindowTitle(box.title.value_or(QApplication::applicationName()));
+  const bool question = box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
+  if (question) window.setIcon(QMessageBox::Question);
   if (box.icon == Icon::Information) window.setIcon(QMessageBox::Information);
   if (box.icon == Icon::Critical) window.setIcon(QMessageBox::Critical);
   // What a box says is asked for by who helps: Ctrl+C takes it whole.
@@ -190,7 +192,7 @@ Answer msgBox(const Box& box) {
     if (harmless) window.setEscapeButton(push);
     answers.insert(push, button.answer);
   }
-  if (box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel) new TypedAhead(window);
+  if (question) new TypedAhead(window);
   widenForTitle(window);
   window.exec();
   return answers.value(window.clickedButton(), box.buttons <= Buttons::OkCheck ? Answer::Ok : Answer::No);
