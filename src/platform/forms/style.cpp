@@ -41,6 +41,18 @@ bool isLockedRemark(const QWidget* widget) {
   return qobject_cast<const QPlainTextEdit*>(widget) != nullptr && isLocked(widget);
 }
 
+/// The ground that a box is painted with. One that takes the form's own ground and can be typed in is lit, so
+/// that it doesn't read as locked beside lists and dates, which are white; what it was asked for stays.
+QColor groundOf(const QWidget& box) {
+  constexpr double kLit = 0.75, kLitOnDark = 0.15;  // of the way to white
+  const QColor asked = box.palette().color(QPalette::Base);
+  if (asked != box.window()->palette().color(QPalette::Window) || isLocked(&box) || !box.isEnabled())
+    return asked;
+  const double way = isDark(asked) ? kLitOnDark : kLit;
+  const auto lit = [way](int part) { return qRound(part + (255 - part) * way); };
+  return {lit(asked.red()), lit(asked.green()), lit(asked.blue())};
+}
+
 class ProgramStyle : public QProxyStyle {
  public:
   ProgramStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
@@ -94,6 +106,11 @@ class ProgramStyle : public QProxyStyle {
       drawGroup(*option, painter, widget);
     } else if (element == PE_PanelLineEdit && isLockedField(widget)) {
       drawLockedGround(*option, painter, widget);
+    } else if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+               element == PE_PanelLineEdit && frame != nullptr && widget != nullptr) {
+      QStyleOptionFrame lit = *frame;
+      lit.palette.setColor(QPalette::Base, groundOf(*widget));
+      QProxyStyle::drawPrimitive(element, &lit, painter, widget);
     } else if (element == PE_PanelButtonCommand && isPrincipal(widget) &&
                option->state.testFlag(State_Enabled)) {
       drawPrincipal(*option, painter);
@@ -128,7 +145,7 @@ class ProgramStyle : public QProxyStyle {
       // Filled, not drawn: a line at half a pixel can fall outside.
       const QColor line = option->palette.color(QPalette::Window).darker(140);
       painter->fillRect(option->rect, option->state.testFlag(State_HasFocus) ? kAccent : line);
-      painter->fillRect(option->rect.adjusted(1, 1, -1, -1), option->palette.base());
+      painter->fillRect(option->rect.adjusted(1, 1, -1, -1), groundOf(*widget));
       return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
@@ -146,6 +163,9 @@ class ProgramStyle : public QProxyStyle {
   using QProxyStyle::polish;
   void polish(QWidget* widget) override {
     QProxyStyle::polish(widget);
+    // Its ground is painted with its frame.
+    if (auto* remark = qobject_cast<QPlainTextEdit*>(widget))
+      remark->viewport()->setAutoFillBackground(false);
     if (!isPrincipal(widget)) return;
     QFont bold = widget->font();
     bold.setBold(true);
