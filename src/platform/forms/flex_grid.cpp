@@ -126,8 +126,10 @@ void FlexGrid::giveSpareWidth() {
   for (const int column : std::as_const(takers)) {
     const int share = shares == 0 ? 0 : spare * grid_.width(column) / shares;
     const int least = std::max(laidOutWidth(column) / 2, leastWidth(column));
-    setColumnWidth(column, std::max(laidOutWidth(column) + share, least));
-    spare -= share;
+    const int width = std::max(laidOutWidth(column) + share, least);
+    setColumnWidth(column, width);
+    // What this one can't give the next ones do.
+    spare -= width - laidOutWidth(column);
     shares -= grid_.width(column);
   }
 }
