@@ -4,7 +4,6 @@
 #include <array>
 
 #include "documents/document_names.h"
-#include "documents/document_values.h"
 #include "documents/documents.h"
 #include "run/context.h"
 #include "shared/lookups.h"
@@ -28,22 +27,21 @@ const std::array<TipoDeDocumento, 4> kTipos{{
 
 }  // namespace
 
-const TipoDeDocumento* tipoDoDocumento() {
-  const auto* const tipo = std::ranges::find_if(
-      kTipos, [](const TipoDeDocumento& um) { return documento().TipoDocumento == um.tipo; });
-  return tipo == kTipos.end() ? nullptr : tipo;
+const TipoDeDocumento* tipoDeDocumento(const QString& tipo) {
+  const auto* const achado =
+      std::ranges::find_if(kTipos, [&tipo](const TipoDeDocumento& um) { return um.tipo == tipo; });
+  return achado == kTipos.end() ? nullptr : achado;
 }
 
-QString nomeDoDocumento() {
-  if (documento().TipoDocumento == u"ORCA_VENDAS" &&
-      !waitFor(DataFechamentoOrcamento(QString::number(documento().IdDocumento))).isEmpty())
+QString nomeDoDocumento(const QString& tipo, qint32 id) {
+  if (tipo == u"ORCA_VENDAS" && !waitFor(DataFechamentoOrcamento(QString::number(id))).isEmpty())
     return u"Pedido"_s;
-  const TipoDeDocumento* tipo = tipoDoDocumento();
-  return tipo == nullptr ? QString() : tipo->nome;
+  const TipoDeDocumento* achado = tipoDeDocumento(tipo);
+  return achado == nullptr ? QString() : achado->nome;
 }
 
-QString peDaFolha() {
-  const TipoDeDocumento* tipo = tipoDoDocumento();
-  if (tipo == nullptr || tipo->vias[1].isEmpty()) return {};
-  return nomeDoDocumento() + u' ' + numeroDocumento(documento().IdDocumento);
+QString peDaFolha(const QString& tipo, qint32 id) {
+  const TipoDeDocumento* achado = tipoDeDocumento(tipo);
+  if (achado == nullptr || achado->vias[1].isEmpty()) return {};
+  return nomeDoDocumento(tipo, id) + u' ' + numeroDocumento(id);
 }

@@ -14,12 +14,12 @@ struct TipoDeDocumento {
   QString nome;                     ///< with which the subject of its mail begins
 };
 
-/// That of the document which documento() names; nullptr for an unknown type.
-[[nodiscard]] const TipoDeDocumento* tipoDoDocumento();
+/// By its name; nullptr for an unknown one.
+[[nodiscard]] const TipoDeDocumento* tipoDeDocumento(const QString& tipo);
 
 /// What a quote or an order is called where its number follows, "Orçamento"; a closed quote is an order.
-/// Empty for an unknown type. Of the document which documento() names.
-[[nodiscard]] QString nomeDoDocumento();
+/// Empty for an unknown type.
+[[nodiscard]] QString nomeDoDocumento(const QString& tipo, qint32 id);
 
 /// Name and number for the foot of its pages, "Orçamento 000123"; empty for a letter to a supplier.
-[[nodiscard]] QString peDaFolha();
+[[nodiscard]] QString peDaFolha(const QString& tipo, qint32 id);

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "documents/document_types.h"
+#include "documents/document_values.h"
 #include "platform/files/paths.h"
 #include "platform/forms/tips.h"
 #include "run/context.h"
@@ -75,9 +76,10 @@ void frmPedHTML::Form_Load() {
   CentralizaForm(*this);
   const forms::WaitPointer espera;
   montaVias();
+  const ValoresDoDocumento& valores = documento();
   for (const Via& via : vias_) {
     via.painel->setPictureFolders(pastasDeFiguras());
-    via.painel->setFoot(peDaFolha());
+    via.painel->setFoot(peDaFolha(valores.TipoDocumento, valores.IdDocumento));
     // A letter without a row leaves no file.
     via.painel->navigate(via.arquivo, u"Documento não localizado!"_s);
   }

@@ -47,10 +47,11 @@ Asked<forms::GridRow> linhaDoKit(data::Recordset kit) {
 }
 
 QString composicaoImpressa(std::vector<forms::GridRow> linhas) {
-  forms::GridModel& tabela = documento().FlexTemp;
+  ValoresDoDocumento& valores = documento();
+  forms::GridModel& tabela = valores.FlexTemp;
   tabela.layOut(composicao::kLayout);
   tabela.addRows(std::move(linhas));
-  if (documento().OrdemComposicao == u"DESCRICAO") tabela.sortAscending(composicao::Descricao);
+  if (valores.OrdemComposicao == u"DESCRICAO") tabela.sortAscending(composicao::Descricao);
   QString texto = fixo(
       u"<!--Detalhe do Detalhe-->\n"
       u"<table border='1' width=400 bordercolor='#e2cda0' cellspacing=0 cellpadding=2>\n");
@@ -65,7 +66,6 @@ QString composicaoImpressa(std::vector<forms::GridRow> linhas) {
 }
 
 Asked<QString> montaComposicao(QString idprot) {
-  if (!documento().ExibeComposicao) co_return QString();
   const data::Recordset kit = co_await pedeConsulta(u"select * from prot_kit0 where idprot="_s + idprot);
   auto pedidas = data::forEachRow(kit, linhaDoKit);
   auto linhas = co_await pedidas;
@@ -109,9 +109,9 @@ struct Respostas {
   Artigo artigo;
   QString composicao, observacao;
 };
-Asked<Respostas> respostasDe(data::Recordset rs) {
+Asked<Respostas> respostasDe(data::Recordset rs, bool comComposicao) {
   auto pedeItem = itemPorTipo(rs);
-  auto pedeComposicao = montaComposicao(rs.text(u"idprodprot"));
+  auto pedeComposicao = comComposicao ? montaComposicao(rs.text(u"idprodprot")) : data::known(QString());
   Respostas respostas;
   respostas.observacao = co_await observacaoDe(rs);
   respostas.composicao = co_await pedeComposicao;
@@ -119,7 +119,7 @@ Asked<Respostas> respostasDe(data::Recordset rs) {
   co_return respostas;
 }
 
-QString montaCaixa(const data::Recordset& rs, const Respostas& respostas, int numero) {
+QString montaCaixa(const data::Recordset& rs, const Respostas& respostas, int numero, bool comFotos) {
   const auto& [artigo, composicao, observacao] = respostas;
   QString texto =
       fixo(
@@ -137,17 +137,21 @@ QString montaCaixa(const data::Recordset& rs, const Respostas& respostas, int nu
 )")
           .arg(numeroDoItem(numero), html::escapado(artigo.descricao), html::escapado(artigo.codigo));
   texto += composicao + montaValores(ItemImpresso(rs, artigo), observacao) + u"</td>"_s + kFim;
-  if (documento().ExibeFotos) texto += montaFotos(artigo.codigo);
+  if (comFotos) texto += montaFotos(artigo.codigo);
   return texto + fixo(u"</tr>\n</table>\n");
 }
 
 }  // namespace
 
 QString ItensOrcaEstilosHTML(const QString& id, const QString&, const QString& caminho) {
+  const ValoresDoDocumento& valores = documento();
+  const auto pede = [&valores](const data::Recordset& item) {
+    return respostasDe(item, valores.ExibeComposicao);
+  };
   data::Recordset rs = itensDoOrcamento(id);
   int numero = 0;
-  for (auto& pedida : data::startEachRow(rs, respostasDe)) {
-    html::acrescenta(caminho, montaCaixa(rs, waitFor(pedida), ++numero));
+  for (auto& pedida : data::startEachRow(rs, pede)) {
+    html::acrescenta(caminho, montaCaixa(rs, waitFor(pedida), ++numero, valores.ExibeFotos));
     rs.moveNext();
   }
   return {};

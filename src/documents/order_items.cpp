@@ -83,7 +83,8 @@ QString montaCaixa(const ItemImpresso& item, int numero, bool fotos, const Aspec
            celulas::linha(celulas::celula(u"100%"_s, kCentro, aspecto.rotulo(valores))));
 }
 
-QString montaCaixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
+QString montaCaixas(const QString& numero, const Aspecto& aspecto) {
+  const bool fotos = documento().ExibeFotos;
   data::Recordset rs = itensDoPedido(numero);
   QString texto;
   int quantos = 0;
@@ -96,12 +97,10 @@ QString montaCaixas(const QString& numero, bool fotos, const Aspecto& aspecto) {
 
 }  // namespace
 
-QString ItensPedidoHTML(const QString& numero, const QString&) {
-  return montaCaixas(numero, documento().ExibeFotos, kEmLinha);
-}
+QString ItensPedidoHTML(const QString& numero, const QString&) { return montaCaixas(numero, kEmLinha); }
 
 QString ItensPedidoEstilosHTML(const QString& numero, const QString&) {
-  return montaCaixas(numero, documento().ExibeFotos, kDeClasse);
+  return montaCaixas(numero, kDeClasse);
 }
 
 QString ItensPedidoFotoHTML(const QString& numero, const QString&) {

@@ -16,9 +16,10 @@ QString caminhoDaVia(const QString& tronco, qint32 id) {
 }  // namespace
 
 void frmPedHTML::montaVias() {
-  const TipoDeDocumento* tipo = tipoDoDocumento();
+  const ValoresDoDocumento& valores = documento();
+  const TipoDeDocumento* tipo = tipoDeDocumento(valores.TipoDocumento);
   if (tipo == nullptr) return;
-  const qint32 id = documento().IdDocumento;
+  const qint32 id = valores.IdDocumento;
   for (std::size_t i = 0; i < kVias; ++i) vias_[i].arquivo = caminhoDaVia(tipo->vias[i], id);
   const auto porVia = [this](const auto& acao) {
     for (const Via& via : vias_)

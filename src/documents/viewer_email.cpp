@@ -18,14 +18,15 @@ bool frmPedHTML::escolheCorpo() {
     avisa(u"Para Enviar o Orçamento por e-mail será\rnecessário definir a 1a. ou a 2a. via."_s);
     return false;
   }
+  ValoresDoDocumento& valores = documento();
   // The warning belongs to the customer's copy alone.
-  if (via == vias_.begin() && !documento().PublicacaoExterna &&
+  if (via == vias_.begin() && !valores.PublicacaoExterna &&
       !pergunta(u"Atenção!!!\r"
                 "Você optou pela publicação interna do Orçamento.\r"
                 "Esta opção NÃO possibilita a visualização de imagens fora da empresa.\r"
                 "Tem ceteza que deseja continuar???"_s))
     return false;
-  documento().ArquivoCorpoEmail = via->arquivo;
+  valores.ArquivoCorpoEmail = via->arquivo;
   return true;
 }
 
@@ -33,9 +34,10 @@ void frmPedHTML::cmdEnviarEmail_Click() {
   if (!escolheCorpo()) return;
   auto& tela = forms::form<frmEmailOS>();
   tela.txtCC->setText(waitFor(EmailEmpresa()).toLower());
-  const QString nome = nomeDoDocumento();
+  const ValoresDoDocumento& valores = documento();
+  const QString nome = nomeDoDocumento(valores.TipoDocumento, valores.IdDocumento);
   if (!nome.isEmpty())
-    tela.txtTitulo->setText(nome + u" - "_s + numeroDocumento(documento().IdDocumento) + u" - "_s +
+    tela.txtTitulo->setText(nome + u" - "_s + numeroDocumento(valores.IdDocumento) + u" - "_s +
                             waitFor(NomeConhecidoEmpresa()));
   tela.poeAnexo(pdf_);
   tela.showModal();

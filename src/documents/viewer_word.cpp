@@ -28,6 +28,6 @@ void frmPedHTML::cmdPDF_Click() {
 
 void frmPedHTML::cmdWord_Click() {
   const forms::WaitPointer espera;
-  gravaAmostraWord();
+  gravaAmostraWord(documento().IdDocumento);
   mostraCaminho(kArquivoAmostra, u"Word gravado em:"_s);
 }

@@ -9,5 +9,6 @@ void DocumentoWord(const QString& id, const QString& documento, const QString& p
 
 /// Fixed path of the layout trial.
 inline const QString kArquivoAmostra = QStringLiteral("C:\\ZARIM\\TESTE_ORCA9.DOC");
-/// The layout trial that cmdWord makes: company data and sample lines, saved at its fixed path.
-void gravaAmostraWord();
+/// The layout trial that cmdWord makes: company data, the number and date of a quote, sample lines, saved at
+/// its fixed path.
+void gravaAmostraWord(qint32 id);

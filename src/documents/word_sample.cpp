@@ -1,6 +1,5 @@
 
 #include "documents/document_names.h"
-#include "documents/document_values.h"
 #include "documents/html_text.h"
 #include "documents/word.h"
 #include "platform/office/word_processor.h"
@@ -64,8 +63,7 @@ void linhas(WordProcessor& word, const QStringList& textos) {
 
 }  // namespace
 
-void gravaAmostraWord() {
-  const qint32 id = documento().IdDocumento;
+void gravaAmostraWord(qint32 id) {
   const QString tituloDoDocumento = u"Orçamento de Venda - "_s + numeroDocumento(id) + u" - "_s +
                                     diaDaData(waitFor(DataOrcamento(QString::number(id))));
   WordProcessor word;

@@ -52,8 +52,9 @@ int itensAtuais() {
 }
 
 bool meu(const Rascunho& rascunho) {
-  return rascunho.usuario == QString::number(contexto().IdUsuarioAtual) &&
-         rascunho.ambiente == contexto().Ambiente && rascunho.banco == bancoAtual();
+  const Contexto& c = contexto();
+  return rascunho.usuario == QString::number(c.IdUsuarioAtual) && rascunho.ambiente == c.Ambiente &&
+         rascunho.banco == bancoAtual();
 }
 
 /// "Não salvo: Nr. 16, em alteração, Camila Siqueira Nunes, 7 itens, de 16/03 14:32". Where there is not room

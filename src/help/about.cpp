@@ -17,8 +17,7 @@ constexpr int kEsperaVerificacao = 120'000;  // milliseconds
 
 /// The server and its database; of a connection string given whole, which may hold a password, the kind
 /// alone.
-QString nomeDoBanco() {
-  const Contexto& c = contexto();
+QString nomeDoBanco(const Contexto& c) {
   if (!c.Conexao.isOpen()) return u"sem conexão"_s;
   if (c.TipoBanco == u"FIREBIRD") return c.TipoBanco;
   return u"%1 %2 (%3)"_s.arg(c.NomeServidor, c.NomeBanco, c.TipoBanco);
@@ -34,7 +33,7 @@ QString textoSobre() {
       {},
       u"Versão: " ZARIM_VERSION ""_s,
       u"Compilação: "_s + (compilacao.isEmpty() ? u"de desenvolvimento"_s : compilacao),
-      u"Banco de dados: "_s + nomeDoBanco(),
+      u"Banco de dados: "_s + nomeDoBanco(c),
       u"Ambiente: "_s + c.Ambiente,
       u"Usuário: %1 - %2"_s.arg(c.IdUsuarioAtual).arg(c.NomeUsuarioAtual),
       u"Tela: "_s + ResolucaoTela(),

@@ -20,12 +20,12 @@ namespace {
 constexpr int kEspera = 15;  // seconds: who asks sits before the answer
 
 /// The words of a statement that fails; empty where it goes.
-QString recusa(const QString& sql) {
+QString recusa(data::Connection& conexao, const QString& sql) {
   try {
     if (sql.startsWith(u"SELECT"_s))
-      (void)contexto().Conexao.query(sql);
+      (void)conexao.query(sql);
     else
-      contexto().Conexao.execute(sql);
+      conexao.execute(sql);
     return {};
   } catch (const values::RuntimeError& erro) {
     if (erro.number() != values::kStatementFailed) throw;
@@ -53,14 +53,13 @@ void olhaServidor(const Anota& anota) {
   }
 }
 
-void olhaTabelas(const Anota& anota) {
-  if (!contexto().Conexao.isOpen()) return;
+void olhaTabelas(const Anota& anota, data::Connection& conexao) {
   for (const schema::Table& tabela : schema::tables()) {
     const QString& nome = tabela.name;
     QStringList colunas;
     for (const schema::Column& coluna : tabela.columns) colunas += coluna.name;
-    const auto le = [&nome](const QString& o) {
-      return recusa(u"SELECT %1 FROM %2 WHERE 1=0"_s.arg(o, nome));
+    const auto le = [&](const QString& o) {
+      return recusa(conexao, u"SELECT %1 FROM %2 WHERE 1=0"_s.arg(o, nome));
     };
     const QString assunto = u"tabela "_s + nome;
     if (le(colunas.join(u", "_s)).isEmpty()) {
@@ -74,12 +73,11 @@ void olhaTabelas(const Anota& anota) {
   }
 }
 
-void olhaDireitos(const Anota& anota) {
-  if (!contexto().Conexao.isOpen()) return;
+void olhaDireitos(const Anota& anota, data::Connection& conexao) {
   for (const schema::Right& direito : schema::rights()) {
     const auto& [acao, tabela] = direito;
     if (acao == u"SELECT") continue;  // the tables' own looks have tried it
-    const QString palavras = recusa(schema::probe(direito));
+    const QString palavras = recusa(conexao, schema::probe(direito));
     anota({acao + u" em "_s + tabela, palavras.isEmpty() ? u"permitido"_s : palavras,
            palavras.isEmpty() ? QString() : u"dê ao usuário este direito"_s});
   }
@@ -106,11 +104,10 @@ void entraNoCorreio(const Anota& anota, const QString& quem, const QString& serv
   }
 }
 
-void olhaCorreio(const Anota& anota) {
-  if (!contexto().Conexao.isOpen()) return;
+void olhaCorreio(const Anota& anota, data::Connection& conexao) {
   const QString sql = u"SELECT * FROM EMPR WHERE DATA_DESA IS NULL"_s;
-  if (!recusa(sql).isEmpty()) return;  // the table's own look has said why
-  const auto empresa = contexto().Conexao.query(sql);
+  if (!recusa(conexao, sql).isEmpty()) return;  // the table's own look has said why
+  const auto empresa = conexao.query(sql);
   if (empresa.eof())
     return anota({u"empresa"_s, u"a tabela empr não tem linha sem data_desa"_s, u"cadastre a empresa"_s});
   const auto campo = [&empresa](QStringView nome) { return apara(empresa.text(nome)); };
@@ -140,26 +137,28 @@ void olhaImpressoras(const Anota& anota) {
   anota({u"impressoras"_s, todas.join(u", "_s), {}});
 }
 
-constexpr void (*kOlhares[])(const Anota&) = {olhaArquivos, olhaPastas,  olhaServidor, olhaTabelas,
-                                              olhaDireitos, olhaCorreio, olhaFontes,   olhaImpressoras};
-
 }  // namespace
 
 bool verificaInstalacao(const QString& ambiente, const Anota& anota) {
   reiniciaContexto();
   contexto().Ambiente = ambiente.isEmpty() ? kAmbientes.front() : ambiente;
+  data::Connection& conexao = contexto().Conexao;
   bool tudoBem = true;
   const Anota conta = [&](const Achado& achado) {
     tudoBem = tudoBem && achado.conselho.isEmpty();
     anota(achado);
   };
-  for (const auto olha : kOlhares) {
+  const auto olha = [&](const auto& olhar) {
     try {
-      olha(conta);
+      olhar();
     } catch (const values::RuntimeError& erro) {
       conta({u"conexão"_s, erro.text(), conselhoDaConexao(erro.text())});
-      contexto().Conexao = {};
+      conexao = {};
     }
-  }
+  };
+  for (const auto olhar : {olhaArquivos, olhaPastas, olhaServidor}) olha([&] { olhar(conta); });
+  for (const auto olhar : {olhaTabelas, olhaDireitos, olhaCorreio})
+    if (conexao.isOpen()) olha([&] { olhar(conta, conexao); });
+  for (const auto olhar : {olhaFontes, olhaImpressoras}) olha([&] { olhar(conta); });
   return tudoBem;
 }

@@ -87,7 +87,8 @@ void frmEmailOS::Form_Load() {
   txtUsername->setText(txtMailFrom->text());
   txtPassword->setText(waitFor(SenhaEmailOrcamento()));
 
-  QString& destinatarios = documento().DestinatariosEmail;
+  ValoresDoDocumento& valores = documento();
+  QString& destinatarios = valores.DestinatariosEmail;
   destinatarios = semVirgulaFinal(destinatarios);
   // The user always gets a copy, as one of the recipients.
   const QString usuario = waitFor(EmailUsuario(QString::number(contexto().IdUsuarioAtual))).toLower();
@@ -95,14 +96,14 @@ void frmEmailOS::Form_Load() {
   if (para.startsWith(u',')) para.remove(0, 2);
   txtPara->setText(para);
 
-  const qint32 deles = documento().orcamentoDosDestinatarios;
-  const qint32 mostrado = documento().IdDocumento;
+  const qint32 deles = valores.orcamentoDosDestinatarios;
+  const qint32 mostrado = valores.IdDocumento;
   lblDestinatarios->setVisible(!destinatarios.isEmpty() && deles != 0 && deles != mostrado);
   lblDestinatarios->setText(u"Destinatários do orçamento %1; documento do %2."_s.arg(
       numeroDocumento(deles), numeroDocumento(mostrado)));
 
-  if (documento().MensagemTravadaEmail) txtMsg->setEnabled(false);
-  txtMsg->setPlainText(documento().MensagemPadraoEmail);
+  if (valores.MensagemTravadaEmail) txtMsg->setEnabled(false);
+  txtMsg->setPlainText(valores.MensagemPadraoEmail);
   mostraConteudo();
 }
 
@@ -180,12 +181,13 @@ bool frmEmailOS::envia() {
 }
 
 void frmEmailOS::enviaMensagem() {
+  ValoresDoDocumento& valores = documento();
   mail::MailMessage email;
   email.Username = txtUsername->text();
   email.Password = txtPassword->text();
   email.AuthenticationType = mail::kLogin;
   if (!vazio(txtAnexo)) email.Attachments.Add(apara(txtAnexo->text()));
-  anexaLista(email.Attachments, documento().AnexosEmail);
+  anexaLista(email.Attachments, valores.AnexosEmail);
   email.Server = txtServer->text();
   email.MailFrom = txtMailFrom->text();
   email.SendTo = apara(txtPara->text());
@@ -193,15 +195,15 @@ void frmEmailOS::enviaMensagem() {
   email.MessageSubject = txtTitulo->text();
 
   const QString mensagem = forms::controlText(txtMsg);
-  if (!documento().MensagemHTMLEmail.isEmpty()) {
-    email.MessageHTML = documento().MensagemHTMLEmail;
+  if (!valores.MensagemHTMLEmail.isEmpty()) {
+    email.MessageHTML = valores.MensagemHTMLEmail;
   } else if (apara(mensagem).isEmpty()) {
-    email.MessageHTML = files::readLines(documento().ArquivoCorpoEmail).join(QString());
+    email.MessageHTML = files::readLines(valores.ArquivoCorpoEmail).join(QString());
   } else {
     // A text of the user's own goes in place of the document.
     email.MessageText = aparaDireita(mensagem);
   }
-  documento().MensagemHTMLEmail.clear();
+  valores.MensagemHTMLEmail.clear();
   txtStatus->clear();
   email.SendEmail();
 }

@@ -69,7 +69,8 @@ class Avisos {
 /// tried; where the user gives it up the full notice is left out.
 bool frmPropCmrcTL::avisaFechamento() {
   const QString numero = numeroDocumento(txtRowId->text());
-  QString& arquivo = documento().ArquivoDetalheOrca;
+  ValoresDoDocumento& valores = documento();
+  QString& arquivo = valores.ArquivoDetalheOrca;
   std::exception_ptr detalhe;
   bool completo = true;
   Avisos avisos(*this, numero);
@@ -80,8 +81,8 @@ bool frmPropCmrcTL::avisaFechamento() {
     try {
       files::removeIfThere(arquivo);
       // Blocks of a document look at the one that is being made, whose number they don't all get.
-      documento().IdDocumento = values::toInt32(leNumero(txtRowId->text()));
-      MontaDetalheOrcaHTML(documento().IdDocumento, arquivo);
+      valores.IdDocumento = values::toInt32(leNumero(txtRowId->text()));
+      MontaDetalheOrcaHTML(valores.IdDocumento, arquivo);
     } catch (const values::RuntimeError&) {
       detalhe = std::current_exception();
     } catch (const values::Cancelled&) {

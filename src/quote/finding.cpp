@@ -42,12 +42,13 @@ void frmPropCmrcTL::mostraAnteriores(const QString& quantos) {
 /// The customer's quotes, in the search that her name filters. While a quote is edited nothing is handed
 /// back: a choice would turn its save to another one.
 void frmPropCmrcTL::cmdAnteriores_Click() {
-  const QString chamadora =
-      std::exchange(contexto().TelaChamadora, situacao::editando() ? QString() : contexto().TelaChamadora);
+  QString& chamadora = contexto().TelaChamadora;
+  const QString antes = chamadora;
+  if (situacao::editando()) chamadora.clear();
   auto& pesquisa = forms::form<frmBROWSE_PropCmrc>();
   pesquisa.procuraCliente(apara(cboCliente->text()));
   pesquisa.showModal();
-  contexto().TelaChamadora = chamadora;
+  chamadora = antes;
   mostraSituacao();
 }
 

@@ -18,8 +18,9 @@ void frmPropCmrcTL::cmdImprimir_Click() {
   const QString contato = apara(txtEmailExtraContato->text());
   QString destinatarios = apara(txtEmailExtra->text());
   if (!destinatarios.isEmpty() && !contato.isEmpty()) destinatarios += u", "_s;
-  documento().DestinatariosEmail = (destinatarios + contato).toLower();
-  documento().orcamentoDosDestinatarios = values::toInt32(leNumero(txtRowId->text()));
-  documento().MensagemTravadaEmail = true;
+  ValoresDoDocumento& valores = documento();
+  valores.DestinatariosEmail = (destinatarios + contato).toLower();
+  valores.orcamentoDosDestinatarios = values::toInt32(leNumero(txtRowId->text()));
+  valores.MensagemTravadaEmail = true;
   forms::form<frmImprimePropCmrcTL>().showModal();
 }

@@ -4,6 +4,7 @@
 #include "run/configuration.h"
 #include "run/context.h"
 #include "run/findings.h"
+#include "run/program_title.h"
 #include "shared/lists.h"
 #include "shared/lookups.h"
 #include "shared/messages.h"
@@ -15,8 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Who the user is and which environment is meant, from the command line.
-void lerLinhaComando() {
-  Contexto& c = contexto();
+void lerLinhaComando(Contexto& c) {
   // On the makers' own machines the program is started without the menu.
   if (TipoInstalacao() == u"TREVANO") c.LinhaComando = u"1^0^PRD^"_s;
   if (c.LinhaComando.isEmpty()) {
@@ -28,9 +28,8 @@ void lerLinhaComando() {
   c.Ambiente = PegaCampo(c.LinhaComando, 3);
 }
 
-QString tituloJanela() {
-  const Contexto& c = contexto();
-  return u"Zarim 1.2 ("_s + c.Ambiente + u") - Orçamento de Vendas ("_s + c.ambienteVazio + u"/"_s +
+QString tituloJanela(const Contexto& c) {
+  return kTitulo + u" ("_s + c.Ambiente + u") - Orçamento de Vendas ("_s + c.ambienteVazio + u"/"_s +
          c.NomeUsuarioAtual + u")"_s;
 }
 
@@ -38,13 +37,13 @@ QString tituloJanela() {
 
 void frmPropCmrcTL::Form_Load() {
   Contexto& c = contexto();
-  lerLinhaComando();
+  lerLinhaComando(c);
   ConectaServidor();
   aplicaTemaPadrao(*this);
   c.NomeUsuarioAtual = NomeUsuario(QString::number(c.IdUsuarioAtual), c.NomeUsuarioAtual);
   resize(size().expandedTo(forms::screenSize() * 4 / 5));
   CentralizaForm(*this);
-  setWindowTitle(tituloJanela());
+  setWindowTitle(tituloJanela(c));
   if (c.Ambiente != u"PRD") forms::setForeColor(lblTituloJanela, kVermelho);
   move(x(), 0);
   c.TelaChamadora = u"frmPropCmrcTL"_s;

@@ -23,6 +23,9 @@ namespace {
 const QString kPastaConfiguracao = u"c:\\zarim\\config\\"_s;
 constexpr int kEsperaConexao = 400;  // seconds: a distant or waking server may take that long
 
+/// The install root as server_aplic.ini names it; empty before that is read.
+QString raiz() { return contexto().DriveSistema + contexto().PastaSistema; }
+
 /// The line that counts of a file with one, trimmed.
 QString linhaUnica(const QString& caminho) { return apara(files::readLines(caminho).value(0)); }
 
@@ -47,12 +50,11 @@ void exigeDrive() {
   forms::end(1);
 }
 
-[[noreturn]] void recusaServidorMudo() {
+[[noreturn]] void recusaServidorMudo(const QString& servidor) {
   // The brackets of the environment stay empty: which one was asked for is not shown to the user.
   forms::msgBox(
       {.text = u"O Servidor de dados não está respondendo.\r\rVerifique se o servidor NT/SQL/LINUX ("_s +
-               contexto().NomeServidor +
-               u") está ligado.\rO Ambiente selecionado () pode não estar configurado!"_s,
+               servidor + u") está ligado.\rO Ambiente selecionado () pode não estar configurado!"_s,
        .icon = forms::Icon::Critical});
   forms::end(1);
 }
@@ -60,18 +62,17 @@ void exigeDrive() {
 void conectaPelosArquivos() {
   exigeDrive();
   LeServerAplic();
-  const QString linha = linhaDoAmbiente(files::readLines(arquivoConfiguracao(u"server.ini"_s)));
+  Contexto& c = contexto();
+  const QString linha = linhaDoAmbiente(files::readLines(arquivoConfiguracao(u"server.ini"_s)), c.Ambiente);
   if (linha.isEmpty()) recusaLinhaAusente();
   tomaCamposDoServidor(linha);
-  if (const QString cadeia = cadeiaDeConexao(); !cadeia.isEmpty())
-    contexto().Conexao.open(cadeia, kEsperaConexao);
+  if (const QString cadeia = cadeiaDeConexao(); !cadeia.isEmpty()) c.Conexao.open(cadeia, kEsperaConexao);
   LePaths();
 }
 
 }  // namespace
 
-QString linhaDoAmbiente(const QStringList& linhas) {
-  const QString& ambiente = contexto().Ambiente;
+QString linhaDoAmbiente(const QStringList& linhas, const QString& ambiente) {
   return apara(linhas.value(ambiente.isEmpty() ? 0 : kAmbientes.indexOf(ambiente)));
 }
 
@@ -99,9 +100,8 @@ QString cadeiaDeConexao() {
 
 QString arquivoConfiguracao(const QString& nome) {
   QString fixo = kPastaConfiguracao + nome;
-  const QString raiz = contexto().DriveSistema + contexto().PastaSistema;
-  if (raiz.isEmpty()) return fixo;
-  const QString caminho = raiz + u"config\\"_s + nome;
+  if (raiz().isEmpty()) return fixo;
+  const QString caminho = raiz() + u"config\\"_s + nome;
   try {
     return files::exists(caminho) ? caminho : fixo;
   } catch (const values::RuntimeError& erro) {
@@ -114,7 +114,7 @@ QString arquivoConfiguracao(const QString& nome) {
 bool ehAmostra() {
   const QString marca = u"config\\"_s + kMarcaDaAmostra;
   try {
-    return files::exists(contexto().DriveSistema + contexto().PastaSistema + marca);
+    return files::exists(raiz() + marca);
   } catch (const values::RuntimeError&) {
     return false;  // the root is no name for a folder
   }
@@ -127,8 +127,9 @@ void ConectaServidor() {
     forms::reportRuntimeError(erro, u"ConectaServidor"_s);
     registraAchados();
     if (erro.number() == values::kConnectionFailed) {
-      forms::report(linhaDo({u"conexão"_s, contexto().NomeServidor, conselhoDaConexao(erro.text())}));
-      recusaServidorMudo();
+      const QString& servidor = contexto().NomeServidor;
+      forms::report(linhaDo({u"conexão"_s, servidor, conselhoDaConexao(erro.text())}));
+      recusaServidorMudo(servidor);
     }
     // Anything else leaves the connection as it is: the next step meets it closed and says so.
   }

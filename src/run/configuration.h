@@ -15,8 +15,8 @@ inline const QString kMarcaDaAmostra = QStringLiteral("amostra.txt");
 // The environments in the order of their lines in server.ini. An empty one works as the first.
 inline const QStringList kAmbientes{QStringLiteral("PRD"), QStringLiteral("HIST"), QStringLiteral("DEV")};
 
-/// The line of the run's environment, trimmed; what stands after the third line belongs to none.
-[[nodiscard]] QString linhaDoAmbiente(const QStringList& linhas);
+/// The line of an environment, trimmed; what stands after the third line belongs to none.
+[[nodiscard]] QString linhaDoAmbiente(const QStringList& linhas, const QString& ambiente);
 
 /// Takes the seven fields of a line into the context. Raises 13 where the seventh says neither true nor
 /// false.

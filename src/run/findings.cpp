@@ -89,10 +89,11 @@ void olhaServerIni(const Anota& anota) {
   if (files::othersMayRead(files::resolve(caminho)))
     anota({u"server.ini"_s, u"qualquer usuário da máquina lê as senhas"_s,
            u"tire dos outros a leitura (chmod o-r)"_s});
-  const QString escolhida = linhaDoAmbiente(linhas);
+  const QString& atual = contexto().Ambiente;
+  const QString escolhida = linhaDoAmbiente(linhas, atual);
   for (qsizetype n = 0; n < 3; ++n) {
     const QString& ambiente = kAmbientes[n];
-    const bool deste = contexto().Ambiente == ambiente || (n == 0 && contexto().Ambiente.isEmpty());
+    const bool deste = atual == ambiente || (n == 0 && atual.isEmpty());
     olhaLinha(anota, u"server.ini, linha %1 (%2)"_s.arg(n + 1).arg(ambiente), apara(linhas.value(n)), deste);
   }
   if (!escolhida.isEmpty()) tomaCamposDoServidor(escolhida);
@@ -185,11 +186,12 @@ void registraAchados() {
     if (!achado.conselho.isEmpty()) forms::report(linhaDo(achado));
   };
   // What the start has read so far stays as it is: some failures are passed over in silence.
-  Contexto lido = std::exchange(contexto(), {});
-  contexto().Ambiente = lido.Ambiente;
+  Contexto& c = contexto();
+  Contexto lido = std::exchange(c, {});
+  c.Ambiente = lido.Ambiente;
   olhaArquivos(anota);
   olhaPastas(anota);
-  contexto() = std::move(lido);
+  c = std::move(lido);
 }
 
 QString avisoDasPastas() {

@@ -15,8 +15,9 @@ frmImagem::frmImagem() {
 
 void frmImagem::Form_Load() {
   CentralizaForm(*this);
-  setWindowTitle(kTitulo + u" - Visualização de Produtos "_s + u"("_s + contexto().ambienteVazio + u"/"_s +
-                 contexto().NomeUsuarioAtual + u")"_s);
+  const Contexto& c = contexto();
+  setWindowTitle(kTitulo + u" - Visualização de Produtos ("_s + c.ambienteVazio + u"/"_s +
+                 c.NomeUsuarioAtual + u")"_s);
   AplicaCoresForm(*this);
 }
 

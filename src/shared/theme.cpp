@@ -66,8 +66,8 @@ void LeCoresSistema(const QString& nome) {
 
 void AplicaCoresForm(forms::Form& tela) {
   const auto numero = [](const QString& texto) { return values::toInt64(leNumero(texto)); };
-  const auto fundo = numero(contexto().CorFundo);
-  const auto frente = numero(contexto().CorFrente);
+  const Contexto& c = contexto();
+  const auto fundo = numero(c.CorFundo), frente = numero(c.CorFrente);
   forms::setBackColor(&tela, fundo);
   const auto controles = tela.findChildren<QWidget*>();
   for (QWidget* controle : controles) {

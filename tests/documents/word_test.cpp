@@ -135,7 +135,7 @@ TEST_F(WordDocument, WithoutTheLetterheadsPictureItFailsAndWritesNothing) {
 TEST_F(WordDocument, TheLayoutTrialIsSavedAtItsFixedPath) {
   QImage(60, 40, QImage::Format_RGB32).save(files::resolve(u"c:\\zarim\\imagens"_s) + u"/logo_cliente.jpg"_s);
   documento().IdDocumento = 123;
-  gravaAmostraWord();
+  gravaAmostraWord(documento().IdDocumento);
   const QByteArray rtf = files::readAll(u"c:\\zarim\\teste_orca9.doc"_s);
   for (const auto* part : {"000123 - 05/03/2024", "Presentes Aurora Ltda", "PRESENTES PERSONALIZADOS"})
     EXPECT_TRUE(rtf.contains(part)) << rtf.constData();
