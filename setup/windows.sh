@@ -11,12 +11,13 @@ install_packages setup/packages.txt setup/windows_packages.txt
 [ "$#" -gt 0 ] || mapfile -t sources < <(git ls-files 'src/*.cpp' | grep -v '_unix\.cpp$')
 [ "$#" = 0 ] || sources=("$@")
 
-# Nothing of the system's own headers but those of the two libraries that are the same everywhere.
+# Nothing of the system's own headers but those of the libraries that are the same everywhere.
 mkdir -p build/windows
 ln -sfn /usr/include/sqlite3.h build/windows/sqlite3.h
 ln -sfn "/usr/include/$(gcc -print-multiarch)/curl" build/windows/curl
+ln -sfn /usr/include/tidy build/windows/tidy
 # The version is a setting of one source.
-flags=('-DZARIM_VERSION="0"' -std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror -Isrc -isystem build/windows)
+flags=('-DZARIM_VERSION="0"' -std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Werror -Isrc -isystem build/windows -isystem build/windows/tidy)
 for made in build/release/src build/release/src/*_autogen/include; do flags+=("-I$made"); done
 qt=/usr/include/$(gcc -print-multiarch)/qt6
 flags+=(-isystem "$qt")

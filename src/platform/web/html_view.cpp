@@ -56,10 +56,9 @@ QString withoutBreaks(QString text) { return text.remove(kBreakHere).replace(QCh
 
 }  // namespace
 
-HtmlView::HtmlView(const QByteArray& html, const QString& folder, const PictureFolders& folders,
+HtmlView::HtmlView(const RichText& rich, const QString& folder, const PictureFolders& folders,
                    QWidget* parent)
     : DocumentView(parent), folders_(folders), view_(new QGraphicsView(this)), page_(new PageItem) {
-  const RichText rich = richText(readHtml(html));
   pictures_ = new Pictures(rich.pictures, folder, folders, this);
   connect(pictures_, &Pictures::complete, this, [this] {
     document_.markContentsDirty(0, document_.characterCount());  // places take the pictures' sizes

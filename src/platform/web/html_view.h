@@ -4,18 +4,19 @@
 
 #include "platform/web/document_view.h"
 #include "platform/web/pictures.h"
+#include "platform/web/rich_text.h"
 
 class QGraphicsTextItem;
 class QGraphicsView;
 
 namespace web {
 
-/// Shows a document's HTML. It is laid out once, as wide as paper; a zoom scales it.
+/// Shows a document. It is laid out once, as wide as paper; a zoom scales it.
 class HtmlView : public DocumentView {
   Q_OBJECT
 
  public:
-  HtmlView(const QByteArray& html, const QString& folder, const PictureFolders& folders, QWidget* parent);
+  HtmlView(const RichText& rich, const QString& folder, const PictureFolders& folders, QWidget* parent);
   ~HtmlView() override;
 
   [[nodiscard]] QString text() override;

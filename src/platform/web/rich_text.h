@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QStringList>
-
-#include "platform/web/html_tree.h"
+#include <optional>
 
 namespace web {
 
@@ -12,7 +12,8 @@ struct RichText {
   QString html;
   QStringList pictures;  ///< their addresses; a picture's own is the number of one
 };
-[[nodiscard]] RichText richText(const HtmlTree& tree);
+/// Of bytes in windows-1252; nothing where they nest beyond all measure.
+[[nodiscard]] std::optional<RichText> richText(const QByteArray& html);
 
 /// Stands in words that are longer than a line, where they may be broken.
 inline constexpr QChar kBreakHere(0x200B);

@@ -118,7 +118,9 @@ void WebPane::load() {
 
 DocumentView* WebPane::viewOf(const QByteArray& content) {
   if (isPdf(path_)) return makePdfView(content, path_, this);
-  return new HtmlView(content, QFileInfo(files::resolve(path_)).absolutePath(), d_->folders, this);
+  const auto rich = richText(content);
+  if (!rich) return nullptr;
+  return new HtmlView(*rich, QFileInfo(files::resolve(path_)).absolutePath(), d_->folders, this);
 }
 
 void WebPane::place(DocumentView* view) {
