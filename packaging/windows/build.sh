@@ -13,7 +13,14 @@ work=$(cd build/windows && pwd -P) here=$PWD/packaging/windows log=$PWD/.run/log
 cross=x86_64-w64-mingw32
 : >"$log"
 step() { printf '%4s s  %s\n' "$SECONDS" "$1"; }
-quietly() { "$@" >>"$log" 2>&1 </dev/null || { tail -n 20 "$log" >&2; fail "Failed: $1; all of it in $log."; }; }
+broken() { tail -n 20 "$log" >&2; fail "Failed: $1; all of it in $log."; }
+quietly() { "$@" >>"$log" 2>&1 </dev/null || broken "$1"; }
+# building FOLDER [--target NAME...]: says at each tenth how far it is.
+building() {
+  NINJA_STATUS='[%p] ' cmake --build "$@" 2>&1 </dev/null | tee -a "$log" |
+    awk '/^\[ *[0-9]+%\] / { tenth = int(substr($0, 2, 3) / 10) } tenth > said { said = tenth; printf "        %d%%\n", said * 10; fflush() }' ||
+    broken "cmake --build $1"
+}
 
 install_packages setup/packages.txt setup/windows_packages.txt
 host=/usr/lib/$(gcc -print-multiarch)/cmake
@@ -43,11 +50,11 @@ qt() {
     quietly cmake -S "$work/src-qt" -B "$work/qt-build" "${configure[@]}" -DCMAKE_BUILD_TYPE=None "-DCMAKE_C_FLAGS=-O1 -DNDEBUG" \
       "-DCMAKE_CXX_FLAGS=-O1 -DNDEBUG" -DQT_HOST_PATH=/usr "-DQT_HOST_PATH_CMAKE_DIR=$host" -DQT_QMAKE_TARGET_MKSPEC=win32-g++ \
       -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF -DQT_BUILD_TOOLS_WHEN_CROSSCOMPILING=OFF -DFEATURE_pkg_config=OFF \
-      -DFEATURE_sql_sqlite=OFF -DFEATURE_sql_odbc=ON -DFEATURE_schannel=ON -DFEATURE_dbus=OFF -DFEATURE_opengl=OFF \
+      -DFEATURE_sql_sqlite=OFF -DFEATURE_sql_odbc=ON -DFEATURE_schannel=ON -DFEATURE_dbus=OFF -DINPUT_opengl=no \
       -DFEATURE_tabletevent=OFF -DFEATURE_system_zlib=OFF -DFEATURE_system_pcre2=OFF -DFEATURE_system_doubleconversion=OFF \
       -DINPUT_freetype=qt -DINPUT_harfbuzz=qt -DINPUT_libpng=qt -DINPUT_libjpeg=qt
   fi
-  quietly ninja -C "$work/qt-build" Core Gui Widgets Network Sql PrintSupport Test QWindowsIntegrationPlugin \
+  building "$work/qt-build" --target EntryPointImplementation Core Gui Widgets Network Sql PrintSupport Test QWindowsIntegrationPlugin \
     QOffscreenIntegrationPlugin QWindowsVistaStylePlugin QODBCDriverPlugin QJpegPlugin QSchannelBackendPlugin
 }
 
@@ -99,7 +106,7 @@ zarim=$work/zarim
 quietly cmake -S . -B "$zarim" -G Ninja "-DCMAKE_TOOLCHAIN_FILE=$here/toolchain.cmake" -DCMAKE_BUILD_TYPE=Release \
   "-DCMAKE_PREFIX_PATH=$work/qt-build;$work/root" -DQT_HOST_PATH=/usr "-DQT_HOST_PATH_CMAKE_DIR=$host" \
   "-DZARIM_ICON=$work/zarim.ico"
-quietly cmake --build "$zarim"
+building "$zarim"
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$zarim/CMakeCache.txt")
 
 step "Setup and zip"
