@@ -9,7 +9,6 @@
 
 #include "draft/keeper.h"
 #include "platform/forms/boxes.h"
-#include "platform/forms/icons.h"
 #include "platform/forms/process.h"
 #include "quote/header_fields.h"
 #include "run/context.h"
@@ -46,7 +45,6 @@ constexpr int kTopoHomenageados = 1680;
 
 frmPropCmrcTL::frmPropCmrcTL() {
   setupUi(this);
-  cmdPesquisar_PropCmrc->setIcon(forms::searchIcon(*cmdPesquisar_PropCmrc));
   addOverFrame(frameHomenageados, kEsquerdaHomenageados, kTopoHomenageados, cmdFecharListaHomenageados);
   addOverFrame(frameMassa, kEsquerdaPainel, 0, cmdFecharFrameMassa);
   addOverFrame(frameCondPgto, kEsquerdaPainel, 0, cmdFecharFrameCondPgto);

@@ -1,3 +1,4 @@
+#include "platform/forms/icons.h"
 #include "platform/forms/process.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
@@ -40,6 +41,7 @@ void frmPropCmrcTL::Form_Load() {
   lerLinhaComando(c);
   ConectaServidor();
   aplicaTemaPadrao(*this);
+  cmdPesquisar_PropCmrc->setIcon(forms::searchIcon(*cmdPesquisar_PropCmrc));  // in the theme's colour
   c.NomeUsuarioAtual = NomeUsuario(QString::number(c.IdUsuarioAtual), c.NomeUsuarioAtual);
   resize(size().expandedTo(forms::screenSize() * 4 / 5));
   CentralizaForm(*this);

@@ -41,6 +41,11 @@ bool isLockedRemark(const QWidget* widget) {
   return qobject_cast<const QPlainTextEdit*>(widget) != nullptr && isLocked(widget);
 }
 
+QColor between(const QColor& from, const QColor& to, double way) {
+  const auto part = [way](int one, int other) { return qRound(one + (other - one) * way); };
+  return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
+}
+
 /// The ground that a box is painted with. One that takes the form's own ground and can be typed in is lit, so
 /// that it doesn't read as locked beside lists and dates, which are white; what it was asked for stays.
 QColor groundOf(const QWidget& box) {
@@ -48,9 +53,7 @@ QColor groundOf(const QWidget& box) {
   const QColor asked = box.palette().color(QPalette::Base);
   if (asked != box.window()->palette().color(QPalette::Window) || isLocked(&box) || !box.isEnabled())
     return asked;
-  const double way = isDark(asked) ? kLitOnDark : kLit;
-  const auto lit = [way](int part) { return qRound(part + (255 - part) * way); };
-  return {lit(asked.red()), lit(asked.green()), lit(asked.blue())};
+  return between(asked, Qt::white, isDark(asked) ? kLitOnDark : kLit);
 }
 
 class ProgramStyle : public QProxyStyle {
@@ -174,14 +177,18 @@ class ProgramStyle : public QProxyStyle {
 
  private:
   /// A locked field reads as text on the form's own ground, with a thin line under it; a ground of its own
-  /// that was asked for stays, and on a dark form it keeps that of a field, which its text is made for.
+  /// that was asked for stays, and on a dark form it is a field's, which its text is made for, dimmed.
   static void drawLockedGround(const QStyleOption& option, QPainter* painter, const QWidget* widget) {
     const QWidget* holder = widget->parentWidget();
     const bool part = qobject_cast<const Combo*>(holder) != nullptr;
     if (part) return;
-    const bool dark = isDark(option.palette.color(QPalette::Active, QPalette::Window));
-    if (dark || widget->property("backColor").isValid())
-      painter->fillRect(option.rect, option.palette.base());
+    constexpr double kDimmed = 0.35;
+    const QColor ground = option.palette.color(QPalette::Active, QPalette::Window);
+    const QColor base = option.palette.color(QPalette::Base);
+    if (widget->property("backColor").isValid())
+      painter->fillRect(option.rect, base);
+    else if (isDark(ground))
+      painter->fillRect(option.rect, between(base, ground, kDimmed));
     painter->setPen(option.palette.color(QPalette::Active, QPalette::Mid));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     if (option.state.testFlag(State_HasFocus)) {
