@@ -18,6 +18,7 @@ rm -f docs/manual/pictures/*.png docs/pictures/*.png docs/pictures/150/*.png
 screens=$(sed -n 's/^screenshot \(.*\)/\1.png/p' sample/roads/manual.road)
 take manual.road docs/manual/pictures $screens
 take documents.road docs/pictures pdf_first_page.png pdf_second_page.png
+take pdf_pane.road docs/pictures pdf_fitted.png pdf_larger.png pdf_smaller.png
 export QT_SCALE_FACTOR=1.5
 take manual.road docs/pictures/150 $screens
 build release test_roads
