@@ -5,7 +5,6 @@
 #include "platform/files/paths.h"
 #include "platform/web/web_pane.h"
 #include "search/frmBROWSE_PRODUTO.h"
-#include "search/frmBROWSE_Prototipo.h"
 #include "search/frmImagem.h"
 #include "search_test.h"
 
@@ -106,18 +105,6 @@ TEST_F(Photos, AreShownSomeHundredAtATime) {
     EXPECT_TRUE(files::readAll(contexto().PathDocs + u"pesquisa_produtos.html"_s).contains("NN-2000"));
     EXPECT_TRUE(search(u"Bombom"_s).contains(u"BOM-1"_s));
     EXPECT_TRUE(screen.folhas->isHidden());
-  });
-}
-
-TEST_F(Photos, OfPrototypesGoByTheirNumber) {
-  picture(first(u"202_2"_s), 222);
-  open<frmBROWSE_Prototipo>([&](frmBROWSE_Prototipo& screen) {
-    support::click(screen.cmdPesquisa);
-    support::clickRow(screen.Flex, 2);
-    support::click(screen.cmdImagem1_2);
-    EXPECT_EQ(screen.Image1->foto().width(), 222);
-    EXPECT_TRUE(
-        screen.MontaDetalheHTML().contains(u"<TD width=30%>202</TD><TD width=40%>Lata dourada</TD>"_s));
   });
 }
 

@@ -1,9 +1,7 @@
 #include "shared/lookups.h"
-#include "shared/pictures.h"
 
 #include <functional>
 
-#include "platform/files/contents.h"
 #include "platform/values/runtime_error.h"
 #include "run/context.h"
 #include "support/company.h"
@@ -121,16 +119,6 @@ TEST_F(Lookups, UserNameGuardsItsQuery) {
       << "an error that isn't the connection's is passed over";
   sql(u"ALTER TABLE outra RENAME TO usen"_s);
   EXPECT_EQ(NomeUsuario(u"7"_s, u"antes"_s), u"MARIA") << "and the connection goes on";
-}
-
-TEST_F(Lookups, PicturesInTheirThreeForms) {
-  EXPECT_EQ(LocalizaImagemProduto(u"CX-100"_s), u"c:\\zarim\\imagens\\sem_imagem.jpg");
-  EXPECT_FALSE(LocalizaImagemPrototipo(u"CX-100"_s));
-  for (const auto& name : {u"CX-100S3.jpg"_s, u"CX-100W2.jpg"_s, u"CX-100.jpg"_s}) {
-    files::write(u"c:\\zarim\\imagens\\"_s + name.toLower(), "x");
-    EXPECT_EQ(LocalizaImagemProduto(u" CX-100 "_s), u"c:\\zarim\\imagens\\"_s + name);
-  }
-  EXPECT_TRUE(LocalizaImagemPrototipo(u"CX-100"_s));
 }
 
 }  // namespace

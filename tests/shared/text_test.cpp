@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDesktopServices>
-#include <QUrl>
-
 #include "platform/values/dates.h"
 #include "run/context.h"
 #include "text/trim.h"
@@ -53,24 +50,4 @@ TEST(Text, AccentsGoOnlyWhereTheConfigurationSaysSo) {
   reiniciaContexto();
 }
 
-class Mailto : public QObject {
-  Q_OBJECT
- public Q_SLOTS:
-  void open(const QUrl& url) { opened << url.toString(); }
-
- public:
-  QStringList opened;
-};
-
-TEST(Text, MailProgram) {
-  Mailto handler;
-  QDesktopServices::setUrlHandler(u"mailto"_s, &handler, "open");
-  AbreMailto(u"  "_s);
-  AbreMailto(u"Vendas@Aurora.example"_s);
-  QDesktopServices::unsetUrlHandler(u"mailto"_s);
-  EXPECT_EQ(handler.opened, QStringList{u"mailto:vendas@aurora.example"_s});
-}
-
 }  // namespace
-
-#include "text_test.moc"
