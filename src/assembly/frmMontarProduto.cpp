@@ -43,6 +43,11 @@ frmMontarProduto::frmMontarProduto() {
   letra.setPointSizeF(letra.pointSizeF() * 1.4);  // with the text size of the screen
   lblTotalUnitarioProduto->setFont(letra);
   Flex->setSpareColumns({grades::material::Descricao, grades::material::Tipo, grades::material::Observacao});
+  Flex->grid().setLook(grades::material::Codigo, [this](int linha) -> forms::GridLook {
+    if (Flex->grid().text(linha, grades::material::Tipo) != kTipoProduto)
+      return {{}, Qt::AlignRight | Qt::AlignTop};
+    return {forms::toColor(kLaranja), Qt::AlignLeft | Qt::AlignTop};
+  });
   ligaPesquisa();
   on(Flex, forms::Event::DoubleClick, &frmMontarProduto::Flex_DblClick);
   on(cmdPesquisa, forms::Event::Click, &frmMontarProduto::cmdPesquisa_Click);
@@ -90,14 +95,4 @@ void frmMontarProduto::PreparaGradePesquisa(forms::FlexGrid* grade) { grade->gri
 
 void frmMontarProduto::preparaGradesPesquisa() {
   for (int aba = 0; aba < SSTab1->count(); ++aba) PreparaGradePesquisa(gradeDaAba(aba));
-}
-
-void frmMontarProduto::marcaLinha(int linha) {
-  using namespace grades::material;
-  auto& grade = Flex->grid();
-  const bool produto = grade.text(linha, Tipo) == kTipoProduto;
-  grade.setRow(linha);
-  grade.setCol(Codigo);
-  grade.setCellAlignment(linha, Codigo, (produto ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignTop);
-  if (produto) grade.setCellBackColor(linha, Codigo, forms::toColor(kLaranja));
 }

@@ -40,10 +40,6 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   void PreparaGradeSombra();
   static void PreparaGradePesquisa(forms::FlexGrid* grade);
 
-  /// Makes a line of Flex the current one and gives it its display marks: the code of the product line stands
-  /// on orange, those of the materials on the right.
-  void marcaLinha(int linha);
-
   /// Why the assembly takes no such article, in two lines; empty where it does (including_item.cpp).
   [[nodiscard]] QString recusaDoArtigo(QStringView tipo, QStringView codigo) const;
   /// Makes an article a line: its value times the factor, its total.

@@ -37,7 +37,8 @@ void frmMontarProduto::incluiArtigo(forms::GridRow artigo, std::optional<double>
              emMoeda(values::toNumber(artigo.text(Column::Quantidade)) * values::toNumber(valor)));
   auto& grade = Flex->grid();
   grade.addRow(std::move(artigo));
-  marcaLinha(grade.rows() - 1);
+  grade.setRow(grade.rows() - 1);
+  grade.setCol(Column::Codigo);
 }
 
 void frmMontarProduto::arrumaLinhas() {

@@ -50,10 +50,10 @@ void frmPropCmrcTL::passaParaMontagem(int linha) {
     const forms::GridRow campos = FlexMonta.rowTexts(i);
     tela.Flex->grid().addRow(campos);
     tela.FlexSombra.addRow(campos);
-    tela.marcaLinha(tela.Flex->grid().rows() - 1);
   }
 
   tela.Flex->grid().setRow(linhaProduto(tela.Flex->grid()));
+  tela.Flex->grid().setCol(material::Codigo);
   tela.txtObservacoes->setText(celula(item::Observacao));
   tela.txtObservacoesSombra->setText(celula(item::Observacao));
   tela.txtQuantidade->setText(celula(item::Quantidade));

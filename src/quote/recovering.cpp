@@ -124,10 +124,7 @@ void frmPropCmrcTL::recupera(const Rascunho& rascunho) {
 void frmPropCmrcTL::reabreMontagem(const QString& retrato) {
   auto& tela = forms::form<frmMontarProduto>();
   rascunho::repoe(retrato, forms::formName<frmMontarProduto>());
-  forms::GridModel& linhas = tela.Flex->grid();
-  const int atual = linhas.row();
-  for (int linha = 1; linha < linhas.rows(); ++linha) tela.marcaLinha(linha);
-  linhas.setRow(atual);
+  tela.Flex->grid().setCol(grades::material::Codigo);
   mostraMontagem();
 }
 

@@ -40,6 +40,16 @@ constexpr std::array<forms::GridColumn, 8> kLayout{{
     {u"Dt.Validade", 1000, forms::kRight},
 }};
 
+/// The fields that stand in the columns, in their order.
+constexpr data::ShownField kCampos[] = {{u"idPROP_CMRC"},
+                                        {u"DATA_PROP_CMRC"},
+                                        {u"prop_cmrc_desc"},
+                                        {u"NOME_CLIE"},
+                                        {u"DATA_FECH", u"dd/mm/yyyy"},
+                                        {u"NUME_PESS"},
+                                        {u"DATA_EVEN", u"dd/mm/yyyy"},
+                                        {u"DATA_VALI", u"dd/mm/yyyy"}};
+
 constexpr int kEventoProximo = 30;  // days
 constexpr forms::ColorNumber kVencido = 0xC0C0FF;
 constexpr forms::ColorNumber kVence = 0xA8E4FF;
@@ -80,17 +90,6 @@ QString dataDoFiltro(const QString& digitada) {
   return values::isDate(texto) ? values::formatDate(texto, u"yyyymmdd") : QString();
 }
 
-forms::GridRow linhaDoOrcamento(const data::Recordset& rs) {
-  return {{Tela::Id, rs.text(u"idPROP_CMRC")},
-          {Tela::DtOrcamento, rs.text(u"DATA_PROP_CMRC")},
-          {Tela::Descricao, rs.text(u"prop_cmrc_desc")},
-          {Tela::Cliente, rs.text(u"NOME_CLIE")},
-          {Tela::Pessoas, rs.text(u"NUME_PESS")},
-          {Tela::DtEvento, rs.formatDate(u"DATA_EVEN", u"dd/mm/yyyy")},
-          {Tela::DtValidade, rs.formatDate(u"DATA_VALI", u"dd/mm/yyyy")},
-          {Tela::DtFechamento, rs.formatDate(u"DATA_FECH", u"dd/mm/yyyy")}};
-}
-
 /// What the number filter compares ids with: the number of the text, 0 where there is none. The server
 /// refuses any other text, and the quote that is being typed would be lost.
 QString numeroDoFiltro(const QString& texto) {
@@ -118,6 +117,7 @@ frmBROWSE_PropCmrc::frmBROWSE_PropCmrc() {
   for (const Coluna coluna : {DtFechamento, DtEvento, DtValidade})
     Flex->setLeastText(coluna, u"00/00/0000"_s);
   Flex->setSpareColumns({Descricao, Cliente});
+  Flex->grid().setLook(DtValidade, [this](int linha) { return aspectoDaValidade(linha); });
   rememberMeasures();
 }
 
@@ -212,11 +212,9 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
 
   const forms::WaitPointer espera;
   auto& grade = Flex->grid();
-  std::vector<forms::GridRow> linhas;
-  for (auto rs = abreConsulta(*sql); !rs.eof(); rs.moveNext()) linhas.push_back(linhaDoOrcamento(rs));
-  grade.addRows(std::move(linhas));
+  const data::Recordset rs = abreConsulta(*sql);
+  grade.addRows(rs.count(), rs.shown(kCampos));
   grade.chooseSingleRow();
-  pintaValidades();
   cmdExportar->setEnabled(grade.rows() > 1);
   lblContagem->setText(
       filtraTexto()
@@ -225,22 +223,13 @@ void frmBROWSE_PropCmrc::cmdPesquisa_Click() {
                                u"orçamentos, sem filtro de texto"_s));
 }
 
-void frmBROWSE_PropCmrc::pintaValidades() {
+forms::GridLook frmBROWSE_PropCmrc::aspectoDaValidade(int linha) const {
+  const auto& grade = Flex->grid();
   // Only an open, active quote is due.
-  if (!chkVisualiza->isChecked()) return;
-  auto& grade = Flex->grid();
-  const QDate hoje = values::today();
-  const QColor vencido = forms::toColor(kVencido), vence = forms::toColor(kVence);
-  std::vector<std::pair<int, QColor>> cores;
-  for (int linha = 1; linha < grade.rows(); ++linha) {
-    const QString validade = grade.text(linha, DtValidade);
-    if (validade.isEmpty() || !grade.text(linha, DtFechamento).isEmpty()) continue;
-    const QStringView texto(validade);
-    const QDate dia(texto.mid(6).toInt(), texto.mid(3, 2).toInt(), texto.left(2).toInt());
-    const Prazo::Estado estado = estadoDaValidade(dia, hoje);
-    if (estado != Prazo::SemPressa) cores.emplace_back(linha, estado == Prazo::Vencido ? vencido : vence);
-  }
-  grade.setBackColors(DtValidade, cores);
+  if (!chkVisualiza->isChecked() || !grade.text(linha, DtFechamento).isEmpty()) return {};
+  const Prazo::Estado estado = prazoDaValidade(grade.text(linha, DtValidade), values::today()).estado;
+  if (estado == Prazo::SemPressa) return {};
+  return {forms::toColor(estado == Prazo::Vencido ? kVencido : kVence), {}};
 }
 
 void frmBROWSE_PropCmrc::cmdExportar_Click() {

@@ -29,7 +29,7 @@ class frmBROWSE_PropCmrc : public forms::Form, public Ui::frmBROWSE_PropCmrc {
   [[nodiscard]] bool filtraTexto() const;
   /// Searches anew; a box that was ticked clears the one that says the opposite and ticks what it holds for.
   void caixaClicada(QCheckBox* clicada);
-  void pintaValidades();
+  [[nodiscard]] forms::GridLook aspectoDaValidade(int linha) const;
   void cmdExportar_Click();
   void Flex_DblClick();
 };

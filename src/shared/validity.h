@@ -10,6 +10,5 @@ struct Prazo {
   QString texto;
 };
 
-[[nodiscard]] Prazo::Estado estadoDaValidade(QDate validade, QDate hoje);
 /// Of a validity "dd/mm/yyyy"; what is no date is never due.
 [[nodiscard]] Prazo prazoDaValidade(const QString& validade, QDate hoje);

@@ -1,6 +1,7 @@
 #include "platform/data/recordset.h"
 
 #include <QSet>
+#include <vector>
 
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
@@ -43,6 +44,27 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
       break;
   }
   return values::toDate(result.text(at));
+}
+
+QString textOf(const ResultValues& result, qsizetype at) {
+  switch (result.kind(at)) {
+    case Kind::Null:
+      return {};
+    case Kind::Integer:
+      return QString::number(result.integer(at));
+    case Kind::Number:
+      return values::toText(result.number(at));
+    case Kind::Date:
+      return values::toText(result.date(at), result.time(at));
+    case Kind::Text:
+      break;
+  }
+  return result.text(at);
+}
+
+QString dateTextOf(const ResultValues& result, qsizetype at, QStringView form) {
+  if (result.kind(at) == Kind::Date) return values::formatDate(result.date(at), result.time(at), form);
+  return values::formatDate(dateOf(result, at), form);
 }
 
 /// Whatever the case. Of a long result most of the time would go here.
@@ -113,24 +135,12 @@ qsizetype Recordset::place(QStringView field) const {
   values::raise(values::kUnknownField, field.toString());
 }
 
+// The place comes first: a closed recordset has no values.
 QString Recordset::text(QStringView field) const {
   const qsizetype at = place(field);
-  switch (values_->kind(at)) {
-    case Kind::Null:
-      return {};
-    case Kind::Integer:
-      return QString::number(values_->integer(at));
-    case Kind::Number:
-      return values::toText(values_->number(at));
-    case Kind::Date:
-      return values::toText(values_->date(at), values_->time(at));
-    case Kind::Text:
-      break;
-  }
-  return values_->text(at);
+  return textOf(*values_, at);
 }
 
-// The place comes first: a closed recordset has no values.
 bool Recordset::isNull(QStringView field) const {
   const qsizetype at = place(field);
   return values_->kind(at) == Kind::Null;
@@ -153,8 +163,29 @@ QString Recordset::format(QStringView field, QStringView mask) const {
 
 QString Recordset::formatDate(QStringView field, QStringView form) const {
   const qsizetype at = place(field);
-  if (values_->kind(at) == Kind::Date) return values::formatDate(values_->date(at), values_->time(at), form);
-  return values::formatDate(dateOf(*values_, at), form);
+  return dateTextOf(*values_, at, form);
+}
+
+std::function<QString(qsizetype row, int field)> Recordset::shown(std::span<const ShownField> fields) const {
+  if (eof()) return {};
+  const qsizetype width = columns_->names.size();
+  struct Shown {
+    qsizetype column;
+    QStringView form;
+  };
+  std::vector<Shown> shown;
+  for (const auto& [field, form] : fields) {
+    const qsizetype column = place(field) % width;
+    shown.push_back({column, form});
+    if (form.isEmpty()) continue;
+    for (qsizetype at = column; at < values_->size(); at += width)
+      if (values_->kind(at) != Kind::Date) static_cast<void>(dateOf(*values_, at));
+  }
+  return [values = values_, shown = std::move(shown), width](qsizetype row, int field) {
+    const auto& [column, form] = shown[static_cast<std::size_t>(field)];
+    const qsizetype at = row * width + column;
+    return form.isEmpty() ? textOf(*values, at) : dateTextOf(*values, at, form);
+  };
 }
 
 }  // namespace data

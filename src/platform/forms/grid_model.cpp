@@ -48,6 +48,12 @@ void GridRow::set(int column, const QString& text) {
   if (text.contains(u'\t')) texts_[column].replace(u'\t', u' ');
 }
 
+QString GridRow::text(int column) const {
+  if (!lot_) return texts_.value(column);
+  QString text = (*lot_)(at_, column);
+  return text.contains(u'\t') ? text.replace(u'\t', u' ') : text;
+}
+
 GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel(parent), rows_(1) {
   setObjectName(name);
 }
@@ -55,9 +61,8 @@ GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel
 void GridModel::layOut(std::span<const GridColumn> columns) {
   beginResetModel();
   columns_ = QList<GridColumn>(columns.begin(), columns.end());
-  rows_ = QList<Row>(1);
-  for (int column = 0; column < cols(); ++column)
-    rows_[0].texts.set(column, columns_[column].title.toString());
+  rows_ = QList<GridRow>(1);
+  for (int column = 0; column < cols(); ++column) rows_[0].set(column, columns_[column].title.toString());
   row_ = 0;
   col_ = 0;
   topRow_ = 1;
@@ -74,7 +79,7 @@ bool GridModel::has(int row, int column) const {
 }
 
 QString GridModel::text(int row, int column) const {
-  return has(row, column) ? rows_[row].texts.text(column) : QString();
+  return has(row, column) ? rows_[row].text(column) : QString();
 }
 
 void GridModel::cellChanged(int row, int column) {
@@ -87,7 +92,8 @@ void GridModel::cellChanged(int row, int column) {
 
 void GridModel::setText(int row, int column, const QString& text) {
   if (!has(row, column)) return;
-  rows_[row].texts.set(column, text);
+  if (rows_[row].isOfLot()) rows_[row] = rowTexts(row);
+  rows_[row].set(column, text);
   cellChanged(row, column);
 }
 
@@ -104,8 +110,17 @@ void GridModel::addRows(std::vector<GridRow> added) {
   if (added.empty()) return;
   const int at = rows() - 1;
   beginInsertRows({}, at, at + static_cast<int>(added.size()) - 1);
-  for (GridRow& row : added) rows_.append(Row{std::move(row), {}});
+  rows_.reserve(rows_.size() + std::ssize(added));
+  for (GridRow& row : added) rows_.append(std::move(row));
   endInsertRows();
+}
+
+void GridModel::addRows(qsizetype count, GridTexts texts) {
+  const auto lot = std::make_shared<const GridTexts>(std::move(texts));
+  std::vector<GridRow> added;
+  added.reserve(static_cast<std::size_t>(count));
+  for (qsizetype at = 0; at < count; ++at) added.emplace_back(lot, at);
+  addRows(std::move(added));
 }
 
 GridRow GridModel::rowTexts(int row) const {
@@ -133,14 +148,14 @@ void GridModel::swapRows(int one, int other) {
 void GridModel::sortAscending(int column) {
   if (column < 0 || column >= cols() || rows() < 3) return;
   std::vector<SortKey> keys;
-  for (const Row& row : std::as_const(rows_)) keys.emplace_back(row.texts.text(column));
+  for (const GridRow& row : std::as_const(rows_)) keys.emplace_back(row.text(column));
   std::vector<std::size_t> order(keys.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   std::stable_sort(order.begin() + 1, order.end(),
                    [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
 
   Q_EMIT layoutAboutToBeChanged();
-  QList<Row> sorted;
+  QList<GridRow> sorted;
   for (const std::size_t from : order) sorted.append(std::move(rows_[static_cast<qsizetype>(from)]));
   rows_ = std::move(sorted);
   Q_EMIT layoutChanged();
@@ -165,34 +180,16 @@ void GridModel::setTopRow(int row) {
   Q_EMIT topRowMoved(row);
 }
 
-GridModel::Format GridModel::format(int row, int column) const {
-  return has(row, column) ? rows_[row].formats.value(column) : Format();
+GridLook GridModel::look(int row, int column) const {
+  const auto look = looks_.constFind(column);
+  return look != looks_.cend() && row > 0 && has(row, column) ? (*look)(row) : GridLook();
 }
 
-void GridModel::setCellBackColor(int row, int column, QColor color) {
-  if (!has(row, column)) return;
-  rows_[row].formats[column].back = color;
-  cellChanged(row, column);
-}
-
-void GridModel::setBackColors(int column, const std::vector<std::pair<int, QColor>>& rows) {
-  if (rows.empty()) return;
-  for (const auto& [row, color] : rows)
-    if (has(row, column)) rows_[row].formats[column].back = color;
-  Q_EMIT dataChanged(index(0, column), index(this->rows() - 2, column));
-}
-
-void GridModel::setCellAlignment(int row, int column, Qt::Alignment alignment) {
-  if (!has(row, column)) return;
-  rows_[row].formats[column].align = alignment;
-  cellChanged(row, column);
-}
-
-QColor GridModel::cellBackColor(int row, int column) const { return format(row, column).back; }
+QColor GridModel::cellBackColor(int row, int column) const { return look(row, column).back; }
 
 Qt::Alignment GridModel::cellAlignment(int row, int column) const {
   if (!has(row, column)) return {};
-  return format(row, column).align.value_or(columns_[column].align);
+  return look(row, column).align.value_or(columns_[column].align);
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows() - 1; }

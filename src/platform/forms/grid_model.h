@@ -5,7 +5,9 @@
 #include <QHash>
 #include <QList>
 #include <QStringList>
+#include <functional>
 #include <initializer_list>
+#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
@@ -21,17 +23,32 @@ struct GridColumn {
 };
 inline constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
 
+/// How a cell looks where it differs from its column.
+struct GridLook {
+  QColor back;
+  std::optional<Qt::Alignment> align;
+};
+
+/// The texts of a lot of rows, by row of the lot from 0 and column. A text is asked for each time its cell is
+/// looked at, also while painting: it neither raises nor takes long.
+using GridTexts = std::function<QString(qsizetype row, int column)>;
+
 /// The texts of a row by their columns, in any order; a column that is not named is empty. A tab in a text
 /// becomes a blank.
 class GridRow {
  public:
   GridRow() = default;
   GridRow(std::initializer_list<std::pair<int, QString>> cells);
+  /// One of a lot, until a text of it is set.
+  GridRow(std::shared_ptr<const GridTexts> lot, qsizetype at) : lot_(std::move(lot)), at_(at) {}
   void set(int column, const QString& text);
-  [[nodiscard]] QString text(int column) const { return texts_.value(column); }
+  [[nodiscard]] QString text(int column) const;
+  [[nodiscard]] bool isOfLot() const { return lot_ != nullptr; }
 
  private:
   QStringList texts_;
+  std::shared_ptr<const GridTexts> lot_;
+  qsizetype at_ = 0;
 };
 
 /// The data of a grid: rows of text cells, row 0 the titles. A grid that is never shown is a GridModel alone.
@@ -59,13 +76,15 @@ class GridModel : public QAbstractTableModel {
   void addRow(GridRow row);
   /// Adds many rows at once, which a visible grid takes as one change.
   void addRows(std::vector<GridRow> rows);
+  /// The same for a lot of which most rows are never looked at: no text is made before.
+  void addRows(qsizetype count, GridTexts texts);
   /// The texts of a row, to be added to another grid.
   [[nodiscard]] GridRow rowTexts(int row) const;
   /// Removes a data row; the current row stays where it is, or on the last row if that is gone.
   void removeItem(int row);
   /// Two data rows change places.
   void swapRows(int one, int other);
-  /// Stable, ascending, by text (numbers among texts by value), blanks first; cell formats move along.
+  /// Stable, ascending, by text (numbers among texts by value), blanks first.
   void sortAscending(int column);
 
   /// Current row and column, as the user or the program set them. Setting a row that is not there does
@@ -80,10 +99,9 @@ class GridModel : public QAbstractTableModel {
   [[nodiscard]] int topRow() const { return topRow_; }
   void setTopRow(int row);
 
-  void setCellBackColor(int row, int column, QColor color);
-  /// Of many rows, which a visible grid takes as one change.
-  void setBackColors(int column, const std::vector<std::pair<int, QColor>>& rows);
-  void setCellAlignment(int row, int column, Qt::Alignment alignment);
+  /// How the cells of a column look, told by their row each time they are painted; outlives layouts. Neither
+  /// raises nor takes long.
+  void setLook(int column, std::function<GridLook(int row)> look) { looks_[column] = std::move(look); }
   [[nodiscard]] QColor cellBackColor(int row, int column) const;
   [[nodiscard]] Qt::Alignment cellAlignment(int row, int column) const;
 
@@ -98,20 +116,13 @@ class GridModel : public QAbstractTableModel {
   void topRowMoved(int row);
 
  private:
-  struct Format {
-    QColor back;
-    std::optional<Qt::Alignment> align;
-  };
-  struct Row {
-    GridRow texts;
-    QHash<int, Format> formats;  ///< of the cells that have one of their own
-  };
   [[nodiscard]] bool has(int row, int column) const;
-  [[nodiscard]] Format format(int row, int column) const;
+  [[nodiscard]] GridLook look(int row, int column) const;
   void cellChanged(int row, int column);
 
   QList<GridColumn> columns_;
-  QList<Row> rows_;
+  QList<GridRow> rows_;
+  QHash<int, std::function<GridLook(int row)>> looks_;  ///< by column
   int row_ = 0;
   int col_ = 0;
   int topRow_ = 1;

@@ -258,6 +258,21 @@ TEST_P(Contract, NamesColumnsAsTheStatementDoes) {
   EXPECT_EQ(none.longest(u"txt_cond_pgto") + none.longest(u"idclie"), 0);
 }
 
+TEST_P(Contract, ShowsTheRowsOfAResultAfterAllThatCanRaise) {
+  insert(u"NOME_CLIE"_s, u"Ana"_s);
+  insert(u"DATA_EVEN"_s, u"20240315 10:30"_s);
+  const auto rs = connection.query(u"SELECT DATA_EVEN, NOME_CLIE, IDPROP_CMRC FROM PROP_CMRC ORDER BY 3"_s);
+  const data::ShownField fields[] = {{u"nome_clie"}, {u"data_even", u"dd/mm"}, {u"data_even"}};
+  const auto shown = rs.shown(fields);
+  const auto row = [&](qsizetype at) { return shown(at, 0) + u'|' + shown(at, 1) + u'|' + shown(at, 2); };
+  EXPECT_EQ(row(0), u"Ana||"_s);
+  EXPECT_EQ(row(1), contract::isLikeTheServer(GetParam()) ? u"|15/03|15/03/2024 10:30:00"_s : u"||"_s);
+  for (const auto& [field, number] : {std::pair{data::ShownField{u"nada"}, 3265},
+                                      {data::ShownField{u"nome_clie", u"dd/mm"}, 13},
+                                      {data::ShownField{u"idprop_cmrc", u"dd/mm"}, 13}})
+    EXPECT_EQ(errorOf([&] { (void)rs.shown({&field, 1}); }), number);
+}
+
 TEST_P(Contract, GivesAResultForEachStatementOfABatch) {
   using enum data::Rows;
   connection.begin();

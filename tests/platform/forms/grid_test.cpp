@@ -57,18 +57,38 @@ TEST_F(Grid, TipsShowTextsAsTheyAre) {
   EXPECT_EQ(tip.toPlainText(), grid().text(1, 0));
 }
 
-TEST_F(Grid, SortsStablyByValueWithBlanksFirstAndFormatsMoveAlong) {
+TEST_F(Grid, SortsStablyByValueWithBlanksFirstAndLooksFollowTheTexts) {
   for (const auto* row : {u"10\ta", u"9\tb", u"x\tc", u"9\td", u"\te", u"1,5\tf", u"É\tg", u"B\th"}) {
     grid().addItem(QString::fromUtf16(row));
   }
-  grid().setCellBackColor(3, 1, Qt::red);
-  grid().setCellAlignment(3, 1, Qt::AlignTop);
+  grid().setLook(1, [this](int row) {
+    return grid().text(row, 0) == u"x" ? forms::GridLook{Qt::red, Qt::AlignTop} : forms::GridLook();
+  });
   grid().sortAscending(0);
   EXPECT_EQ(column(0), u"|1,5|9|9|10|B|x|É"_s);
   EXPECT_EQ(column(1), u"e|f|b|d|a|h|c|g"_s);
   EXPECT_EQ(grid().cellBackColor(7, 1), QColor(Qt::red));
   EXPECT_FALSE(grid().cellBackColor(3, 1).isValid());
   EXPECT_EQ(grid().cellAlignment(7, 1), Qt::AlignTop);
+}
+
+TEST_F(Grid, MakesTheTextsOfALotWhenTheyAreLookedAt) {
+  int made = 0;
+  grid().addItem(u"first"_s);
+  grid().addRows(50'000, [&made](qsizetype row, int column) {
+    ++made;
+    return u"%1\t%2"_s.arg(50'000 - row).arg(column);
+  });
+  support::settle();
+  static_cast<void>(sample.Flex->grab());
+  EXPECT_GT(made, 0);
+  EXPECT_LT(made, 5'000);
+  grid().setText(3, 1, u"own"_s);
+  grid().removeItem(1);
+  EXPECT_EQ(grid().text(2, 0) + u'|' + grid().text(2, 1) + u'|' + grid().text(2, 2),
+            u"49999 0|own|49999 2"_s);
+  grid().sortAscending(0);
+  EXPECT_EQ(grid().text(1, 0), u"1 0"_s);
 }
 
 TEST_F(Grid, ClicksAndKeysSetTheCurrentRowAndEmptyGroundChangesNothing) {
