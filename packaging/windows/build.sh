@@ -90,11 +90,17 @@ sqlite_library() {
   quietly "$cross-ar" rcs "$work/root/lib/libsqlite3.a" "$work/src-sqlite/sqlite3.obj"
 }
 
+tidy_library() {
+  source_of tidy-html5 tidy
+  with_cmake tidy "$work/src-tidy" -DBUILD_SHARED_LIB=OFF -DSUPPORT_CONSOLE_APP=OFF -DSUPPORT_LOCALIZATIONS=OFF
+}
+
 step "Qt, once (some 1,200 sources)"
 qt
-step "libcurl, SQLite, GoogleTest"
+step "libcurl, SQLite, HTML Tidy, GoogleTest"
 curl_library
 sqlite_library
+tidy_library
 with_cmake googletest /usr/src/googletest -DBUILD_GMOCK=OFF
 
 step "Icon and manual, by this machine's own build"
@@ -107,6 +113,8 @@ quietly cmake -S . -B "$zarim" -G Ninja "-DCMAKE_TOOLCHAIN_FILE=$here/toolchain.
   "-DCMAKE_PREFIX_PATH=$work/qt-build;$work/root" -DQT_HOST_PATH=/usr "-DQT_HOST_PATH_CMAKE_DIR=$host" \
   "-DZARIM_ICON=$work/zarim.ico"
 building "$zarim"
+rm -rf "$zarim/manual"
+cp -r build/release/manual "$zarim/manual"  # where the roads' program and the tests look for it
 version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "$zarim/CMakeCache.txt")
 
 step "Setup and zip"
@@ -121,12 +129,13 @@ done
 for plugin in platforms/{qwindows,qoffscreen} styles/qwindowsvistastyle sqldrivers/qsqlodbc imageformats/qjpeg tls/qschannelbackend; do
   cp "$work/qt-build/plugins/$plugin.dll" "$files/plugins/$plugin.dll"
 done
+printf '[Paths]\nPrefix = ..\n' >"$files/bin/qt.conf"
 quietly "$cross-strip" "$files"/bin/*.dll "$files"/bin/*.exe "$files"/plugins/*/*.dll
 cp /usr/share/qt6/translations/qtbase_pt_BR.qm "$files/translations/"
-cp -r build/release/manual "$files/manual"
+cp -r "$zarim/manual" "$files/manual"
 cp packaging/examples/* "$files/exemplos/"
 cp packaging/debian/copyright "$files/licencas/zarim.txt"
-for library in qt curl sqlite; do cp "$work/src-$library/debian/copyright" "$files/licencas/$library.txt"; done
+for library in qt curl sqlite tidy; do cp "$work/src-$library/debian/copyright" "$files/licencas/$library.txt"; done
 cp /usr/share/doc/g++-mingw-w64-x86-64-posix/copyright "$files/licencas/gcc.txt"
 cp /usr/share/doc/mingw-w64-common/copyright "$files/licencas/mingw-w64.txt"
 # What the uninstaller takes away: each file by its name, then the folders from the innermost on.

@@ -84,6 +84,8 @@ int main(int argc, char** argv) {
     QDir().mkpath(wish.pictures);
     return road::conduct(roadOf(wish.file), wish.pictures);
   }
+  // Of the system's own dialogs no control can be reached.
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   QApplication application(argc, argv);
   QApplication::setFont({QApplication::font().family(), 9});  // as a desktop sets it
   QApplication::setApplicationName(u"zarim"_s);
