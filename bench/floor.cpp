@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/data/embedded_library.h"
+#include "platform/data/embedded.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,7 +6,7 @@
 #include <QFileInfo>
 #include <QProcess>
 
-#include "platform/files/profile.h"
+#include "platform/files/drives.h"
 
 using namespace Qt::StringLiterals;
 

@@ -43,7 +43,7 @@ void frmConfirmaPropCmrcTL::cmdConfirmar_Click() {
     gravaCondicao();
     gravaParcelas();
   }
-  hideForm();
+  hide();
   FlagCondPgto.clear();
 }
 

@@ -12,7 +12,7 @@
 #include "documents/document_types.h"
 #include "documents/document_values.h"
 #include "platform/files/paths.h"
-#include "platform/forms/tips.h"
+#include "platform/forms/controls.h"
 #include "run/context.h"
 #include "shared/pictures.h"
 #include "shared/theme.h"

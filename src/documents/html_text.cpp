@@ -103,7 +103,7 @@ QString quadroEstilos(const Quadro& quadro, const QString& classeTitulo, const Q
 QString ouBranco(const QString& dado) { return dado.isEmpty() ? u"&nbsp"_s : escapado(dado); }
 
 void acrescenta(const QString& caminho, const QString& texto) {
-  files::append(caminho, values::toHtmlLatin1(texto + kFim));
+  files::append(caminho, values::toHtmlBytes(texto + kFim, values::HtmlEncoding::Latin1));
 }
 
 Iniciado::Iniciado(const QString& caminho)

@@ -185,9 +185,6 @@ void imprimeEmPdf(WordProcessor& word, const QString& pdf, const QString& primei
   if (office::printers().contains(office::kPdfPrinter)) office::setDefaultPrinter(office::kPdfPrinter);
   word.setActivePrinter(office::kPdfPrinter);
   word.printOut();
-  word.closeDocument();
-  word.setActivePrinter(primeiraImpressora);
-  word.quit();
 }
 
 }  // namespace
@@ -215,7 +212,6 @@ void DocumentoWord(const QString& id, const QString& documento, const QString& p
     tabelaDaQuantidade(word, pessoas, total);
   clausulas(word);
   tabelaDaAprovacao(word, pagamento);
-  word.setVisible(true);
   word.saveAs(documento);
   imprimeEmPdf(word, pdf, primeiraImpressora);
 }

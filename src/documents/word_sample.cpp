@@ -76,8 +76,5 @@ void gravaAmostraWord(qint32 id) {
   linhas(word, kCliente);
   titulo(word, u"Dados Gerais"_s);
   linhas(word, kGerais);
-  word.setVisible(true);
   word.saveAs(kArquivoAmostra);
-  word.closeDocument();
-  word.quit();
 }

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "draft/screen_fields.h"
-#include "platform/data/database_place.h"
+#include "platform/data/odbc_string.h"
 #include "platform/forms/form.h"
 #include "platform/forms/process.h"
 #include "platform/forms/rest.h"

@@ -153,7 +153,7 @@ bool verificaInstalacao(const QString& ambiente, const Anota& anota) {
       olhar();
     } catch (const values::RuntimeError& erro) {
       conta({u"conexão"_s, erro.text(), conselhoDaConexao(erro.text())});
-      conexao = {};
+      conexao.drop();
     }
   };
   for (const auto olhar : {olhaArquivos, olhaPastas, olhaServidor}) olha([&] { olhar(conta); });

@@ -6,7 +6,7 @@
 #include "help/check.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/form.h"
-#include "platform/forms/outputs.h"
+#include "platform/forms/process.h"
 #include "run/configuration.h"
 #include "run/program_title.h"
 #include "shared/program_icon.h"

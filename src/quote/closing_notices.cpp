@@ -6,7 +6,7 @@
 #include "messaging/WorkFlow.h"
 #include "platform/files/contents.h"
 #include "platform/forms/process.h"
-#include "platform/mail/mail_error.h"
+#include "platform/mail/mail_message.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
 #include "run/context.h"

@@ -1,5 +1,5 @@
 #include "platform/forms/boxes.h"
-#include "platform/forms/tips.h"
+#include "platform/forms/controls.h"
 #include "platform/values/dates.h"
 #include "quote/default_terms.h"
 #include "quote/frmPropCmrcTL.h"

@@ -2,7 +2,7 @@
 
 #include "draft/keeper.h"
 #include "help/help_keys.h"
-#include "platform/files/profile.h"
+#include "platform/files/drives.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
 #include "quote/frmPropCmrcTL.h"
@@ -31,6 +31,6 @@ int executaPrograma(QApplication& aplicacao, const QString& linhaComando) {
   const int status = aplicacao.exec();
   rascunho::guarda().desliga();
   forms::registry::clear();
-  contexto().Conexao = {};  // while the libraries of the database are still there
+  contexto().Conexao.drop();  // while the libraries of the database are still there
   return status;
 }

@@ -2,7 +2,7 @@
 #include "closing/frmConfirmaPropCmrcTL.h"
 #include "draft/keeper.h"
 #include "draft/screen_fields.h"
-#include "platform/forms/tips.h"
+#include "platform/forms/controls.h"
 #include "quote/frmPropCmrcTL.h"
 #include "quote/stored_content.h"
 #include "run/context.h"

@@ -1,4 +1,5 @@
-#include "platform/forms/icons.h"
+#include <QPainter>
+
 #include "platform/forms/process.h"
 #include "platform/values/numbers.h"
 #include "quote/frmPropCmrcTL.h"
@@ -34,6 +35,19 @@ QString tituloJanela(const Contexto& c) {
          c.NomeUsuarioAtual + u")"_s;
 }
 
+/// Drawn here: the style's own icons are picture files, and reading the first one costs a start more than all
+/// of its controls.
+QIcon lupa(const QColor& cor) {
+  QPixmap figura(32, 32);
+  figura.fill(Qt::transparent);
+  QPainter tinta(&figura);
+  tinta.setRenderHint(QPainter::Antialiasing);
+  tinta.setPen(QPen(cor, 3.5, Qt::SolidLine, Qt::RoundCap));
+  tinta.drawEllipse(QRectF(5, 5, 16, 16));
+  tinta.drawLine(QPointF(19.5, 19.5), QPointF(27, 27));
+  return figura;
+}
+
 }  // namespace
 
 void frmPropCmrcTL::Form_Load() {
@@ -41,7 +55,8 @@ void frmPropCmrcTL::Form_Load() {
   lerLinhaComando(c);
   ConectaServidor();
   aplicaTemaPadrao(*this);
-  cmdPesquisar_PropCmrc->setIcon(forms::searchIcon(*cmdPesquisar_PropCmrc));  // in the theme's colour
+  // In the theme's colour.
+  cmdPesquisar_PropCmrc->setIcon(lupa(cmdPesquisar_PropCmrc->palette().color(QPalette::ButtonText)));
   c.NomeUsuarioAtual = NomeUsuario(QString::number(c.IdUsuarioAtual), c.NomeUsuarioAtual);
   resize(size().expandedTo(forms::screenSize() * 4 / 5));
   CentralizaForm(*this);

@@ -1,6 +1,6 @@
 #include "run/context.h"
 
-#include <memory>
+#include <utility>
 
 #include "platform/files/paths.h"
 #include "platform/forms/boxes.h"
@@ -22,7 +22,11 @@ std::unique_ptr<Contexto>& instancia() {
 
 Contexto& contexto() { return *instancia(); }
 
-void reiniciaContexto() { instancia() = std::make_unique<Contexto>(); }
+std::unique_ptr<Contexto> trocaContexto(std::unique_ptr<Contexto> outro) {
+  return std::exchange(instancia(), std::move(outro));
+}
+
+void reiniciaContexto() { trocaContexto(); }
 
 QString TipoInstalacao() {
   return files::exists(u"c:\\zarim\\config\\TREVANO.txt"_s) ? u"TREVANO"_s : u"CLIENTE"_s;

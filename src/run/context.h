@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QString>
+#include <memory>
 #include <optional>
 
 #include "platform/data/connection.h"
@@ -38,6 +39,9 @@ struct Contexto {
 };
 
 [[nodiscard]] Contexto& contexto();
+
+/// Puts another context in place, fresh by default, and gives the one that stood there.
+std::unique_ptr<Contexto> trocaContexto(std::unique_ptr<Contexto> outro = std::make_unique<Contexto>());
 
 /// Starts a fresh context, its connection closed; for tests.
 void reiniciaContexto();

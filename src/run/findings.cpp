@@ -186,12 +186,11 @@ void registraAchados() {
     if (!achado.conselho.isEmpty()) forms::report(linhaDo(achado));
   };
   // What the start has read so far stays as it is: some failures are passed over in silence.
-  Contexto& c = contexto();
-  Contexto lido = std::exchange(c, {});
-  c.Ambiente = lido.Ambiente;
+  auto lido = trocaContexto();
+  contexto().Ambiente = lido->Ambiente;
   olhaArquivos(anota);
   olhaPastas(anota);
-  c = std::move(lido);
+  trocaContexto(std::move(lido));
 }
 
 QString avisoDasPastas() {

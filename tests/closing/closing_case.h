@@ -18,7 +18,7 @@ class Closing : public ScreenCase {
     screen().RecalculaLiquido();
     script.modal([&](forms::Form& form) {
       act(screen());
-      form.hideForm();
+      form.hide();
     });
     forms::guarded([] { screen().showModal(); });
   }

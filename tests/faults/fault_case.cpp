@@ -45,9 +45,7 @@ FaultCase::~FaultCase() {
 
 void FaultCase::leave() {
   forms::registry::clear();
-  auto listener = std::move(contexto().Conexao);
-  listener.close();
-  contexto().Conexao = std::move(listener);  // who listens goes on listening
+  contexto().Conexao.close();
   contexto().LinhaComando = u"7^0^PRD^"_s;
   contexto().ModoOrcamento = u" "_s;
   boxes.clear();

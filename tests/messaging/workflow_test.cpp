@@ -2,7 +2,7 @@
 
 #include "mailing_case.h"
 #include "platform/files/contents.h"
-#include "platform/mail/mail_error.h"
+#include "platform/mail/mail_message.h"
 
 using namespace Qt::StringLiterals;
 using support::SmtpServer;

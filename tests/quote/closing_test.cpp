@@ -34,7 +34,7 @@ TEST_F(QuoteCase, ASilentMailServerIsWaitedForOnceAndTheQuoteStaysClosed) {
     EXPECT_EQ(terms.txtDescontoGeral->text(), u"1,50"_s);
     EXPECT_EQ(terms.txtPercDesc->text(), u"2,00"_s);
     EXPECT_EQ(terms.lblVrLiqTOT->text(), u"56,25"_s);
-    form.hideForm();
+    form.hide();
   });
   support::click(screen->cmdFechar);
   mail::settings() = {};

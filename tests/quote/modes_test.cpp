@@ -1,6 +1,7 @@
 #include <QImage>
 #include <QTest>
 
+#include "hands/hands.h"
 #include "platform/files/paths.h"
 #include "quote_case.h"
 
@@ -50,7 +51,7 @@ TEST_F(Modes, ADateThatIsNoneIsMarkedByWhateverPutsItThereAndTheMarkLeavesNothin
   const QImage locked = screen->mskDataEven->grab().toImage();
   support::click(screen->cmdINCLUIR);
   screen->mskDataEven->setBoxText(u"31/02/2026"_s);
-  EXPECT_EQ(forms::backColor(screen->mskDataEven), 0xC8C8FF);
+  EXPECT_EQ(hands::colourOf(screen->mskDataEven, forms::kBackColor), 0xC8C8FF);
   EXPECT_NE(screen->mskDataEven->toolTip(), QString());
   script.box(
       u"Existe operação não concluída!!!\n<Sim> Sair sem Concluir\n<Não> Retornar para a Operação Atual\n"
@@ -81,7 +82,7 @@ TEST_F(Modes, OnAMachineOfTheMakersTheFirstUserStartsAndTheGroundShowsTheResolut
   contexto().LinhaComando = u"7^0^DEV^"_s;
   start();
   EXPECT_EQ(screen->windowTitle(), u"Zarim 1.2 (PRD) - Orçamento de Vendas (/ADMIN)"_s);
-  EXPECT_NE(forms::foreColor(screen->lblTituloJanela), 255);
+  EXPECT_NE(hands::colourOf(screen->lblTituloJanela, forms::kForeColor), 255);
   script.box(u"768 x 1024"_s);
   QTest::mouseDClick(screen->area->viewport(), Qt::LeftButton, {}, QPoint(2, 2));
 }

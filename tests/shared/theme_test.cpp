@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "hands/hands.h"
 #include "platform/forms/combo.h"
 #include "run/context.h"
 #include "shared/lists.h"
@@ -27,7 +28,7 @@ class Theme : public support::Company {
 TEST_F(Theme, ThemeGoesByKindOfControl) {
   contexto().CorFundo = u"1"_s;
   aplicaTemaPadrao(form);
-  EXPECT_EQ(forms::toColor(forms::backColor(&form)), forms::toColor(0x8000000F))
+  EXPECT_EQ(forms::toColor(hands::colourOf(&form, forms::kBackColor)), forms::toColor(0x8000000F))
       << "the system's, without a row";
   sql(u"INSERT INTO cor_sist VALUES ('Areia', '14741230', '128', '1', '2')"_s);
   sql(u"INSERT INTO empr_cnfg VALUES ('COR_PADRAO', ' areia ')"_s);
@@ -49,11 +50,11 @@ TEST_F(Theme, ThemeGoesByKindOfControl) {
   aplicaTemaPadrao(form);
   EXPECT_EQ(contexto().CorFundo2, u"1");
   EXPECT_EQ(contexto().CorFrente2, u"2");
-  EXPECT_EQ(forms::backColor(&form), 14741230);
+  EXPECT_EQ(hands::colourOf(&form, forms::kBackColor), 14741230);
   for (const auto& [control, ground, text] : kinds) {
     SCOPED_TRACE(control->metaObject()->className());
-    EXPECT_EQ(forms::backColor(control) == 14741230, ground);
-    EXPECT_EQ(forms::foreColor(control) == 128, text);
+    EXPECT_EQ(hands::colourOf(control, forms::kBackColor) == 14741230, ground);
+    EXPECT_EQ(hands::colourOf(control, forms::kForeColor) == 128, text);
   }
 }
 

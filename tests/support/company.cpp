@@ -36,9 +36,7 @@ QString emptyDatabase() {
 }  // namespace
 
 data::Connection connectionTo(const QString& databasePath) {
-  data::Connection connection;
-  connection.open(u"server=(embutido);database="_s + databasePath, 30);
-  return connection;
+  return {u"server=(embutido);database="_s + databasePath, 30};
 }
 
 Company::Company() {

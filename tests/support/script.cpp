@@ -74,7 +74,7 @@ void Script::act(forms::Form& form) {
     if (ended_ || still.isNull() || !still->isVisible()) return;
     ADD_FAILURE() << name.toStdString() << " was left open";
   }
-  form.hideForm();
+  form.hide();
 }
 
 Script& Script::box(const QString& text, forms::Answer answer) {

@@ -18,6 +18,12 @@ struct Place {
 /// gives way to the next visible one.
 [[nodiscard]] Place placeOf(forms::FlexGrid& grid, int row, int column);
 
+/// The colour number that a control was given (kBackColor, kForeColor); that of a field's own ground without.
+[[nodiscard]] inline forms::ColorNumber colourOf(const QWidget* control, const char* property) {
+  const QVariant set = control->property(property);
+  return set.isValid() ? set.toLongLong() : 0x80000005;
+}
+
 /// Types a text with real key events into a widget or into what has the focus of a window; "\n" is
 /// Ctrl+Enter.
 template <class Target>

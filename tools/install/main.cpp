@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "platform/files/regular_file.h"
-#include "platform/forms/outputs.h"
+#include "platform/forms/process.h"
 #include "platform/values/runtime_error.h"
 #include "sample/company.h"
 #include "schema/rights.h"

@@ -8,7 +8,6 @@
 
 #include "outside.h"
 #include "platform/forms/boxes.h"
-#include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
 #include "platform/values/dates.h"
 #include "platform/values/runtime_error.h"

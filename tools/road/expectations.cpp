@@ -4,6 +4,7 @@
 #include <QLabel>
 
 #include "driver.h"
+#include "hands/hands.h"
 #include "outside.h"
 #include "platform/values/line_ends.h"
 #include "platform/web/web_pane.h"
@@ -118,7 +119,7 @@ void colour(const Words& words) {
   const QWidget& control = widgetOf(words);
   const bool label = qobject_cast<const QLabel*>(&control) != nullptr;
   sameNumber(u"colour of "_s + words.at(1).text, words.at(2),
-             label ? forms::foreColor(&control) : forms::backColor(&control));
+             hands::colourOf(&control, label ? forms::kForeColor : forms::kBackColor));
 }
 
 void list(const Words& words) {

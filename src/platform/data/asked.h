@@ -16,10 +16,8 @@
 #include "platform/data/statement.h"
 #include "platform/data/walk.h"
 
-// Statements that travel together. A server answers a request some milliseconds after it was sent, however
-// many statements it holds; so what many rows want to know is asked in few requests, and no row waits alone.
-//
-// A routine that asks the database returns Asked<T> and is a coroutine: it asks, and co_awaits the answers.
+// Statements that travel together (docs/architecture.md says why). A routine that asks the database returns
+// Asked<T> and is a coroutine: it asks, and co_awaits the answers.
 //
 // clang-format off
 //   Asked<GridRow> precoDoItem(data::Recordset item) {
@@ -33,10 +31,7 @@
 // clang-format on
 //
 // Calling it starts it: it runs to its first open answer, and its statements wait in the connection's queue.
-// The caller starts all its rows, and then waits for each in turn: the first waitFor() sends what all of them
-// wait for, hands the answers out in the order of asking, lets the rows go on to what they ask next, and so
-// on until the row is done; the later ones are mostly done by then. forEachRow does it for the rows of a
-// result:
+// The caller starts all its rows, and then waits for each in turn. forEachRow does it for those of a result:
 //
 //   grade.addRows(waitFor(data::forEachRow(rs, precoDoItem)));
 //
@@ -67,7 +62,7 @@ struct Question {
   std::coroutine_handle<> waiting;  ///< who goes on then
 };
 
-/// The queue of a connection (questions.cpp): what was asked and is not sent, what was answered and not
+/// The queue of a connection (connection.cpp): what was asked and is not sent, what was answered and not
 /// handed out.
 class Questions {
  public:

@@ -3,6 +3,8 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <vector>
 
 #include "platform/data/asked.h"
@@ -12,7 +14,7 @@
 
 namespace data {
 
-class Session;
+class Engine;
 
 /// The one database connection. The string decides the engine: "server=(embutido)" is the embedded file named
 /// by "database=", anything else goes to the ODBC driver manager. A statement that fails raises
@@ -23,15 +25,19 @@ class Session;
 class Connection {
  public:
   Connection();
+  /// Opened at once.
+  Connection(const QString& connectionString, int timeout);
   ~Connection();
-  Connection(Connection&&) noexcept;
-  Connection& operator=(Connection&&) noexcept;
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
 
   /// timeout in seconds, for the login. The embedded file must be there: data::createEmbedded makes one.
   void open(const QString& connectionString, int timeout);
-  [[nodiscard]] bool isOpen() const;
+  [[nodiscard]] bool isOpen() const { return engine_ != nullptr; }
   /// An open transaction is lost. It is closed afterwards even where the database raises an error.
   void close();
+  /// The same for one that is given up: raises nothing.
+  void drop();
 
   /// Runs a statement that gives no rows.
   void execute(const QString& sql);
@@ -50,10 +56,25 @@ class Connection {
   void commit();
 
   /// Sees every statement before it runs, "BEGIN" and "COMMIT" among them; for tests and measurements.
-  void setListener(std::function<void(const QString&)> listener);
+  void setListener(std::function<void(const QString&)> listener) { listener_ = std::move(listener); }
 
  private:
-  std::unique_ptr<Session> session_;
+  /// Raises what forbids the use of the connection; passes to the listener what is about to run.
+  void announce(const QString& statement);
+  /// Adds a result for each statement, up to the first that fails.
+  void run(const std::vector<Statement>& statements, std::vector<Recordset>& results);
+  /// The same of a full batch at most.
+  void runTogether(std::span<const Statement> request, std::vector<Recordset>& results);
+  /// BEGIN or COMMIT.
+  void control(const QString& word, void (Engine::*command)());
+  /// Raises an error of a statement; keeps one that ends the use of the connection.
+  [[noreturn]] void fail(const values::RuntimeError& error, const QString& statement);
+
+  std::unique_ptr<Engine> engine_;
+  bool inTransaction_ = false;
+  std::optional<values::RuntimeError> failure_;
+  std::function<void(const QString&)> listener_;
+  Questions questions_;
 };
 
 }  // namespace data

@@ -1,8 +1,10 @@
+#include "platform/data/embedded.h"
+
 #include <QFile>
+#include <QFileInfo>
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/data/embedded_library.h"
 #include "platform/data/embedded_text.h"
 #include "platform/data/engine.h"
 #include "platform/values/runtime_error.h"
@@ -13,10 +15,33 @@ namespace data {
 
 namespace {
 
-struct FinalizeStatement {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Prepared = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+constexpr int kBusyTimeout = 30'000;  // milliseconds that a statement waits for another program's
+const QString kNoDatabase =
+    u"O arquivo não é um banco de dados: %1\nVerifique o nome do banco em server.ini."_s;
+
+/// What the last error of a database means to a user; the library's own words where nothing better is known.
+QString libraryWords(sqlite3* database, const QString& path) {
+  switch (sqlite3_errcode(database)) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return u"O arquivo de dados está em uso por outro programa: %1"_s.arg(path);
+    case SQLITE_READONLY:
+      return u"O arquivo de dados só permite leitura: %1"_s.arg(path);
+    case SQLITE_FULL:
+      return u"O disco do arquivo de dados está cheio: %1"_s.arg(path);
+    case SQLITE_CANTOPEN:
+      return u"O arquivo de dados não pode ser lido: %1\nVerifique as permissões do arquivo."_s.arg(path);
+    case SQLITE_NOTADB:
+      return kNoDatabase.arg(path);
+    case SQLITE_CORRUPT:  // and a file that is shorter than it says it is
+      return u"O arquivo de dados está danificado: %1\nRestaure uma cópia de segurança."_s.arg(path);
+    default:
+      return QString::fromUtf8(sqlite3_errmsg(database));
+  }
+}
+
+using Prepared =
+    std::unique_ptr<sqlite3_stmt, decltype([](auto* statement) { sqlite3_finalize(statement); })>;
 
 /// How the values of a column come out.
 enum class Reading { Plain, Date };
@@ -70,8 +95,38 @@ class EmbeddedEngine final : public Engine {
   void commit() override { runText(u"COMMIT"_s, Rows::All); }
 
  private:
-  Recordset runText(const QString& sql, Rows rows) const;
-  [[nodiscard]] Prepared prepare(const QByteArray& sql) const;
+  Recordset runText(const QString& sql, Rows rows) const {
+    const Prepared prepared = prepare(sql.toUtf8());
+    sqlite3_stmt* statement = prepared.get();
+    if (statement == nullptr) return {};
+    int outcome = sqlite3_step(statement);  // which reads a changed table's columns anew
+    const int width = sqlite3_column_count(statement);
+    std::vector<Reading> readings;
+    readings.reserve(static_cast<std::size_t>(width));
+    for (int column = 0; column < width; ++column)
+      readings.push_back(declares(statement, column, "datetime") ? Reading::Date : Reading::Plain);
+    const auto columns = columnsOf(statement, outcome == SQLITE_DONE);
+    ResultValues values;
+    // A column's value may be read itself, for the library was opened without locks of its own.
+    for (; outcome == SQLITE_ROW; outcome = rows == Rows::All ? sqlite3_step(statement) : SQLITE_DONE)
+      for (int column = 0; column < width; ++column)
+        read(sqlite3_column_value(statement, column), readings[static_cast<std::size_t>(column)], values);
+    if (outcome != SQLITE_DONE) fail();
+    if (width == 0) return {};
+    return {columns, std::move(values)};
+  }
+
+  [[nodiscard]] Prepared prepare(const QByteArray& sql) const {
+    sqlite3_stmt* statement = nullptr;
+    const int outcome = sqlite3_prepare_v2(database_.get(), sql.constData(), static_cast<int>(sql.size()),
+                                           &statement, nullptr);
+    Prepared prepared(statement);
+    if (outcome != SQLITE_OK) fail();
+    if (sqlite3_bind_parameter_count(statement) > 0)
+      throw values::RuntimeError(values::kStatementFailed, u"A instrução tem uma variável sem valor."_s);
+    return prepared;
+  }
+
   [[noreturn]] void fail() const {
     throw values::RuntimeError(values::kStatementFailed, libraryWords(database_.get(), path_));
   }
@@ -80,40 +135,46 @@ class EmbeddedEngine final : public Engine {
   Database database_;
 };
 
-Prepared EmbeddedEngine::prepare(const QByteArray& sql) const {
-  sqlite3_stmt* statement = nullptr;
-  if (sqlite3_prepare_v2(database_.get(), sql.constData(), static_cast<int>(sql.size()), &statement,
-                         nullptr) != SQLITE_OK)
-    fail();
-  if (sqlite3_bind_parameter_count(statement) > 0) {
-    sqlite3_finalize(statement);
-    throw values::RuntimeError(values::kStatementFailed, u"A instrução tem uma variável sem valor."_s);
-  }
-  return Prepared(statement);
-}
-
-Recordset EmbeddedEngine::runText(const QString& sql, Rows rows) const {
-  const Prepared prepared = prepare(sql.toUtf8());
-  sqlite3_stmt* statement = prepared.get();
-  if (statement == nullptr) return {};
-  int outcome = sqlite3_step(statement);  // which reads a changed table's columns anew
-  const int width = sqlite3_column_count(statement);
-  std::vector<Reading> readings;
-  readings.reserve(static_cast<std::size_t>(width));
-  for (int column = 0; column < width; ++column)
-    readings.push_back(declares(statement, column, "datetime") ? Reading::Date : Reading::Plain);
-  const auto columns = columnsOf(statement, outcome == SQLITE_DONE);
-  ResultValues values;
-  // A column's value may be read itself, for the library was opened without locks of its own.
-  for (; outcome == SQLITE_ROW; outcome = rows == Rows::All ? sqlite3_step(statement) : SQLITE_DONE)
-    for (int column = 0; column < width; ++column)
-      read(sqlite3_column_value(statement, column), readings[static_cast<std::size_t>(column)], values);
-  if (outcome != SQLITE_DONE) fail();
-  if (width == 0) return {};
-  return {columns, std::move(values)};
-}
-
 }  // namespace
+
+QString toEmbeddedDialect(const ReadStatement& statement) {
+  QString sql = statement.given.sql;
+  const auto& [verb, next] = statement.first;
+  const qsizetype at = next.text.data() - QStringView(sql).data();
+  if (verb.isWord(u"DELETE") && next.kind != SqlToken::Kind::End && !next.isWord(u"FROM"))
+    sql.insert(at, u"FROM "_s);
+  if (verb.isWord(u"SELECT") && next.isWord(u"@@IDENTITY"))
+    sql.replace(at, next.text.size(), u"nullif(last_insert_rowid(), 0)"_s);
+  return sql;
+}
+
+Database openLibrary(const QString& path) {
+  const QFileInfo file(path);
+  if (!file.isFile())
+    throw values::RuntimeError(
+        values::kConnectionFailed,
+        u"O arquivo de dados não foi encontrado: %1\nVerifique o nome do banco em server.ini."_s.arg(path));
+  // Which the library would take for a new one.
+  if (file.size() == 0) throw values::RuntimeError(values::kConnectionFailed, kNoDatabase.arg(path));
+  // The library's count of its memory takes a lock for every piece; nobody asks for it.
+  static const int quiet = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  static_cast<void>(quiet);
+  sqlite3* opened = nullptr;
+  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened,
+                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  Database database(opened);
+  const auto check = [&](int result) {
+    if (result != SQLITE_OK)
+      throw values::RuntimeError(values::kConnectionFailed, libraryWords(opened, path));
+  };
+  const auto execute = [&](const char* sql) { check(sqlite3_exec(opened, sql, nullptr, nullptr, nullptr)); };
+  check(outcome);
+  sqlite3_busy_timeout(opened, kBusyTimeout);
+  registerTextRules(opened);
+  if (sqlite3_db_readonly(opened, "main") == 0) execute("PRAGMA journal_mode=WAL");
+  execute("PRAGMA synchronous=FULL; PRAGMA temp_store=MEMORY; SELECT count(*) FROM sqlite_master");
+  return database;
+}
 
 std::unique_ptr<Engine> openEmbedded(const QString& path) { return std::make_unique<EmbeddedEngine>(path); }
 

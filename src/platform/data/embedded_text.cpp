@@ -121,16 +121,13 @@ bool isLike(std::string_view text, std::string_view pattern) {
 }
 
 int compareDates(std::string_view left, std::string_view right) {
-  constexpr std::string_view kMidnight = "00000000 00:00:00";
-  const auto at = [&](std::string_view text, std::size_t i) {
-    return i < text.size() ? text[i] : kMidnight[i];
+  const auto whole = [](std::string_view text) {
+    auto date = std::to_array("00000000 00:00:00");
+    text.copy(date.data(), date.size() - 1);
+    return date;
   };
-  for (std::size_t i = 0; i < kMidnight.size(); ++i) {
-    const char one = at(left, i);
-    const char other = at(right, i);
-    if (one != other) return one < other ? -1 : 1;
-  }
-  return 0;
+  const auto order = whole(left) <=> whole(right);
+  return order < 0 ? -1 : order > 0 ? 1 : 0;
 }
 
 void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {

@@ -1,6 +1,8 @@
 #include "platform/data/odbc_string.h"
 
-#include <QStringList>
+#include <QFileInfo>
+
+#include "platform/files/paths.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +17,13 @@ std::optional<QString> keyValue(const QString& connectionString, QStringView key
   return std::nullopt;
 }
 
+QString withPair(const QString& connectionString, const QStringList& without, const QString& pair) {
+  QStringList pairs = connectionString.split(u';', Qt::SkipEmptyParts);
+  pairs.removeIf(
+      [&](const QString& one) { return without.contains(one.section(u'=', 0, 0).trimmed().toLower()); });
+  return (pairs << pair).join(u';');
+}
+
 bool isEmbeddedString(const QString& connectionString) {
   return keyValue(connectionString, u"server")
              .value_or(QString())
@@ -23,6 +32,17 @@ bool isEmbeddedString(const QString& connectionString) {
 
 bool isServerString(const QString& connectionString) {
   return connectionString.contains("{SQL Server}"_L1, Qt::CaseInsensitive);
+}
+
+QString placeOf(const QString& connectionString) {
+  const auto value = [&](QStringView key) { return keyValue(connectionString, key).value_or(QString()); };
+  if (isEmbeddedString(connectionString))
+    return QFileInfo(files::resolve(value(u"database"))).canonicalFilePath();
+  QStringList parts;
+  // Drivers other than the server's name the same by other keys.
+  for (const char16_t* key : {u"dsn", u"server", u"port", u"database", u"dbname", u"dbq"})
+    parts << value(key).toLower();
+  return parts.join(u'^');
 }
 
 int loginTimeout(const QString& connectionString, int timeout) {

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "platform/data/sql_tokens.h"
 #include "platform/data/statement.h"
 
 // The look at a statement before it is sent. Texts go into statements as they are, so a quote mark in one can
@@ -15,6 +14,28 @@ enum class Statements : quint8 {
   More,  ///< possibly more than one: a second statement's word, a ";", a comment, or something that databases
          ///< read in different ways stands outside quotes
   Unpaired,  ///< a quote without its pair: every database refuses the text, with what follows in a batch
+};
+
+/// A piece of a statement, as it is written there. The default is the end of the text.
+struct SqlToken {
+  enum class Kind : quint8 {
+    End,
+    Word,      ///< a keyword or a bare name; `@@identity` is one too
+    Number,    ///< "12", "1.5", ".5", "1e5", "0xFF"
+    Text,      ///< '…' with its quotes; two quotes in a row are one of the text
+    Name,      ///< "…" or […] with its marks
+    Sign,      ///< one of ( ) , . ; = < > + - * / % ! | & ~ ^
+    Unpaired,  ///< a text or a name that doesn't end, up to the end of the statement
+    Strange,   ///< a comment's beginning, or what is read in different ways by different databases
+  };
+  Kind kind = Kind::End;
+  QStringView text;
+
+  [[nodiscard]] bool isSign(char16_t sign) const { return kind == Kind::Sign && text[0] == sign; }
+  /// Whether it is this word, whatever the case.
+  [[nodiscard]] bool isWord(QStringView word) const {
+    return kind == Kind::Word && text.size() == word.size() && text.compare(word, Qt::CaseInsensitive) == 0;
+  }
 };
 
 /// A statement as it goes to an engine, with what the one look at its text has found.
@@ -37,7 +58,6 @@ struct ReadStatement {
 /// The grammar is that of the statements this program makes (SELECT with subselects and UNION, INSERT with
 /// VALUES or SELECT, UPDATE, DELETE, and those that make tables): of others, some are taken for More.
 [[nodiscard]] ReadStatement readStatement(Statement statement);
-[[nodiscard]] Statements statementsIn(QStringView sql);
 
 /// The same; raises -2147217900 on what is More, and on a text with a NUL or half of a surrogate pair, where
 /// drivers may stop reading.

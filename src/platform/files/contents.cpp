@@ -43,10 +43,7 @@ void openOrRaise(QFile& file, const QString& path, QIODevice::OpenMode mode) {
   if (const int fault = openRegular(file, path, mode); fault != 0) raiseFor(fault, path);
 }
 
-std::function<bool(const QString&)>& heldFileQuestion() {
-  static std::function<bool(const QString&)> question;
-  return question;
-}
+std::function<bool(const QString&)> heldFileQuestion;
 
 /// Waits until no other program holds a file: a virus scanner lets go by itself, a word processor doesn't.
 void waitUntilFree(const QString& found, const QString& path) {
@@ -57,8 +54,8 @@ void waitUntilFree(const QString& found, const QString& path) {
     while (isHeld(found) && steady_clock::now() < end) std::this_thread::sleep_for(kNap);
     if (!isHeld(found)) return;
     const bool here = qApp != nullptr && QThread::currentThread() == qApp->thread();
-    if (!here || !heldFileQuestion()) raise(values::kPermissionDenied, path);
-    if (!heldFileQuestion()(path)) throw values::Cancelled();
+    if (!here || !heldFileQuestion) raise(values::kPermissionDenied, path);
+    if (!heldFileQuestion(path)) throw values::Cancelled();
   }
 }
 
@@ -80,7 +77,7 @@ QString decode(const QByteArray& bytes) {
 }  // namespace
 
 void setHeldFileQuestion(std::function<bool(const QString&)> question) {
-  heldFileQuestion() = std::move(question);
+  heldFileQuestion = std::move(question);
 }
 
 void remove(const QString& path) {

@@ -12,8 +12,12 @@ namespace files {
 /// mounted must not open another company.
 [[nodiscard]] QString driveFolder(QChar letter);
 
-/// The folder of what this program notes for its user's support: zarim in XDG_STATE_HOME (~/.local/state), on
-/// Windows in LOCALAPPDATA.
+/// The folder of what this program keeps of its user's own, such as drafts: zarim in the folder that
+/// XDG_DATA_HOME names (~/.local/share), on Windows in the one that LOCALAPPDATA names. It need not be there.
+[[nodiscard]] QString profileFolder();
+
+/// The folder of what it notes for its user's support: zarim in XDG_STATE_HOME (~/.local/state), on Windows
+/// the same as above.
 [[nodiscard]] QString stateFolder();
 
 }  // namespace files

@@ -2,8 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
-
-#include "platform/files/profile.h"
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +17,10 @@ QString driveFolder(QChar letter) {
   if (const QFileInfo there(machine); there.exists() || there.isSymLink()) return machine;
   const QString own = profileFolder() + u'/' + name;
   return QFileInfo(own).isDir() ? own : QString();
+}
+
+QString profileFolder() {
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/zarim"_s;
 }
 
 QString stateFolder() {

@@ -1,12 +1,16 @@
-#include "platform/files/drives.h"
+#include <QDir>
 
-#include "platform/files/profile.h"
+#include "platform/files/drives.h"
 
 namespace files {
 
 QString driveFolder(QChar letter) {
   const QByteArray variable = QByteArray("ZARIM_DRIVE_") + letter.toUpper().toLatin1();
   return qEnvironmentVariable(variable.constData());
+}
+
+QString profileFolder() {
+  return QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA")) + QStringLiteral("/zarim");
 }
 
 QString stateFolder() { return profileFolder(); }

@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+class QThreadPool;
+
 namespace files {
 
 /// One file of this program's own that holds what it was last asked to hold. A thread of its own does all
@@ -42,7 +44,7 @@ class KeptFile {
   };
   /// Looks for them and sweeps up what killed programs left half made; `found` is called in the other thread.
   /// What bears no name that this class gives is neither found nor touched.
-  void look(std::function<void(const QList<Left>&)> found);
+  void look(const std::function<void(const QList<Left>&)>& found);
   /// Makes one this program's own file in place of the present one; nullopt when it is gone, another program
   /// has it, or the disk takes too long.
   [[nodiscard]] std::optional<Left> take(const QString& path, std::chrono::milliseconds patience);
@@ -51,7 +53,11 @@ class KeptFile {
 
  private:
   class Keeper;
+  void want(std::optional<QByteArray> content);
+  void post(const std::function<void(Keeper&)>& job);
+
   std::shared_ptr<Keeper> keeper_;
+  std::unique_ptr<QThreadPool> disk_;  ///< one thread
 };
 
 }  // namespace files

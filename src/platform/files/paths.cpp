@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "platform/files/drives.h"
-#include "platform/files/profile.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;

@@ -116,35 +116,27 @@ class TypedAhead : public QObject {
   QElapsedTimer since_;
 };
 
-struct ButtonText {
+using enum QMessageBox::ButtonRole;
+/// A question without Cancel can't be escaped: its buttons have no role that the Esc key finds.
+constexpr struct {
+  Buttons box;
   Answer answer;
   const char16_t* text;
   QMessageBox::ButtonRole role;
+} kButtons[] = {
+    {Buttons::Ok, Answer::Ok, u"&OK", AcceptRole},
+    {Buttons::OkCheck, Answer::Ok, u"&OK", AcceptRole},
+    {Buttons::OkCheck, Answer::Check, u"&Verificar", ActionRole},
+    {Buttons::YesNo, Answer::Yes, u"&Sim", ActionRole},
+    {Buttons::YesNo, Answer::No, u"&Não", ActionRole},
+    {Buttons::YesNoCancel, Answer::Yes, u"&Sim", ActionRole},
+    {Buttons::YesNoCancel, Answer::No, u"&Não", ActionRole},
+    {Buttons::YesNoCancel, Answer::Cancel, u"&Cancelar", ActionRole},
+    {Buttons::RetryCancel, Answer::Retry, u"&Repetir", AcceptRole},
+    {Buttons::RetryCancel, Answer::Cancel, u"&Cancelar", RejectRole},
 };
 
-QList<ButtonText> buttonsOf(Buttons buttons) {
-  // A question without Cancel can't be escaped: its buttons have no role that the Esc key finds.
-  const ButtonText yes{Answer::Yes, u"&Sim", QMessageBox::ActionRole};
-  const ButtonText no{Answer::No, u"&Não", QMessageBox::ActionRole};
-  const ButtonText ok{Answer::Ok, u"&OK", QMessageBox::AcceptRole};
-  switch (buttons) {
-    case Buttons::OkCheck:
-      return {ok, {Answer::Check, u"&Verificar", QMessageBox::ActionRole}};
-    case Buttons::YesNo:
-      return {yes, no};
-    case Buttons::YesNoCancel:
-      return {yes, no, {Answer::Cancel, u"&Cancelar", QMessageBox::ActionRole}};
-    case Buttons::RetryCancel:
-      return {{Answer::Retry, u"&Repetir", QMessageBox::AcceptRole},
-              {Answer::Cancel, u"&Cancelar", QMessageBox::RejectRole}};
-    case Buttons::Ok:
-      break;
-  }
-  return {ok};
-}
-
-QString chosenFile(const QString& title, const QString& start, QFileDialog::AcceptMode mode,
-                   const QString& accept) {
+QString chosenFile(const QString& title, const QString& start, QFileDialog::AcceptMode mode) {
   ++shownSoFar;
   if (inputAnswerer) return inputAnswerer({title, title, start});
 
@@ -159,7 +151,7 @@ QString chosenFile(const QString& title, const QString& start, QFileDialog::Acce
   window.setLabelText(QFileDialog::FileName, u"Arquivo:"_s);
   window.setLabelText(QFileDialog::FileType, u"Tipo:"_s);
   window.setLabelText(QFileDialog::LookIn, u"Pasta:"_s);
-  window.setLabelText(QFileDialog::Accept, accept);
+  window.setLabelText(QFileDialog::Accept, open ? u"&Abrir"_s : u"&Salvar"_s);
   window.setLabelText(QFileDialog::Reject, u"&Cancelar"_s);
   return window.exec() == QDialog::Accepted ? window.selectedFiles().value(0) : QString();
 }
@@ -183,7 +175,8 @@ Answer msgBox(const Box& box) {
   QObject::connect(new QShortcut(QKeySequence::Copy, &window), &QShortcut::activated, &window,
                    [&window] { QApplication::clipboard()->setText(window.text()); });
   QHash<QAbstractButton*, Answer> answers;
-  for (const ButtonText& button : buttonsOf(box.buttons)) {
+  for (const auto& button : kButtons) {
+    if (button.box != box.buttons) continue;
     QPushButton* push = window.addButton(QString::fromUtf16(button.text), button.role);
     // Of three it is the one that changes nothing; Esc and the box's X press it too.
     const bool harmless = box.buttons == Buttons::YesNoCancel && button.answer == Answer::No;
@@ -227,11 +220,11 @@ QString inputBox(const Input& input) {
 }
 
 QString fileBox(const QString& title, const QString& folder) {
-  return chosenFile(title, folder, QFileDialog::AcceptOpen, u"&Abrir"_s);
+  return chosenFile(title, folder, QFileDialog::AcceptOpen);
 }
 
 QString saveFileBox(const QString& title, const QString& path) {
-  return chosenFile(title, path, QFileDialog::AcceptSave, u"&Salvar"_s);
+  return chosenFile(title, path, QFileDialog::AcceptSave);
 }
 
 void setBoxAnswerer(std::function<Answer(const Box&)> answerer) { boxAnswerer = std::move(answerer); }

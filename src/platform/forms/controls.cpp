@@ -7,14 +7,13 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QTextCursor>
+#include <QTextDocument>
 #include <QValidator>
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 #include "platform/forms/combo.h"
 #include "platform/forms/masked_box.h"
-#include "platform/forms/remark_box.h"
 #include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
@@ -25,11 +24,7 @@ namespace {
 
 constexpr ColorNumber kWindowGround = 0x80000005;
 constexpr ColorNumber kWindowText = 0x80000008;
-constexpr ColorNumber kButtonFace = 0x8000000F;
-constexpr ColorNumber kButtonText = 0x80000012;
 
-constexpr char kBackProperty[] = "backColor";
-constexpr char kForeProperty[] = "foreColor";
 constexpr char kLockProperty[] = "readOnly";
 /// Properties that hold the text of a control: the first that its class has.
 constexpr std::array<const char*, 6> kTextProperties{"boxText", "plainText", "currentText",
@@ -47,7 +42,7 @@ bool isField(const QWidget* control) {
 
 const char* textProperty(const QObject& control) {
   return *std::ranges::find_if(kTextProperties, [&control](const char* name) {
-    return std::strcmp(name, kTextProperties.back()) == 0 || control.metaObject()->indexOfProperty(name) >= 0;
+    return name == kTextProperties.back() || control.metaObject()->indexOfProperty(name) >= 0;
   });
 }
 
@@ -226,38 +221,26 @@ void setBackColor(QWidget* control, ColorNumber number) {
   const QColor ground = toColor(number);
   // A field's own ground is white, or the form's while it is locked.
   const bool own = isField(control) && number == kWindowGround;
-  control->setProperty(kBackProperty, own ? QVariant() : QVariant(number));
+  control->setProperty(kBackColor, own ? QVariant() : QVariant(number));
   // Options and checks stand on the window's ground, not on a button's face.
   control->setBackgroundRole(roles.back);
   paint(control, roles.back, ground);
-  if (roles.back == QPalette::Window && !control->isWindow()) {
-    // Options and checks would fill themselves with the colour of buttons.
-    control->setBackgroundRole(QPalette::Window);
-    control->setAutoFillBackground(true);
-  }
+  if (roles.back == QPalette::Window && !control->isWindow()) control->setAutoFillBackground(true);
   // Where no text colour was asked for, the text stays readable on its ground.
-  if (!control->property(kForeProperty).isValid()) {
+  if (!control->property(kForeColor).isValid()) {
     paint(control, roles.fore, isDark(ground) ? QColor(Qt::white) : toColor(kWindowText));
   }
 }
 
 void setForeColor(QWidget* control, ColorNumber number) {
-  control->setProperty(kForeProperty, number);
+  control->setProperty(kForeColor, number);
   paint(control, rolesOf(control).fore, toColor(number));
 }
 
 bool isDark(const QColor& ground) { return qGray(ground.rgb()) < 128; }
 
-ColorNumber backColor(const QWidget* control) {
-  const QVariant set = control->property(kBackProperty);
-  if (set.isValid()) return set.toLongLong();
-  return isField(control) ? kWindowGround : kButtonFace;
-}
-
-ColorNumber foreColor(const QWidget* control) {
-  const QVariant set = control->property(kForeProperty);
-  if (set.isValid()) return set.toLongLong();
-  return isField(control) ? kWindowText : kButtonText;
+QString asTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
 }
 
 QSize screenSize() {

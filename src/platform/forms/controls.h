@@ -28,6 +28,13 @@ void limitText(QPlainTextEdit* box, int longest);
 /// The same for a box of one line. No limit cuts a character in two.
 void limitText(QLineEdit* box, int longest);
 
+/// Scrolls a box of several lines to the first and takes the selection off (remark_box.cpp): how it stands
+/// while nobody types in it.
+void showFirstLine(QPlainTextEdit* box);
+/// Shows a sign in its corner while lines below are out of sight and no scroll bar says so (remark_box.cpp).
+/// Again does nothing.
+void markHiddenLines(QPlainTextEdit* box);
+
 /// Keeps a box to digits, and to so many of them at most: of a pasted text its digits stay.
 void limitToDigits(QLineEdit* box, int most);
 
@@ -38,11 +45,14 @@ using ColorNumber = qint64;
 [[nodiscard]] QColor toColor(ColorNumber number);
 /// Whether text on that ground is written in white.
 [[nodiscard]] bool isDark(const QColor& ground);
+/// The number stands in the control's property kBackColor or kForeColor; none where a field has its own
+/// ground.
 void setBackColor(QWidget* control, ColorNumber number);
 void setForeColor(QWidget* control, ColorNumber number);
-/// The number last set; the system's own number where none was.
-[[nodiscard]] ColorNumber backColor(const QWidget* control);
-[[nodiscard]] ColorNumber foreColor(const QWidget* control);
+inline constexpr char kBackColor[] = "backColor", kForeColor[] = "foreColor";
+
+/// A tip that shows a text as it is: one that looks like HTML would be read so, with the files that it names.
+[[nodiscard]] QString asTip(const QString& text);
 
 /// 15 twips to a pixel.
 [[nodiscard]] constexpr int pixels(double twips) { return qRound(twips / 15.0); }

@@ -5,7 +5,7 @@
 #include <QStyle>
 #include <QToolTip>
 
-#include "platform/forms/tips.h"
+#include "platform/forms/controls.h"
 
 namespace forms {
 

@@ -14,9 +14,7 @@
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/form_private.h"
-#include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
-#include "platform/forms/remark_box.h"
 
 namespace forms {
 
@@ -81,8 +79,6 @@ void Form::showModal() {
   }
   closed();
 }
-
-void Form::hideForm() { hide(); }
 
 void Form::unload() {
   std::unique_ptr<Form> self = registry::take(this);

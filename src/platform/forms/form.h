@@ -11,7 +11,6 @@
 #include "platform/forms/controls.h"
 #include "platform/forms/flex_grid.h"
 #include "platform/forms/masked_box.h"
-#include "platform/forms/registry.h"
 #include "platform/forms/wait_pointer.h"
 
 namespace forms {
@@ -36,10 +35,8 @@ class Form : public QDialog {
 
   /// Shows it and returns; the main window.
   void showForm();
-  /// Shows it over all others and returns when it has been hidden or unloaded.
+  /// Shows it over all others and returns when it has been hidden, which keeps it as it is, or unloaded.
   void showModal();
-  /// Hides it and keeps it as it is.
-  void hideForm();
   /// Forgets it at once, from its own handler too; it is deleted later, and the next use makes it again.
   void unload();
   [[nodiscard]] bool isLoaded() const { return loaded_; }
@@ -127,6 +124,29 @@ class Form : public QDialog {
   std::unique_ptr<Private> d_;
   bool loaded_ = false;
 };
+
+// registry.cpp
+
+// The global instances, by name.
+namespace registry {
+[[nodiscard]] Form* find(const QString& name);
+/// Takes ownership and makes it findable by name.
+Form& add(std::unique_ptr<Form> form);
+/// Drops all forms: the end of a test.
+void clear();
+/// Forms now shown, the one on top last.
+[[nodiscard]] QList<Form*> shown();
+}  // namespace registry
+
+/// A control of a form that is there now, found by the two names; nullptr if there is none. Finds grids
+/// without a widget too.
+[[nodiscard]] QObject* findControl(const QString& formName, const QString& controlName);
+
+/// Writes a control found so (controlText's kinds); nothing happens when it is not there.
+void writeControl(const QString& formName, const QString& controlName, const QString& text);
+
+/// Seam for tests and roads: called when a modal form has been shown and had its first focus.
+void setModalObserver(std::function<void(Form&)> observer);
 
 /// Name of a form and its class, "frmX".
 template <class T>

@@ -15,7 +15,6 @@
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/form_private.h"
-#include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
 #include "platform/forms/rest.h"
 

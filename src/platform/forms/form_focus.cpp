@@ -7,9 +7,7 @@
 
 #include "platform/forms/controls.h"
 #include "platform/forms/form_private.h"
-#include "platform/forms/modal_loops.h"
 #include "platform/forms/process.h"
-#include "platform/forms/remark_box.h"
 
 // Losing and getting the focus as events between the controls of one form.
 namespace forms {

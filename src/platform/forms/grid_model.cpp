@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/forms/controls.h"
-#include "platform/forms/tips.h"
 #include "platform/values/numbers.h"
 
 namespace forms {

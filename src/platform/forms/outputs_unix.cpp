@@ -5,12 +5,11 @@
 #include <csignal>
 #include <initializer_list>
 
-#include "platform/forms/outputs.h"
+#include "platform/forms/process.h"
 
 namespace forms {
 
 void keepOutputs() {
-  // A pipe without a reader and a limit on files are errors of the write that meets them.
   for (const int number : {SIGPIPE, SIGXFSZ}) std::signal(number, SIG_IGN);
   // What is written to a closed output must not go into the file or connection that is opened next.
   int opened = 0;

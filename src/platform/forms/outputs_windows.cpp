@@ -1,4 +1,4 @@
-#include "platform/forms/outputs.h"
+#include "platform/forms/process.h"
 
 namespace forms {
 

@@ -1,6 +1,8 @@
 #include "platform/forms/process.h"
 
 #include <QCoreApplication>
+#include <QList>
+#include <QScopeGuard>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -9,8 +11,6 @@
 
 #include "platform/files/log_file.h"
 #include "platform/forms/boxes.h"
-#include "platform/forms/modal_loops.h"
-#include "platform/forms/outputs.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,15 +18,12 @@ namespace forms {
 
 namespace {
 
-std::function<void(int)>& ownEnd() {
-  static std::function<void(int)> end;
-  return end;
-}
+QList<QEventLoop*> loops;
+int endCount = 0;
+int runCount = 0;
 
-std::function<void()>& endObserver() {
-  static std::function<void()> observer;
-  return observer;
-}
+std::function<void(int)> ownEnd;
+std::function<void()> endObserver;
 
 /// The toolkit's messages. What it can't go on after, a display that isn't there first of all, would end in a
 /// crash.
@@ -65,13 +62,14 @@ void showRuntimeError(const values::RuntimeError& error, const QString& where) {
 }
 
 void end(int status) {
-  if (endObserver()) endObserver()();
-  if (!ownEnd()) {
+  if (endObserver) endObserver();
+  if (!ownEnd) {
     std::fflush(nullptr);
     std::_Exit(status);
   }
-  ownEnd()(status);
-  modal::leaveAll();
+  ownEnd(status);
+  ++endCount;  // each loop throws Ended on its way out
+  for (QEventLoop* loop : std::as_const(loops)) loop->exit();
   throw Ended{status};
 }
 
@@ -84,9 +82,9 @@ void endPlainly() {
   keepOutputs();
 }
 
-void setEnd(std::function<void(int)> end) { ownEnd() = std::move(end); }
+void setEnd(std::function<void(int)> end) { ownEnd = std::move(end); }
 
-void setEndObserver(std::function<void()> observer) { endObserver() = std::move(observer); }
+void setEndObserver(std::function<void()> observer) { endObserver = std::move(observer); }
 
 bool guarded(const std::function<void()>& handler, const QString& where) {
   try {
@@ -107,5 +105,24 @@ bool guarded(const std::function<void()>& handler, const QString& where) {
   }
   return false;
 }
+
+namespace modal {
+
+void run(QEventLoop& loop, const std::function<bool()>& opening) {
+  const int before = endCount;
+  {
+    const auto gone = qScopeGuard([] { loops.removeLast(); });
+    loops.append(&loop);
+    ++runCount;
+    if (opening() && endCount == before) loop.exec();
+  }
+  if (endCount != before) throw Ended{1};
+}
+
+int depth() { return static_cast<int>(loops.size()); }
+int runs() { return runCount; }
+int ends() { return endCount; }
+
+}  // namespace modal
 
 }  // namespace forms

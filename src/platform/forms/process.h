@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEventLoop>
 #include <QString>
 #include <functional>
 
@@ -20,6 +21,15 @@ struct Ended {
 /// line on its error output and status 1, without a crash; so does a display that isn't there; an output that
 /// nobody reads, or that is closed, is no end. The first thing that a program does.
 void endPlainly();
+
+/// Makes the standard outputs safe to write to, once, before the program opens a file (outputs_unix.cpp): a
+/// closed output leads nowhere, and a pipe that nobody reads or a limit on files is an error of the write
+/// that meets it. Nothing of it is known to Windows.
+void keepOutputs();
+
+/// For a program that shows nothing: before its application, where there may be no display
+/// (outputs_unix.cpp). Windows always has one.
+void needNoDisplay();
 
 /// Puts another end in place (tests, guided roads); an empty function brings the real one back.
 /// After the function has run, all modal loops are left and Ended is thrown.
@@ -44,5 +54,20 @@ bool guarded(const std::function<void()>& handler, const QString& where = {});
 /// Called when the process is about to end by end(), for what must still reach the disk; an empty function
 /// ends it.
 void setEndObserver(std::function<void()> observer);
+
+/// The event loops of modal forms, innermost last.
+namespace modal {
+
+/// Runs the opening and, if that gives true, the loop until its exit is called. Throws Ended where the
+/// process has ended meanwhile.
+void run(QEventLoop& loop, const std::function<bool()>& opening);
+/// How many loops run now.
+[[nodiscard]] int depth();
+/// How many modal forms have been opened so far.
+[[nodiscard]] int runs();
+/// Counts the ends so far, so that a routine can find out whether one happened in a handler it ran.
+[[nodiscard]] int ends();
+
+}  // namespace modal
 
 }  // namespace forms

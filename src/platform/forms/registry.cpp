@@ -1,5 +1,3 @@
-#include "platform/forms/registry.h"
-
 #include <QCoreApplication>
 #include <algorithm>
 #include <utility>
@@ -16,15 +14,9 @@ std::vector<std::unique_ptr<Form>>& all() {
   return forms;
 }
 
-QList<Form*>& shownForms() {
-  static QList<Form*> forms;
-  return forms;
-}
+QList<Form*> shownForms;
 
-std::function<void(Form&)>& observer() {
-  static std::function<void(Form&)> observe;
-  return observe;
-}
+std::function<void(Form&)> observer;
 
 }  // namespace
 
@@ -46,14 +38,14 @@ Form& add(std::unique_ptr<Form> form) {
 }
 
 void clear() {
-  for (Form* form : QList<Form*>(shownForms())) form->hide();
+  for (Form* form : QList<Form*>(shownForms)) form->hide();
   while (!all().empty()) {
     const std::unique_ptr<Form> last = std::move(all().back());
     all().pop_back();
   }
 }
 
-QList<Form*> shown() { return shownForms(); }
+QList<Form*> shown() { return shownForms; }
 
 std::unique_ptr<Form> take(Form* form) {
   const auto at = std::ranges::find_if(all(), [form](const auto& known) { return known.get() == form; });
@@ -64,11 +56,11 @@ std::unique_ptr<Form> take(Form* form) {
 }
 
 void noteShown(Form* form) {
-  shownForms().removeOne(form);
-  shownForms().append(form);
+  shownForms.removeOne(form);
+  shownForms.append(form);
 }
 
-void noteHidden(Form* form) { shownForms().removeOne(form); }
+void noteHidden(Form* form) { shownForms.removeOne(form); }
 
 }  // namespace registry
 
@@ -81,11 +73,11 @@ void writeControl(const QString& formName, const QString& controlName, const QSt
   if (QObject* control = findControl(formName, controlName)) setControlText(control, text);
 }
 
-void setModalObserver(std::function<void(Form&)> observe) { observer() = std::move(observe); }
+void setModalObserver(std::function<void(Form&)> observe) { observer = std::move(observe); }
 
 bool observeModal(Form& form) {
-  if (!observer()) return false;
-  observer()(form);
+  if (!observer) return false;
+  observer(form);
   return true;
 }
 

@@ -1,10 +1,10 @@
-#include "platform/forms/remark_box.h"
-
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <algorithm>
+
+#include "platform/forms/controls.h"
 
 using namespace Qt::StringLiterals;
 

@@ -15,10 +15,7 @@ namespace {
 
 int handlersAtWork = 0;
 
-QPointer<QWidget>& beingLeft() {
-  static QPointer<QWidget> control;
-  return control;
-}
+QPointer<QWidget> beingLeft;
 
 /// Each handler that waits for a modal form waits in its loop as long as the form is shown.
 int modalFormsShown() {
@@ -59,36 +56,33 @@ class Watch : public QObject {
   QTimer timer_;
 };
 
-std::unique_ptr<Watch>& watch() {
-  static std::unique_ptr<Watch> one;
-  return one;
-}
+std::unique_ptr<Watch> watch;
 
 }  // namespace
 
 void setRestObserver(std::function<void()> observer) {
-  watch() = observer ? std::make_unique<Watch>(std::move(observer)) : nullptr;
+  watch = observer ? std::make_unique<Watch>(std::move(observer)) : nullptr;
 }
 
-Work::Work(QWidget* left) : before_(std::exchange(beingLeft(), left)) {
+Work::Work(QWidget* left) : before_(std::exchange(beingLeft, left)) {
   // What was typed before a handler that fails is not lost with it.
-  if (watch()) watch()->observeInput();
+  if (watch) watch->observeInput();
   ++handlersAtWork;
 }
 
-Work::~Work() {
-  if (!atWork_) return;
+Work::~Work() { leave(); }
+
+void Work::leave() {
+  if (!std::exchange(atWork_, false)) return;
   --handlersAtWork;
-  beingLeft() = before_;
+  beingLeft = before_;
 }
 
 void Work::done() {
-  --handlersAtWork;
-  beingLeft() = before_;
-  atWork_ = false;
-  if (watch()) watch()->observe();
+  leave();
+  if (watch) watch->observe();
 }
 
-QWidget* controlBeingLeft() { return beingLeft(); }
+QWidget* controlBeingLeft() { return beingLeft; }
 
 }  // namespace forms

@@ -27,6 +27,8 @@ class Work {
   void done();
 
  private:
+  void leave();
+
   bool atWork_ = true;
   QPointer<QWidget> before_;
 };

@@ -185,7 +185,7 @@ class ProgramStyle : public QProxyStyle {
     constexpr double kDimmed = 0.35;
     const QColor ground = option.palette.color(QPalette::Active, QPalette::Window);
     const QColor base = option.palette.color(QPalette::Base);
-    if (widget->property("backColor").isValid())
+    if (widget->property(kBackColor).isValid())
       painter->fillRect(option.rect, base);
     else if (isDark(ground))
       painter->fillRect(option.rect, between(base, ground, kDimmed));

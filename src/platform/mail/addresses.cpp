@@ -1,13 +1,12 @@
 #include "platform/mail/addresses.h"
 
 #include <QRegularExpression>
-#include <QStringList>
 #include <QUrl>
 #include <algorithm>
 #include <optional>
 
 #include "platform/mail/headers.h"
-#include "platform/mail/mail_error.h"
+#include "platform/mail/mail_message.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,27 +19,8 @@ constexpr qsizetype kShownLength = 200;  // longest entry that an error shows wh
 /// Local part, plain or quoted, and domain. A word alone is the half of a name that a comma cut.
 const QString kAddress = uR"((?:"(?:[^"\\<>]|\\.)*+"|[^\s"<>(),;:@\\]++)@[^\s"<>(),;:@\\]++)"_s;
 
-/// The quotes or brackets that open at `from`, closed; one character where none do.
-QString group(const QString& text, qsizetype from) {
-  static const QRegularExpression closed(uR"("(?:[^"\\]|\\.)*+"|\([^()]*+\))"_s);
-  const auto match = closed.match(text, from, QRegularExpression::NormalMatch,
-                                  QRegularExpression::AnchorAtOffsetMatchOption);
-  return match.hasMatch() ? match.captured() : QString(text.at(from));
-}
-
-QStringList entriesOf(const QString& list) {
-  QStringList entries{QString()};
-  for (qsizetype at = 0; at < list.size();) {
-    const QChar c = list.at(at);
-    const QString piece = c == u'"' || c == u'(' ? group(list, at) : QString(c);
-    at += piece.size();
-    if (piece == u"," || piece == u";")
-      entries << QString();
-    else
-      entries.last() += piece;
-  }
-  return entries;
-}
+/// What stands between two separators; one within quotes or brackets that are closed is none.
+const QRegularExpression kEntry(uR"((?:"(?:[^"\\]|\\.)*+"|\([^()]*+\)|[^,;"(]++|["(])++)"_s);
 
 /// A name that holds an address of somebody else is no name: that one would get nothing.
 bool hidesAnother(const QString& name, const QString& address) {
@@ -90,8 +70,8 @@ std::optional<Address> read(const QString& entry) {
 
 std::vector<Address> parseAddresses(const QString& list, const QString& role) {
   std::vector<Address> addresses;
-  for (const QString& entry : entriesOf(list)) {
-    const QString line = withoutControls(entry);
+  for (auto entries = kEntry.globalMatch(list); entries.hasNext();) {
+    const QString line = withoutControls(entries.next().captured());
     if (line.isEmpty()) continue;
     const std::optional<Address> address = read(line);
     if (!address) {

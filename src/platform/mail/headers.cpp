@@ -75,9 +75,8 @@ QByteArray dateHeader(const QDateTime& when) {
 }
 
 QByteArray messageIdHeader(const QByteArray& sender) {
-  const QByteArray domain = sender.mid(sender.lastIndexOf('@') + 1);
-  return "Message-ID: <" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + "@" +
-         (domain.isEmpty() ? QByteArray("localhost") : domain) + ">";
+  return "Message-ID: <" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) +
+         sender.mid(sender.lastIndexOf('@')) + ">";
 }
 
 QByteArray dispositionHeader(const QString& fileName) {

@@ -5,9 +5,7 @@
 
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
-#include "platform/mail/bodies.h"
 #include "platform/mail/headers.h"
-#include "platform/mail/html_text.h"
 #include "platform/mail/smtp_transfer.h"
 #include "platform/values/dates.h"
 
@@ -55,15 +53,6 @@ void MailMessage::SendEmail() const {
   if (from.empty()) fail(u"falta o endereço do remetente"_s);
   if (to.empty()) fail(u"não há nenhum destinatário"_s);
 
-  std::vector<QByteArray> headers{dateHeader(values::now()), messageIdHeader(from.front().address),
-                                  addressHeader("From", {from.front()}), addressHeader("To", to)};
-  if (!copy.empty()) headers.push_back(addressHeader("Cc", copy));
-  headers.push_back(textHeader("Subject", MessageSubject));
-
-  const bool plain = !MessageText.isEmpty() || MessageHTML.isEmpty();
-  std::vector<Body> bodies{plainBody(plain ? MessageText : textOfHtml(MessageHTML))};
-  if (!MessageHTML.isEmpty()) bodies.push_back(htmlBody(MessageHTML));
-
   Outgoing mail;
   mail.server = Server.trimmed();
   if (AuthenticationType == kLogin) {
@@ -72,8 +61,12 @@ void MailMessage::SendEmail() const {
   }
   mail.from = from.front().address;
   mail.recipients = envelope(to, copy);
-  mail.headers = headers;
-  mail.bodies = bodies;
+  mail.headers = {dateHeader(values::now()), messageIdHeader(mail.from),
+                  addressHeader("From", {from.front()}), addressHeader("To", to)};
+  if (!copy.empty()) mail.headers.push_back(addressHeader("Cc", copy));
+  mail.headers.push_back(textHeader("Subject", MessageSubject));
+  mail.text = MessageText;
+  mail.html = MessageHTML;
   mail.files = Attachments.files();
   transfer(mail, settings());
 }

@@ -1,14 +1,85 @@
 #include "platform/mail/mime.h"
 
 #include <QMimeDatabase>
+#include <QRegularExpression>
+#include <QTextDocumentFragment>
 
 #include "platform/mail/headers.h"
+#include "platform/values/html_bytes.h"
+#include "platform/values/line_ends.h"
+
+using namespace Qt::StringLiterals;
 
 namespace mail {
 
 namespace {
 
 constexpr char kAlternative[] = "multipart/alternative";
+
+/// The character set of the first declaration in a document's head, in lower case.
+QByteArray declaredCharset(const QString& html) {
+  static const QRegularExpression declaration(
+      u"<meta\\b[^>]*\\bcharset\\s*=\\s*[\"']?\\s*([A-Za-z0-9._:-]+)"_s,
+      QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression headEnd(u"</head\\s*>|<body\\b"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+  const qsizetype end = html.indexOf(headEnd);
+  const QRegularExpressionMatch match = declaration.match(end < 0 ? html : html.first(end));
+  return match.captured(1).toLatin1().toLower();
+}
+
+/// What an HTML document says, as lines of plain text: cells of a row beside each other, a line for each row
+/// and paragraph. Takes any text, and loads nothing that it names.
+QString textOfHtml(const QString& html) {
+  const auto form = [](const QString& pattern) {
+    return QRegularExpression(
+        pattern, QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+  };
+  static const std::pair<QRegularExpression, QString> kSteps[] = {
+      {form(u"[^\\S\\xA0]+"_s), u" "_s},
+      {form(u"<!--.*?(?:-->|\\z)|<(head|style|script|title)\\b.*?(?:</\\1[^>]*>|\\z)"_s), {}},
+      {form(u"</t[dh]\\b[^>]*>?"_s), u"\t"_s},
+      {form(u"</?(?:p|div|table|tr|li|ul|ol|h[1-4]|center)\\b[^>]*>?|<[bh]r\\b[^>]*>?"_s), u"\n"_s},
+      {form(u"<[^>]*>?"_s), {}},
+      {form(u"&nbsp;?"_s), u" "_s},  // old pages leave out the semicolon, which the toolkit wants
+  };
+  QString bare = html;
+  for (const auto& [what, with] : kSteps) bare.replace(what, with);
+  // What is left holds no tag; the toolkit reads its character references.
+  const QString text = QTextDocumentFragment::fromHtml(u"<pre>"_s + bare + u"</pre>"_s).toPlainText();
+  QString out;
+  int empty = 0;  // lines since the last one with words: one stands between rows, more between tables
+  for (const QString& line : text.split(u'\n')) {
+    QStringList cells;
+    for (const QString& cell : line.split(u'\t'))
+      if (const QString words = cell.simplified(); !words.isEmpty()) cells << words;
+    if (cells.isEmpty()) {
+      ++empty;
+      continue;
+    }
+    if (empty > 1 && !out.isEmpty()) out += u'\n';
+    out += cells.join(u"  "_s) + u'\n';
+    empty = 0;
+  }
+  return out;
+}
+
+struct Body {
+  QByteArray contentType;
+  QByteArray content;
+};
+
+/// In the character set that its head declares; what that can't hold becomes a numeric character reference.
+/// UTF-8 without a declaration.
+Body htmlBody(const QString& html) {
+  const QString text = values::withWindowsLineEnds(html);
+  const QByteArray charset = declaredCharset(html);
+  if (charset.isEmpty() || charset == "utf-8" || charset == "utf8")
+    return {"text/html; charset=UTF-8", text.toUtf8()};
+  const QByteArray type = "text/html; charset=" + charset;
+  using enum values::HtmlEncoding;
+  return {type, values::toHtmlBytes(text, charset == "iso-8859-1" ? Latin1 : Ascii)};
+}
 
 /// A call fails where memory runs out, and nowhere else.
 void check(CURLcode result) {
@@ -35,18 +106,22 @@ void addFile(const Mime& parts, const AttachmentList::File& file) {
 
 }  // namespace
 
-Parts makeParts(CURL* handle, const std::vector<Body>& bodies,
-                const std::vector<AttachmentList::File>& files) {
+Parts makeParts(CURL* handle, const Outgoing& mail) {
+  const QString plain = mail.text.isEmpty() ? textOfHtml(mail.html) : mail.text;
   Mime forms(curl_mime_init(handle));
-  for (const Body& body : bodies) addPart(forms, body.contentType, body.content);
-  if (files.empty()) return {std::move(forms), "Content-Type: " + QByteArray(kAlternative)};
+  addPart(forms, "text/plain; charset=UTF-8", values::withWindowsLineEnds(plain).toUtf8());
+  if (!mail.html.isEmpty()) {
+    const Body body = htmlBody(mail.html);
+    addPart(forms, body.contentType, body.content);
+  }
+  if (mail.files.empty()) return {std::move(forms), "Content-Type: " + QByteArray(kAlternative)};
 
   Mime all(curl_mime_init(handle));
   curl_mimepart* first = curl_mime_addpart(all.get());
   check(curl_mime_subparts(first, forms.get()));
   static_cast<void>(forms.release());
   check(curl_mime_type(first, kAlternative));
-  for (const AttachmentList::File& file : files) addFile(all, file);
+  for (const AttachmentList::File& file : mail.files) addFile(all, file);
   return {std::move(all), "Content-Type: multipart/mixed"};
 }
 

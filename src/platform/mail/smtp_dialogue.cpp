@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 #include <algorithm>
-#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -24,12 +24,8 @@ constexpr const char16_t* kNoSafeLine = u"o servidor não iniciou a conexão seg
 constexpr const char16_t* kTooLarge = u"a mensagem é grande demais para o servidor";
 constexpr const char16_t* kEndless = u"o servidor de e-mail respondeu com linhas demais";
 
-struct Step {
-  const char* command;
-  const char16_t* failure;
-};
 /// What it means for the user when the server turns a command down. "%1" is the command's address.
-constexpr std::array<Step, 7> kSteps{{
+constexpr std::pair<const char*, const char16_t*> kSteps[] = {
     {"EHLO", u"o servidor recusou a conexão"},
     {"HELO", u"o servidor recusou a conexão"},
     {kStartTls, kNoSafeLine},
@@ -37,14 +33,11 @@ constexpr std::array<Step, 7> kSteps{{
     {"MAIL FROM", u"o servidor recusou o remetente %1"},
     {kRecipient, u"o servidor recusou o destinatário %1"},
     {"DATA", u"o servidor recusou a mensagem"},
-}};
-
-struct Fault {
-  CURLcode code;
-  const char16_t* failure;
 };
+
 /// Faults of the line, which have words of their own whatever the step.
-constexpr std::array<Fault, 10> kFaults{{
+constexpr std::pair<CURLcode, const char16_t*> kFaults[] = {
+    {CURLE_URL_MALFORMAT, u"o endereço do servidor de e-mail não é válido"},
     {CURLE_COULDNT_RESOLVE_HOST, u"o servidor de e-mail não foi encontrado"},
     {CURLE_COULDNT_CONNECT, u"não foi possível conectar ao servidor de e-mail"},
     {CURLE_PEER_FAILED_VERIFICATION, u"o certificado do servidor de e-mail não é de confiança"},
@@ -55,7 +48,7 @@ constexpr std::array<Fault, 10> kFaults{{
     {CURLE_RECV_ERROR, u"a conexão com o servidor de e-mail caiu"},
     {CURLE_SEND_ERROR, u"a conexão com o servidor de e-mail caiu"},
     {CURLE_GOT_NOTHING, u"a conexão com o servidor de e-mail caiu"},
-}};
+};
 
 /// A part of a login can begin with the letters of a command, but is one word.
 bool isCommand(const QByteArray& line, const QByteArray& command) {
@@ -153,10 +146,10 @@ void Dialogue::said(const QByteArray& line) {
   lines_ = 0;
   moved_.start();
   if (command_ == kStartTls) encrypted_ = true;
-  for (const Step& step : kSteps) {
-    if (!isCommand(line, step.command)) continue;
-    command_ = step.command;
-    step_ = QString::fromUtf16(step.failure);
+  for (const auto& [command, failure] : kSteps) {
+    if (!isCommand(line, command)) continue;
+    command_ = command;
+    step_ = QString::fromUtf16(failure);
     if (step_.contains(u"%1")) step_ = step_.arg(addressIn(line));
     return;
   }
@@ -182,8 +175,8 @@ QString Dialogue::failure(CURLcode result) const {
   if (!ended_.isEmpty()) return ended_;
   if (refused() && isForSize(answer_, command_)) return QString::fromUtf16(kTooLarge);
   if (refused() && !step_.isEmpty()) return step_;
-  for (const Fault& fault : kFaults)
-    if (fault.code == result) return QString::fromUtf16(fault.failure);
+  for (const auto& [code, failure] : kFaults)
+    if (code == result) return QString::fromUtf16(failure);
   return u"o servidor recusou a conexão"_s;
 }
 

@@ -4,7 +4,6 @@
 #include <QString>
 #include <vector>
 
-#include "platform/mail/bodies.h"
 #include "platform/mail/mail_message.h"
 
 namespace mail {
@@ -17,7 +16,8 @@ struct Outgoing {
   QByteArray from;                     ///< bare address
   std::vector<QByteArray> recipients;  ///< bare addresses
   std::vector<QByteArray> headers;     ///< without line ends
-  std::vector<Body> bodies;            ///< the same text in one or more forms, the plainest first
+  QString text;                        ///< where it is empty the HTML's own without its tags
+  QString html;                        ///< empty for none
   std::vector<AttachmentList::File> files;
 };
 

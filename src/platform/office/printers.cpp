@@ -8,7 +8,6 @@
 
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
-#include "platform/office/print_layout.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;
@@ -21,7 +20,7 @@ QList<std::pair<QString, QString>> writtenSettings;
 
 [[noreturn]] void fail(const QString& detail) { values::raise(values::kPrinterError, detail); }
 
-void printToFile(const Document& document) {
+void printToFile(Document& document) {
   const QString output = pdfPrinterSetting(u"output"_s);
   if (output.isEmpty()) fail(u"a impressora de PDF não tem arquivo de saída (output)."_s);
   if (files::exists(output) &&
@@ -36,7 +35,7 @@ void printToFile(const Document& document) {
   files::write(output, bytes);
 }
 
-void printToSystem(const Document& document, const QString& deviceName) {
+void printToSystem(Document& document, const QString& deviceName) {
   const QPrinterInfo info = QPrinterInfo::printerInfo(deviceName);
   if (info.isNull()) fail(u"impressora não encontrada ("_s + deviceName + u")."_s);
   QPrinter printer(info, QPrinter::HighResolution);
@@ -67,7 +66,7 @@ QString pdfPrinterSetting(const QString& name) {
   return {};
 }
 
-void print(const Document& document, const QString& deviceName) {
+void print(Document& document, const QString& deviceName) {
   if (deviceName == kPdfPrinter)
     printToFile(document);
   else

@@ -37,6 +37,6 @@ class PdfPrinterSettings {
 
 /// Prints a document. Raises 482 (printer error) on a device name that is unknown, on a PDF printer without
 /// "output", and where the job can't be written; a file that was begun is removed then.
-void print(const Document& document, const QString& deviceName);
+void print(Document& document, const QString& deviceName);
 
 }  // namespace office

@@ -1,7 +1,9 @@
-#include "platform/office/rtf_writer.h"
-
 #include <QStringList>
+#include <QUrl>
 #include <cmath>
+#include <utility>
+
+#include "platform/office/word_document.h"
 
 namespace office {
 namespace {
@@ -15,12 +17,9 @@ class Writer {
   explicit Writer(const Document& document) : document_(document) {}
 
   QByteArray write() {
-    for (const Block& block : document_.blocks) {
-      if (const auto* table = std::get_if<Table>(&block))
-        writeTable(*table);
-      else
-        writeParagraph(std::get<Paragraph>(block), "\\pard", "\\par\n");
-    }
+    forEachPart(
+        document_.text, [this](const QTextBlock& block) { writeBlock(block, "\\pard", "\\par\n"); },
+        [this](const QTextTable& table) { writeTable(table); });
     return head() + body_ + "}\n";
   }
 
@@ -48,9 +47,9 @@ class Writer {
     return fonts_.size() - 1;
   }
 
-  QByteArray fontWords(const Font& font) {
-    return "\\f" + QByteArray::number(fontIndex(font.name)) + "\\fs" + number(font.size * 2) +
-           (font.bold ? "\\b" : "\\b0");
+  QByteArray fontWords(const QTextCharFormat& font) {
+    return "\\f" + QByteArray::number(fontIndex(font.fontFamilies().toStringList().value(0))) + "\\fs" +
+           number(font.fontPointSize() * 2) + (font.fontWeight() == QFont::Bold ? "\\b" : "\\b0");
   }
 
   QByteArray head() const {
@@ -58,56 +57,63 @@ class Writer {
     for (qsizetype i = 0; i < fonts_.size(); ++i)
       out += "{\\f" + QByteArray::number(i) + "\\fnil " + escaped(fonts_[i]) + ";}";
     out += "}\n{\\info{\\title " + escaped(document_.title) + "}}\n";
-    out += "\\paperw" + number(document_.pageWidth * kTwips) + "\\paperh" +
-           number(document_.pageHeight * kTwips);
-    out += "\\margl" + number(document_.leftMargin * kTwips) + "\\margr" +
-           number(document_.rightMargin * kTwips);
-    out += "\\margt" + number(document_.topMargin * kTwips) + "\\margb" +
-           number(document_.bottomMargin * kTwips);
+    for (const auto& [word, points] : {std::pair("\\paperw", kPageWidth),
+                                       {"\\paperh", kPageHeight},
+                                       {"\\margl", document_.leftMargin},
+                                       {"\\margr", document_.rightMargin},
+                                       {"\\margt", document_.topMargin},
+                                       {"\\margb", document_.bottomMargin}})
+      out += word + number(points * kTwips);
     return out + "\n";
   }
 
-  void writePicture(const Picture& picture) {
-    body_ +=
-        "{\\pict\\picwgoal" + number(picture.width * kTwips) + "\\pichgoal" + number(picture.height * kTwips);
-    body_ += picture.png ? "\\pngblip\n" : "\\jpegblip\n";
-    const QByteArray hex = picture.bytes.toHex();
+  void writePicture(const QTextImageFormat& picture) {
+    const QByteArray bytes =
+        document_.text.resource(QTextDocument::ImageResource, QUrl(picture.name())).toByteArray();
+    body_ += "{\\pict\\picwgoal" + number(picture.width() / kDots * kTwips) + "\\pichgoal" +
+             number(picture.height() / kDots * kTwips);
+    body_ += bytes.startsWith("\x89PNG") ? "\\pngblip\n" : "\\jpegblip\n";
+    const QByteArray hex = bytes.toHex();
     for (qsizetype at = 0; at < hex.size(); at += 120) body_ += hex.mid(at, 120) + '\n';
     body_ += "}";
   }
 
-  void writeParagraph(const Paragraph& paragraph, const QByteArray& start, const QByteArray& end) {
+  void writeBlock(const QTextBlock& block, const QByteArray& start, const QByteArray& end) {
+    const Qt::Alignment alignment = block.blockFormat().alignment();
     body_ += start;
-    body_ += paragraph.alignment & Qt::AlignHCenter ? "\\qc"
-             : paragraph.alignment & Qt::AlignRight ? "\\qr"
-                                                    : "\\ql";
-    if (paragraph.keepWithNext) body_ += "\\keepn";
-    body_ += fontWords(paragraph.font) + " ";
-    for (const auto& part : paragraph.content) {
-      if (const auto* run = std::get_if<Run>(&part))
-        body_ += "{" + fontWords(run->font) + " " + escaped(run->text) + "}";
+    body_ += alignment & Qt::AlignHCenter ? "\\qc" : alignment & Qt::AlignRight ? "\\qr" : "\\ql";
+    if (block.blockFormat().boolProperty(kKeepWithNext)) body_ += "\\keepn";
+    body_ += fontWords(block.charFormat()) + " ";
+    for (auto at = block.begin(); !at.atEnd(); ++at) {
+      const QTextCharFormat format = at.fragment().charFormat();
+      if (format.isImageFormat())
+        writePicture(format.toImageFormat());
       else
-        writePicture(std::get<Picture>(part));
+        body_ += "{" + fontWords(format) + " " + escaped(at.fragment().text()) + "}";
     }
     body_ += end;
   }
 
-  void writeTable(const Table& table) {
+  void writeTable(const QTextTable& table) {
+    const QTextTableFormat format = table.format();
     QByteArray layout = "\\trgaph108\\trleft-108\\trkeep\\trpaddt45\\trpaddft3\\trpaddb45\\trpaddfb3";
     double right = -108 / kTwips;
-    for (const double width : table.widths) {
-      right += width;
-      if (table.grid)
+    for (const QTextLength& width : format.columnWidthConstraints()) {
+      right += width.rawValue() / kDots;
+      if (format.boolProperty(kGrid))
         for (const char* side : {"t", "l", "b", "r"})
           layout += QByteArray("\\clbrdr") + side + "\\brdrs\\brdrw10";
       layout += "\\cellx" + number(right * kTwips);
     }
-    for (std::size_t row = 0; row < table.rows.size(); ++row) {
-      body_ += (row < table.headings ? "\\trowd\\trhdr" : "\\trowd") + layout + "\n";
-      for (const Cell& cell : table.rows[row])
-        for (std::size_t i = 0; i < cell.paragraphs.size(); ++i)
-          writeParagraph(cell.paragraphs[i], "\\pard\\intbl",
-                         i + 1 < cell.paragraphs.size() ? "\\par\n" : "\\cell\n");
+    for (int row = 0; row < table.rows(); ++row) {
+      body_ += (row < format.headerRowCount() ? "\\trowd\\trhdr" : "\\trowd") + layout + "\n";
+      for (int column = 0; column < table.columns(); ++column) {
+        const QTextTableCell cell = table.cellAt(row, column);
+        for (auto at = cell.begin(); !at.atEnd();) {
+          const QTextBlock block = at.currentBlock();
+          writeBlock(block, "\\pard\\intbl", (++at).atEnd() ? "\\cell\n" : "\\par\n");
+        }
+      }
       body_ += "\\row\n";
     }
     body_ += "\\pard";

@@ -1,59 +1,59 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
-#include <Qt>
-#include <variant>
-#include <vector>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextTable>
+#include <functional>
 
-// What a word-processor document is made of. Measures are points.
+#include "platform/paper/printer.h"
+
+// What a word-processor document is made of. Measures are points; those within the text are dots.
 namespace office {
 
-struct Font {
-  QString name = QStringLiteral("Times New Roman");
-  double size = 12;
-  bool bold = false;
-  bool operator==(const Font&) const = default;
-};
+/// Dots of the text to a point.
+inline constexpr double kDots = paper::kDotsPerInch / 72;
+inline constexpr double kSidePadding = 5.4, kLinePadding = 2.25;  // of cells
+inline constexpr double kPageWidth = 595.3, kPageHeight = 841.9;  // A4
 
-struct Run {
-  QString text;
-  Font font;
-};
-
-struct Picture {
-  QByteArray bytes;  ///< the file as it is: JPEG or PNG
-  bool png = false;
-  double width = 0, height = 0;
-};
-
-struct Paragraph {
-  std::vector<std::variant<Run, Picture>> content;
-  Qt::Alignment alignment = Qt::AlignLeft;
-  Font font;                  ///< of an empty paragraph's line
-  bool keepWithNext = false;  ///< stands on the page of the paragraph after it
-};
-
-struct Cell {
-  std::vector<Paragraph> paragraphs{Paragraph{}};
-};
-
-struct Table {
-  bool grid = false;           ///< lines around all cells
-  std::vector<double> widths;  ///< of the columns
-  std::size_t headings = 0;    ///< rows at the top that every page repeats
-  std::vector<std::vector<Cell>> rows;
-};
-
-using Block = std::variant<Paragraph, Table>;
+/// Property of a table's format: lines stand around all its cells.
+inline constexpr int kGrid = QTextFormat::UserProperty;
+/// Property of a block's format: it stands on the page of what comes after it.
+inline constexpr int kKeepWithNext = QTextFormat::UserProperty + 1;
 
 struct Document {
+  /// Blocks and tables, whose header rows every page repeats. Pictures are resources: the bytes of their
+  /// file.
+  QTextDocument text;
   QString title;
   QString foot;  ///< stands on paper with the page's number below the second page and those after it
-  double pageWidth = 595.3, pageHeight = 841.9;  // A4
   double topMargin = 70.85, bottomMargin = 70.85, leftMargin = 85.05, rightMargin = 85.05;
-  std::vector<Block> blocks{Paragraph{}};
-  [[nodiscard]] double textWidth() const { return pageWidth - leftMargin - rightMargin; }
+  [[nodiscard]] double textWidth() const { return kPageWidth - leftMargin - rightMargin; }
 };
+
+/// Calls one of them for each part of a text, in their order. An empty block before a table is none: it gives
+/// way to the table.
+inline void forEachPart(const QTextDocument& text, const std::function<void(const QTextBlock&)>& block,
+                        const std::function<void(const QTextTable&)>& table) {
+  const auto tableAt = [](const QTextFrame::iterator& at) {
+    return at.atEnd() ? nullptr : qobject_cast<const QTextTable*>(at.currentFrame());
+  };
+  for (auto at = text.rootFrame()->begin(); !at.atEnd();) {
+    const auto here = at++;
+    if (const auto* made = tableAt(here))
+      table(*made);
+    else if (here.currentBlock().length() > 1 || tableAt(at) == nullptr)
+      block(here.currentBlock());
+  }
+}
+
+/// Paints a document on a printer or PDF writer, page by page, inside the document's own margins
+/// (print_layout.cpp). A table row never stands on two pages unless it is higher than a page. Whether
+/// painting could begin.
+[[nodiscard]] bool paint(Document& document, QPagedPaintDevice& device);
+
+/// The document in Rich Text Format 1.9 (rtf_writer.cpp), pictures inside, characters outside ASCII as \u
+/// escapes, which word processors open under the ending .doc.
+[[nodiscard]] QByteArray toRtf(const Document& document);
 
 }  // namespace office

@@ -3,12 +3,13 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QUrl>
 #include <algorithm>
+#include <utility>
 
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/office/printers.h"
-#include "platform/office/rtf_writer.h"
 #include "platform/values/line_ends.h"
 #include "platform/values/runtime_error.h"
 
@@ -18,160 +19,187 @@ namespace office {
 namespace {
 
 constexpr double kOwnVersion = 12;
-constexpr double kCellPadding = 5.4;  // on either side, as word processors have it
 double installedVersion = 0;
 
-/// Natural size in points: by the file's own resolution, 96 dots an inch without one.
-Picture readPicture(const QString& path) {
-  const QString found = files::resolve(path);
-  if (!QFileInfo(found).isFile()) values::raise(values::kPictureNotFound, path);
-  Picture picture;
-  picture.bytes = files::readAll(path);
-  QBuffer buffer(&picture.bytes);
-  QImageReader reader(&buffer);
-  const QByteArray format = reader.format();
-  const QImage image = reader.read();
-  if (image.isNull() || (format != "jpeg" && format != "png")) values::raise(values::kInvalidPicture, path);
-  picture.png = format == "png";
-  picture.width = image.width() * 72.0 / 96.0;
-  picture.height = image.height() * 72.0 / 96.0;
-  return picture;
+constexpr double kDotsOfPictures = 72.0 / 96.0;  // points to a dot of a picture
+
+QTextBlockFormat aligned(Qt::Alignment alignment) {
+  QTextBlockFormat format;
+  format.setAlignment(alignment);
+  return format;
 }
+
+QTextLength widthOf(double points) { return QTextLength(QTextLength::FixedLength, points * kDots); }
 
 }  // namespace
 
 WordProcessor::WordProcessor() : version_(installedVersion > 0 ? installedVersion : kOwnVersion) {
   activePrinter_ = defaultPrinter();
+  // The first block of a cell carries the cell's format.
+  font_.setProperty(QTextFormat::TableCellLeftPadding, kSidePadding * kDots);
+  font_.setProperty(QTextFormat::TableCellRightPadding, kSidePadding * kDots);
+  font_.setProperty(QTextFormat::TableCellTopPadding, kLinePadding * kDots);
+  font_.setProperty(QTextFormat::TableCellBottomPadding, kLinePadding * kDots);
 }
 
 void WordProcessor::setInstalledVersion(double version) { installedVersion = version; }
 
-Document& WordProcessor::open() {
+Document& WordProcessor::open() const {
   if (!document_)
     throw values::RuntimeError(values::kObjectNotSet, u"Não há documento aberto no processador de textos"_s);
   return *document_;
 }
 
-const Document& WordProcessor::document() const { return const_cast<WordProcessor*>(this)->open(); }
-
-Table& WordProcessor::table() {
-  auto* last = std::get_if<Table>(&open().blocks.back());
-  if (last == nullptr || !inTable_) values::raise(values::kNoSuchMember);
-  return *last;
+QTextCursor& WordProcessor::here() {
+  (void)open();
+  return cursor_;
 }
 
-std::vector<Paragraph>& WordProcessor::paragraphs() { return table().rows[row_][column_].paragraphs; }
-
-Paragraph& WordProcessor::paragraph() {
-  if (inTable_) return paragraphs().back();
-  return std::get<Paragraph>(open().blocks.back());
+QTextTable& WordProcessor::table() {
+  (void)open();
+  if (table_ == nullptr) values::raise(values::kNoSuchMember);
+  return *table_;
 }
 
 void WordProcessor::addDocument(const QString& title, const QString& foot) {
-  document_.emplace();
+  document_ = std::make_unique<Document>();
   document_->title = title;
   document_->foot = foot;
-  font_ = {};
+  paper::layOutForAnyDevice(document_->text);
+  document_->text.setTextWidth(document_->textWidth() * kDots);
+  cursor_ = QTextCursor(&document_->text);
+  cursor_.beginEditBlock();  // laid out once, when all is in
+  typing_ = true;
+  table_ = nullptr;
+  setFont(u"Times New Roman"_s, 12);
   alignment_ = Qt::AlignLeft;
-  inTable_ = false;
+  beginBlock(cursor_);
+}
+
+void WordProcessor::beginBlock(QTextCursor& at) const {
+  at.setBlockFormat(aligned(alignment_));
+  at.setBlockCharFormat(font_);
 }
 
 void WordProcessor::setTopMargin(double points) { open().topMargin = points; }
 void WordProcessor::setBottomMargin(double points) { open().bottomMargin = points; }
 
-void WordProcessor::setFont(const QString& name, double size, bool bold) { font_ = {name, size, bold}; }
-void WordProcessor::setBold(bool bold) { font_.bold = bold; }
+void WordProcessor::setFont(const QString& name, double size, bool bold) {
+  font_.setFontFamilies({name});
+  font_.setFontPointSize(size);
+  setBold(bold);
+}
+
+void WordProcessor::setBold(bool bold) { font_.setFontWeight(bold ? QFont::Bold : QFont::Normal); }
 
 void WordProcessor::setAlignment(Qt::Alignment alignment) {
   alignment_ = alignment;
-  paragraph().alignment = alignment;
+  here().mergeBlockFormat(aligned(alignment));
 }
 
-void WordProcessor::keepWithNext() { paragraph().keepWithNext = true; }
+void WordProcessor::keepWithNext() {
+  QTextBlockFormat format;
+  format.setProperty(kKeepWithNext, true);
+  here().mergeBlockFormat(format);
+}
 
 void WordProcessor::typeText(const QString& text) {
   const QStringList parts = values::withPlainLineEnds(text).split(u'\n');
   for (qsizetype i = 0; i < parts.size(); ++i) {
     if (i > 0) typeParagraph();
-    Paragraph& here = paragraph();
-    if (here.content.empty()) {
-      here.font = font_;
-      here.alignment = alignment_;
-    }
-    if (!parts[i].isEmpty()) here.content.emplace_back(Run{parts[i], font_});
+    if (here().block().length() == 1) beginBlock(cursor_);
+    cursor_.insertText(parts[i], font_);
   }
 }
 
-void WordProcessor::typeParagraph() {
-  Paragraph next{{}, alignment_, font_};
-  if (inTable_)
-    paragraphs().push_back(std::move(next));
-  else
-    open().blocks.emplace_back(std::move(next));
-}
+void WordProcessor::typeParagraph() { here().insertBlock(aligned(alignment_), font_); }
 
 void WordProcessor::addPicture(const QString& path) {
-  Picture picture = readPicture(path);
-  const double room = inTable_ ? table().widths[column_] - 2 * kCellPadding : open().textWidth();
-  if (picture.width > room) {
-    picture.height *= room / picture.width;
-    picture.width = room;
-  }
-  Paragraph& here = paragraph();
-  here.alignment = alignment_;
-  here.content.emplace_back(std::move(picture));
+  if (!QFileInfo(files::resolve(path)).isFile()) values::raise(values::kPictureNotFound, path);
+  QByteArray bytes = files::readAll(path);
+  QBuffer buffer(&bytes);
+  QImageReader reader(&buffer);
+  const QByteArray kind = reader.format();
+  const QImage image = reader.read();
+  if (image.isNull() || (kind != "jpeg" && kind != "png")) values::raise(values::kInvalidPicture, path);
+  const double room =
+      table_ ? table_->format().columnWidthConstraints().value(column_).rawValue() / kDots - 2 * kSidePadding
+             : open().textWidth();
+  const double natural = image.width() * kDotsOfPictures, width = std::min(natural, room);
+  QTextImageFormat format;
+  format.setName(u"picture:%1"_s.arg(here().position()));
+  format.setWidth(width * kDots);
+  format.setHeight(image.height() * kDotsOfPictures * width / natural * kDots);
+  open().text.addResource(QTextDocument::ImageResource, QUrl(format.name()), bytes);
+  setAlignment(alignment_);
+  cursor_.insertImage(format);
 }
 
 void WordProcessor::addTable(int rows, int columns, bool grid) {
-  Document& document = open();
-  const auto columnCount = static_cast<std::size_t>(columns);
-  Table made;
-  made.grid = grid;
-  made.widths.assign(columnCount, document.textWidth() / columns);
-  made.rows.assign(static_cast<std::size_t>(rows),
-                   std::vector<Cell>(columnCount, Cell{{Paragraph{{}, alignment_, font_}}}));
-  // The empty paragraph that the selection stands on gives way to the table.
-  if (!inTable_ && paragraph().content.empty()) document.blocks.pop_back();
-  document.blocks.emplace_back(std::move(made));
-  inTable_ = true;
+  QTextTableFormat format;
+  format.setBorder(0);
+  format.setCellSpacing(0);
+  format.setCellPadding(0);
+  format.setProperty(kGrid, grid);
+  format.setColumnWidthConstraints(QList<QTextLength>(columns, widthOf(open().textWidth() / columns)));
+  cursor_.movePosition(QTextCursor::End);
+  table_ = cursor_.insertTable(rows, columns, format);
+  for (row_ = rows - 1; row_ >= 0; --row_) beginRow();
   row_ = column_ = 0;
 }
 
+void WordProcessor::beginRow() {
+  for (int column = 0; column < table_->columns(); ++column) {
+    QTextCursor at = table_->cellAt(row_, column).firstCursorPosition();
+    beginBlock(at);
+  }
+}
+
 void WordProcessor::setColumnWidth(int column, double points) {
-  table().widths.at(static_cast<std::size_t>(column)) = points;
+  QTextTableFormat format = table().format();
+  QList<QTextLength> widths = format.columnWidthConstraints();
+  widths[column] = widthOf(points);
+  format.setColumnWidthConstraints(widths);
+  table_->setFormat(format);
 }
 
 void WordProcessor::setColumnShares(const std::vector<double>& percents) {
-  std::vector<double>& widths = table().widths;
-  for (std::size_t i = 0; i < widths.size(); ++i) widths[i] = open().textWidth() * percents.at(i) / 100;
+  for (int column = 0; column < table().columns(); ++column)
+    setColumnWidth(column, open().textWidth() * percents.at(static_cast<std::size_t>(column)) / 100);
 }
 
-void WordProcessor::setHeadingRow() { table().headings = row_ + 1; }
+void WordProcessor::setHeadingRow() {
+  QTextTableFormat format = table().format();
+  format.setHeaderRowCount(row_ + 1);
+  table_->setFormat(format);
+}
 
 void WordProcessor::moveRight() {
-  Table& here = table();
-  if (++column_ < here.widths.size()) return;
-  column_ = 0;
-  if (++row_ == here.rows.size())
-    here.rows.emplace_back(here.widths.size(), Cell{{Paragraph{{}, alignment_, font_}}});
+  if (++column_ >= table().columns()) {
+    column_ = 0;
+    if (++row_ == table_->rows()) {
+      table_->appendRows(1);
+      beginRow();
+    }
+  }
+  cursor_ = table_->cellAt(row_, column_).lastCursorPosition();
 }
 
 void WordProcessor::moveAfterTable() {
   (void)table();
-  inTable_ = false;
-  open().blocks.emplace_back(Paragraph{{}, alignment_, font_});
+  table_ = nullptr;
+  cursor_.movePosition(QTextCursor::End);
+  beginBlock(cursor_);
   typeParagraph();
 }
 
-void WordProcessor::saveAs(const QString& path) { files::write(path, toRtf(open())); }
-
-void WordProcessor::printOut() { print(open(), activePrinter_); }
-
-void WordProcessor::closeDocument() {
-  (void)open();
-  document_.reset();
+Document& WordProcessor::laidOut() {
+  if (std::exchange(typing_, false)) here().endEditBlock();
+  return open();
 }
 
-void WordProcessor::quit() { document_.reset(); }
+void WordProcessor::saveAs(const QString& path) { files::write(path, toRtf(laidOut())); }
+
+void WordProcessor::printOut() { print(laidOut(), activePrinter_); }
 
 }  // namespace office

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <optional>
+#include <QTextCursor>
+#include <memory>
+#include <vector>
 
 #include "platform/office/word_document.h"
 
@@ -46,9 +48,6 @@ class WordProcessor {
   /// After the last table and an empty paragraph, on a new one.
   void moveAfterTable();
 
-  /// Nothing is shown while a document is made, whatever is asked for.
-  void setVisible(bool) {}
-
   /// Writes the document as RTF, which word processors open under the ending .doc.
   void saveAs(const QString& path);
 
@@ -56,23 +55,25 @@ class WordProcessor {
   /// Prints on the active printer.
   void printOut();
 
-  void closeDocument();
-  void quit();
-
-  [[nodiscard]] const Document& document() const;
+  [[nodiscard]] const Document& document() const { return open(); }
 
  private:
-  [[nodiscard]] Document& open();
-  [[nodiscard]] std::vector<Paragraph>& paragraphs();
-  [[nodiscard]] Paragraph& paragraph();
-  [[nodiscard]] Table& table();
+  [[nodiscard]] Document& open() const;
+  [[nodiscard]] QTextCursor& here();
+  [[nodiscard]] QTextTable& table();
+  /// The open document, to be read.
+  [[nodiscard]] Document& laidOut();
+  void beginBlock(QTextCursor& at) const;
+  void beginRow();
 
   double version_;
-  std::optional<Document> document_;
-  Font font_;
+  std::unique_ptr<Document> document_;
+  QTextCursor cursor_;
+  bool typing_ = false;
+  QTextCharFormat font_;
   Qt::Alignment alignment_ = Qt::AlignLeft;
-  bool inTable_ = false;  // the selection is in the last block, a table
-  std::size_t row_ = 0, column_ = 0;
+  QTextTable* table_ = nullptr;  ///< that the selection is in
+  int row_ = 0, column_ = 0;
   QString activePrinter_;
 };
 

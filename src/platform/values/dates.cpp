@@ -1,5 +1,6 @@
 #include "platform/values/dates.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "platform/values/runtime_error.h"
@@ -13,10 +14,7 @@ namespace {
 /// The server's columns for dates begin there.
 constexpr int kFirstYear = 1753;
 
-std::function<QDateTime()>& clock() {
-  static std::function<QDateTime()> source;
-  return source;
-}
+std::function<QDateTime()> ownClock;
 
 /// Whole number in a fixed place, -1 where a character is no digit.
 int digits(QStringView text, qsizetype at, qsizetype count) {
@@ -72,26 +70,18 @@ QString formatDate(QDate date, QTime time, QStringView form) {
     qsizetype width = 1;
     while (i + width < form.size() && form[i + width] == form[i]) ++width;
     const int places = static_cast<int>(width);
-    switch (form[i].unicode()) {
-      case u'y':
-        write(year, places);
-        break;
-      case u'd':
-        write(day, places);
-        break;
-      case u'h':
-        write(time.hour(), places);
-        break;
-      case u'm':
-        write(behindHours ? time.minute() : month, places);
-        break;
-      case u's':
-        write(time.second(), places);
-        break;
-      default:
-        for (int n = 0; n < places; ++n) *at++ = form[i];
-    }
-    behindHours = behindHours || form[i] == u'h';
+    const QChar sign = form[i];
+    const int value = sign == u'y'   ? year
+                      : sign == u'd' ? day
+                      : sign == u'h' ? time.hour()
+                      : sign == u's' ? time.second()
+                      : sign == u'm' ? (behindHours ? time.minute() : month)
+                                     : -1;
+    if (value >= 0)
+      write(value, places);
+    else
+      at = std::fill_n(at, places, sign);
+    behindHours = behindHours || sign == u'h';
     i += width;
   }
   return out;
@@ -107,13 +97,13 @@ QString toText(QDate date, QTime time) {
 }
 
 QDateTime now() {
-  const QDateTime present = clock() ? clock()() : QDateTime::currentDateTime();
+  const QDateTime present = ownClock ? ownClock() : QDateTime::currentDateTime();
   const QTime time = present.time();
   return wallClock(present.date(), QTime(time.hour(), time.minute(), time.second()));
 }
 
 QDate today() { return now().date(); }
 
-void setClock(std::function<QDateTime()> source) { clock() = std::move(source); }
+void setClock(std::function<QDateTime()> source) { ownClock = std::move(source); }
 
 }  // namespace values

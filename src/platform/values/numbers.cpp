@@ -1,10 +1,10 @@
 #include "platform/values/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <string_view>
 
 #include "platform/values/runtime_error.h"
 
@@ -25,12 +25,12 @@ QStringView withoutBlanks(QStringView text) {
   return text;
 }
 
-/// The value of digits with a point at most, a sign and an exponent; they are known to be well formed.
-double parse(const QByteArray& digits) {
+/// The value of the number that a text begins with, in point notation with any sign; 0 for none.
+double parse(const QByteArray& digits, std::chars_format format = std::chars_format::general) {
   double value = 0;
   const char* first = digits.constData();
   if (*first == '+') ++first;
-  const auto [end, error] = std::from_chars(first, digits.constData() + digits.size(), value);
+  const auto [end, error] = std::from_chars(first, digits.constData() + digits.size(), value, format);
   if (error == std::errc::result_out_of_range && !digits.contains("e-")) raise(kOverflow);
   return error == std::errc{} ? value : 0.0;
 }
@@ -66,78 +66,45 @@ QByteArray regionalDigits(QStringView text) {
   return more() ? QByteArray() : out;
 }
 
-/// A number as decimal digits: value = 0,d1d2d3… times 10 to the power of point.
+/// A number of 15 significant digits: they times 10 to the power of exponent.
 struct Decimal {
   bool negative = false;
-  std::array<char, 24> digits{};
-  int size = 0;  // digits that count: no trailing zeros, none for zero
-  int point = 0;
-
-  void take(std::string_view text) {
-    size = 0;
-    for (const char c : text)
-      if (c != '.') digits[static_cast<std::size_t>(size++)] = c;
-    while (size > 0 && at(size - 1) == '0') --size;
-  }
-  [[nodiscard]] char& at(int place) { return digits[static_cast<std::size_t>(place)]; }
-  [[nodiscard]] char at(int place) const { return digits[static_cast<std::size_t>(place)]; }
+  qint64 digits = 0;
+  int exponent = 0;
 };
 
 Decimal decompose(double number) {
   if (!std::isfinite(number)) raise(kOverflow);
-  Decimal out;
-  out.negative = std::signbit(number);
-  std::array<char, 40> buffer{};
-  const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(number),
-                                    std::chars_format::scientific, kDigits - 1);
-  const std::string_view text(buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data()));
-  const auto e = text.find('e');
-  out.take(text.substr(0, e));
-  const std::size_t sign = text[e + 1] == '+' ? e + 2 : e + 1;
-  std::from_chars(text.data() + sign, result.ptr, out.point);
-  ++out.point;
+  Decimal out{.negative = std::signbit(number)};
+  std::array<char, 40> text{};  // "d.dd…e±dd"
+  const char* end = std::to_chars(text.data(), text.data() + text.size(), std::abs(number),
+                                  std::chars_format::scientific, kDigits - 1)
+                        .ptr;
+  text[1] = text[0];
+  const char* power = std::from_chars(text.data() + 1, end, out.digits).ptr + 1;
+  std::from_chars(*power == '+' ? power + 1 : power, end, out.exponent);
+  out.exponent -= kDigits - 1;
   return out;
 }
 
-/// Keeps that many digits after the point, half away from zero.
-void roundTo(Decimal& number, int decimals) {
-  const int keep = number.point + decimals;
-  if (keep >= number.size) return;
-  const bool up = keep >= 0 && number.at(keep) >= '5';
-  number.size = std::max(keep, 0);
-  if (!up) return;
-  while (number.size > 0 && number.at(number.size - 1) == '9') --number.size;
-  if (number.size > 0) {
-    ++number.at(number.size - 1);
-  } else {
-    number.at(0) = '1';
-    number.size = 1;
-    ++number.point;
-  }
-}
-
-/// Digits before the point, at least that many, and exactly so many after it.
+/// With so many digits after the comma, half away from zero, and at least so many before it.
 QString plain(const Decimal& number, int leastDigits, int decimals) {
-  const auto digit = [&](int place) {  // place 0 stands right after the point
-    const int at = number.point + place;
-    return QChar(QLatin1Char(at >= 0 && at < number.size ? number.at(at) : '0'));
-  };
-  const int before = std::max(number.size == 0 ? 0 : number.point, leastDigits);
-  QString text;
-  text.reserve(before + decimals + 2);
-  if (number.negative && number.size > 0) text += u'-';
-  for (int place = -before; place < 0; ++place) text += digit(place);
-  if (decimals > 0) text += u',';
-  for (int place = 0; place < decimals; ++place) text += digit(place);
-  return text;
+  qint64 digits = number.digits;
+  const int surplus = -number.exponent - decimals;
+  if (surplus > kDigits) digits = 0;
+  qint64 power = 1;
+  for (int place = 0; digits > 0 && place < surplus; ++place) power *= 10;
+  digits = (digits + power / 2) / power;
+  QString text = digits == 0 ? QString() : QString::number(digits) + QString(std::max(-surplus, 0), u'0');
+  text = text.rightJustified(leastDigits + decimals, u'0');
+  if (decimals > 0) text.insert(text.size() - decimals, u',');
+  return number.negative && digits > 0 ? u'-' + text : text;
 }
 
 double rounded(double number) {
   if (!std::isfinite(number)) raise(kOverflow);
   if (std::abs(number) >= 1e15) return number;
-  Decimal decimal = decompose(number);
-  roundTo(decimal, 0);
-  return plain(decimal, 1, 0).toDouble();
+  return plain(decompose(number), 1, 0).toDouble();
 }
 
 template <class Int>
@@ -152,22 +119,10 @@ Int toInteger(double number) {
 }  // namespace
 
 double leadingNumber(QStringView text) {
-  while (!text.isEmpty() && isBlank(text.front())) text = text.sliced(1);
-  QByteArray out;
-  int digits = 0;
-  bool point = false;
-  for (qsizetype at = 0; at < text.size(); ++at) {
-    const QChar c = text[at];
-    if (isDigit(c)) {
-      ++digits;
-    } else if (c == u'.' && !point) {
-      point = true;
-    } else if (at != 0 || (c != u'-' && c != u'+')) {
-      break;
-    }
-    out += static_cast<char>(c.unicode());
-  }
-  return digits == 0 ? 0.0 : parse(out);
+  const QByteArray number = withoutBlanks(text).toLatin1();
+  const qsizetype sign = number.startsWith('-') || number.startsWith('+') ? 1 : 0;
+  const QChar first = QLatin1Char(number.size() > sign ? number[sign] : ' ');
+  return isDigit(first) || first == u'.' ? parse(number, std::chars_format::fixed) : 0.0;
 }
 
 double toNumber(QStringView text) {
@@ -200,25 +155,22 @@ qint32 toInt32(double number) { return toInteger<qint32>(number); }
 qint64 toInt64(double number) { return toInteger<qint64>(number); }
 
 QString toText(double number) {
-  const Decimal decimal = decompose(number);
-  const int size = decimal.size;
-  if (size == 0) return u"0"_s;
-  if (decimal.point > -kDigits && decimal.point <= kDigits)
-    return plain(decimal, 1, std::max(size - decimal.point, 0));
-  Decimal mantissa = decimal;
-  mantissa.point = 1;
-  const int exponent = decimal.point - 1;
-  return u"%1E%2%3"_s.arg(plain(mantissa, 1, size - 1), exponent < 0 ? u"-"_s : u"+"_s)
-      .arg(std::abs(exponent), 2, 10, QLatin1Char('0'));
+  Decimal decimal = decompose(number);
+  if (decimal.digits == 0) return u"0"_s;
+  int size = kDigits;
+  for (; decimal.digits % 10 == 0; decimal.digits /= 10, ++decimal.exponent) --size;
+  const int point = size + decimal.exponent;
+  if (point > -kDigits && point <= kDigits) return plain(decimal, 1, std::max(-decimal.exponent, 0));
+  decimal.exponent = 1 - size;
+  return u"%1E%2%3"_s.arg(plain(decimal, 1, size - 1), point > 0 ? u"+"_s : u"-"_s)
+      .arg(std::abs(point - 1), 2, 10, QLatin1Char('0'));
 }
 
 QString format(double number, QStringView mask) {
   const qsizetype point = mask.indexOf(u'.');
   const QStringView before = point < 0 ? mask : mask.first(point);
   const int decimals = point < 0 ? 0 : static_cast<int>(mask.sliced(point + 1).count(u'0'));
-  Decimal decimal = decompose(number);
-  roundTo(decimal, decimals);
-  return plain(decimal, static_cast<int>(before.count(u'0')), decimals);
+  return plain(decompose(number), static_cast<int>(before.count(u'0')), decimals);
 }
 
 QString format(const QString& text, QStringView mask) {

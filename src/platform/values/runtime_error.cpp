@@ -1,18 +1,12 @@
 #include "platform/values/runtime_error.h"
 
-#include <array>
 #include <utility>
 
 namespace values {
 
 namespace {
 
-struct Message {
-  int number;
-  const char16_t* text;
-};
-
-constexpr std::array<Message, 22> kMessages{{
+constexpr std::pair<int, const char16_t*> kMessages[] = {
     {kOverflow, u"Estouro"},
     {kOutOfMemory, u"Memória insuficiente"},
     {kDivisionByZero, u"Divisão por zero"},
@@ -35,7 +29,7 @@ constexpr std::array<Message, 22> kMessages{{
     {kMailFailed, u"O e-mail não foi enviado"},
     {kStatementFailed, u"O banco de dados recusou o comando"},
     {kConnectionFailed, u"Falha de conexão com o servidor de banco de dados"},
-}};
+};
 
 }  // namespace
 
@@ -43,8 +37,8 @@ RuntimeError::RuntimeError(int number, QString text, QString statement)
     : number_(number), text_(std::move(text)), statement_(std::move(statement)), utf8_(text_.toUtf8()) {}
 
 QString standardText(int number) {
-  for (const Message& one : kMessages)
-    if (one.number == number) return QString::fromUtf16(one.text);
+  for (const auto& [known, text] : kMessages)
+    if (known == number) return QString::fromUtf16(text);
   return QStringLiteral("Erro %1").arg(number);
 }
 

@@ -149,22 +149,22 @@ class OnEngine : public ::testing::Test {
   void start(const std::string& engine, bool asTheServer = false) {
     if (asTheServer && !contract::isLikeTheServer(engine)) GTEST_SKIP() << "this engine differs here";
     engine_ = std::make_unique<contract::Engine>(engine);
-    connection = connected();
+    reconnect();
     for (const auto name : {u"prop_cmrc", u"prop_cmrc_deta"})
       for (const QString& statement : engine_->createTable(*schema::find(name)))
         connection.execute(statement);
   }
   void TearDown() override {
     if (!engine_) return;
-    connection = connected();
+    reconnect();
     for (const auto& name : {u"prop_cmrc"_s, u"prop_cmrc_deta"_s})
       connection.execute(u"DROP TABLE "_s + name);
   }
 
-  [[nodiscard]] data::Connection connected() const {
-    data::Connection made;
-    made.open(engine_->connectionString(), 20);
-    return made;
+  void reconnect() {
+    connection.setListener({});
+    connection.drop();
+    connection.open(engine_->connectionString(), 20);
   }
   [[nodiscard]] QStringList rows(const QString& sql) {
     QStringList all;
@@ -208,7 +208,7 @@ TEST_P(ContractRefusals, FailAndEndTheUseOfTheConnection) {
   EXPECT_EQ(errorOf([&] { connection.commit(); }), values::kStatementFailed);
   EXPECT_EQ(errorOf([&] { (void)connection.query(u"SELECT 1"_s); }), values::kStatementFailed);
   EXPECT_EQ(sent, QStringList());
-  connection = connected();
+  reconnect();
   EXPECT_EQ(rows(u"SELECT NOME_CLIE FROM PROP_CMRC"_s), QStringList());
 }
 
@@ -223,7 +223,7 @@ TEST_P(Contract, KeepsWhatIsCommittedAndNothingElse) {
   connection.commit();
   connection.begin();
   insert(u"NOME_CLIE"_s, u"dois"_s);
-  connection = connected();
+  reconnect();
   EXPECT_EQ(rows(u"SELECT NOME_CLIE FROM PROP_CMRC"_s), QStringList{u"um"_s});
 }
 

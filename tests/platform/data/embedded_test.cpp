@@ -21,11 +21,7 @@ class EmbeddedFile : public ::testing::Test {
     made.execute(u"CREATE TABLE t (id INTEGER PRIMARY KEY AUTOINCREMENT, nome TEXT COLLATE ZARIM)"_s);
   }
 
-  data::Connection open() const {
-    data::Connection made;
-    made.open(u"server=(embutido);database="_s + path, 5);
-    return made;
-  }
+  data::Connection open() const { return {u"server=(embutido);database="_s + path, 5}; }
 
   /// Text of the error that opening raises; its number must be the one of a connection that can't be made.
   QString refusal() const {
@@ -58,8 +54,8 @@ TEST_F(EmbeddedFile, SaysWhatIsWrongWithAFile) {
   open().execute(u"INSERT INTO t (nome) VALUES ('%1')"_s.arg(QString(100'000, u'x')));
   QFile file(path);
   ASSERT_TRUE(file.resize(file.size() / 2));
-  EXPECT_TRUE(refusal().contains(u"está incompleto"_s)) << refusal().toStdString();
-  ASSERT_TRUE(file.resize(50));
+  EXPECT_TRUE(refusal().contains(u"está danificado"_s)) << refusal().toStdString();
+  ASSERT_TRUE(file.resize(0));
   EXPECT_TRUE(refusal().contains(u"não é um banco de dados"_s)) << refusal().toStdString();
   ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(QByteArray(4096, 'z')) == 4096);
   file.close();

@@ -6,6 +6,8 @@ using data::Statements;
 
 namespace {
 
+Statements read(QStringView sql) { return data::readStatement({sql.toString()}).read; }
+
 TEST(OneStatement, IsWhatTheProgramSays) {
   for (const QStringView sql :
        {u"SELECT * FROM prop_cmrc WHERE idprop_cmrc='1' ORDER BY 2;",
@@ -17,7 +19,7 @@ TEST(OneStatement, IsWhatTheProgramSays) {
         u"SELECT 1 ORDER BY 1 OFFSET 5 ROWS FETCH NEXT 5 ROWS ONLY", u"DROP TABLE IF EXISTS t",
         u"WITH x AS (SELECT 1 a) SELECT a FROM x", u"ALTER TABLE t ADD b int", u"", u"BEGIN TRANSACTION",
         u"CREATE TRIGGER z AFTER INSERT ON t BEGIN UPDATE t SET a=1; END", u"EXPLAIN QUERY PLAN SELECT 1"})
-    EXPECT_EQ(data::statementsIn(sql), Statements::One) << sql.toUtf8().toStdString();
+    EXPECT_EQ(read(sql), Statements::One) << sql.toUtf8().toStdString();
 }
 
 TEST(OneStatement, IsNotWhatAServerWouldReadAsMore) {
@@ -52,18 +54,18 @@ TEST(OneStatement, IsNotWhatAServerWouldReadAsMore) {
          {QStringLiteral("UPDATE t SET a='%1' WHERE (id=1)").arg(tail),
           QStringLiteral("insert into t (a) values ('%1')").arg(tail),
           QStringLiteral("SELECT a FROM t WHERE a IN (SELECT b FROM u) AND c='%1'").arg(tail)})
-      EXPECT_EQ(data::statementsIn(sql), Statements::More) << sql.toStdString();
+      EXPECT_EQ(read(sql), Statements::More) << sql.toStdString();
   }
   for (const QStringView sql :
        {u"INSERT INTO t (a) VALUES ('x') SELECT 1", u"INSERT INTO t SELECT 1 SELECT 2", u"SELECT 1; SELECT 2",
         u"UPDATE t SET a=1 SET a=2", u";SELECT 1"})
-    EXPECT_EQ(data::statementsIn(sql), Statements::More) << sql.toUtf8().toStdString();
+    EXPECT_EQ(read(sql), Statements::More) << sql.toUtf8().toStdString();
 }
 
 TEST(OneStatement, FindsQuotesThatDoNotPair) {
   for (const QStringView sql :
        {u"SELECT 'D'Ávila'", u"SELECT [a]]", u"SELECT \"a", u"SELECT N'x''; delete t"})
-    EXPECT_EQ(data::statementsIn(sql), Statements::Unpaired) << sql.toUtf8().toStdString();
+    EXPECT_EQ(read(sql), Statements::Unpaired) << sql.toUtf8().toStdString();
 }
 
 }  // namespace

@@ -124,7 +124,7 @@ TEST_F(Grid, ADraggedWidthOutlivesLayoutAndFormAndAHiddenColumnStaysHidden) {
   sample.Flex->setSpareColumns({1, 2});
   sample.Flex->setColumnWidth(2, 123);
   sample.resize(700, 500);
-  sample.hideForm();
+  sample.hide();
   forms::registry::clear();
   auto& again = forms::form<frmSample>();
   again.rememberMeasures();

@@ -40,7 +40,7 @@ TEST_F(Life, AModalFormUnloadsFromItsOwnHandlerAndTheNextUseMakesItAnew) {
   EXPECT_TRUE(sample.taken().endsWith(u"cmdOne! back"_s));
   EXPECT_EQ(QApplication::activeWindow(), &sample);
   EXPECT_TRUE(form<frmOther>().windowTitle().isEmpty());
-  form<frmOther>().hideForm();
+  form<frmOther>().hide();
   EXPECT_TRUE(form<frmOther>().isLoaded());
   EXPECT_EQ(frmOther::loads, 2);
 }

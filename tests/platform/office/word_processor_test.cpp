@@ -9,7 +9,6 @@
 
 #include "platform/files/contents.h"
 #include "platform/office/printers.h"
-#include "platform/office/rtf_writer.h"
 #include "platform/values/runtime_error.h"
 
 using namespace Qt::StringLiterals;

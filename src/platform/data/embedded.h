@@ -19,9 +19,6 @@ using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 /// Raises -2147467259 when it is missing, is no database, is shorter than it says it is, or can't be opened.
 [[nodiscard]] Database openLibrary(const QString& path);
 
-/// What the last error of a database means to a user; the library's own words where nothing better is known.
-[[nodiscard]] QString libraryWords(sqlite3* database, const QString& path);
-
 /// A statement in the words of the SQLite library: a FROM after a DELETE that has none, and the library's
 /// function for the `@@identity` that a statement selects.
 [[nodiscard]] QString toEmbeddedDialect(const ReadStatement& statement);
