@@ -68,6 +68,9 @@ class frmMontarProduto : public forms::Form, public Ui::frmMontarProduto {
   void escolheMaterial(int aba);
   /// Rows of code, quantity and remark, as a spreadsheet copies them, become lines (pasting_lines.cpp).
   void colaLinhas(const QStringList& coladas);
+  /// One of them, of an article and its class; why it can't be a line, empty where it has become one.
+  QString colaLinha(const forms::GridRow& artigo, const QString& tipo, const QString& quantidade,
+                    const QString& observacao, std::optional<double> fator);
   void cmdPesquisa_Click();
 
   // Lines (line_editing.cpp)

@@ -97,28 +97,8 @@ void frmMontarProduto::colaLinhas(const QStringList& coladas) {
   for (std::size_t i = 0; i < linhas.size(); ++i) {
     const Colada& linha = linhas[i];
     const auto [artigo, tipo] = waitFor(pedidos[i]);
-    QString recusa = recusaDaQuantidade(linha.quantidade);
-    if (tipo.isEmpty()) recusa = u"não encontrado"_s;
-    if (recusa.isEmpty()) recusa = recusaDoArtigo(tipo, artigo.text(Codigo));
-    if (!recusa.isEmpty()) {
-      recusadas << u"Linha %1, %2: %3"_s.arg(linha.numero).arg(linha.codigo, recusa.replace(u'\r', u' '));
-      continue;
-    }
-    const bool produto = tipo == kTipoProduto;
-    const QString observacao = corta(linha.observacao, maximoDaObservacao());
-    // That of the product is the item's.
-    if (produto && txtObservacoes->text().isEmpty()) txtObservacoes->setText(observacao);
-    incluiArtigo({{Column::Id, artigo.text(Id)},
-                  {Column::Codigo, artigo.text(Codigo)},
-                  {Column::Descricao, artigo.text(Descricao)},
-                  {Column::Quantidade, linha.quantidade},
-                  {Column::Unidade, artigo.text(Unidade)},
-                  {Column::QtUnidade, artigo.text(QtUnidade)},
-                  {Column::ValorUnitario, artigo.text(Valor)},
-                  {Column::Tipo, tipo},
-                  {Column::Observacao, produto ? QString() : observacao},
-                  {Column::Ordem, ordemDoTipo(tipo)}},
-                 fator);
+    const QString recusa = colaLinha(artigo, tipo, linha.quantidade, linha.observacao, fator);
+    if (!recusa.isEmpty()) recusadas << u"Linha %1, %2: %3"_s.arg(linha.numero).arg(linha.codigo, recusa);
   }
   arrumaLinhas();
   if (recusadas.isEmpty()) return;
@@ -126,4 +106,29 @@ void frmMontarProduto::colaLinhas(const QStringList& coladas) {
   const qsizetype resto = recusadas.size() - kMaximo;
   if (resto > 0) recusadas = recusadas.first(kMaximo) << u"… e mais %1"_s.arg(resto);
   avisa(u"Não entraram na montagem:\r"_s + recusadas.join(u'\r'), windowTitle());
+}
+
+QString frmMontarProduto::colaLinha(const forms::GridRow& artigo, const QString& tipo,
+                                    const QString& quantidade, const QString& observacao,
+                                    std::optional<double> fator) {
+  if (tipo.isEmpty()) return u"não encontrado"_s;
+  QString recusa = recusaDaQuantidade(quantidade);
+  if (recusa.isEmpty()) recusa = recusaDoArtigo(tipo, artigo.text(Codigo));
+  if (!recusa.isEmpty()) return recusa.replace(u'\r', u' ');
+  const bool produto = tipo == kTipoProduto;
+  const QString cabe = corta(observacao, maximoDaObservacao());
+  // That of the product is the item's.
+  if (produto && txtObservacoes->text().isEmpty()) txtObservacoes->setText(cabe);
+  incluiArtigo({{Column::Id, artigo.text(Id)},
+                {Column::Codigo, artigo.text(Codigo)},
+                {Column::Descricao, artigo.text(Descricao)},
+                {Column::Quantidade, quantidade},
+                {Column::Unidade, artigo.text(Unidade)},
+                {Column::QtUnidade, artigo.text(QtUnidade)},
+                {Column::ValorUnitario, artigo.text(Valor)},
+                {Column::Tipo, tipo},
+                {Column::Observacao, produto ? QString() : cabe},
+                {Column::Ordem, ordemDoTipo(tipo)}},
+               fator);
+  return {};
 }
