@@ -39,11 +39,7 @@ QString connectionString() {
   return context.TipoBanco == u"FIREBIRD"_s ? context.StringConexaoFirebird : context.StringConexaoMSSQL;
 }
 
-data::Connection connect() {
-  data::Connection connection;
-  connection.open(connectionString(), kConnectTime);
-  return connection;
-}
+data::Connection connect() { return {connectionString(), kConnectTime}; }
 
 QJsonArray readMail() {
   const QString folder = qEnvironmentVariable("ZARIM_MAIL_FOLDER");

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QLayout>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>

@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
-#include <algorithm>
 
 #include "platform/forms/form_private.h"
 #include "platform/forms/process.h"

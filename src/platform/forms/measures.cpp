@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QSettings>
-#include <QStringList>
 #include <memory>
 
 using namespace Qt::StringLiterals;

@@ -1,9 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QByteArray>
 #include <csignal>
-#include <initializer_list>
 
 #include "platform/forms/process.h"
 

@@ -22,9 +22,8 @@ struct Ended {
 /// nobody reads, or that is closed, is no end. The first thing that a program does.
 void endPlainly();
 
-/// Makes the standard outputs safe to write to, once, before the program opens a file (outputs_unix.cpp): a
-/// closed output leads nowhere, and a pipe that nobody reads or a limit on files is an error of the write
-/// that meets it. Nothing of it is known to Windows.
+/// Its part of that for the standard outputs and a limit on files; nothing of it is known to Windows
+/// (outputs_unix.cpp).
 void keepOutputs();
 
 /// For a program that shows nothing: before its application, where there may be no display

@@ -1,11 +1,9 @@
 #include <QApplication>
-#include <QFontDatabase>
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QProxyStyle>
-#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QToolTip>
