@@ -63,8 +63,7 @@ TEST_F(Ends, TheLineOnStandardErrorNamesTheStatementThatFailed) {
   sqlserver::TdsServer server;
   for (const QString& string :
        {server.connectionString(), u"server=(embutido);database="_s + databasePath()}) {
-    data::Connection connection;
-    connection.open(string, 5);
+    data::Connection connection(string, 5);
     ::testing::internal::CaptureStderr();
     forms::guarded(
         [&] {

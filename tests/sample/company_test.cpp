@@ -140,8 +140,7 @@ class ServerFill : public ::testing::TestWithParam<Foreign> {
     return support::errorOf([&] { sample::fillServer(folder.path(), database, wishes, true); });
   }
   QString there(const QString& statement) {
-    data::Connection connection;
-    connection.open(server.connectionString(), 5);
+    data::Connection connection(server.connectionString(), 5);
     const auto rows = connection.query(statement);
     return rows.isOpen() ? rows.text(u"n"_s) : QString();
   }

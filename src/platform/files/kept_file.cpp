@@ -198,10 +198,6 @@ void KeptFile::post(const std::function<void(Keeper&)>& job) {
   disk_->start([keeper = keeper_, job] { job(*keeper); });
 }
 
-void KeptFile::keep(const QByteArray& content) { want(content); }
-
-void KeptFile::drop() { want(std::nullopt); }
-
 bool KeptFile::settle(milliseconds patience) {
   return disk_->waitForDone(static_cast<int>(patience.count())) && keeper_->good;
 }

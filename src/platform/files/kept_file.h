@@ -28,9 +28,9 @@ class KeptFile {
 
   /// From here on the file shall hold this, whole lines. Of contents that wait for the disk the last one
   /// counts.
-  void keep(const QByteArray& content);
+  void keep(const QByteArray& content) { want(content); }
   /// From here on there shall be no file.
-  void drop();
+  void drop() { want(std::nullopt); }
   /// Waits until the disk has done what was asked for; whether it has, in time and without a fault.
   [[nodiscard]] bool settle(std::chrono::milliseconds patience);
 

@@ -101,31 +101,28 @@ Dialogue::Dialogue(bool encrypted, const QString& password, int patience)
 }
 
 void Dialogue::listenTo(CURL* handle) {
+  const auto overhear = [](CURL*, curl_infotype type, char* data, size_t size, void* self) {
+    auto* dialogue = static_cast<Dialogue*>(self);
+    if (type == CURLINFO_HEADER_OUT) dialogue->said(QByteArray(data, static_cast<qsizetype>(size)));
+    if (type == CURLINFO_DATA_OUT) dialogue->answer_.clear();
+    return 0;
+  };
+  // The client ends the transfer before it acts on a line that was not taken.
+  const auto hear = [](char* line, size_t size, size_t count, void* self) {
+    const QByteArray all(line, static_cast<qsizetype>(size * count));
+    return static_cast<Dialogue*>(self)->takes(all) ? size * count : 0;
+  };
+  const auto watch = [](void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t sent) {
+    return static_cast<Dialogue*>(self)->goesOn(sent) ? 0 : 1;
+  };
   curl_easy_setopt(handle, CURLOPT_VERBOSE, 1L);
-  curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, &Dialogue::overhear);
+  curl_easy_setopt(handle, CURLOPT_DEBUGFUNCTION, +overhear);
   curl_easy_setopt(handle, CURLOPT_DEBUGDATA, this);
-  curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &Dialogue::hear);
+  curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, +hear);
   curl_easy_setopt(handle, CURLOPT_HEADERDATA, this);
   curl_easy_setopt(handle, CURLOPT_NOPROGRESS, 0L);
-  curl_easy_setopt(handle, CURLOPT_XFERINFOFUNCTION, &Dialogue::watch);
+  curl_easy_setopt(handle, CURLOPT_XFERINFOFUNCTION, +watch);
   curl_easy_setopt(handle, CURLOPT_XFERINFODATA, this);
-}
-
-int Dialogue::overhear(CURL* /*handle*/, curl_infotype type, char* data, size_t size, void* self) {
-  auto* dialogue = static_cast<Dialogue*>(self);
-  if (type == CURLINFO_HEADER_OUT) dialogue->said(QByteArray(data, static_cast<qsizetype>(size)));
-  if (type == CURLINFO_DATA_OUT) dialogue->answer_.clear();
-  return 0;
-}
-
-size_t Dialogue::hear(char* line, size_t size, size_t count, void* self) {
-  const size_t bytes = size * count;
-  // The client ends the transfer before it acts on a line that was not taken.
-  return static_cast<Dialogue*>(self)->takes(QByteArray(line, static_cast<qsizetype>(bytes))) ? bytes : 0;
-}
-
-int Dialogue::watch(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t sent) {
-  return static_cast<Dialogue*>(self)->goesOn(sent) ? 0 : 1;
 }
 
 bool Dialogue::goesOn(curl_off_t sent) {

@@ -32,10 +32,6 @@ class Dialogue {
   [[nodiscard]] QStringList details(const QString& server) const;
 
  private:
-  static int overhear(CURL* handle, curl_infotype type, char* data, size_t size, void* self);
-  static size_t hear(char* line, size_t size, size_t count, void* self);
-  static int watch(void* self, curl_off_t, curl_off_t, curl_off_t, curl_off_t sent);
-
   void said(const QByteArray& line);
   /// Whether the transfer may go on after this line of an answer.
   [[nodiscard]] bool takes(const QByteArray& line);

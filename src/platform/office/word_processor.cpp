@@ -81,16 +81,11 @@ void WordProcessor::beginBlock(QTextCursor& at) const {
   at.setBlockCharFormat(font_);
 }
 
-void WordProcessor::setTopMargin(double points) { open().topMargin = points; }
-void WordProcessor::setBottomMargin(double points) { open().bottomMargin = points; }
-
 void WordProcessor::setFont(const QString& name, double size, bool bold) {
   font_.setFontFamilies({name});
   font_.setFontPointSize(size);
   setBold(bold);
 }
-
-void WordProcessor::setBold(bool bold) { font_.setFontWeight(bold ? QFont::Bold : QFont::Normal); }
 
 void WordProcessor::setAlignment(Qt::Alignment alignment) {
   alignment_ = alignment;

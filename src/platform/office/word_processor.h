@@ -19,11 +19,11 @@ class WordProcessor {
   static void setInstalledVersion(double version);
 
   void addDocument(const QString& title = {}, const QString& foot = {});
-  void setTopMargin(double points);
-  void setBottomMargin(double points);
+  void setTopMargin(double points) { open().topMargin = points; }
+  void setBottomMargin(double points) { open().bottomMargin = points; }
 
   void setFont(const QString& name, double size, bool bold = false);
-  void setBold(bool bold);
+  void setBold(bool bold) { font_.setFontWeight(bold ? QFont::Bold : QFont::Normal); }
   /// Of the paragraph that the selection stands in, and of those typed after it.
   void setAlignment(Qt::Alignment alignment);
   /// Keeps the current paragraph on the page of the one after it.

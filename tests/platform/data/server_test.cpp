@@ -81,8 +81,7 @@ class ServerInMidSession : public ::testing::TestWithParam<std::tuple<TdsServer:
 TEST_P(ServerInMidSession, LeavesNothingOfAnOpenTransaction) {
   const auto [act, statement] = GetParam();
   TdsServer server;
-  data::Connection connection;
-  connection.open(server.connectionString(), 1);
+  data::Connection connection(server.connectionString(), 1);
   connection.execute(u"CREATE TABLE nota (a varchar(20))"_s);
   server.setFault([&](const QString& sql) {
     return sql.contains(QString::fromLatin1(statement)) ? act : TdsServer::Act::Answer;
@@ -98,8 +97,7 @@ TEST_P(ServerInMidSession, LeavesNothingOfAnOpenTransaction) {
   EXPECT_EQ(errorOf([&] { connection.commit(); }), values::kConnectionFailed);
   connection.close();
   server.setFault({});
-  data::Connection other;
-  other.open(server.connectionString(), 5);
+  data::Connection other(server.connectionString(), 5);
   EXPECT_TRUE(other.query(u"SELECT a FROM nota"_s).eof());
 }
 
@@ -113,8 +111,7 @@ class ServerInMidBatch : public ::testing::TestWithParam<std::tuple<TdsServer::A
 TEST_P(ServerInMidBatch, IsLostAndNoShortResultPassesForAWholeOne) {
   const auto [act, victim] = GetParam();
   TdsServer server;
-  data::Connection connection;
-  connection.open(server.connectionString(), 1);
+  data::Connection connection(server.connectionString(), 1);
   connection.execute(u"CREATE TABLE nota (a varchar(200))"_s);
   connection.begin();
   std::vector<data::Statement> inserts(300, {u"INSERT INTO nota VALUES ('%1')"_s.arg(QString(150, u'x'))});
@@ -138,8 +135,7 @@ TEST(ServerInBatch, RefusesAResultThatNobodyAskedFor) {
       {u"SELECT a FROM nota"_s}, {u"INSERT INTO nota VALUES ('dois')"_s}, {u"SELECT a FROM nota"_s}};
   for (const data::Statement& victim : batch) {
     TdsServer server;
-    data::Connection connection;
-    connection.open(server.connectionString(), 5);
+    data::Connection connection(server.connectionString(), 5);
     connection.execute(u"CREATE TABLE nota (a varchar(20))"_s);
     server.setFault([&, seen = false](const QString& sql) mutable {
       return sql == victim.sql && !std::exchange(seen, true) ? TdsServer::Act::Another

@@ -54,14 +54,3 @@ TEST_F(Focus, AnAccessKeyMovesTheFocusFirstAndABoxSwallowsItToo) {
   support::key(sample.cmdOne, Qt::Key_T, Qt::AltModifier);
   EXPECT_EQ(sample.taken(), u"cmdOne- cmdTwo+"_s);
 }
-
-TEST_F(Focus, StaysWhereItIsIfTheControlCannotHaveIt) {
-  sample.txtB->setEnabled(false);
-  forms::Form::focus(sample.txtB);
-  sample.cboC->hide();
-  forms::Form::focus(sample.cboC);
-  forms::Form::focus(nullptr);
-  support::settle();
-  EXPECT_TRUE(sample.txtA->hasFocus());
-  EXPECT_EQ(sample.taken(), QString());
-}

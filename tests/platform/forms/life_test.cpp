@@ -83,10 +83,6 @@ TEST_F(Life, LongWorkShowsHowFarItIsAndHandlesNoEvent) {
   EXPECT_FALSE(handled);
 }
 
-TEST_F(Life, TheProcessEndsAtOnceWithItsStatus) {
-  EXPECT_EXIT(forms::guarded([] { forms::end(3); }), ::testing::ExitedWithCode(3), "");
-}
-
 TEST_F(Life, RealBoxesAnswerToKeys) {
   using enum forms::Buttons;
   const auto press = [](QKeyCombination key) {
