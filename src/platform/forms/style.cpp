@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QHash>
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QPainter>
@@ -26,6 +27,10 @@ constexpr int kRemarkFrame = 2;
 
 bool isPrincipal(const QWidget* widget) {
   return widget != nullptr && widget->property("principal").toBool();
+}
+
+bool isEnabledPrincipal(const QStyleOption& option, const QWidget* widget) {
+  return isPrincipal(widget) && option.state.testFlag(QStyle::State_Enabled);
 }
 
 bool isLockedField(const QWidget* widget) {
@@ -59,39 +64,21 @@ class ProgramStyle : public QProxyStyle {
   ProgramStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-    switch (metric) {
-      case PM_LayoutHorizontalSpacing:
-        return 6;
-      case PM_LayoutVerticalSpacing:
-        return 5;
-      case PM_LayoutLeftMargin:
-      case PM_LayoutRightMargin:
-      case PM_LayoutTopMargin:
-      case PM_LayoutBottomMargin:
-        return 8;
-      // At a scale that is no whole number the text's ground takes part of the line beside it.
-      case PM_DefaultFrameWidth:
-        return qobject_cast<const QPlainTextEdit*>(widget) != nullptr
-                   ? kRemarkFrame
-                   : QProxyStyle::pixelMetric(metric, option, widget);
-      default:
-        return QProxyStyle::pixelMetric(metric, option, widget);
-    }
+    static const QHash<int, int> kOwn{{PM_LayoutHorizontalSpacing, 6}, {PM_LayoutVerticalSpacing, 5},
+                                      {PM_LayoutLeftMargin, 8},        {PM_LayoutRightMargin, 8},
+                                      {PM_LayoutTopMargin, 8},         {PM_LayoutBottomMargin, 8}};
+    // At a scale that is no whole number the text's ground takes part of the line beside it.
+    if (metric == PM_DefaultFrameWidth && qobject_cast<const QPlainTextEdit*>(widget) != nullptr)
+      return kRemarkFrame;
+    const auto own = kOwn.constFind(metric);
+    return own == kOwn.cend() ? QProxyStyle::pixelMetric(metric, option, widget) : *own;
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override {
-    switch (hint) {
-      // The list of a combo drops down under it.
-      case SH_ComboBox_Popup:
-        return 0;
-      case SH_UnderlineShortcut:
-        return 1;
-      case SH_EtchDisabledText:
-        return 0;
-      default:
-        return QProxyStyle::styleHint(hint, option, widget, result);
-    }
+    // The list of a combo drops down under it.
+    if (hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText) return 0;
+    return hint == SH_UnderlineShortcut ? 1 : QProxyStyle::styleHint(hint, option, widget, result);
   }
 
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
@@ -103,45 +90,37 @@ class ProgramStyle : public QProxyStyle {
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
-    if (element == PE_FrameGroupBox) {
-      drawGroup(*option, painter, widget);
-    } else if (element == PE_PanelLineEdit && isLockedField(widget)) {
-      drawLockedGround(*option, painter, widget);
-    } else if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-               element == PE_PanelLineEdit && frame != nullptr && widget != nullptr) {
+    if (element == PE_FrameGroupBox) return drawGroup(*option, painter, widget);
+    if (element == PE_PanelLineEdit && isLockedField(widget))
+      return drawLockedGround(*option, painter, widget);
+    if (element == PE_PanelButtonCommand && isEnabledPrincipal(*option, widget))
+      return drawPrincipal(*option, painter);
+    if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        element == PE_PanelLineEdit && frame != nullptr && widget != nullptr) {
       QStyleOptionFrame lit = *frame;
       lit.palette.setColor(QPalette::Base, groundOf(*widget));
-      QProxyStyle::drawPrimitive(element, &lit, painter, widget);
-    } else if (element == PE_PanelButtonCommand && isPrincipal(widget) &&
-               option->state.testFlag(State_Enabled)) {
-      drawPrincipal(*option, painter);
-    } else {
-      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      return QProxyStyle::drawPrimitive(element, &lit, painter, widget);
     }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
   }
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget) const override {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
-    if (element == CE_PushButtonLabel && button != nullptr && isPrincipal(widget) &&
-        option->state.testFlag(State_Enabled)) {
+    if (element == CE_PushButtonLabel && button != nullptr && isEnabledPrincipal(*option, widget)) {
       QStyleOptionButton white = *button;
       white.palette.setColor(QPalette::ButtonText, Qt::white);
-      QProxyStyle::drawControl(element, &white, painter, widget);
-      return;
+      return QProxyStyle::drawControl(element, &white, painter, widget);
     }
     if (const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
         element == CE_TabBarTabLabel && tab != nullptr) {
       // Tabs stand on the ground of buttons, whatever the form's own.
       QStyleOptionTab own = *tab;
       own.palette.setColor(QPalette::WindowText, own.palette.color(QPalette::ButtonText));
-      QProxyStyle::drawControl(element, &own, painter, widget);
-      return;
+      return QProxyStyle::drawControl(element, &own, painter, widget);
     }
-    if (element == CE_ShapedFrame && isLockedRemark(widget)) {
-      drawLockedGround(*option, painter, widget);
-      return;
-    }
+    if (element == CE_ShapedFrame && isLockedRemark(widget))
+      return drawLockedGround(*option, painter, widget);
     if (element == CE_ShapedFrame && qobject_cast<const QPlainTextEdit*>(widget) != nullptr) {
       // Filled, not drawn: a line at half a pixel can fall outside.
       const QColor line = option->palette.color(QPalette::Window).darker(140);
@@ -154,11 +133,10 @@ class ProgramStyle : public QProxyStyle {
 
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override {
-    if (control == CC_ComboBox && isLockedField(widget)) {
+    if (control == CC_ComboBox && isLockedField(widget))
       drawLockedGround(*option, painter, widget);
-    } else {
+    else
       QProxyStyle::drawComplexControl(control, option, painter, widget);
-    }
   }
 
   using QProxyStyle::polish;
@@ -177,9 +155,7 @@ class ProgramStyle : public QProxyStyle {
   /// A locked field reads as text on the form's own ground, with a thin line under it; a ground of its own
   /// that was asked for stays, and on a dark form it is a field's, which its text is made for, dimmed.
   static void drawLockedGround(const QStyleOption& option, QPainter* painter, const QWidget* widget) {
-    const QWidget* holder = widget->parentWidget();
-    const bool part = qobject_cast<const Combo*>(holder) != nullptr;
-    if (part) return;
+    if (qobject_cast<const Combo*>(widget->parentWidget()) != nullptr) return;
     constexpr double kDimmed = 0.35;
     const QColor ground = option.palette.color(QPalette::Active, QPalette::Window);
     const QColor base = option.palette.color(QPalette::Base);
@@ -242,9 +218,8 @@ QPalette programPalette() {
   palette.setColor(QPalette::Disabled, QPalette::Highlight, kAccentPale);
   const QColor pale(0x8A, 0x95, 0xA3);
   for (const auto role :
-       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
     palette.setColor(QPalette::Disabled, role, pale);
-  }
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xF4, 0xF5, 0xF7));
   return palette;
 }
@@ -260,9 +235,8 @@ double textSize() {
 void speakPortuguese() {
   static QTranslator translator;
   QLocale::setDefault(QLocale(QLocale::Portuguese, QLocale::Brazil));
-  if (translator.load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+  if (translator.load(u"qtbase_pt_BR"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(&translator);
-  }
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ WordProcessor::WordProcessor() : version_(installedVersion > 0 ? installedVersio
 
 void WordProcessor::setInstalledVersion(double version) { installedVersion = version; }
 
-Document& WordProcessor::open() const {
+Document& WordProcessor::open() {
   if (!document_)
     throw values::RuntimeError(values::kObjectNotSet, u"Não há documento aberto no processador de textos"_s);
   return *document_;

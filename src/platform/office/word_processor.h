@@ -55,10 +55,10 @@ class WordProcessor {
   /// Prints on the active printer.
   void printOut();
 
-  [[nodiscard]] const Document& document() const { return open(); }
+  [[nodiscard]] const Document& document() { return laidOut(); }
 
  private:
-  [[nodiscard]] Document& open() const;
+  [[nodiscard]] Document& open();
   [[nodiscard]] QTextCursor& here();
   [[nodiscard]] QTextTable& table();
   /// The open document, to be read.
