@@ -31,19 +31,22 @@ struct Document {
   [[nodiscard]] double textWidth() const { return kPageWidth - leftMargin - rightMargin; }
 };
 
-/// Calls one of them for each part of a text, in their order. An empty block before a table is none: it gives
-/// way to the table.
+/// Calls one of them for each part of a text, in their order. An empty block beside a table is none: the
+/// layout gives it no height.
 inline void forEachPart(const QTextDocument& text, const std::function<void(const QTextBlock&)>& block,
                         const std::function<void(const QTextTable&)>& table) {
   const auto tableAt = [](const QTextFrame::iterator& at) {
     return at.atEnd() ? nullptr : qobject_cast<const QTextTable*>(at.currentFrame());
   };
+  bool afterTable = false;
   for (auto at = text.rootFrame()->begin(); !at.atEnd();) {
     const auto here = at++;
-    if (const auto* made = tableAt(here))
+    const QTextTable* made = tableAt(here);
+    if (made != nullptr)
       table(*made);
-    else if (here.currentBlock().length() > 1 || tableAt(at) == nullptr)
+    else if (here.currentBlock().length() > 1 || (!afterTable && tableAt(at) == nullptr))
       block(here.currentBlock());
+    afterTable = made != nullptr;
   }
 }
 

@@ -184,7 +184,7 @@ void WordProcessor::moveAfterTable() {
   (void)table();
   table_ = nullptr;
   cursor_.movePosition(QTextCursor::End);
-  beginBlock(cursor_);
+  typeParagraph();  // the block beside the table is none (forEachPart)
   typeParagraph();
 }
 

@@ -97,6 +97,23 @@ TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
   EXPECT_TRUE(facts.contains(u"A4"_s)) << facts.toStdString();
 }
 
+TEST_F(WordProcessorTest, AnEmptyLineStandsBetweenTwoTables) {
+  WordProcessor word;
+  word.addDocument();
+  for (const auto& text : {u"um"_s, u"dois"_s}) {
+    word.addTable(1, 1, true);
+    word.typeText(text);
+    word.moveAfterTable();
+  }
+  const QString words = printed(word, u"pdftotext"_s, {u"-bbox"_s, u"x.pdf"_s, u"-"_s});
+  const auto top = [&words](const QString& text) {
+    const QRegularExpression place(u"yMin=\"([0-9.]+)\"[^>]*>%1<"_s.arg(text));
+    return place.match(words).captured(1).toDouble();
+  };
+  EXPECT_GT(top(u"dois"_s) - top(u"um"_s), 2 * 12 + 2 * 2.25) << words.toStdString();
+  EXPECT_EQ(toRtf(word.document()).count("\\par\n"), 3) << "the empty one, and two after the last table";
+}
+
 TEST_F(WordProcessorTest, FaultsAreReported) {
   WordProcessor word;
   EXPECT_THROW(word.typeText(u"x"_s), values::RuntimeError) << "there is no document";
