@@ -156,9 +156,9 @@ Pagina PesquisaComFotos::montaPagina() const {
     pagina.linhas << values::toHtmlBytes(
         u"<TR style='FONT-WEIGHT: bold; FONT-SIZE: 8pt; FONT-FAMILY: Tahoma; FONT-VARIANT: small'>"
         u"<TD width=30%><P ALIGN=Center><IMG SRC='"_s +
-        html::atributo(LocalizaImagemProduto(codigo)) + u"'></TD><TD width=30%>"_s +
-        html::escapado(apara(codigo)) + u"</TD><TD width=40%>"_s +
-        html::escapado(apara(grade.text(linha, ficha_.colunaChave + 1))) + u"</TD></TR>"_s,
+            html::atributo(LocalizaImagemProduto(codigo)) + u"'></TD><TD width=30%>"_s +
+            html::escapado(apara(codigo)) + u"</TD><TD width=40%>"_s +
+            html::escapado(apara(grade.text(linha, ficha_.colunaChave + 1))) + u"</TD></TR>"_s,
         values::HtmlEncoding::Latin1);
   }
   return pagina;
