@@ -23,7 +23,7 @@ export QT_SCALE_FACTOR=1.5
 take manual.road docs/pictures/150 $screens
 build release test_roads
 ZARIM_FORM_PICTURES=$state/pictures build/release/tests/test_roads --gtest_filter='*FormsFit*Plain' >"$state/log/pictures.log"
-for form in frmBROWSE_PRODUTO frmBROWSE_Prototipo frmComposicaoProduto frmImagem; do
+for form in frmBROWSE_CONDPG frmBROWSE_PRODUTO frmBROWSE_Prototipo frmComposicaoProduto frmImagem frmImprimePropCmrcTL; do
   pngquant --strip --force --output "docs/pictures/150/$form.png" 256 "$state/pictures/$form.png"
 done
 printf 'Pictures: docs/manual/pictures, docs/pictures\n'

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollArea>
 #include <QTest>
 #include <QWindow>
@@ -127,7 +128,9 @@ void eraseText() {
 
 void takePicture(const QString& file) {
   constexpr int kTitleHeight = 24;
-  QPixmap screen(forms::screenSize());
+  const double scale = QGuiApplication::primaryScreen()->devicePixelRatio();
+  QPixmap screen(forms::screenSize() * scale);
+  screen.setDevicePixelRatio(scale);
   screen.fill(QColor(0x52, 0x5E, 0x6B));
   QPainter painter(&screen);
   QList<QWidget*> windows;
