@@ -27,11 +27,11 @@ QString withPair(const QString& connectionString, const QStringList& without, co
 bool isEmbeddedString(const QString& connectionString) {
   return keyValue(connectionString, u"server")
              .value_or(QString())
-             .compare("(embutido)"_L1, Qt::CaseInsensitive) == 0;
+             .compare(u"(embutido)", Qt::CaseInsensitive) == 0;
 }
 
 bool isServerString(const QString& connectionString) {
-  return connectionString.contains("{SQL Server}"_L1, Qt::CaseInsensitive);
+  return connectionString.contains(u"{SQL Server}", Qt::CaseInsensitive);
 }
 
 QString placeOf(const QString& connectionString) {
@@ -40,7 +40,7 @@ QString placeOf(const QString& connectionString) {
     return QFileInfo(files::resolve(value(u"database"))).canonicalFilePath();
   QStringList parts;
   // Drivers other than the server's name the same by other keys.
-  for (const char16_t* key : {u"dsn", u"server", u"port", u"database", u"dbname", u"dbq"})
+  for (const QStringView key : {u"dsn", u"server", u"port", u"database", u"dbname", u"dbq"})
     parts << value(key).toLower();
   return parts.join(u'^');
 }

@@ -17,10 +17,10 @@ QString odbcString(const QString& connectionString, const QString& portOfEnviron
   // An instance tells its port itself; a name of the driver's settings has one there.
   const bool hasPort =
       keyValue(text, u"server").value_or(QString()).contains(u'\\') || keyValue(text, u"Servername");
-  if (portOfEnvironment.isEmpty() && !keyValue(text, u"port") && !hasPort) text += "port=1433;"_L1;
-  if (!keyValue(text, u"TDS_Version")) text += "TDS_Version=7.4;"_L1;
+  if (portOfEnvironment.isEmpty() && !keyValue(text, u"port") && !hasPort) text += u"port=1433;"_s;
+  if (!keyValue(text, u"TDS_Version")) text += u"TDS_Version=7.4;"_s;
   if (!keyValue(text, u"Timeout")) text += u"Timeout=%1;"_s.arg(timeout);
-  if (!keyValue(text, u"ClientCharset")) text += "ClientCharset=UTF-8;"_L1;
+  if (!keyValue(text, u"ClientCharset")) text += u"ClientCharset=UTF-8;"_s;
   return text;
 }
 

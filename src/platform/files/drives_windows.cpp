@@ -2,6 +2,8 @@
 
 #include "platform/files/drives.h"
 
+using namespace Qt::StringLiterals;
+
 namespace files {
 
 QString driveFolder(QChar letter) {
@@ -10,7 +12,7 @@ QString driveFolder(QChar letter) {
 }
 
 QString profileFolder() {
-  return QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA")) + QStringLiteral("/zarim");
+  return QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA")) + u"/zarim"_s;
 }
 
 QString stateFolder() { return profileFolder(); }

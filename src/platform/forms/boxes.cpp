@@ -121,7 +121,7 @@ using enum QMessageBox::ButtonRole;
 constexpr struct {
   Buttons box;
   Answer answer;
-  const char16_t* text;
+  QStringView text;
   QMessageBox::ButtonRole role;
 } kButtons[] = {
     {Buttons::Ok, Answer::Ok, u"&OK", AcceptRole},
@@ -177,7 +177,7 @@ Answer msgBox(const Box& box) {
   QHash<QAbstractButton*, Answer> answers;
   for (const auto& button : kButtons) {
     if (button.box != box.buttons) continue;
-    QPushButton* push = window.addButton(QString::fromUtf16(button.text), button.role);
+    QPushButton* push = window.addButton(button.text.toString(), button.role);
     // Of three it is the one that changes nothing; Esc and the box's X press it too.
     const bool harmless = box.buttons == Buttons::YesNoCancel && button.answer == Answer::No;
     const bool usual = box.usual ? button.answer == box.usual : answers.isEmpty() || harmless;

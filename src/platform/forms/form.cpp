@@ -15,6 +15,8 @@
 #include "platform/forms/form_private.h"
 #include "platform/forms/process.h"
 
+using namespace Qt::StringLiterals;
+
 namespace forms {
 
 Form::Form() : d_(std::make_unique<Private>(*this)) {
@@ -107,7 +109,7 @@ void Form::closeEvent(QCloseEvent* event) {
 }
 
 void Form::Private::close() {
-  handle([this] { form.closeRequested(); }, name() + QStringLiteral("_QueryUnload"));
+  handle([this] { form.closeRequested(); }, name() + u"_QueryUnload"_s);
 }
 
 void Form::hideEvent(QHideEvent* event) {

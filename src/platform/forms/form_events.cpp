@@ -25,16 +25,16 @@ namespace forms {
 namespace {
 
 /// By the order of Event.
-constexpr std::array<const char16_t*, 7> kNames{u"Click",    u"DblClick", u"GotFocus", u"LostFocus",
-                                                u"DropDown", u"PushUp",   u"PushDown"};
+constexpr std::array<QStringView, 7> kNames{u"Click",    u"DblClick", u"GotFocus", u"LostFocus",
+                                            u"DropDown", u"PushUp",   u"PushDown"};
 
 }  // namespace
 
 void Form::Private::run(QWidget* control, Event event) {
   const Handlers known = handlers.value(control).value(event);
   if (known.empty()) return;
-  const QString where = name() + u'.' + control->objectName() + u'_' +
-                        QString::fromUtf16(kNames[static_cast<std::size_t>(event)]);
+  const QString where =
+      name() + u'.' + control->objectName() + u'_' + kNames[static_cast<std::size_t>(event)].toString();
   handle(
       [&known] {
         for (const auto& handler : known) handler();
@@ -162,8 +162,7 @@ bool Form::Private::keyPressed(QWidget* watched, QKeyEvent* event) {
 
 bool Form::Private::enterPressed(QWidget* control, QKeyEvent* event) {
   if (isMultiLine(control) && (event->modifiers() & Qt::ControlModifier) != 0) {
-    if (!isLocked(control))
-      QMetaObject::invokeMethod(control, "insertPlainText", Q_ARG(QString, QStringLiteral("\n")));
+    if (!isLocked(control)) QMetaObject::invokeMethod(control, "insertPlainText", Q_ARG(QString, u"\n"_s));
     return true;
   }
   if (enterMoves.contains(control) || isMultiLine(control)) {

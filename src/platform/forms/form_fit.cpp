@@ -7,6 +7,8 @@
 #include "platform/forms/form_private.h"
 #include "platform/forms/measures.h"
 
+using namespace Qt::StringLiterals;
+
 // Windows within the display: as large as it leaves room, and what doesn't fit scrolls.
 namespace forms {
 
@@ -63,7 +65,7 @@ void Form::Private::scrollContent() {
   outer->setContentsMargins(margins);
   while (box->count() > 1 && staysInReach(box->itemAt(0), width)) moveRow(box->takeAt(0), outer);
   auto* area = new QScrollArea(&form);
-  area->setObjectName(QStringLiteral("qt_fit_area"));
+  area->setObjectName(u"qt_fit_area"_s);
   area->setFrameShape(QFrame::NoFrame);
   area->setFocusPolicy(Qt::NoFocus);
   area->setWidgetResizable(true);

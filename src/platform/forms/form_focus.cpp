@@ -15,7 +15,7 @@ QWidget* Form::Private::controlOf(QWidget* widget) const {
   // Parts of a compound control have no name, or one that the toolkit gave.
   QWidget* control = widget;
   while (control != nullptr && control != &form &&
-         (control->objectName().isEmpty() || control->objectName().startsWith(QLatin1String("qt_"))) &&
+         (control->objectName().isEmpty() || control->objectName().startsWith(u"qt_")) &&
          control->parentWidget() != nullptr && control->parentWidget() != &form) {
     control = control->parentWidget();
   }

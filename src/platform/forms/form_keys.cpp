@@ -9,6 +9,8 @@
 #include "platform/forms/process.h"
 #include "platform/values/line_ends.h"
 
+using namespace Qt::StringLiterals;
+
 // Keys between a search's text and its results, and lists that are pasted into a box of one line.
 namespace forms {
 
@@ -60,7 +62,7 @@ bool Form::Private::pasteLines(QWidget* control) {
   QStringList lines = values::withPlainLineEnds(text).split(QLatin1Char('\n'));
   // Rows keep their number, so blank ones stay.
   if (!rows) lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
-  handle([&] { handler(lines); }, name() + u'.' + control->objectName() + QStringLiteral("_Paste"));
+  handle([&] { handler(lines); }, name() + u'.' + control->objectName() + u"_Paste"_s);
   return true;
 }
 

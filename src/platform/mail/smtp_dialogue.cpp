@@ -19,13 +19,13 @@ constexpr char kStartTls[] = "STARTTLS";
 constexpr char kAuth[] = "AUTH";
 constexpr char kRecipient[] = "RCPT TO";
 
-constexpr const char16_t* kLate = u"o servidor de e-mail não respondeu a tempo";
-constexpr const char16_t* kNoSafeLine = u"o servidor não iniciou a conexão segura";
-constexpr const char16_t* kTooLarge = u"a mensagem é grande demais para o servidor";
-constexpr const char16_t* kEndless = u"o servidor de e-mail respondeu com linhas demais";
+constexpr QStringView kLate = u"o servidor de e-mail não respondeu a tempo";
+constexpr QStringView kNoSafeLine = u"o servidor não iniciou a conexão segura";
+constexpr QStringView kTooLarge = u"a mensagem é grande demais para o servidor";
+constexpr QStringView kEndless = u"o servidor de e-mail respondeu com linhas demais";
 
 /// What it means for the user when the server turns a command down. "%1" is the command's address.
-constexpr std::pair<const char*, const char16_t*> kSteps[] = {
+constexpr std::pair<const char*, QStringView> kSteps[] = {
     {"EHLO", u"o servidor recusou a conexão"},
     {"HELO", u"o servidor recusou a conexão"},
     {kStartTls, kNoSafeLine},
@@ -36,7 +36,7 @@ constexpr std::pair<const char*, const char16_t*> kSteps[] = {
 };
 
 /// Faults of the line, which have words of their own whatever the step.
-constexpr std::pair<CURLcode, const char16_t*> kFaults[] = {
+constexpr std::pair<CURLcode, QStringView> kFaults[] = {
     {CURLE_URL_MALFORMAT, u"o endereço do servidor de e-mail não é válido"},
     {CURLE_COULDNT_RESOLVE_HOST, u"o servidor de e-mail não foi encontrado"},
     {CURLE_COULDNT_CONNECT, u"não foi possível conectar ao servidor de e-mail"},
@@ -131,7 +131,7 @@ bool Dialogue::goesOn(curl_off_t sent) {
   sent_ = sent;
   if (moved_.isValid() && moved_.hasExpired(patience_)) {
     late_ = true;
-    ended_ = QString::fromUtf16(kLate);
+    ended_ = kLate.toString();
   }
   return ended_.isEmpty();
 }
@@ -146,7 +146,7 @@ void Dialogue::said(const QByteArray& line) {
   for (const auto& [command, failure] : kSteps) {
     if (!isCommand(line, command)) continue;
     command_ = command;
-    step_ = QString::fromUtf16(failure);
+    step_ = failure.toString();
     if (step_.contains(u"%1")) step_ = step_.arg(addressIn(line));
     return;
   }
@@ -157,12 +157,12 @@ void Dialogue::said(const QByteArray& line) {
 bool Dialogue::takes(const QByteArray& line) {
   if (goodbye_.isValid()) return true;
   if (answer_.size() < kKeptBytes) answer_ += line.first(std::min(line.size(), kKeptBytes));
-  if (++lines_ > kMostLines) ended_ = QString::fromUtf16(kEndless);
+  if (++lines_ > kMostLines) ended_ = kEndless.toString();
   // What the client passes over would leave the line open: an offer in other letters or after another
   // command, a refusal.
   const bool overlooked = offersTls(line) && !(command_ == "EHLO" && line.mid(4).startsWith(kStartTls));
   const bool declined = command_ == kStartTls && !line.startsWith("220");
-  if (!encrypted_ && (overlooked || declined)) ended_ = QString::fromUtf16(kNoSafeLine);
+  if (!encrypted_ && (overlooked || declined)) ended_ = kNoSafeLine.toString();
   return ended_.isEmpty();
 }
 
@@ -170,10 +170,10 @@ bool Dialogue::refused() const { return answer_.startsWith('4') || answer_.start
 
 QString Dialogue::failure(CURLcode result) const {
   if (!ended_.isEmpty()) return ended_;
-  if (refused() && isForSize(answer_, command_)) return QString::fromUtf16(kTooLarge);
+  if (refused() && isForSize(answer_, command_)) return kTooLarge.toString();
   if (refused() && !step_.isEmpty()) return step_;
   for (const auto& [code, failure] : kFaults)
-    if (code == result) return QString::fromUtf16(failure);
+    if (code == result) return failure.toString();
   return u"o servidor recusou a conexão"_s;
 }
 

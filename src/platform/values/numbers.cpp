@@ -163,7 +163,7 @@ QString toText(double number) {
   if (point > -kDigits && point <= kDigits) return plain(decimal, 1, std::max(-decimal.exponent, 0));
   decimal.exponent = 1 - size;
   return u"%1E%2%3"_s.arg(plain(decimal, 1, size - 1), point > 0 ? u"+"_s : u"-"_s)
-      .arg(std::abs(point - 1), 2, 10, QLatin1Char('0'));
+      .arg(std::abs(point - 1), 2, 10, QChar(u'0'));
 }
 
 QString format(double number, QStringView mask) {

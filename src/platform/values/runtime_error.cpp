@@ -2,11 +2,13 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace values {
 
 namespace {
 
-constexpr std::pair<int, const char16_t*> kMessages[] = {
+constexpr std::pair<int, QStringView> kMessages[] = {
     {kOverflow, u"Estouro"},
     {kOutOfMemory, u"Memória insuficiente"},
     {kDivisionByZero, u"Divisão por zero"},
@@ -38,13 +40,13 @@ RuntimeError::RuntimeError(int number, QString text, QString statement)
 
 QString standardText(int number) {
   for (const auto& [known, text] : kMessages)
-    if (known == number) return QString::fromUtf16(text);
-  return QStringLiteral("Erro %1").arg(number);
+    if (known == number) return text.toString();
+  return u"Erro %1"_s.arg(number);
 }
 
 void raise(int number, const QString& detail) {
   const QString text = standardText(number);
-  throw RuntimeError(number, detail.isEmpty() ? text : text + QStringLiteral(": ") + detail);
+  throw RuntimeError(number, detail.isEmpty() ? text : text + u": "_s + detail);
 }
 
 }  // namespace values

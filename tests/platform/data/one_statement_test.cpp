@@ -2,6 +2,8 @@
 
 #include "platform/data/one_statement.h"
 
+using namespace Qt::StringLiterals;
+
 using data::Statements;
 
 namespace {
@@ -51,9 +53,8 @@ TEST(OneStatement, IsNotWhatAServerWouldReadAsMore) {
                                  u"x';;'",
                                  u"x'+(SELECT 1 FROM OPENQUERY(s,'delete t'))+'"}) {
     for (const QString& sql :
-         {QStringLiteral("UPDATE t SET a='%1' WHERE (id=1)").arg(tail),
-          QStringLiteral("insert into t (a) values ('%1')").arg(tail),
-          QStringLiteral("SELECT a FROM t WHERE a IN (SELECT b FROM u) AND c='%1'").arg(tail)})
+         {u"UPDATE t SET a='%1' WHERE (id=1)"_s.arg(tail), u"insert into t (a) values ('%1')"_s.arg(tail),
+          u"SELECT a FROM t WHERE a IN (SELECT b FROM u) AND c='%1'"_s.arg(tail)})
       EXPECT_EQ(read(sql), Statements::More) << sql.toStdString();
   }
   for (const QStringView sql :

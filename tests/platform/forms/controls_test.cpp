@@ -29,7 +29,7 @@ TEST_F(Controls, AMaskedBoxTakesDigitsAndKeepsItsPromptCharacters) {
 TEST_F(Controls, ACompletingComboTakesTheOneEntryThatATypedBeginningFits) {
   forms::Combo& combo = *sample.cboC;
   QObject::connect(&combo, &forms::Combo::dropDown, &combo, [&] {
-    for (const auto* entry : {u"Ana Lima", u"Ana Maria", u"Bia"}) combo.addEntry(QString::fromUtf16(entry));
+    for (const QStringView entry : {u"Ana Lima", u"Ana Maria", u"Bia"}) combo.addEntry(entry.toString());
   });
   combo.setCompleting(true);
   for (const auto& [typed, taken] : {std::pair(u"ana"_s, u"ana"_s),

@@ -58,8 +58,8 @@ TEST_F(Grid, TipsShowTextsAsTheyAre) {
 }
 
 TEST_F(Grid, SortsStablyByValueWithBlanksFirstAndLooksFollowTheTexts) {
-  for (const auto* row : {u"10\ta", u"9\tb", u"x\tc", u"9\td", u"\te", u"1,5\tf", u"É\tg", u"B\th"}) {
-    grid().addItem(QString::fromUtf16(row));
+  for (const QStringView row : {u"10\ta", u"9\tb", u"x\tc", u"9\td", u"\te", u"1,5\tf", u"É\tg", u"B\th"}) {
+    grid().addItem(row.toString());
   }
   grid().setLook(1, [this](int row) {
     return grid().text(row, 0) == u"x" ? forms::GridLook{Qt::red, Qt::AlignTop} : forms::GridLook();

@@ -41,7 +41,7 @@ class frmSample : public forms::Form {
  private:
   template <class T>
   T* add(T* control, const char* name) {
-    control->setObjectName(QLatin1String(name));
+    control->setObjectName(QString::fromLatin1(name));
     layout_->addWidget(control);
     using enum forms::Event;
     for (const auto& [event, sign] : {std::pair(GotFocus, '+'), {LostFocus, '-'}, {Click, '!'}})

@@ -38,7 +38,7 @@ TEST(Numbers, RegionalConversionTakesCommaAndGrouping) {
 }
 
 TEST(Numbers, MasksRoundHalfAwayFromZeroOnTheDecimalText) {
-  const std::tuple<double, const char16_t*, QString> cases[] = {
+  const std::tuple<double, QStringView, QString> cases[] = {
       {1.005, u"###0.00", u"1,01"_s},
       {-2.675, u"###0.00", u"-2,68"_s},
       {-0.001, u"###0.00", u"0,00"_s},

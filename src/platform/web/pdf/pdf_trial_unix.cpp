@@ -11,6 +11,8 @@
 
 #include "platform/web/pdf/pdf_trial.h"
 
+using namespace Qt::StringLiterals;
+
 namespace web {
 
 namespace {
@@ -21,7 +23,7 @@ constexpr QSize kSketch(60, 85);            // what is in a page costs the same 
 
 /// Bytes of address space that this process takes.
 rlim_t addressSpace() {
-  QFile sizes(QStringLiteral("/proc/self/statm"));
+  QFile sizes(u"/proc/self/statm"_s);
   if (!sizes.open(QIODevice::ReadOnly)) return 0;
   return sizes.readLine().split(' ').first().toULongLong() * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
 }
