@@ -38,18 +38,17 @@ TEST(Numbers, RegionalConversionTakesCommaAndGrouping) {
 }
 
 TEST(Numbers, MasksRoundHalfAwayFromZeroOnTheDecimalText) {
-  const std::tuple<double, QStringView, QString> cases[] = {
-      {1.005, u"###0.00", u"1,01"_s},
-      {-2.675, u"###0.00", u"-2,68"_s},
-      {-0.001, u"###0.00", u"0,00"_s},
-      {9.995, u"###0.00", u"10,00"_s},
-      {0.1 + 0.2, u"###0.00", u"0,30"_s},
-      {99999.5, u"###0", u"100000"_s},
-      {123, u"000000", u"000123"_s},
-      {1234567, u"000000", u"1234567"_s},
-      {0.049, u"###0.0", u"0,0"_s},
-      {1e-9, u"###0.0000", u"0,0000"_s},
-      {1e18, u"###0.00", u"1000000000000000000,00"_s}};
+  const std::tuple<double, QStringView, QString> cases[] = {{1.005, u"###0.00", u"1,01"_s},
+                                                            {-2.675, u"###0.00", u"-2,68"_s},
+                                                            {-0.001, u"###0.00", u"0,00"_s},
+                                                            {9.995, u"###0.00", u"10,00"_s},
+                                                            {0.1 + 0.2, u"###0.00", u"0,30"_s},
+                                                            {99999.5, u"###0", u"100000"_s},
+                                                            {123, u"000000", u"000123"_s},
+                                                            {1234567, u"000000", u"1234567"_s},
+                                                            {0.049, u"###0.0", u"0,0"_s},
+                                                            {1e-9, u"###0.0000", u"0,0000"_s},
+                                                            {1e18, u"###0.00", u"1000000000000000000,00"_s}};
   for (const auto& [number, mask, text] : cases) EXPECT_EQ(values::format(number, mask), text) << number;
 }
 
