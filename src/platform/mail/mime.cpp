@@ -2,9 +2,10 @@
 
 #include <QMimeDatabase>
 #include <QRegularExpression>
-#include <QTextDocumentFragment>
+#include <QSet>
 
 #include "platform/mail/headers.h"
+#include "platform/markup/tree.h"
 #include "platform/values/html_bytes.h"
 #include "platform/values/line_ends.h"
 
@@ -28,28 +29,29 @@ QByteArray declaredCharset(const QString& html) {
   return match.captured(1).toLatin1().toLower();
 }
 
+/// The text of a node: a line for each line's element, before and after it, and a tab after each cell.
+QString textOf(const markup::Tree& tree, TidyNode node) {
+  static const QSet<TidyTagId> kUnseen{TidyTag_HEAD, TidyTag_STYLE, TidyTag_SCRIPT, TidyTag_TITLE};
+  static const QSet<TidyTagId> kLines{TidyTag_P,  TidyTag_DIV, TidyTag_TABLE, TidyTag_TR,
+                                      TidyTag_LI, TidyTag_UL,  TidyTag_OL,    TidyTag_H1,
+                                      TidyTag_H2, TidyTag_H3,  TidyTag_H4,    TidyTag_CENTER};
+  const TidyTagId tag = tidyNodeGetId(node);
+  if (tidyNodeIsText(node)) return tree.textOf(node);
+  if (tag == TidyTag_BR || tag == TidyTag_HR) return u"\n"_s;
+  if (kUnseen.contains(tag)) return {};
+  const QString line = kLines.contains(tag) ? u"\n"_s : QString();
+  QString text = line;
+  for (const TidyNode child : markup::childrenOf(node)) text += textOf(tree, child);
+  return text + (tag == TidyTag_TD || tag == TidyTag_TH ? u"\t"_s : line);
+}
+
 /// What an HTML document says, as lines of plain text: cells of a row beside each other, a line for each row
 /// and paragraph. Takes any text, and loads nothing that it names.
 QString textOfHtml(const QString& html) {
-  const auto form = [](const QString& pattern) {
-    return QRegularExpression(
-        pattern, QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
-  };
-  static const std::pair<QRegularExpression, QString> kSteps[] = {
-      {form(u"[^\\S\\xA0]+"_s), u" "_s},
-      {form(u"<!--.*?(?:-->|\\z)|<(head|style|script|title)\\b.*?(?:</\\1[^>]*>|\\z)"_s), {}},
-      {form(u"</t[dh]\\b[^>]*>?"_s), u"\t"_s},
-      {form(u"</?(?:p|div|table|tr|li|ul|ol|h[1-4]|center)\\b[^>]*>?|<[bh]r\\b[^>]*>?"_s), u"\n"_s},
-      {form(u"<[^>]*>?"_s), {}},
-      {form(u"&nbsp;?"_s), u" "_s},  // old pages leave out the semicolon, which the toolkit wants
-  };
-  QString bare = html;
-  for (const auto& [what, with] : kSteps) bare.replace(what, with);
-  // What is left holds no tag; the toolkit reads its character references.
-  const QString text = QTextDocumentFragment::fromHtml(u"<pre>"_s + bare + u"</pre>"_s).toPlainText();
+  const markup::Tree tree(html.toUtf8(), markup::Encoding::Utf8);
   QString out;
   int empty = 0;  // lines since the last one with words: one stands between rows, more between tables
-  for (const QString& line : text.split(u'\n')) {
+  for (const QString& line : textOf(tree, tree.root()).split(u'\n')) {
     QStringList cells;
     for (const QString& cell : line.split(u'\t'))
       if (const QString words = cell.simplified(); !words.isEmpty()) cells << words;

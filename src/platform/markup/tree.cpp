@@ -2,17 +2,20 @@
 
 #include <tidybuffio.h>
 
+#include <QRegularExpression>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
 namespace markup {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The library calls itself for each element in another, and repeats fonts that are left open in each
 // paragraph.
-constexpr std::uintptr_t kMostStack = 256 << 10;                          // bytes
+constexpr std::uintptr_t kMostStack = 48 << 10;  // bytes: some 400 elements in each other
 constexpr std::ptrdiff_t kLeastMemory = 8 << 20, kMemoryOfEachByte = 50;  // bytes
 
 /// Gives the library memory, and a document as long as it keeps within bounds.
@@ -76,6 +79,32 @@ Bool TIDY_CALL isAtEnd(void* data) {
   return !source.whole || source.at == source.html.size() ? yes : no;
 }
 
+/// The line ends between two words of a text were typed and stand for themselves; the document's own texts go
+/// on further in.
+QByteArray withTypedLines(const QByteArray& html) {
+  constexpr int kIndent = 6;
+  static const QRegularExpression textOrSheet(uR"(<(style|script)\b[^<]*|>[^<]+)"_s,
+                                              QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression gap(uR"((?<=[^\s>])\s*[\r\n]\s*(?=\S))"_s);
+  const QString read = QString::fromLatin1(html);  // bytes that stay themselves
+  QString made;
+  qsizetype done = 0;
+  for (auto texts = textOrSheet.globalMatch(read); texts.hasNext();) {
+    const auto text = texts.next();
+    if (text.hasCaptured(1)) continue;
+    for (auto gaps = gap.globalMatch(text.capturedView()); gaps.hasNext();) {
+      const auto found = gaps.next();
+      const QString lines = found.captured().replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+      if (lines.size() - lines.lastIndexOf(u'\n') > kIndent) continue;
+      const qsizetype at = text.capturedStart() + found.capturedStart();
+      made += QStringView(read).sliced(done, at - done);
+      made += u"<br>"_s.repeated(lines.count(u'\n'));
+      done = at + found.capturedLength();
+    }
+  }
+  return (made + read.sliced(done)).toLatin1();
+}
+
 }  // namespace
 
 struct Tree::Document {
@@ -92,7 +121,7 @@ Tree::Tree(const QByteArray& html, Encoding encoding) {
   // Without a word for its language the library changes the whole program's.
   static const Bool english = tidySetLanguage("en");
   Q_UNUSED(english)
-  document_ = std::make_shared<Document>(html);
+  document_ = std::make_shared<Document>(withTypedLines(html));
   const TidyDoc tidy = document_->tidy;
   for (const TidyOptionId off : {TidyDropEmptyElems, TidyDropEmptyParas, TidyFixBackslash, TidyFixUri})
     tidyOptSetBool(tidy, off, no);

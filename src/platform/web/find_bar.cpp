@@ -2,80 +2,60 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QToolButton>
+
+#include "platform/web/web_pane.h"
 
 namespace web {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QToolButton* button(QWidget* parent, const QString& text, const QString& tip) {
-  auto* made = new QToolButton(parent);
-  made->setText(text);
-  made->setToolTip(tip);
-  made->setAutoRaise(true);
-  return made;
-}
-
-}  // namespace
-
-FindBar::FindBar(QWidget* parent) : QFrame(parent), text_(new QLineEdit(this)), result_(new QLabel(this)) {
-  setFrameShape(QFrame::StyledPanel);
-  auto* previous = button(this, u"▲"_s, u"Anterior (Shift+Enter)"_s);
-  auto* next = button(this, u"▼"_s, u"Próxima (Enter)"_s);
-  auto* close = button(this, u"✕"_s, u"Fechar a busca (Esc)"_s);
+FindBar::FindBar(WebPane& pane) : QFrame(&pane), pane_(pane) {
+  setFrameShape(StyledPanel);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(6, 3, 6, 3);
   row->addWidget(new QLabel(u"Localizar:"_s, this));
-  row->addWidget(text_);
-  row->addWidget(previous);
-  row->addWidget(next);
-  row->addWidget(result_);
+  row->addWidget(&text_);
+  const auto button = [&](const QString& text, const QString& tip, auto click) {
+    auto* made = new QToolButton(this);
+    made->setText(text);
+    made->setToolTip(tip);
+    made->setAutoRaise(true);
+    row->addWidget(made);
+    connect(made, &QToolButton::clicked, this, click);
+  };
+  button(u"▲"_s, u"Anterior (Shift+Enter)"_s, [this] { search(true); });
+  button(u"▼"_s, u"Próxima (Enter)"_s, [this] { search(false); });
+  row->addWidget(&result_);
   row->addStretch();
-  row->addWidget(close);
-  text_->setMaximumWidth(320);
-  text_->setMinimumWidth(180);
-  text_->installEventFilter(this);
-  connect(text_, &QLineEdit::textChanged, this, [this] { search(false); });
-  connect(previous, &QToolButton::clicked, this, [this] { search(true); });
-  connect(next, &QToolButton::clicked, this, [this] { search(false); });
-  connect(close, &QToolButton::clicked, this, &FindBar::leave);
+  button(u"✕"_s, u"Fechar a busca (Esc)"_s, [this] { leave(); });
+  text_.setMaximumWidth(320);
+  text_.setMinimumWidth(180);
+  connect(&text_, &QLineEdit::textChanged, this, [this] { search(false); });
   hide();
 }
 
 void FindBar::open() {
   show();
-  text_->setFocus(Qt::ShortcutFocusReason);
-  text_->selectAll();
+  text_.setFocus(Qt::ShortcutFocusReason);
+  text_.selectAll();
 }
 
-void FindBar::showResult(bool found) {
-  result_->setText(found || text_->text().isEmpty() ? QString() : u"Não encontrado"_s);
+void FindBar::search(bool backward) {
+  const bool found = pane_.find(text_.text(), backward);
+  result_.setText(found || text_.text().isEmpty() ? QString() : u"Não encontrado"_s);
 }
-
-void FindBar::search(bool backward) { Q_EMIT searched(text_->text(), backward); }
 
 void FindBar::leave() {
   hide();
-  Q_EMIT closed();
-}
-
-bool FindBar::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-      search(key->modifiers().testFlag(Qt::ShiftModifier));
-      return true;
-    }
-  }
-  return QFrame::eventFilter(watched, event);
+  pane_.find({});
+  pane_.setFocus();
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape)
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    search(event->modifiers().testFlag(Qt::ShiftModifier));
+  else if (event->key() == Qt::Key_Escape)
     leave();
   else
     QFrame::keyPressEvent(event);

@@ -4,14 +4,35 @@
 #include <QHash>
 #include <QImage>
 #include <QNetworkAccessManager>
+#include <QStringList>
+#include <QTextDocument>
 #include <QTextObjectInterface>
-#include <QTimer>
-
-#include "platform/web/picture_folders.h"
-
-class QIODevice;
+#include <QUrl>
 
 namespace web {
+
+/// Folders whose pictures a page may show and link to.
+class PictureFolders {
+ public:
+  PictureFolders() = default;
+  /// Paths as the program knows them; addresses of the web and empty texts count for nothing.
+  explicit PictureFolders(const QStringList& paths);
+
+  /// Path on this machine of the picture that an address names; empty for any other address, for a file
+  /// elsewhere, links followed, and for one that is no picture by its name.
+  [[nodiscard]] QString pictureOf(const QUrl& url) const;
+
+ private:
+  QStringList folders_;  // as they are on disk, each with its last slash
+};
+
+/// What a document's text means by an address: a path with a drive letter, an address, or a path from the
+/// document's folder.
+[[nodiscard]] QUrl addressOf(const QString& text, const QString& folder);
+
+/// Opens a link in the system's own programs, if it is one of the web, of mail without attachments, or a
+/// picture of the picture folders.
+void openLink(const QUrl& url, const PictureFolders& folders);
 
 /// The pictures of one document: the only thing of it that is read from anywhere. Those of the picture
 /// folders are there at once, those of the web come within a time-out or not at all. One that isn't there
@@ -21,10 +42,12 @@ class Pictures : public QObject, public QTextObjectInterface {
   Q_INTERFACES(QTextObjectInterface)
 
  public:
-  /// Addresses as the document writes them; a format's name is the number of one. The web is asked at once.
-  Pictures(const QStringList& addresses, const QString& folder, PictureFolders folders, QObject* parent);
+  /// Of a document that is filled; the web is asked at once.
+  Pictures(QTextDocument& document, const QString& folder, const PictureFolders& folders);
 
-  [[nodiscard]] bool isComplete() const { return open_ == 0; }
+  /// Returns when no picture of the web is on its way. The user's keys and clicks, and the closing of a
+  /// window, are kept for afterwards.
+  void wait();
   /// Addresses of the web whose pictures have not come.
   [[nodiscard]] QStringList missing() const;
 
@@ -43,16 +66,13 @@ class Pictures : public QObject, public QTextObjectInterface {
     QByteArray bytes;  ///< of the web
     QSize size;        ///< empty where there is no picture
   };
-  void ask(int number);
-  void take(int number, const QByteArray& bytes);
-  [[nodiscard]] const Picture* pictureOf(const QTextFormat& format) const;
-  [[nodiscard]] QImage imageOf(const Picture& picture);
+  void ask(const QString& name, const QUrl& address);
+  [[nodiscard]] QImage imageOf(const QString& name);
 
-  QList<Picture> pictures_;
-  QHash<QUrl, int> asked_;  ///< the first picture of an address
-  QCache<const Picture*, QImage> images_;
-  QNetworkAccessManager* network_ = nullptr;
-  qsizetype open_ = 0;
+  QHash<QString, Picture> pictures_;  ///< by what the document calls them
+  QCache<QString, QImage> images_;
+  QNetworkAccessManager* network_ = nullptr;  ///< where the document has pictures of the web
+  int open_ = 0;
 };
 
 }  // namespace web

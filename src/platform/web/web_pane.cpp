@@ -1,19 +1,18 @@
 #include "platform/web/web_pane.h"
 
 #include <QFileInfo>
-#include <QLabel>
+#include <QPrinterInfo>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
+#include "platform/markup/rich_text.h"
 #include "platform/values/runtime_error.h"
-#include "platform/web/document_view.h"
 #include "platform/web/find_bar.h"
 #include "platform/web/html_view.h"
-#include "platform/web/printing.h"
 
 namespace web {
 
@@ -22,8 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kStep = 0.1;
-
-bool isPdf(const QString& path) { return path.endsWith(u".pdf", Qt::CaseInsensitive); }
 
 std::optional<QByteArray> contentOf(const QString& path) {
   try {
@@ -36,174 +33,135 @@ std::optional<QByteArray> contentOf(const QString& path) {
 
 }  // namespace
 
-class WebPane::Private {
- public:
-  explicit Private(WebPane* pane) : bar(new FindBar(pane)), sentence(new QLabel(pane)) {}
-
-  FindBar* bar;
-  QLabel* sentence;  ///< in the document's place
-  DocumentView* view = nullptr;
-  PictureFolders folders;
-  std::optional<QByteArray> part;
-  QString foot;
-  QString ifMissing;     ///< what stands in the place of a file that isn't there
-  bool pending = false;  ///< not loaded yet
-  bool ok = false;
-  bool fit = true;  ///< nobody has set the zoom
-  double zoom = 1.0;
-};
-
-WebPane::WebPane(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private>(this)) {
+WebPane::WebPane(QWidget* parent) : QWidget(parent), bar_(new FindBar(*this)) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins({});
   column->setSpacing(0);
-  column->addWidget(d_->bar);
-  column->addWidget(d_->sentence);
-  d_->sentence->setAlignment(Qt::AlignCenter);
-  d_->sentence->setWordWrap(true);
-  d_->sentence->setTextFormat(Qt::PlainText);
+  column->addWidget(bar_);
+  column->addWidget(&sentence_);
+  sentence_.setAlignment(Qt::AlignCenter);
+  sentence_.setWordWrap(true);
+  sentence_.setTextFormat(Qt::PlainText);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
-
-  connect(d_->bar, &FindBar::searched, this,
-          [this](const QString& text, bool backward) { d_->bar->showResult(find(text, backward)); });
-  connect(d_->bar, &FindBar::closed, this, [this] {
-    find({});
-    if (d_->view != nullptr) d_->view->setFocus();
-  });
 }
-
-WebPane::~WebPane() = default;
-
-void WebPane::setPictureFolders(const QStringList& folders) { d_->folders = PictureFolders(folders); }
 
 void WebPane::navigate(const QString& path, const QString& ifMissing) {
   path_ = path;
-  d_->ifMissing = ifMissing;
-  d_->part.reset();
-  d_->pending = true;
+  ifMissing_ = ifMissing;
+  part_.reset();
+  pending_ = true;
   if (isVisible()) load();
 }
 
 void WebPane::showPart(const QByteArray& html, const QString& path) {
   path_ = path;
-  d_->part = html;
-  d_->pending = true;
+  part_ = html;
+  pending_ = true;
   if (isVisible()) load();
 }
 
 void WebPane::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (d_->pending) load();
+  if (pending_) load();
 }
 
 DocumentView* WebPane::view() {
-  if (d_->pending) load();
-  return d_->view;
+  if (pending_) load();
+  return view_;
 }
 
 void WebPane::load() {
-  d_->pending = false;
+  pending_ = false;
   setFocusProxy(nullptr);
-  delete std::exchange(d_->view, nullptr);
-  if (path_.isEmpty()) return say({}, true);
-  const std::optional<QByteArray> content = d_->part ? std::exchange(d_->part, {}) : contentOf(path_);
+  delete std::exchange(view_, nullptr);
+  if (path_.isEmpty()) return say({});
+  const std::optional<QByteArray> content = part_ ? std::exchange(part_, {}) : contentOf(path_);
   if (!content)
-    return say(d_->ifMissing.isEmpty() ? u"O arquivo não foi encontrado:\n%1"_s.arg(path_) : d_->ifMissing,
-               false);
+    return say(ifMissing_.isEmpty() ? u"O arquivo não foi encontrado:\n%1"_s.arg(path_) : ifMissing_);
   DocumentView* view = viewOf(*content);
-  if (view == nullptr) return say(u"O arquivo não pôde ser mostrado:\n%1"_s.arg(path_), false);
+  if (view == nullptr) return say(u"O arquivo não pôde ser mostrado:\n%1"_s.arg(path_));
   place(view);
 }
 
 DocumentView* WebPane::viewOf(const QByteArray& content) {
-  if (isPdf(path_)) return makePdfView(content, path_, this);
-  const auto rich = richText(content);
-  if (!rich) return nullptr;
-  return new HtmlView(*rich, QFileInfo(files::resolve(path_)).absolutePath(), d_->folders, this);
+  if (path_.endsWith(u".pdf", Qt::CaseInsensitive)) return makePdfView(content, path_, this);
+  const auto text = markup::richText(content);
+  if (!text) return nullptr;
+  const QString folder = QFileInfo(files::resolve(path_)).absolutePath();
+  return new HtmlView(*text, folder, PictureFolders(folders_), this);
 }
 
 void WebPane::place(DocumentView* view) {
-  d_->view = view;
-  d_->ok = true;
-  d_->sentence->hide();
+  view_ = view;
+  sentence_.hide();
   static_cast<QVBoxLayout*>(layout())->addWidget(view, 1);
   view->show();  // it has its size from here on
   layout()->activate();
   setFocusProxy(view);
-  view->setFoot(d_->foot);
+  view->setFoot(foot_);
   connect(view, &DocumentView::zoomChanged, this, [this](double factor) {
-    d_->zoom = factor;
+    zoom_ = factor;
     Q_EMIT zoomChanged(factor);
   });
-  if (d_->fit)
+  if (fit_)
     view->fitWidth();
   else
-    view->setZoom(d_->zoom);
+    view->setZoom(zoom_);
 }
 
-void WebPane::say(const QString& sentence, bool ok) {
-  d_->ok = ok;
-  d_->sentence->setText(sentence);
-  d_->sentence->show();
+void WebPane::say(const QString& sentence) {
+  sentence_.setText(sentence);
+  sentence_.show();
 }
 
-bool WebPane::stands() {
-  view();
-  return d_->ok;
-}
+bool WebPane::stands() { return view() != nullptr || path_.isEmpty(); }
 
-QString WebPane::pageText() { return view() == nullptr ? d_->sentence->text() : d_->view->text(); }
-
-void WebPane::setFoot(const QString& foot) {
-  d_->foot = foot;
-  if (d_->view != nullptr) d_->view->setFoot(foot);
-}
+QString WebPane::pageText() { return view() == nullptr ? sentence_.text() : view_->text(); }
 
 void WebPane::setZoom(double factor) {
-  d_->fit = false;
-  d_->zoom = std::clamp(factor, kSmallestZoom, kLargestZoom);
-  if (d_->view != nullptr)
-    d_->view->setZoom(d_->zoom);
+  fit_ = false;
+  zoom_ = std::clamp(factor, kSmallestZoom, kLargestZoom);
+  if (view_ != nullptr)
+    view_->setZoom(zoom_);
   else
-    Q_EMIT zoomChanged(d_->zoom);
+    Q_EMIT zoomChanged(zoom_);
 }
 
-double WebPane::zoom() const { return d_->zoom; }
-void WebPane::zoomIn() { setZoom(d_->zoom + kStep); }
-void WebPane::zoomOut() { setZoom(d_->zoom - kStep); }
+void WebPane::zoomIn() { setZoom(zoom_ + kStep); }
+void WebPane::zoomOut() { setZoom(zoom_ - kStep); }
 
 void WebPane::wheelEvent(QWheelEvent* event) {
   if (!event->modifiers().testFlag(Qt::ControlModifier) || event->angleDelta().y() == 0)
     return QWidget::wheelEvent(event);
-  setZoom(d_->zoom + (event->angleDelta().y() > 0 ? kStep : -kStep));
+  setZoom(zoom_ + (event->angleDelta().y() > 0 ? kStep : -kStep));
 }
 
 void WebPane::fitWidth() {
-  d_->fit = true;
-  if (d_->view != nullptr) d_->view->fitWidth();
+  fit_ = true;
+  if (view_ != nullptr) view_->fitWidth();
 }
 
-void WebPane::openFind() { d_->bar->open(); }
+void WebPane::openFind() { bar_->open(); }
 
 bool WebPane::find(const QString& text, bool backward) {
-  return view() != nullptr && d_->view->find(text, backward);
+  return view() != nullptr && view_->find(text, backward);
 }
 
 bool WebPane::printToFile(const QString& pdfPath) {
-  return view() != nullptr && d_->view->writePdf(files::resolve(pdfPath));
+  return view() != nullptr && view_->writePdf(files::resolve(pdfPath));
 }
 
 QStringList WebPane::missingPictures() {
-  return view() != nullptr ? d_->view->missingPictures() : QStringList();
+  return view() != nullptr ? view_->missingPictures() : QStringList();
 }
 
 PrintReport WebPane::print() {
-  const QString printer = defaultPrinter();
+  const QString printer = QPrinterInfo::defaultPrinter().printerName();
   if (printer.isEmpty()) return {Printed::NoPrinter, {}};
   if (view() == nullptr) return {Printed::Failed, {}};
   const QString job = QFileInfo(files::resolve(path_)).completeBaseName();
-  const Printed result = web::print(*d_->view, printer, job);
+  const Printed result = view_->print(printer, job);
   return {result, missingPictures()};
 }
 

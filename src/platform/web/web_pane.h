@@ -1,15 +1,16 @@
 #pragma once
 
-#include <QString>
+#include <QByteArray>
+#include <QLabel>
+#include <QStringList>
 #include <QWidget>
-#include <memory>
-
-class QLabel;
+#include <optional>
 
 // The browser control: shows a file by its path and prints it without a dialog.
 namespace web {
 
 class DocumentView;
+class FindBar;
 
 /// What became of a document that was to be printed.
 enum class Printed { Sent, NoPrinter, Refused, Failed };
@@ -28,11 +29,10 @@ class WebPane : public QWidget {
 
  public:
   explicit WebPane(QWidget* parent = nullptr);
-  ~WebPane() override;
 
   /// Folders (as paths that the program knows) whose pictures a document may show and link to. Before
   /// navigate().
-  void setPictureFolders(const QStringList& folders);
+  void setPictureFolders(const QStringList& folders) { folders_ = folders; }
   /// Shows the file of a path as the program knows it (drive letters are resolved); an empty path shows an
   /// empty pane, a file that can't be read a sentence: the one given, or one that names the path. It is
   /// loaded when the pane is first visible or asked about.
@@ -41,8 +41,9 @@ class WebPane : public QWidget {
   void showPart(const QByteArray& html, const QString& path);
   /// The path last given.
   [[nodiscard]] const QString& path() const { return path_; }
-  /// What stands on paper below the second page and those after it, with the page's number.
-  void setFoot(const QString& foot);
+  /// What stands on paper below the second page and those after it, with the page's number. Before
+  /// navigate().
+  void setFoot(const QString& foot) { foot_ = foot; }
   /// Whether the document can be shown; pictures of the web may still be on their way.
   bool stands();
 
@@ -51,7 +52,7 @@ class WebPane : public QWidget {
 
   /// 1.0 is 100 %. Kept between documents.
   void setZoom(double factor);
-  [[nodiscard]] double zoom() const;
+  [[nodiscard]] double zoom() const { return zoom_; }
   void zoomIn();
   void zoomOut();
   /// Back to the zoom that shows a document's whole width, as far as it stays readable.
@@ -78,17 +79,23 @@ class WebPane : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
 
  private:
-  class Private;
   /// The view of the document last given, made now if it wasn't; nullptr where it shows a sentence or
   /// nothing.
   DocumentView* view();
   void load();
-  DocumentView* viewOf(const QByteArray& content);
+  [[nodiscard]] DocumentView* viewOf(const QByteArray& content);
   void place(DocumentView* view);
-  void say(const QString& sentence, bool ok);
+  void say(const QString& sentence);
 
-  QString path_;
-  std::unique_ptr<Private> d_;
+  FindBar* bar_;
+  QLabel sentence_;  // in the document's place
+  DocumentView* view_ = nullptr;
+  QString path_, foot_, ifMissing_;
+  QStringList folders_;
+  std::optional<QByteArray> part_;
+  bool pending_ = false;  // not loaded yet
+  bool fit_ = true;       // nobody has set the zoom
+  double zoom_ = 1.0;
 };
 
 }  // namespace web

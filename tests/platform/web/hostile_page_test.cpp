@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <QGraphicsView>
 
-#include "platform/web/picture_folders.h"
+#include "platform/web/pictures.h"
 #include "web_case.h"
 
 using namespace Qt::StringLiterals;
@@ -57,7 +57,7 @@ TEST_F(Hostile, DocumentOfAnyShapeIsLaidOutInBounds) {
       const QString& body :
       {times(u"<div><b>"_s, 10'000), times(u"<table><tr><td>"_s, 1'000),
        times(u"<b><i><u><font size=1>"_s, 9'000) + times(u"</b>"_s, 9'000),
-       times(u"<font size=1>"_s, 300) + times(u"<p>x"_s, 30'000), times(u"<b><table></b></table>"_s, 30'000),
+       times(u"<font size=1>"_s, 300) + times(u"<p>x"_s, 30'000), times(u"<b><table></b></table>"_s, 10'000),
        u"<table><tr><td colspan=999999999 rowspan=999999999 width=999999999 height=999999999>x</table>"_s,
        u"<font style='font-size:99999999pt'>x</font><font size=999999999>x</font><img src=x width=9e9 height=9e9>"_s,
        times(u"<td>"_s, 50'000) + times(u"</table>"_s, 50'000), u"<table><tr>"_s + times(u"<td>"_s, 5'000),
@@ -90,7 +90,9 @@ TEST_F(Hostile, PdfPageOfAnySizeIsAPictureThatMemoryHolds) {
   pane_.navigate(file(u"x.pdf"_s, pdfOf("/MediaBox[0 0 14400 14400]", {})));
   ASSERT_TRUE(pane_.stands());
   pane_.setZoom(4.0);
-  EXPECT_LT(14400 / 72.0 * pane_.logicalDpiX() * pane_.zoom(), 6001);
+  const double before = peak();
+  EXPECT_FALSE(pane_.grab().isNull());
+  EXPECT_LT(peak() - before, 600);
 }
 
 TEST_F(Hostile, PdfWhoseFormsStandInEachOtherWithoutEndIsNotShown) {

@@ -5,7 +5,6 @@
 #include <QRegularExpression>
 
 #include "platform/web/document_view.h"
-#include "platform/web/printing.h"
 #include "web_case.h"
 
 using namespace Qt::StringLiterals;
@@ -92,7 +91,6 @@ TEST_F(WebPaneTest, PdfIsReadFoundZoomedAndMarked) {
   const QImage before = pane_.grab().toImage();
   EXPECT_FALSE(pane_.find(u"quarta"_s));
   EXPECT_TRUE(pane_.find(u"SEGUNDA"_s));
-  QTest::qWait(500);
   EXPECT_NE(pane_.grab().toImage(), before);
   pane_.zoomIn();
   const double zoomed = pane_.zoom();
@@ -228,7 +226,7 @@ TEST_F(Spooler, TakesTheJobByTheDocumentsNameOrRefusesWithoutAWord) {
   pane_.navigate(page(u"Orçamento"_s));
   ASSERT_TRUE(pane_.stands());
   auto& view = *pane_.findChild<web::DocumentView*>();
-  const auto print = [&] { return web::print(view, u"laser"_s, u"orca_cliente_000003"_s); };
+  const auto print = [&] { return view.print(u"laser"_s, u"orca_cliente_000003"_s); };
   install("echo \"$@\" >\"$ZARIM_DRIVE_C/job\"; echo request id is laser-1");
   testing::internal::CaptureStdout();
   EXPECT_EQ(print(), web::Printed::Sent);

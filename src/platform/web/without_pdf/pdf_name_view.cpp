@@ -21,32 +21,29 @@ namespace {
 class PdfNameView : public DocumentView {
  public:
   PdfNameView(QByteArray pdf, const QString& path, QWidget* parent)
-      : DocumentView(parent), pdf_(std::move(pdf)) {
-    const QFileInfo file(files::resolve(path));
-    auto* name = new QLabel(file.fileName(), this);
+      : DocumentView(1.0, parent), pdf_(std::move(pdf)), file_(files::resolve(path)) {
     auto* open = new QPushButton(u"&Abrir no leitor de PDF"_s, this);
     auto* column = new QVBoxLayout(this);
     column->addStretch();
-    column->addWidget(name, 0, Qt::AlignHCenter);
+    column->addWidget(new QLabel(text(), this), 0, Qt::AlignHCenter);
     column->addWidget(open, 0, Qt::AlignHCenter);
     column->addStretch();
     setFocusProxy(open);
     connect(open, &QPushButton::clicked, this,
-            [file] { QDesktopServices::openUrl(QUrl::fromLocalFile(file.absoluteFilePath())); });
+            [this] { QDesktopServices::openUrl(QUrl::fromLocalFile(file_.absoluteFilePath())); });
   }
 
-  QString text() override { return findChild<QLabel*>()->text(); }
+  QString text() override { return file_.fileName(); }
   bool find(const QString&, bool) override { return false; }
   bool paint(QPagedPaintDevice&) override { return false; }
   bool writePdf(const QString& file) override {
     QFile copy(file);
     return copy.open(QIODevice::WriteOnly) && copy.write(pdf_) == pdf_.size();
   }
-  void setZoom(double) override {}
-  void fitWidth() override {}
 
  private:
   QByteArray pdf_;
+  QFileInfo file_;
 };
 
 }  // namespace

@@ -5,11 +5,11 @@
 
 #include "platform/paper/paginator.h"
 
-namespace web {
+namespace paper {
 
 /// The rows and paragraphs of a laid-out document, with what keeps them together on paper: a table that is
 /// lower than a quarter of a page stands whole, the first row of any other stands with its second, the last
 /// piece with the one before it.
-[[nodiscard]] std::vector<paper::Piece> piecesOf(const QTextDocument& text, double pageHeight);
+[[nodiscard]] std::vector<Piece> piecesOf(const QTextDocument& text, double pageHeight);
 
-}  // namespace web
+}  // namespace paper

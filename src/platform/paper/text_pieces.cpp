@@ -1,4 +1,4 @@
-#include "platform/web/text_pieces.h"
+#include "platform/paper/text_pieces.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QTextBlock>
@@ -9,7 +9,7 @@
 
 #include "platform/paper/printer.h"
 
-namespace web {
+namespace paper {
 
 namespace {
 
@@ -38,16 +38,16 @@ class Measuring {
     if (pieces_.size() > 1) (pieces_.end() - 2)->keepWithNext = true;
   }
 
-  std::vector<paper::Piece> pieces() { return std::move(pieces_); }
+  std::vector<Piece> pieces() { return std::move(pieces_); }
 
  private:
-  [[nodiscard]] bool isTall(const paper::Strip& strip) const { return strip.height() > pageHeight_; }
+  [[nodiscard]] bool isTall(const Strip& strip) const { return strip.height() > pageHeight_; }
 
   void addBlock(const QTextBlock& block) {
     const QRectF area = layout_.blockBoundingRect(block);
     if (area.height() < 0.5 || !block.isVisible()) return;
-    paper::Piece piece{{area.top(), area.bottom()}};
-    if (isTall(piece.strip)) piece.cuts = paper::cutsBetweenLines(block, block);
+    Piece piece{{area.top(), area.bottom()}};
+    if (isTall(piece.strip)) piece.cuts = cutsBetweenLines(block, block);
     pieces_.push_back(piece);
   }
 
@@ -74,11 +74,11 @@ class Measuring {
     for (int row = 0; row < table.rows(); ++row) {
       const bool last = row + 1 == table.rows();
       const auto index = static_cast<std::size_t>(row);
-      paper::Piece piece{{tops[index], last ? end : std::max(tops[index], tops[index + 1])},
+      Piece piece{{tops[index], last ? end : std::max(tops[index], tops[index + 1])},
                          !last && (whole || row == 0)};
       if (isTall(piece.strip))
         piece.cuts =
-            paper::cutsBetweenLines(table.cellAt(row, 0).firstCursorPosition().block(),
+            cutsBetweenLines(table.cellAt(row, 0).firstCursorPosition().block(),
                                     table.cellAt(row, table.columns() - 1).lastCursorPosition().block());
       pieces_.push_back(piece);
     }
@@ -86,13 +86,13 @@ class Measuring {
 
   const QAbstractTextDocumentLayout& layout_;
   double pageHeight_;
-  std::vector<paper::Piece> pieces_;
+  std::vector<Piece> pieces_;
 };
 
 }  // namespace
 
-std::vector<paper::Piece> piecesOf(const QTextDocument& text, double pageHeight) {
+std::vector<Piece> piecesOf(const QTextDocument& text, double pageHeight) {
   return Measuring(text, pageHeight).pieces();
 }
 
-}  // namespace web
+}  // namespace paper
