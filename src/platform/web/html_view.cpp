@@ -1,6 +1,7 @@
 #include "platform/web/html_view.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QScrollBar>
 #include <QStyleOptionGraphicsItem>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -68,6 +69,7 @@ HtmlView::HtmlView(const QString& richText, const QString& folder, const Picture
   });
   scene()->addItem(page_);
   layOut();
+  verticalScrollBar()->setValue(verticalScrollBar()->minimum());
 }
 
 HtmlView::~HtmlView() { delete page_; }  // before its document

@@ -131,7 +131,7 @@ TEST_F(Mail, HtmlHasItsTextBesideIt) {
   email.SendEmail();
   const QJsonObject mail = received(server);
   EXPECT_EQ(QString::fromUtf8(bytes(mail, 0)),
-            u"Orçamento nº 3\r\n\r\nFita AZUL<PRATA  1 & 2\r\nTotal\r\n1\r\n2\r\n"_s);
+            u"Orçamento nº 3\r\n\r\nFita\r\nAZUL<PRATA  1 & 2\r\nTotal\r\n\r\n1\r\n2\r\n"_s);
   EXPECT_TRUE(mail[u"headers"_s][u"content-type"_s].toString().startsWith(u"multipart/alternative"_s));
 }
 

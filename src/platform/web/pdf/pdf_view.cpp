@@ -6,6 +6,7 @@
 #include <QPdfLink>
 #include <QPdfSearchModel>
 #include <QPdfSelection>
+#include <QScrollBar>
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -65,6 +66,7 @@ class PdfView : public DocumentView {
       top = pages_.last().bottom() + kBetweenPages;
     }
     setDocumentSize({whole.width(), top - kBetweenPages});
+    verticalScrollBar()->setValue(verticalScrollBar()->minimum());
   }
 
   [[nodiscard]] bool isReadable() const { return document_.status() == QPdfDocument::Status::Ready; }
