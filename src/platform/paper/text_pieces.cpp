@@ -75,11 +75,10 @@ class Measuring {
       const bool last = row + 1 == table.rows();
       const auto index = static_cast<std::size_t>(row);
       Piece piece{{tops[index], last ? end : std::max(tops[index], tops[index + 1])},
-                         !last && (whole || row == 0)};
+                  !last && (whole || row == 0)};
       if (isTall(piece.strip))
-        piece.cuts =
-            cutsBetweenLines(table.cellAt(row, 0).firstCursorPosition().block(),
-                                    table.cellAt(row, table.columns() - 1).lastCursorPosition().block());
+        piece.cuts = cutsBetweenLines(table.cellAt(row, 0).firstCursorPosition().block(),
+                                      table.cellAt(row, table.columns() - 1).lastCursorPosition().block());
       pieces_.push_back(piece);
     }
   }
