@@ -1,7 +1,9 @@
 #include "quote/header_fields.h"
 
 #include <QAbstractButton>
+#include <QHash>
 #include <QLineEdit>
+#include <QPointer>
 #include <algorithm>
 #include <array>
 
@@ -146,9 +148,13 @@ Asked<QString> valorDe(const Campo& campo, QStringView coluna, const forms::Form
   return data::known(campo.tipo == Pessoas ? pessoas(aparado) : aparado);
 }
 
+/// Searched for on the screen once.
 template <class Controle = QWidget>
 Controle* controle(QStringView nome, const forms::Form& tela) {
-  return tela.findChild<Controle*>(nome.toString());
+  static QHash<QStringView, QPointer<QWidget>> achados;
+  QPointer<QWidget>& achado = achados[nome];
+  if (achado.isNull() || !tela.isAncestorOf(achado)) achado = tela.findChild<QWidget*>(nome.toString());
+  return qobject_cast<Controle*>(achado.data());
 }
 
 }  // namespace

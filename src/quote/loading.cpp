@@ -105,7 +105,7 @@ void frmPropCmrcTL::CarregaOrcamento() {
   auto pedeItens = leItens(id);
   auto pedeHomenageados = pedeConsulta(
       u"SELECT IDPROP_CMRC_HOMG, NOME_HOMG From PROP_CMRC_HOMG Where IDPROP_CMRC = '"_s + id + u"'"_s);
-  const std::vector<ItemLido> itens = waitFor(pedeItens);
+  std::vector<ItemLido> itens = waitFor(pedeItens);
   data::Recordset homenageados = waitFor(pedeHomenageados);
 
   LimpaTela();
@@ -113,10 +113,12 @@ void frmPropCmrcTL::CarregaOrcamento() {
   originais_ = cabecalho::originais(rs, *this);
   idCarregado_ = txtRowId->text();
   carregaConfirmacao(rs, pedeTermos);
-  for (const ItemLido& item : itens) {
-    Flex->grid().addRow(item.linha);
-    FlexMonta.addRows(item.materiais);
+  std::vector<GridRow> linhas;
+  for (ItemLido& item : itens) {
+    linhas.push_back(std::move(item.linha));
+    FlexMonta.addRows(std::move(item.materiais));
   }
+  Flex->grid().addRows(std::move(linhas));
   for (; !homenageados.eof(); homenageados.moveNext())
     FlexHomg->grid().addRow({{grades::homenageado::Id, homenageados.text(u"IDPROP_CMRC_HOMG")},
                              {grades::homenageado::Nome, homenageados.text(u"NOME_HOMG")}});

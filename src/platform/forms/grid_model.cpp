@@ -58,14 +58,24 @@ GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel
 }
 
 void GridModel::layOut(std::span<const GridColumn> columns) {
-  beginResetModel();
-  columns_ = QList<GridColumn>(columns.begin(), columns.end());
-  rows_ = QList<GridRow>(1);
-  for (int column = 0; column < cols(); ++column) rows_[0].set(column, columns_[column].title.toString());
+  const auto sameColumn = [](const GridColumn& one, const GridColumn& other) {
+    return one.title == other.title && one.width == other.width && one.align == other.align;
+  };
   row_ = 0;
   col_ = 0;
   topRow_ = 1;
-  endResetModel();
+  // A view takes another layout anew, measures and all; of the same one its rows go.
+  if (!std::ranges::equal(columns, columns_, sameColumn)) {
+    beginResetModel();
+    columns_ = QList<GridColumn>(columns.begin(), columns.end());
+    rows_ = QList<GridRow>(1);
+    for (int column = 0; column < cols(); ++column) rows_[0].set(column, columns_[column].title.toString());
+    endResetModel();
+  } else if (rows() > 1) {
+    beginRemoveRows({}, 0, rows() - 2);
+    rows_.resize(1);
+    endRemoveRows();
+  }
   Q_EMIT currentMoved(row_, col_);
 }
 
