@@ -200,6 +200,8 @@ one_start() {  # one_start SYSTEM COMMAND...
   shift
   timed "$system" start 'Zarim 1.2 (PRD)' "$@" || return 1
   sleep 2
+  xdotool search --name 'Zarim 1.2' windowactivate --sync
+  sleep 1
   xdotool type --delay 80 3
   xdotool key ctrl+f
   sleep 2
@@ -217,6 +219,10 @@ one_start() {  # one_start SYSTEM COMMAND...
 both_times() {
   rm -rf "$work/drive"
   cp -r "$work/company" "$work/drive"
+  # A Windows that is up already.
+  sleep 200 | wine_for 200 cmd &
+  servers+=($!)
+  sleep 3
   for _ in 1 2 3; do
     ZARIM_DRIVE_C="Z:$work/drive" one_start wine wine_for 100 "$program/bin/zarim.exe" '7^0^PRD^' &&
       XDG_DATA_HOME=$work/tmp/data ZARIM_DRIVE_C=$work/drive one_start linux timeout 100 build/release/src/zarim '7^0^PRD^' || return 1
