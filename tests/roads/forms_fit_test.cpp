@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <set>
@@ -111,7 +112,7 @@ void checkWidth(forms::Form& form, Faults& faults) {
   support::settle();
   for (const auto* area : form.findChildren<QAbstractScrollArea*>())
     if (const int outside = area->horizontalScrollBar()->maximum();
-        (area == items || area->objectName() == u"qt_fit_area"_s) && outside > 0)
+        (area == items || qobject_cast<const QScrollArea*>(area) != nullptr) && outside > 0)
       faults.add(*area, u"scrolls sideways by %1"_s.arg(outside));
 }
 
