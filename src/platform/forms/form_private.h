@@ -127,7 +127,7 @@ void noteShown(Form* form);
 void noteHidden(Form* form);
 }  // namespace registry
 
-/// Calls the observer of modal forms, if there is one; whether there was.
-bool observeModal(Form& form);
+/// Calls the observer of modal forms, if there is one.
+void observeModal(Form& form);
 
 }  // namespace forms

@@ -75,10 +75,8 @@ void writeControl(const QString& formName, const QString& controlName, const QSt
 
 void setModalObserver(std::function<void(Form&)> observe) { observer = std::move(observe); }
 
-bool observeModal(Form& form) {
-  if (!observer) return false;
-  observer(form);
-  return true;
+void observeModal(Form& form) {
+  if (observer) observer(form);
 }
 
 }  // namespace forms

@@ -54,10 +54,6 @@ void setDefaultPrinter(const QString& deviceName) {
   chosenDefault = deviceName.isEmpty() ? std::nullopt : std::optional(deviceName);
 }
 
-void PdfPrinterSettings::setValue(const QString& name, const QString& value) {
-  values_.append({name, value});
-}
-
 void PdfPrinterSettings::writeSettings() { writtenSettings = values_; }
 
 QString pdfPrinterSetting(const QString& name) {

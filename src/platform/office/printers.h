@@ -25,7 +25,7 @@ void setDefaultPrinter(const QString& deviceName);
 /// it never has.
 class PdfPrinterSettings {
  public:
-  void setValue(const QString& name, const QString& value);
+  void setValue(const QString& name, const QString& value) { values_.append({name, value}); }
   void writeSettings();
 
  private:
