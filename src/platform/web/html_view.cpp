@@ -1,12 +1,14 @@
 #include "platform/web/html_view.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyleOptionGraphicsItem>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocumentFragment>
 #include <QTextOption>
+#include <QTimer>
 
 #include "platform/markup/rich_text.h"
 #include "platform/paper/printer.h"
@@ -22,6 +24,8 @@ constexpr double kWidth = 800;     // dots of the layout, as wide as documents a
 constexpr double kPlainSize = 12;  // points
 constexpr QMarginsF kPaperMargins(28.35, 28.35, 28.35, 42.5);  // points: 10 mm, 15 below
 constexpr double kPrintable = 595.3 - 2 * 28.35;               // points
+constexpr int kLong = 20'000;                                  // letters; the layout of fewer is waited for
+constexpr QSizeF kInSight(kWidth, 4000);                       // dots; no display shows more at once
 
 /// The page as the toolkit shows it, without the frame that it draws around what has the focus.
 class PageItem : public QGraphicsTextItem {
@@ -31,6 +35,28 @@ class PageItem : public QGraphicsTextItem {
     plain.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
     QGraphicsTextItem::paint(painter, &plain, widget);
   }
+};
+
+/// As much of a page as is laid out, and what is in sight in any case. The page itself lays all out at once.
+class Beginning : public QGraphicsItem {
+ public:
+  explicit Beginning(QTextDocument& document) : document_(document) { setFlag(ItemUsesExtendedStyleOption); }
+
+  void grow(const QSizeF& size) {
+    prepareGeometryChange();
+    size_ = size;
+  }
+  [[nodiscard]] QRectF boundingRect() const override { return {{}, size_}; }
+  void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*) override {
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, Qt::black);
+    context.clip = option->exposedRect;
+    document_.documentLayout()->draw(painter, context);
+  }
+
+ private:
+  QTextDocument& document_;
+  QSizeF size_;
 };
 
 QString withoutBreaks(QString text) { return text.remove(markup::kBreakHere).replace(QChar::Nbsp, u' '); }
@@ -51,15 +77,12 @@ HtmlView::HtmlView(const QString& richText, const QString& folder, const Picture
   document_.setDefaultTextOption(option);
   document_.setHtml(richText);
   pictures_ = new Pictures(document_, folder, folders);
-  document_.setTextWidth(kWidth);  // laid out from here on
-  const auto layOut = [this] { setDocumentSize(document_.size()); };
-  connect(pictures_, &Pictures::complete, this, [this, layOut] {
+  connect(pictures_, &Pictures::complete, this, [this] {
+    finish();
     document_.markContentsDirty(0, document_.characterCount());  // places take the pictures' sizes
-    layOut();
+    setDocumentSize(document_.size());
   });
-
   page_->setFlag(QGraphicsItem::ItemUsesExtendedStyleOption);  // it paints only what is in sight
-  page_->setDocument(&document_);
   page_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::LinksAccessibleByMouse);
   page_->setDefaultTextColor(Qt::black);
   connect(page_, &QGraphicsTextItem::linkActivated, this,
@@ -67,18 +90,45 @@ HtmlView::HtmlView(const QString& richText, const QString& folder, const Picture
   connect(page_, &QGraphicsTextItem::linkHovered, this, [this](const QString& link) {
     viewport()->setCursor(link.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
   });
-  scene()->addItem(page_);
-  layOut();
+  auto beginning = std::make_unique<Beginning>(document_);
+  const auto grow = [this, shown = beginning.get()](const QSizeF& laidOut) {
+    if (beginning_ == nullptr) return;
+    const QSizeF size = laidOut.expandedTo(kInSight);
+    shown->grow(size);
+    setDocumentSize(size);
+    if (document_.lastBlock().layout()->lineCount() > 0) QTimer::singleShot(0, this, &HtmlView::finish);
+  };
+  scene()->addItem(beginning.get());
+  beginning_ = std::move(beginning);
+  document_.setTextWidth(kWidth);  // laid out from here on, step by step
+  if (document_.characterCount() < kLong) {
+    finish();
+  } else {
+    grow({});
+    connect(document_.documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this, grow);
+  }
   verticalScrollBar()->setValue(verticalScrollBar()->minimum());
 }
 
-HtmlView::~HtmlView() { delete page_; }  // before its document
+HtmlView::~HtmlView() {  // before their document
+  beginning_.reset();
+  delete page_;
+}
+
+void HtmlView::finish() {
+  if (beginning_ == nullptr) return;
+  beginning_.reset();
+  page_->setDocument(&document_);
+  scene()->addItem(page_);
+  setDocumentSize(document_.size());
+}
 
 QString HtmlView::text() { return withoutBreaks(document_.toPlainText()); }
 
 QString HtmlView::selection() const { return withoutBreaks(page_->textCursor().selection().toPlainText()); }
 
 bool HtmlView::find(const QString& text, bool backward) {
+  finish();
   QTextCursor from = page_->textCursor();
   const auto flags = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags{};
   QTextCursor found = text.isEmpty() ? QTextCursor() : document_.find(text, from, flags);
@@ -103,6 +153,7 @@ bool HtmlView::find(const QString& text, bool backward) {
 
 bool HtmlView::paint(QPagedPaintDevice& device) {
   pictures_->wait();
+  finish();
   const double width = document_.size().width();
   const paper::Sheet sheet{kPaperMargins, kPrintable / width, width, foot()};
   const double height = paper::pageHeight(sheet);

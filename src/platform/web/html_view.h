@@ -2,6 +2,7 @@
 
 #include <QGraphicsTextItem>
 #include <QTextDocument>
+#include <memory>
 
 #include "platform/web/document_view.h"
 #include "platform/web/pictures.h"
@@ -24,8 +25,12 @@ class HtmlView : public DocumentView {
   [[nodiscard]] QString selection() const override;
 
  private:
+  /// Lays the rest out, when there is one: from then on the page can be marked and searched.
+  void finish();
+
   QTextDocument document_;
   Pictures* pictures_ = nullptr;
+  std::unique_ptr<QGraphicsItem> beginning_;  // stands for the page of a long document until all is laid out
   QGraphicsTextItem* page_;
 };
 

@@ -3,6 +3,7 @@
 #include <QGraphicsView>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScrollBar>
 
 #include "platform/web/document_view.h"
 #include "web_case.h"
@@ -65,6 +66,25 @@ TEST_F(WebPaneTest, ShrinksWidePagesWhileTheyStayReadableUntilTheUserZooms) {
   pane_.navigate(page(wide.arg(800)));
   ASSERT_TRUE(pane_.stands());
   EXPECT_DOUBLE_EQ(pane_.zoom(), 1.5);
+}
+
+TEST_F(WebPaneTest, LongDocumentIsReadableBeforeAllOfItIsLaidOut) {
+  QString body;
+  for (int line = 1; line <= 3000; ++line) body += u"<p>linha %1 de muitas</p>"_s.arg(line);
+  pane_.navigate(page(body));
+  ASSERT_TRUE(pane_.stands());
+  auto* view = pane_.findChild<QGraphicsView*>();
+  const auto* bar = view->verticalScrollBar();
+  QApplication::processEvents();
+  const QImage first = view->viewport()->grab().toImage();
+  const int early = bar->maximum();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return bar->maximum() > 20 * early; })) << "the rest goes on by itself";
+  EXPECT_EQ(bar->value(), bar->minimum());
+  EXPECT_EQ(view->viewport()->grab().toImage(), first) << "what was read stays where it was";
+
+  pane_.navigate(page(body + u"<p>fim</p>"_s));
+  EXPECT_TRUE(pane_.find(u"linha 2999"_s)) << "a search doesn't wait for the rest";
+  EXPECT_GT(pane_.findChild<QGraphicsView*>()->verticalScrollBar()->value(), 20 * early);
 }
 
 TEST_F(WebPaneTest, KeysOfTheScreenWorkAfterAClickIntoThePage) {
