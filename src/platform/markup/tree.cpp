@@ -86,7 +86,7 @@ QByteArray withTypedLines(const QByteArray& html) {
   static const QRegularExpression textOrSheet(uR"(<(style|script)\b[^<]*|>[^<]+)"_s,
                                               QRegularExpression::CaseInsensitiveOption);
   static const QRegularExpression gap(uR"((?<=[^\s>])\s*[\r\n]\s*(?=\S))"_s);
-  const QString read = QString::fromLatin1(html);  // bytes that stay themselves
+  QString read = QString::fromLatin1(html);  // bytes that stay themselves
   QString made;
   qsizetype done = 0;
   for (auto texts = textOrSheet.globalMatch(read); texts.hasNext();) {
@@ -144,7 +144,7 @@ QString Tree::textOf(TidyNode node) const {
   TidyBuffer text;
   tidyBufInit(&text);
   tidyNodeGetValue(document_->tidy, node, &text);
-  const QString read = QString::fromUtf8(reinterpret_cast<const char*>(text.bp), text.size);
+  QString read = QString::fromUtf8(reinterpret_cast<const char*>(text.bp), text.size);
   tidyBufFree(&text);
   return read;
 }

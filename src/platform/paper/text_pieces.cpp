@@ -66,6 +66,7 @@ class Measuring {
   /// One that touches the table before it belongs to it.
   void addTable(QTextTable& table) {
     std::vector<double> tops;
+    tops.reserve(static_cast<std::size_t>(table.rows()));
     for (int row = 0; row < table.rows(); ++row) tops.push_back(rowTop(table, row));
     const double end = tops.front() + layout_.frameBoundingRect(&table).height();
     if (!pieces_.empty() && std::abs(pieces_.back().strip.bottom - tops.front()) < 1)

@@ -60,7 +60,7 @@ bool isWeb(const QUrl& url) { return url.scheme() == u"http" || url.scheme() == 
 }  // namespace
 
 QUrl addressOf(const QString& text, const QString& folder) {
-  const QUrl url(text);
+  QUrl url(text);
   if (isDrive(url.scheme())) return url;
   // A share's name has no scheme in front.
   const QUrl address(QString(text).replace(u'\\', u'/'));
@@ -157,8 +157,7 @@ QImage Pictures::imageOf(const QString& name) {
   Picture& picture = pictures_[name];
   if (picture.size.isEmpty()) return {};
   QBuffer buffer(&picture.bytes);
-  const QImage image =
-      picture.file.isEmpty() ? QImageReader(&buffer).read() : QImageReader(picture.file).read();
+  QImage image = picture.file.isEmpty() ? QImageReader(&buffer).read() : QImageReader(picture.file).read();
   images_.insert(name, new QImage(image), image.sizeInBytes() >> 10);
   return image;
 }
