@@ -69,6 +69,7 @@ QString points(double units) { return number(units * kPointsToUnit) + u"pt"_s; }
 
 /// Sizes of a style sheet in points: the toolkit takes pixels whole.
 QString inPoints(QString styles) {
+  if (styles.isEmpty()) return styles;
   static const QRegularExpression pixels(uR"(([\d.]+)px)"_s, QRegularExpression::CaseInsensitiveOption);
   for (auto found = pixels.match(styles); found.hasMatch();
        found = pixels.match(styles, found.capturedStart() + 1))
@@ -81,7 +82,9 @@ QString styleOf(TidyNode node) { return inPoints(attribute(node, TidyAttr_STYLE)
 double fontSizeOf(TidyNode node, double around) {
   static const QRegularExpression size(uR"(font-size:\s*([\d.]+)(pt|px))"_s,
                                        QRegularExpression::CaseInsensitiveOption);
-  const auto found = size.match(attribute(node, TidyAttr_STYLE));
+  const QString style = attribute(node, TidyAttr_STYLE);
+  if (style.isEmpty()) return around;
+  const auto found = size.match(style);
   if (!found.hasMatch()) return around;
   const double value = found.captured(1).toDouble();
   return found.captured(2).toLower() == u"pt" ? value / kPointsToUnit : value;
@@ -236,6 +239,11 @@ class Writer {
     return QString::number(length.value) + (length.percent ? u"%"_s : QString());
   }
 
+  static QString spanOf(TidyNode cell, TidyAttrId name) {
+    const unsigned count = countOf(cell, name);
+    return count == 1 ? QString() : QString::number(count);
+  }
+
   /// An element's beginning, with those attributes that say something.
   void begin(const QString& tag, std::initializer_list<std::pair<QString, QString>> attributes) {
     out_ += u'<' + tag;
@@ -252,6 +260,7 @@ class Writer {
     const TidyTagId id = tidyNodeGetId(one);
     const bool shown = (kShown.contains(id) || kShownAs.contains(id)) && depth_ < kDeepest;
     if (!shown) return writeChildren(one, around);
+    if (id == TidyTag_FONT && tidyGetChild(one) == nullptr) return;  // what crossed tags leave
     const QString tag = kShownAs.value(id, QString::fromLatin1(tidyNodeGetName(one)));
     begin(tag, {{u"style"_s, (id == TidyTag_FONT ? fontStyle(one) : QString()) + styleOf(one)},
                 {u"class"_s, attribute(one, TidyAttr_CLASS)},
@@ -294,7 +303,8 @@ class Writer {
 
   void writeRow(TidyNode row, Around around) {
     around.align = attribute(row, TidyAttr_ALIGN);
-    around.style = styleOf(row) + u';';
+    around.style = styleOf(row);
+    if (!around.style.isEmpty()) around.style += u';';
     around.fontSize = fontSizeOf(row, around.fontSize);
     around.height = std::max(around.height, lengthOf(row, TidyAttr_HEIGHT).value);
     begin(u"tr"_s, {{u"bgcolor"_s, attribute(row, TidyAttr_BGCOLOR)}});
@@ -325,8 +335,8 @@ class Writer {
     if (isWord(cell)) style += u";white-space:nowrap"_s;
     const QString tag = isTag(cell, TidyTag_TH) ? u"th"_s : u"td"_s;
     begin(tag, {{u"width"_s, written(width)},
-                {u"colspan"_s, QString::number(countOf(cell, TidyAttr_COLSPAN))},
-                {u"rowspan"_s, QString::number(countOf(cell, TidyAttr_ROWSPAN))},
+                {u"colspan"_s, spanOf(cell, TidyAttr_COLSPAN)},
+                {u"rowspan"_s, spanOf(cell, TidyAttr_ROWSPAN)},
                 {u"bgcolor"_s, attribute(cell, TidyAttr_BGCOLOR)},
                 {u"align"_s, (align.isEmpty() ? around.align : align).toLower()},
                 {u"valign"_s, valign.isEmpty() ? u"middle"_s : valign.toLower()},
