@@ -90,20 +90,20 @@ HtmlView::HtmlView(const QString& richText, const QString& folder, const Picture
   connect(page_, &QGraphicsTextItem::linkHovered, this, [this](const QString& link) {
     viewport()->setCursor(link.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
   });
-  auto beginning = std::make_unique<Beginning>(document_);
-  const auto grow = [this, shown = beginning.get()](const QSizeF& laidOut) {
-    if (beginning_ == nullptr) return;
-    const QSizeF size = laidOut.expandedTo(kInSight);
-    shown->grow(size);
-    setDocumentSize(size);
-    if (document_.lastBlock().layout()->lineCount() > 0) QTimer::singleShot(0, this, &HtmlView::finish);
-  };
-  scene()->addItem(beginning.get());
-  beginning_ = std::move(beginning);
   document_.setTextWidth(kWidth);  // laid out from here on, step by step
   if (document_.characterCount() < kLong) {
-    finish();
+    showPage();
   } else {
+    auto beginning = std::make_unique<Beginning>(document_);
+    const auto grow = [this, shown = beginning.get()](const QSizeF& laidOut) {
+      if (beginning_ == nullptr) return;
+      const QSizeF size = laidOut.expandedTo(kInSight);
+      shown->grow(size);
+      setDocumentSize(size);
+      if (document_.lastBlock().layout()->lineCount() > 0) QTimer::singleShot(0, this, &HtmlView::finish);
+    };
+    scene()->addItem(beginning.get());
+    beginning_ = std::move(beginning);
     grow({});
     connect(document_.documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this, grow);
   }
@@ -118,6 +118,10 @@ HtmlView::~HtmlView() {  // before their document
 void HtmlView::finish() {
   if (beginning_ == nullptr) return;
   beginning_.reset();
+  showPage();
+}
+
+void HtmlView::showPage() {
   page_->setDocument(&document_);
   scene()->addItem(page_);
   setDocumentSize(document_.size());

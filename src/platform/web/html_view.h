@@ -27,6 +27,7 @@ class HtmlView : public DocumentView {
  private:
   /// Lays the rest out, when there is one: from then on the page can be marked and searched.
   void finish();
+  void showPage();
 
   QTextDocument document_;
   Pictures* pictures_ = nullptr;

@@ -82,6 +82,14 @@ TEST_F(WebPaneTest, LongDocumentIsReadableBeforeAllOfItIsLaidOut) {
   EXPECT_EQ(bar->value(), bar->minimum());
   EXPECT_EQ(view->viewport()->grab().toImage(), first) << "what was read stays where it was";
 
+  const auto marked = [view] {
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, QPoint(20, 12));
+    QApplication::clipboard()->clear();
+    QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+    return QApplication::clipboard()->text() == u"linha";
+  };
+  EXPECT_TRUE(QTest::qWaitFor(marked)) << "then its words can be marked";
+
   pane_.navigate(page(body + u"<p>fim</p>"_s));
   EXPECT_TRUE(pane_.find(u"linha 2999"_s)) << "a search doesn't wait for the rest";
   EXPECT_GT(pane_.findChild<QGraphicsView*>()->verticalScrollBar()->value(), 20 * early);
