@@ -1,4 +1,5 @@
 #include <QDir>
+#include <QStandardPaths>
 
 #include "platform/files/drives.h"
 
@@ -12,7 +13,8 @@ QString driveFolder(QChar letter) {
 }
 
 QString profileFolder() {
-  return QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA")) + u"/zarim"_s;
+  const QString system = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return QDir::fromNativeSeparators(qEnvironmentVariable("LOCALAPPDATA", system)) + u"/zarim"_s;
 }
 
 QString stateFolder() { return profileFolder(); }

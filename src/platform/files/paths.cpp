@@ -94,6 +94,13 @@ bool isPlaced(const QString& path, const QString& root) {
   });
 }
 
+/// The folder that stands for a path's drive; empty where none does, or where the path is one of this
+/// machine.
+QString standInFor(const QString& path) {
+  const QString root = hasDrive(path) ? driveFolder(path[0]) : QString();
+  return isPlaced(path, root) ? QString() : root;
+}
+
 /// Where a path is on this machine.
 struct Place {
   QString path;
@@ -102,9 +109,8 @@ struct Place {
 
 Place placeOf(const QString& path) {
   if (path.contains(QChar(u'\0'))) values::raise(values::kBadFileName);
-  if (!hasDrive(path)) return {path};
-  const QString root = driveFolder(path[0]);
-  if (root.isEmpty() || isPlaced(path, root)) return {path};
+  const QString root = standInFor(path);
+  if (root.isEmpty()) return {path};
   const QStringList parts = partsBelowDrive(path);
   const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
   const QString found = QFileInfo::exists(asked) ? asked : descend(root, parts);
@@ -118,6 +124,8 @@ QString resolve(const QString& path) {
   if (place.offDrive) values::raise(values::kPermissionDenied, path);
   return place.path;
 }
+
+QString ofThisMachine(const QString& path) { return standInFor(path).isEmpty() ? path : u"//?/"_s + path; }
 
 bool exists(const QString& path) {
   const Place place = placeOf(path);

@@ -12,6 +12,10 @@ namespace files {
 /// link that leads out of it raises 70. Raises 52 on a path with a NUL. An empty path stays empty.
 [[nodiscard]] QString resolve(const QString& path);
 
+/// A path of this machine, such as a dialog gives, in a form that is taken as it stands: on Windows it may
+/// begin with the letter of a drive that a folder stands for.
+[[nodiscard]] QString ofThisMachine(const QString& path);
+
 /// Whether a regular file is there, inside the folder of its drive. An empty path is no file.
 [[nodiscard]] bool exists(const QString& path);
 

@@ -19,6 +19,7 @@
 #include <utility>
 
 #include "platform/files/contents.h"
+#include "platform/files/paths.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
 #include "platform/values/line_ends.h"
@@ -153,7 +154,8 @@ QString chosenFile(const QString& title, const QString& start, QFileDialog::Acce
   window.setLabelText(QFileDialog::LookIn, u"Pasta:"_s);
   window.setLabelText(QFileDialog::Accept, open ? u"&Abrir"_s : u"&Salvar"_s);
   window.setLabelText(QFileDialog::Reject, u"&Cancelar"_s);
-  return window.exec() == QDialog::Accepted ? window.selectedFiles().value(0) : QString();
+  return window.exec() == QDialog::Accepted ? files::ofThisMachine(window.selectedFiles().value(0))
+                                            : QString();
 }
 
 }  // namespace

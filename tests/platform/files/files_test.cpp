@@ -35,6 +35,19 @@ TEST_F(Files, DrivePathsAreFoundWhateverTheCaseAndTheSlash) {
   EXPECT_EQ(errorOf([] { static_cast<void>(files::resolve(u"c:\\a\0b"_s)); }), values::kBadFileName);
 }
 
+TEST_F(Files, AChosenFileOfThisMachineIsNoneOfTheDrivesFolder) {
+  const QTemporaryDir other;
+  const QString chosen = other.filePath(u"anexo.pdf"_s);
+  files::write(chosen, "x");
+  // Where paths of the machine begin with a letter themselves a folder stands for that one too.
+  const QByteArray variable = QByteArray("ZARIM_DRIVE_") + chosen[0].toLatin1();
+  qputenv(variable.constData(), folder_.path().toUtf8());
+  EXPECT_EQ(files::readAll(files::ofThisMachine(chosen)), "x");
+  EXPECT_EQ(files::ofThisMachine(on(u"docs/anexo.pdf"_s)), on(u"docs/anexo.pdf"_s));
+  EXPECT_FALSE(files::resolve(files::ofThisMachine(u"C:/Users/Ana/anexo.pdf"_s)).startsWith(folder_.path()));
+  qunsetenv(variable.constData());
+}
+
 TEST_F(Files, AFileMadeAfterAFailedLookIsFound) {
   EXPECT_FALSE(files::exists(u"c:\\FOTO.JPG"_s));
   files::write(on(u"foto.jpg"_s), "x");
