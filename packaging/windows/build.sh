@@ -134,10 +134,14 @@ quietly "$cross-strip" "$files"/bin/*.dll "$files"/bin/*.exe "$files"/plugins/*/
 cp /usr/share/qt6/translations/qtbase_pt_BR.qm "$files/translations/"
 cp -r "$zarim/manual" "$files/manual"
 cp packaging/examples/* "$files/exemplos/"
-cp packaging/debian/copyright "$files/licencas/zarim.txt"
+cp LICENSE "$files/licencas/zarim.txt"
 for library in qt curl sqlite tidy; do cp "$work/src-$library/debian/copyright" "$files/licencas/$library.txt"; done
 cp /usr/share/doc/g++-mingw-w64-x86-64-posix/copyright "$files/licencas/gcc.txt"
 cp /usr/share/doc/mingw-w64-common/copyright "$files/licencas/mingw-w64.txt"
+# The texts that Debian keeps once for all packages.
+grep -ohE 'common-licenses/[A-Z][-A-Za-z0-9.]*[A-Za-z0-9]' "$files"/licencas/*.txt | sort -u | while read -r named; do
+  cp "/usr/share/$named" "$files/licencas/${named#*/}.txt"
+done
 # What the uninstaller takes away: each file by its name, then the folders from the innermost on.
 (cd "$files" && find . -mindepth 1 \( -type f -printf 'Delete "$INSTDIR\\%P"\n' \) -o \( -type d -printf 'RMDir "$INSTDIR\\%P"\n' \) |
   tr / '\\' | sort -r | sort -s -k1,1) >"$work/removal.nsh"
