@@ -25,7 +25,8 @@ int main(int argc, char** argv) {
       ::MessageBoxW(nullptr, text.c_str(), L"Zarim", MB_OK | MB_ICONERROR);
       return 1;
     }
-    qputenv("ZARIM_DRIVE_C", drive.toUtf8());
+    // By the system: what the runtime takes is text in the machine's own code page.
+    ::SetEnvironmentVariableW(L"ZARIM_DRIVE_C", drive.toStdWString().c_str());
     if (arguments.isEmpty()) arguments << u"7^0^PRD^"_s;
   }
   if (arguments.isEmpty()) arguments << u"--menu"_s;  // says that the ERP's menu opens the program

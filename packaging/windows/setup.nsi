@@ -1,6 +1,6 @@
 ; The setup for Windows: for all users of a machine, silent with /S. build.sh hands in VERSION, FILES (the folder of what
-; is installed), OUTPUT, ICON and REMOVAL, the list of
-; what the uninstaller takes away.
+; is installed), OUTPUT, ICON and REMOVAL, the list of what the uninstaller takes away. Its status: 2 not for this machine,
+; 3 the program is open, 4 not all could be written.
 Unicode true
 Target amd64-unicode
 SetCompressor /SOLID lzma
@@ -64,7 +64,13 @@ Section
     ExecWait '"$INSTDIR\desinstalar.exe" /S _?=$INSTDIR'
   ${EndIf}
   SetOutPath "$INSTDIR"
+  ClearErrors
   File /r "${FILES}\*"
+  ${If} ${Errors} ; a silent setup goes on without what it can't write
+    MessageBox MB_OK|MB_ICONSTOP "Nem todos os arquivos puderam ser gravados em $INSTDIR. Feche o que os usa e instale outra vez." /SD IDOK
+    SetErrorLevel 4
+    Quit
+  ${EndIf}
   WriteUninstaller "$INSTDIR\desinstalar.exe"
   CreateShortCut "$SMPROGRAMS\Orçamentos de Venda.lnk" "$INSTDIR\bin\zarim-inicio.exe" "" "$INSTDIR\bin\zarim.exe" 0 SW_SHOWNORMAL "" \
     "Monta, aprova, fecha e envia orçamentos de venda"
