@@ -43,9 +43,6 @@ QString libraryWords(sqlite3* database, const QString& path) {
 using Prepared =
     std::unique_ptr<sqlite3_stmt, decltype([](auto* statement) { sqlite3_finalize(statement); })>;
 
-/// How the values of a column come out.
-enum class Reading { Plain, Date };
-
 bool declares(sqlite3_stmt* statement, int column, std::string_view type) {
   const char* declared = sqlite3_column_decltype(statement, column);
   return declared && sqlite3_strnicmp(declared, type.data(), static_cast<int>(type.size())) == 0;
@@ -63,7 +60,7 @@ std::shared_ptr<Columns> columnsOf(sqlite3_stmt* statement, bool withLengths) {
   return columns;
 }
 
-void read(sqlite3_value* value, Reading reading, ResultValues& values) {
+void read(sqlite3_value* value, bool isDate, ResultValues& values) {
   switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
       return values.addNull();
@@ -78,7 +75,7 @@ void read(sqlite3_value* value, Reading reading, ResultValues& values) {
   const void* bytes = sqlite3_value_blob(value);
   const std::string_view text(static_cast<const char*>(bytes),
                               static_cast<std::size_t>(sqlite3_value_bytes(value)));
-  if (const auto date = reading == Reading::Date ? storedDate(text) : std::nullopt)
+  if (const auto date = isDate ? storedDate(text) : std::nullopt)
     return values.addDate(date->date, date->time);
   values.addText(text);
 }
@@ -101,16 +98,14 @@ class EmbeddedEngine final : public Engine {
     if (statement == nullptr) return {};
     int outcome = sqlite3_step(statement);  // which reads a changed table's columns anew
     const int width = sqlite3_column_count(statement);
-    std::vector<Reading> readings;
-    readings.reserve(static_cast<std::size_t>(width));
-    for (int column = 0; column < width; ++column)
-      readings.push_back(declares(statement, column, "datetime") ? Reading::Date : Reading::Plain);
+    std::vector<bool> dates;
+    for (int column = 0; column < width; ++column) dates.push_back(declares(statement, column, "datetime"));
     const auto columns = columnsOf(statement, outcome == SQLITE_DONE);
     ResultValues values;
     // A column's value may be read itself, for the library was opened without locks of its own.
     for (; outcome == SQLITE_ROW; outcome = rows == Rows::All ? sqlite3_step(statement) : SQLITE_DONE)
       for (int column = 0; column < width; ++column)
-        read(sqlite3_column_value(statement, column), readings[static_cast<std::size_t>(column)], values);
+        read(sqlite3_column_value(statement, column), dates[static_cast<std::size_t>(column)], values);
     if (outcome != SQLITE_DONE) fail();
     if (width == 0) return {};
     return {columns, std::move(values)};

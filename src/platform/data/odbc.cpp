@@ -31,6 +31,12 @@ namespace data {
 
 namespace {
 
+/// How long the login may take, in seconds: what the string says of a statement ("Timeout=6"), else timeout.
+int loginTimeout(const QString& connectionString, int timeout) {
+  const int own = keyValue(connectionString, u"Timeout").value_or(QString()).toInt();
+  return own > 0 ? own : timeout;
+}
+
 QString words(const QSqlError& error) {
   const QString text = error.databaseText().trimmed();
   return text.isEmpty() ? error.text() : text;

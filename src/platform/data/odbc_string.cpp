@@ -45,10 +45,4 @@ QString placeOf(const QString& connectionString) {
   return parts.join(u'^');
 }
 
-int loginTimeout(const QString& connectionString, int timeout) {
-  bool good = false;
-  const int own = keyValue(connectionString, u"Timeout").value_or(QString()).toInt(&good);
-  return good && own > 0 ? own : timeout;
-}
-
 }  // namespace data

@@ -1,6 +1,7 @@
 #include "platform/data/recordset.h"
 
 #include <QSet>
+#include <algorithm>
 #include <vector>
 
 #include "platform/values/dates.h"
@@ -25,10 +26,9 @@ double numberOf(const ResultValues& result, qsizetype at) {
       return static_cast<double>(result.integer(at));
     case Kind::Number:
       return result.number(at);
-    case Kind::Text:
-      break;
+    default:
+      return values::toNumber(result.text(at));
   }
-  return values::toNumber(result.text(at));
 }
 
 QDateTime dateOf(const ResultValues& result, qsizetype at) {
@@ -40,10 +40,9 @@ QDateTime dateOf(const ResultValues& result, qsizetype at) {
     case Kind::Integer:
     case Kind::Number:
       values::raise(values::kTypeMismatch);
-    case Kind::Text:
-      break;
+    default:
+      return values::toDate(result.text(at));
   }
-  return values::toDate(result.text(at));
 }
 
 QString textOf(const ResultValues& result, qsizetype at) {
@@ -56,10 +55,9 @@ QString textOf(const ResultValues& result, qsizetype at) {
       return values::toText(result.number(at));
     case Kind::Date:
       return values::toText(result.date(at), result.time(at));
-    case Kind::Text:
-      break;
+    default:
+      return result.text(at);
   }
-  return result.text(at);
 }
 
 QString dateTextOf(const ResultValues& result, qsizetype at, QStringView form) {
@@ -67,16 +65,14 @@ QString dateTextOf(const ResultValues& result, qsizetype at, QStringView form) {
   return values::formatDate(dateOf(result, at), form);
 }
 
-/// Whatever the case. Of a long result most of the time would go here.
+/// Of a long result most of the time would go into a comparison of the library's.
+char16_t folded(QChar c) {
+  if (c > QChar(0x7F)) return c.toCaseFolded().unicode();
+  return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c.unicode() + 0x20) : c.unicode();
+}
+
 bool sameName(QStringView one, QStringView other) {
-  if (one.size() != other.size()) return false;
-  for (qsizetype at = 0; at < one.size(); ++at) {
-    const char16_t a = one[at].unicode(), b = other[at].unicode();
-    if (a > 0x7F || b > 0x7F) return one.compare(other, Qt::CaseInsensitive) == 0;
-    const bool letter = (a | 0x20) >= u'a' && (a | 0x20) <= u'z';
-    if (a != b && (!letter || (a ^ b) != 0x20)) return false;
-  }
-  return true;
+  return one.size() == other.size() && std::ranges::equal(one, other, {}, folded, folded);
 }
 
 }  // namespace
