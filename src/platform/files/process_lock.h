@@ -23,10 +23,10 @@ class ProcessLock {
   [[nodiscard]] bool holds() const;
 
  private:
-  struct File;
-  explicit ProcessLock(std::unique_ptr<File> file);
+  ProcessLock(const QString& path, qintptr handle);
 
-  std::unique_ptr<File> file_;
+  QString path_;
+  qintptr handle_;  ///< the system's, of the open file
 };
 
 }  // namespace files

@@ -7,16 +7,9 @@
 
 namespace files {
 
-/// A file that nobody else may open, and that goes when it is closed.
-struct ProcessLock::File {
-  HANDLE handle = INVALID_HANDLE_VALUE;
+ProcessLock::ProcessLock(const QString& path, qintptr handle) : path_(path), handle_(handle) {}
 
-  explicit File(HANDLE opened) : handle(opened) {}
-  ~File() { ::CloseHandle(handle); }
-  File(const File&) = delete;
-  File& operator=(const File&) = delete;
-};
-
+// A file that nobody else may open, and that goes when it is closed.
 std::unique_ptr<ProcessLock> ProcessLock::take(const QString& path, std::chrono::milliseconds patience) {
   constexpr std::chrono::milliseconds kNap{5};
   const std::wstring name = QDir::toNativeSeparators(path).toStdWString();
@@ -24,7 +17,7 @@ std::unique_ptr<ProcessLock> ProcessLock::take(const QString& path, std::chrono:
     const HANDLE handle = ::CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0, nullptr,
                                         OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (handle != INVALID_HANDLE_VALUE)
-      return std::unique_ptr<ProcessLock>(new ProcessLock(std::make_unique<File>(handle)));
+      return std::unique_ptr<ProcessLock>(new ProcessLock(path, reinterpret_cast<qintptr>(handle)));
     // A file that is being closed can't be opened either.
     const DWORD fault = ::GetLastError();
     if ((fault != ERROR_SHARING_VIOLATION && fault != ERROR_ACCESS_DENIED) || left <= kNap) return nullptr;
@@ -32,9 +25,7 @@ std::unique_ptr<ProcessLock> ProcessLock::take(const QString& path, std::chrono:
   }
 }
 
-ProcessLock::ProcessLock(std::unique_ptr<File> file) : file_(std::move(file)) {}
-
-ProcessLock::~ProcessLock() = default;
+ProcessLock::~ProcessLock() { ::CloseHandle(reinterpret_cast<HANDLE>(handle_)); }
 
 // Nobody can remove a file that is open so.
 bool ProcessLock::holds() const { return true; }
