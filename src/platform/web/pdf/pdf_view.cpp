@@ -6,6 +6,7 @@
 #include <QPdfLink>
 #include <QPdfSearchModel>
 #include <QPdfSelection>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <algorithm>
 #include <cmath>
@@ -25,19 +26,6 @@ constexpr double kBetweenPages = 8;   // dots
 constexpr double kMostPixels = 36e6;  // of a page's picture: an A4 page at 600 dots an inch
 constexpr int kKept = 192 << 10;      // kilobytes of pages as they are drawn
 constexpr QColor kMark(255, 200, 0, 120);
-
-/// Keeps off the terminal what the toolkit warns of: finds whose letters are of another case.
-class Quiet {
- public:
-  Quiet() = default;
-  Quiet(const Quiet&) = delete;
-  Quiet& operator=(const Quiet&) = delete;
-  ~Quiet() { qInstallMessageHandler(before_); }
-
- private:
-  QtMessageHandler before_ =
-      qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-};
 
 /// A picture of a page, so many pixels to a point at most: whatever size it says it is, memory holds it.
 QImage pictureOf(QPdfDocument& document, int page, double scale) {
@@ -130,7 +118,9 @@ class PdfView : public DocumentView {
     current_ = -1;
     found_.clear();
     if (text.isEmpty()) return;
-    const Quiet quiet;
+    // The toolkit warns of finds whose letters are of another case.
+    const auto loud = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const auto back = qScopeGuard([loud] { qInstallMessageHandler(loud); });
     QPdfSearchModel model;
     model.setDocument(&document_);
     model.setSearchString(text);
