@@ -99,7 +99,7 @@ void entraNoCorreio(const Anota& anota, const QString& quem, const QString& serv
            {}});
   } catch (const values::RuntimeError& erro) {
     // Nothing was to be sent.
-    const QString porque = QString(erro.text()).remove(values::standardText(values::kMailFailed) + u": "_s);
+    const QString porque = QString(erro.text()).remove(values::kMailFailed.text.toString() + u": "_s);
     anota({quem, porque, u"confira emai_serv, endereço e senha em empr, e o certificado do servidor"_s});
   }
 }

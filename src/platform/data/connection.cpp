@@ -70,7 +70,7 @@ void Questions::failAll(const std::exception_ptr& error) {
 
 void Questions::end() {
   failAll(std::make_exception_ptr(
-      values::RuntimeError(values::kClosedObject, values::standardText(values::kClosedObject))));
+      values::RuntimeError(values::kClosedObject, values::kClosedObject.text.toString())));
   while (!answered_.empty()) step();  // who asks again then is refused at once
   walk_.reset();
 }

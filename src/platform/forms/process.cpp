@@ -95,7 +95,7 @@ bool guarded(const std::function<void()>& handler, const QString& where) {
       showRuntimeError(error, where);
       end(1);
     } catch (const std::bad_alloc&) {
-      showRuntimeError({values::kOutOfMemory, values::standardText(values::kOutOfMemory)}, where);
+      showRuntimeError({values::kOutOfMemory, values::kOutOfMemory.text.toString()}, where);
       end(1);
     }
   } catch (const values::Cancelled&) {
