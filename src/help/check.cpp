@@ -4,7 +4,7 @@
 #include <QHostInfo>
 #include <QRegularExpression>
 
-#include "platform/mail/smtp_transfer.h"
+#include "platform/mail/mail_message.h"
 #include "platform/office/printers.h"
 #include "platform/values/runtime_error.h"
 #include "run/configuration.h"
@@ -88,11 +88,12 @@ void entraNoCorreio(const Anota& anota, const QString& quem, const QString& serv
   if (usuario.isEmpty())
     return anota({quem, u"sem endereço em empr"_s, u"escreva endereço e senha no cadastro da empresa"_s});
   try {
-    mail::Outgoing entrada;
-    entrada.server = servidor;
-    entrada.username = usuario;
-    entrada.password = senha;
-    const bool cifrado = mail::tryLogin(entrada, mail::settings());
+    mail::MailMessage entrada;
+    entrada.AuthenticationType = mail::kLogin;
+    entrada.Server = servidor;
+    entrada.Username = usuario;
+    entrada.Password = senha;
+    const bool cifrado = entrada.tryLogin();
     anota({quem,
            u"%1 aceita %2, %3"_s.arg(servidor, usuario,
                                      cifrado ? u"com TLS"_s : u"sem TLS: a senha passa às claras"_s),

@@ -1,12 +1,13 @@
 #include "platform/mail/mail_message.h"
 
 #include <QFileInfo>
-#include <algorithm>
+#include <QSet>
 
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
 #include "platform/mail/headers.h"
-#include "platform/mail/smtp_transfer.h"
+#include "platform/mail/mime.h"
+#include "platform/mail/smtp_dialogue.h"
 #include "platform/values/dates.h"
 
 using namespace Qt::StringLiterals;
@@ -30,45 +31,99 @@ Settings& settings() {
 namespace {
 
 /// Every address once: who stands in the list twice gets one message.
-std::vector<QByteArray> envelope(const std::vector<Address>& to, const std::vector<Address>& copy) {
+List envelope(std::vector<Address> to, const std::vector<Address>& copy) {
+  to.insert(to.end(), copy.begin(), copy.end());
   std::vector<QByteArray> recipients;
-  for (const auto* list : {&to, &copy}) {
-    for (const Address& address : *list) {
-      const auto same = [&address](const QByteArray& other) {
-        return other.compare(address.address, Qt::CaseInsensitive) == 0;
-      };
-      if (std::ranges::none_of(recipients, same)) recipients.push_back(address.address);
-    }
+  QSet<QByteArray> known;
+  for (const Address& one : to) {
+    if (known.contains(one.address.toLower())) continue;
+    known << one.address.toLower();
+    recipients.push_back(one.address);
   }
-  return recipients;
+  return makeList(recipients);
+}
+
+/// TLS from the start on its own port.
+bool isTlsPort(const QString& server) { return server.section(u':', -1).toInt() == 465; }
+
+template <class Value>
+void set(CURL* handle, CURLoption option, Value value) {
+  curl_easy_setopt(handle, option, value);
+}
+
+/// A line to the server with all but the message. TLS is taken where it is offered; the dialogue sees to it
+/// that it succeeds then.
+Handle makeHandle(const MailMessage& mail, Dialogue& dialogue) {
+  static const CURLcode started = curl_global_init(CURL_GLOBAL_DEFAULT);
+  Handle handle(started == CURLE_OK ? curl_easy_init() : nullptr);
+  if (!handle) throw std::bad_alloc();
+  CURL* curl = handle.get();
+  const QString server = mail.Server.trimmed();
+  const QByteArray url = (isTlsPort(server) ? "smtps://" : "smtp://") + server.toUtf8();
+  set(curl, CURLOPT_URL, url.constData());
+  set(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+  set(curl, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
+  set(curl, CURLOPT_PROXY, "");
+  if (!settings().caFile.isEmpty()) set(curl, CURLOPT_CAINFO, settings().caFile.toLocal8Bit().constData());
+  if (mail.AuthenticationType == kLogin && !mail.Username.isEmpty()) {
+    set(curl, CURLOPT_USERNAME, mail.Username.toUtf8().constData());
+    set(curl, CURLOPT_PASSWORD, mail.Password.toUtf8().constData());
+    // The methods that take user and password as they are, whatever else the server offers.
+    set(curl, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
+  }
+  // Up to the end of the login; what follows has the dialogue's limits.
+  set(curl, CURLOPT_CONNECTTIMEOUT, long{settings().connectTimeout});
+  set(curl, CURLOPT_NOSIGNAL, 1L);
+  // A name server that doesn't answer is not waited for beyond that time.
+  set(curl, CURLOPT_QUICK_EXIT, 1L);
+  // The line is closed while the dialogue still listens, so that the good-bye has its limit.
+  set(curl, CURLOPT_FORBID_REUSE, 1L);
+  dialogue.listenTo(curl);
+  return handle;
+}
+
+void perform(CURL* curl, const Dialogue& dialogue, const QString& server) {
+  const CURLcode result = curl_easy_perform(curl);
+  if (result != CURLE_OK) fail(dialogue.failure(result), dialogue.details(server), dialogue.silence(result));
 }
 
 }  // namespace
+
+bool MailMessage::tryLogin() const {
+  Dialogue dialogue(isTlsPort(Server), Password, settings().stallTimeout);
+  const Handle handle = makeHandle(*this, dialogue);
+  set(handle.get(), CURLOPT_NOBODY, 1L);
+  set(handle.get(), CURLOPT_CUSTOMREQUEST, "NOOP");
+  perform(handle.get(), dialogue, Server);
+  return dialogue.encrypted();
+}
 
 void MailMessage::SendEmail() const {
   const std::vector<Address> from = parseAddresses(MailFrom, u"o remetente"_s);
   const std::vector<Address> to = parseAddresses(SendTo, u"o destinatário"_s);
   const std::vector<Address> copy = parseAddresses(SendCC, u"o destinatário da cópia"_s);
-  if (Server.trimmed().isEmpty()) fail(u"falta o servidor de e-mail"_s);
+  const QString server = Server.trimmed();
+  if (server.isEmpty()) fail(u"falta o servidor de e-mail"_s);
   if (from.empty()) fail(u"falta o endereço do remetente"_s);
   if (to.empty()) fail(u"não há nenhum destinatário"_s);
 
-  Outgoing mail;
-  mail.server = Server.trimmed();
-  if (AuthenticationType == kLogin) {
-    mail.username = Username;
-    mail.password = Password;
-  }
-  mail.from = from.front().address;
-  mail.recipients = envelope(to, copy);
-  mail.headers = {dateHeader(values::now()), messageIdHeader(mail.from),
-                  addressHeader("From", {from.front()}), addressHeader("To", to)};
-  if (!copy.empty()) mail.headers.push_back(addressHeader("Cc", copy));
-  mail.headers.push_back(textHeader("Subject", MessageSubject));
-  mail.text = MessageText;
-  mail.html = MessageHTML;
-  mail.files = Attachments.files();
-  transfer(mail, settings());
+  const QByteArray sender = from.front().address;
+  const List recipients = envelope(to, copy);
+  Dialogue dialogue(isTlsPort(server), Password, settings().stallTimeout);
+  const Handle handle = makeHandle(*this, dialogue);
+  CURL* curl = handle.get();
+  const Parts parts = makeParts(curl, *this);
+  std::vector<QByteArray> lines{dateHeader(values::now()), messageIdHeader(sender),
+                                addressHeader("From", {from.front()}), addressHeader("To", to)};
+  if (!copy.empty()) lines.push_back(addressHeader("Cc", copy));
+  lines.push_back(textHeader("Subject", MessageSubject));
+  lines.push_back(parts.typeHeader);
+  const List headers = makeList(lines);
+  set(curl, CURLOPT_MAIL_FROM, sender.constData());
+  set(curl, CURLOPT_MAIL_RCPT, recipients.get());
+  set(curl, CURLOPT_HTTPHEADER, headers.get());
+  set(curl, CURLOPT_MIMEPOST, parts.mime.get());
+  perform(curl, dialogue, server);
 }
 
 }  // namespace mail

@@ -82,6 +82,8 @@ class MailMessage {
   /// Sends it and waits. Raises values::kMailFailed, whose text says which step failed and what the server
   /// answered; then nobody got the message.
   void SendEmail() const;
+  /// Connects and logs in, and sends nothing. Whether the line was encrypted. Raises as SendEmail does.
+  [[nodiscard]] bool tryLogin() const;
 };
 
 }  // namespace mail

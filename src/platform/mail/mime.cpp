@@ -108,22 +108,23 @@ void addFile(const Mime& parts, const AttachmentList::File& file) {
 
 }  // namespace
 
-Parts makeParts(CURL* handle, const Outgoing& mail) {
-  const QString plain = mail.text.isEmpty() ? textOfHtml(mail.html) : mail.text;
+Parts makeParts(CURL* handle, const MailMessage& mail) {
+  const QString plain = mail.MessageText.isEmpty() ? textOfHtml(mail.MessageHTML) : mail.MessageText;
   Mime forms(curl_mime_init(handle));
   addPart(forms, "text/plain; charset=UTF-8", values::withWindowsLineEnds(plain).toUtf8());
-  if (!mail.html.isEmpty()) {
-    const Body body = htmlBody(mail.html);
+  if (!mail.MessageHTML.isEmpty()) {
+    const Body body = htmlBody(mail.MessageHTML);
     addPart(forms, body.contentType, body.content);
   }
-  if (mail.files.empty()) return {std::move(forms), "Content-Type: " + QByteArray(kAlternative)};
+  if (mail.Attachments.files().empty())
+    return {std::move(forms), "Content-Type: " + QByteArray(kAlternative)};
 
   Mime all(curl_mime_init(handle));
   curl_mimepart* first = curl_mime_addpart(all.get());
   check(curl_mime_subparts(first, forms.get()));
   static_cast<void>(forms.release());
   check(curl_mime_type(first, kAlternative));
-  for (const AttachmentList::File& file : mail.files) addFile(all, file);
+  for (const AttachmentList::File& file : mail.Attachments.files()) addFile(all, file);
   return {std::move(all), "Content-Type: multipart/mixed"};
 }
 

@@ -7,7 +7,7 @@
 #include <new>
 #include <vector>
 
-#include "platform/mail/smtp_transfer.h"
+#include "platform/mail/mail_message.h"
 
 namespace mail {
 
@@ -39,6 +39,6 @@ struct Parts {
   Mime mime;
   QByteArray typeHeader;
 };
-[[nodiscard]] Parts makeParts(CURL* handle, const Outgoing& mail);
+[[nodiscard]] Parts makeParts(CURL* handle, const MailMessage& mail);
 
 }  // namespace mail
