@@ -2,9 +2,8 @@
 
 #include <QString>
 
-/// Writes a quote as a word-processor document at `documento` and prints it on the silent PDF printer to
-/// `pdf`. The first printer is the default again afterwards. Raises the runtime's error when the letterhead's
-/// picture is missing.
+/// Writes a quote as a word-processor document at `documento`, and as it comes onto paper as PDF at `pdf`.
+/// Raises the runtime's error when the letterhead's picture is missing.
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf);
 
 /// Fixed path of the layout trial.

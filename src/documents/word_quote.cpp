@@ -1,4 +1,3 @@
-#include <QScopeGuard>
 #include <array>
 
 #include "documents/company_texts.h"
@@ -6,7 +5,6 @@
 #include "documents/item_columns.h"
 #include "documents/quote_blocks.h"
 #include "documents/word.h"
-#include "platform/office/printers.h"
 #include "platform/office/word_processor.h"
 #include "platform/values/numbers.h"
 #include "quote/default_terms.h"
@@ -23,9 +21,6 @@ namespace {
 constexpr double kLetraNome = 10;  // the name fills one line of the letterhead
 constexpr double kLetraCelula = 8, kLetraClausula = 7;
 
-/// Releases before 2007 get their margins and table widths by number; from then on the defaults stand.
-bool defineMedidas(const WordProcessor& word) { return word.version() < 12; }
-
 /// Types cells one after the other, moving on between them; the last one can be a number, on the right.
 void digitaCelulas(WordProcessor& word, const QStringList& textos, bool negrito = false,
                    Qt::Alignment ultima = Qt::AlignLeft) {
@@ -38,11 +33,7 @@ void digitaCelulas(WordProcessor& word, const QStringList& textos, bool negrito 
 }
 
 void timbre(WordProcessor& word) {
-  word.addTable(1, 2, false);
-  if (defineMedidas(word)) {
-    word.setColumnWidth(0, 200);
-    word.setColumnWidth(1, 248.9);
-  }
+  word.addTable(2, false);
   word.setAlignment(Qt::AlignHCenter);
   word.addPicture(contexto().PathImagens + empresa::kLogoFixo);
   word.moveRight();
@@ -64,7 +55,7 @@ void tabelaDoCliente(WordProcessor& word, const data::Recordset& orcamento) {
   auto atendente = UsuarioAtual(orcamento.text(u"IDRESV_PROP_CMRC"));
   auto emailAtendente = EmailUsuario(orcamento.text(u"IDRESV_PROP_CMRC"));
   auto evento = DescricaoTipoEvento(orcamento.text(u"idtipo_even"));
-  word.addTable(1, 3, true);
+  word.addTable(3, true);
   digitaCelulas(
       word, {u"Cliente: "_s + PegaCampo(waitFor(cliente), 1),
              u"Orçamento: "_s + numeroDocumento(orcamento.text(u"idprop_cmrc")),
@@ -91,7 +82,7 @@ double tabelaDosItens(WordProcessor& word, const QString& id) {
     for (const Coluna& coluna : kColunas) textos << texto(coluna);
     digitaCelulas(word, textos, negrito, Qt::AlignRight);
   };
-  word.addTable(1, static_cast<int>(kColunas.size()), true);
+  word.addTable(static_cast<int>(kColunas.size()), true);
   std::vector<double> larguras;
   for (const Coluna& coluna : kColunas) larguras.push_back(values::leadingNumber(coluna.largura));
   word.setColumnShares(larguras);
@@ -117,7 +108,7 @@ double tabelaDosItens(WordProcessor& word, const QString& id) {
 }
 
 void tabelaDaQuantidade(WordProcessor& word, int pessoas, double total) {
-  word.addTable(1, 2, true);
+  word.addTable(2, true);
   digitaCelulas(word,
                 {u"Quantidade Solicitada: "_s + QString::number(pessoas),
                  emReais(u"Total Geral - "_s) + emMoeda(pessoas * total)},
@@ -149,7 +140,7 @@ void rotulado(WordProcessor& word, const QString& rotulo, const QString& texto) 
 }
 
 void tabelaDaAprovacao(WordProcessor& word, const QString& pagamento) {
-  word.addTable(1, 2, true);
+  word.addTable(2, true);
   word.setAlignment(Qt::AlignLeft);
   rotulado(word, u"Forma de Pagamento"_s, {});
   word.typeText(pagamento);
@@ -169,37 +160,13 @@ void tabelaDaAprovacao(WordProcessor& word, const QString& pagamento) {
   word.moveAfterTable();
 }
 
-/// Prints on the silent PDF printer, which is the default while it does so.
-void imprimeEmPdf(WordProcessor& word, const QString& pdf, const QString& primeiraImpressora) {
-  const std::pair<QString, QString> ajustes[] = {{u"output"_s, pdf},
-                                                 {u"showsettings"_s, u"never"_s},
-                                                 {u"ShowPDF"_s, u"no"_s},
-                                                 {u"ShowSaveAS"_s, u"never"_s},
-                                                 {u"ShowProgress"_s, u"no"_s},
-                                                 {u"ShowProgressFinished"_s, u"no"_s},
-                                                 {u"ConfirmOverwrite"_s, u"no"_s}};
-  office::PdfPrinterSettings impressora;
-  for (const auto& [nome, valor] : ajustes) impressora.setValue(nome, valor);
-  impressora.writeSettings();
-  const auto volta = qScopeGuard([&] { office::setDefaultPrinter(primeiraImpressora); });
-  if (office::printers().contains(office::kPdfPrinter)) office::setDefaultPrinter(office::kPdfPrinter);
-  word.setActivePrinter(office::kPdfPrinter);
-  word.printOut();
-}
-
 }  // namespace
 
 void DocumentoWord(const QString& id, const QString& documento, const QString& pdf) {
-  const QString primeiraImpressora = office::defaultPrinter();
-  WordProcessor word;
   const QString numero = numeroDocumento(id);
-  word.addDocument(
+  WordProcessor word(
       u"Orçamento de Venda - "_s + numero,
       (waitFor(DataFechamentoOrcamento(id)).isEmpty() ? u"Orçamento "_s : u"Pedido "_s) + numero);
-  if (defineMedidas(word)) {
-    word.setTopMargin(2);
-    word.setBottomMargin(1.5);
-  }
   timbre(word);
   const data::Recordset orcamento = orcamentoDoDocumento(id);
   QString pagamento = kCondPagtoPadrao.toString();
@@ -213,5 +180,5 @@ void DocumentoWord(const QString& id, const QString& documento, const QString& p
   clausulas(word);
   tabelaDaAprovacao(word, pagamento);
   word.saveAs(documento);
-  imprimeEmPdf(word, pdf, primeiraImpressora);
+  word.printToPdf(pdf);
 }

@@ -30,7 +30,7 @@ enum CampoDaEmpresa { Nome = 1, Cnpj, Ie, Endereco, Cidade, Uf, Cep, Fone1, Fone
 void timbre(WordProcessor& word) {
   const QString empresa = waitFor(DadosEmpresaTexto());
   const auto campo = [&](CampoDaEmpresa n) { return PegaCampo(empresa, n); };
-  word.addTable(1, 2, false);
+  word.addTable(2, false);
   word.addPicture(kLogo);
   word.moveRight();
   word.setFont(u"Arial"_s, 10, true);
@@ -66,8 +66,7 @@ void linhas(WordProcessor& word, const QStringList& textos) {
 void gravaAmostraWord(qint32 id) {
   const QString tituloDoDocumento = u"Orçamento de Venda - "_s + numeroDocumento(id) + u" - "_s +
                                     diaDaData(waitFor(DataOrcamento(QString::number(id))));
-  WordProcessor word;
-  word.addDocument(tituloDoDocumento);
+  WordProcessor word(tituloDoDocumento);
   timbre(word);
   word.setFont(u"Arial"_s, 11, true);
   word.setAlignment(Qt::AlignHCenter);

@@ -2,10 +2,10 @@
 
 #include <QFontDatabase>
 #include <QHostInfo>
+#include <QPrinterInfo>
 #include <QRegularExpression>
 
 #include "platform/mail/mail_message.h"
-#include "platform/office/printers.h"
 #include "platform/values/runtime_error.h"
 #include "run/configuration.h"
 #include "run/context.h"
@@ -134,8 +134,8 @@ void olhaFontes(const Anota& anota) {
 }
 
 void olhaImpressoras(const Anota& anota) {
-  const QStringList todas = office::printers();
-  anota({u"impressoras"_s, todas.join(u", "_s), {}});
+  const QString todas = QPrinterInfo::availablePrinterNames().join(u", "_s);
+  anota({u"impressoras"_s, todas.isEmpty() ? u"nenhuma"_s : todas, {}});
 }
 
 }  // namespace

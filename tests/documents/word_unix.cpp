@@ -7,8 +7,6 @@
 
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
-#include "platform/office/printers.h"
-#include "platform/office/word_processor.h"
 #include "platform/values/runtime_error.h"
 #include "quote_rows.h"
 
@@ -19,7 +17,6 @@ namespace {
 class WordDocument : public Quotes {
  protected:
   WordDocument() { drawLogo(127); }
-  ~WordDocument() override { office::WordProcessor::setInstalledVersion(0); }
 
   static void drawLogo(int height) {
     QImage logo(283, height, QImage::Format_RGB32);
@@ -55,15 +52,12 @@ const QString kTexts =
     "Forma de Pagamento|5% de desconto para pagamento à vista ou|50% de sinal e 50% na entrega|"
     "Validade da proposta: 10 dias|Banco Alfa - Ag 0001 - C/C 00000-00|carimbo da empresa"_s;
 
-TEST_F(WordDocument, PdfHoldsTheWholeQuoteAndTheFirstPrinterIsTheDefaultAgain) {
-  office::setDefaultPrinter(u"Laser do escritório"_s);
+TEST_F(WordDocument, PdfHoldsTheWholeQuote) {
   files::write(pdf_, "an old one");
   DocumentoWord(u"123"_s, doc_, pdf_);
   const QString text = textOfPdf();
   for (const QString& part : kTexts.split(u'|'))
     EXPECT_TRUE(text.contains(part)) << part.toStdString() << "\n" << text.toStdString();
-  EXPECT_EQ(office::pdfPrinterSetting(u"output"_s), pdf_);
-  EXPECT_EQ(office::defaultPrinter(), u"Laser do escritório"_s);
   // A quote without lines has a heading and a total row.
   DocumentoWord(u"126"_s, doc_, pdf_);
   EXPECT_TRUE(textOfPdf().contains(u"Cod.Prod. Produto Observações Qtde Total Unitário 0,00"_s));
@@ -112,17 +106,13 @@ TEST_F(WordDocument, WordProcessorsOpenTheFileWithTablesPictureAndTexts) {
   EXPECT_TRUE(content.contains(u"Fita João"_s));
 }
 
-TEST_F(WordDocument, OnlyOldReleasesGetMarginsAndWidthsByNumber) {
-  for (const double version : {11.0, 12.0, 15.0}) {
-    office::WordProcessor::setInstalledVersion(version);
-    DocumentoWord(u"123"_s, doc_, pdf_);
-    const QByteArray rtf = files::readAll(doc_);
-    EXPECT_EQ(rtf.contains("\\margt40\\margb30"), version < 12) << version;
-    EXPECT_EQ(rtf.contains("\\cellx3892"), version < 12) << version;
-    EXPECT_EQ(rtf.count("\\trhdr") + rtf.count("\\keepn"), 2);
-    EXPECT_EQ(alignmentOf(rtf, "Observa") + alignmentOf(rtf, "1 - Todos"), "\\qc\\ql");
-    EXPECT_EQ(alignmentOf(rtf, "Lata dourada") + alignmentOf(rtf, "1307,25"), "\\ql\\qr");
-  }
+TEST_F(WordDocument, MarginsTitlesAndAlignmentsStandInTheWordFile) {
+  DocumentoWord(u"123"_s, doc_, pdf_);
+  const QByteArray rtf = files::readAll(doc_);
+  EXPECT_TRUE(rtf.contains("\\margl1701\\margr1701\\margt1417\\margb1417"));
+  EXPECT_EQ(rtf.count("\\trhdr") + rtf.count("\\keepn"), 2);
+  EXPECT_EQ(alignmentOf(rtf, "Observa") + alignmentOf(rtf, "1 - Todos"), "\\qc\\ql");
+  EXPECT_EQ(alignmentOf(rtf, "Lata dourada") + alignmentOf(rtf, "1307,25"), "\\ql\\qr");
 }
 
 TEST_F(WordDocument, WithoutTheLetterheadsPictureItFailsAndWritesNothing) {

@@ -3,7 +3,8 @@
 #include <cmath>
 #include <utility>
 
-#include "platform/office/word_document.h"
+#include "platform/office/word_processor.h"
+#include "platform/paper/text_pieces.h"
 
 namespace office {
 namespace {
@@ -17,7 +18,7 @@ class Writer {
   explicit Writer(const Document& document) : document_(document) {}
 
   QByteArray write() {
-    forEachPart(
+    paper::forEachPart(
         document_.text, [this](const QTextBlock& block) { writeBlock(block, "\\pard", "\\par\n"); },
         [this](const QTextTable& table) { writeTable(table); });
     return head() + body_ + "}\n";
@@ -57,12 +58,12 @@ class Writer {
     for (qsizetype i = 0; i < fonts_.size(); ++i)
       out += "{\\f" + QByteArray::number(i) + "\\fnil " + escaped(fonts_[i]) + ";}";
     out += "}\n{\\info{\\title " + escaped(document_.title) + "}}\n";
-    for (const auto& [word, points] : {std::pair("\\paperw", kPageWidth),
-                                       {"\\paperh", kPageHeight},
-                                       {"\\margl", document_.leftMargin},
-                                       {"\\margr", document_.rightMargin},
-                                       {"\\margt", document_.topMargin},
-                                       {"\\margb", document_.bottomMargin}})
+    for (const auto& [word, points] : {std::pair("\\paperw", paper::kPageWidth),
+                                       {"\\paperh", paper::kPageHeight},
+                                       {"\\margl", kMargins.left()},
+                                       {"\\margr", kMargins.right()},
+                                       {"\\margt", kMargins.top()},
+                                       {"\\margb", kMargins.bottom()}})
       out += word + number(points * kTwips);
     return out + "\n";
   }
@@ -82,7 +83,7 @@ class Writer {
     const Qt::Alignment alignment = block.blockFormat().alignment();
     body_ += start;
     body_ += alignment & Qt::AlignHCenter ? "\\qc" : alignment & Qt::AlignRight ? "\\qr" : "\\ql";
-    if (block.blockFormat().boolProperty(kKeepWithNext)) body_ += "\\keepn";
+    if (block.blockFormat().boolProperty(paper::kKeepWithNext)) body_ += "\\keepn";
     body_ += fontWords(block.charFormat()) + " ";
     for (auto at = block.begin(); !at.atEnd(); ++at) {
       const QTextCharFormat format = at.fragment().charFormat();
@@ -99,8 +100,8 @@ class Writer {
     QByteArray layout = "\\trgaph108\\trleft-108\\trkeep\\trpaddt45\\trpaddft3\\trpaddb45\\trpaddfb3";
     double right = -108 / kTwips;
     for (const QTextLength& width : format.columnWidthConstraints()) {
-      right += width.rawValue() / kDots;
-      if (format.boolProperty(kGrid))
+      right += width.value(kTextWidth);
+      if (format.border() > 0)
         for (const char* side : {"t", "l", "b", "r"})
           layout += QByteArray("\\clbrdr") + side + "\\brdrs\\brdrw10";
       layout += "\\cellx" + number(right * kTwips);

@@ -1,26 +1,36 @@
 #pragma once
 
+#include <QMarginsF>
 #include <QTextCursor>
-#include <memory>
+#include <QTextDocument>
 #include <vector>
 
-#include "platform/office/word_document.h"
+#include "platform/paper/printer.h"
 
 namespace office {
 
-/// A word processor that is driven: text is typed where the selection stands, as a person would. One document
-/// at a time. Members act on the open document; without one they raise 91.
+/// Dots of the text to a point.
+inline constexpr double kDots = paper::kDotsPerInch / 72;
+inline constexpr QMarginsF kMargins{85.05, 70.85, 85.05, 70.85};  // points
+inline constexpr double kTextWidth = paper::kPageWidth - kMargins.left() - kMargins.right();
+
+struct Document {
+  /// Blocks and tables, whose header rows every page repeats. Pictures are resources: the bytes of their
+  /// file.
+  QTextDocument text;
+  QString title;
+  QString foot;  ///< stands on paper with the page's number below the second page and those after it
+};
+
+/// The document in Rich Text Format 1.9 (rtf_writer.cpp), pictures inside, characters outside ASCII as \u
+/// escapes, which word processors open under the ending .doc.
+[[nodiscard]] QByteArray toRtf(const Document& document);
+
+/// A word processor that is driven: text is typed where the selection stands, as a person would. Its one
+/// document is an A4 page with margins.
 class WordProcessor {
  public:
-  WordProcessor();
-  /// Version as the target's releases count them: 8, 9, 10, 11, 12.
-  [[nodiscard]] double version() const { return version_; }
-  /// Makes later word processors report another version; 0 brings back their own, 12 (tests).
-  static void setInstalledVersion(double version);
-
-  void addDocument(const QString& title = {}, const QString& foot = {});
-  void setTopMargin(double points) { open().topMargin = points; }
-  void setBottomMargin(double points) { open().bottomMargin = points; }
+  explicit WordProcessor(const QString& title = {}, const QString& foot = {});
 
   void setFont(const QString& name, double size, bool bold = false);
   void setBold(bool bold) { font_.setFontWeight(bold ? QFont::Bold : QFont::Normal); }
@@ -36,10 +46,10 @@ class WordProcessor {
   /// or page is narrower. Raises 5152 when the file is not there, 481 when it is no such picture.
   void addPicture(const QString& path);
 
-  /// A table at the selection, which goes to its first cell; columns share the text's width.
-  void addTable(int rows, int columns, bool grid);
-  void setColumnWidth(int column, double points);
-  /// Widths as shares of the text's width, which add up to 100.
+  /// A table of one row at the end, to whose first cell the selection goes; columns share the text's width.
+  void addTable(int columns, bool grid);
+  // In a table.
+  /// Widths of the columns as shares of the text's width, which add up to 100.
   void setColumnShares(const std::vector<double>& percents);
   /// The current row is a title, which the table repeats on each page; so are those above it.
   void setHeadingRow();
@@ -48,33 +58,24 @@ class WordProcessor {
   /// After the last table and an empty paragraph, on a new one.
   void moveAfterTable();
 
-  /// Writes the document as RTF, which word processors open under the ending .doc.
+  /// Writes the document as RTF.
   void saveAs(const QString& path);
+  /// Writes it as PDF, as it comes onto paper: no row of a table stands on two pages unless it is higher than
+  /// one. Raises 482 where it can't be painted, and as files::write does.
+  void printToPdf(const QString& path);
 
-  void setActivePrinter(const QString& deviceName) { activePrinter_ = deviceName; }
-  /// Prints on the active printer.
-  void printOut();
-
-  [[nodiscard]] const Document& document() { return laidOut(); }
+  [[nodiscard]] const Document& document() const { return document_; }
 
  private:
-  [[nodiscard]] Document& open();
-  [[nodiscard]] QTextCursor& here();
-  [[nodiscard]] QTextTable& table();
-  /// The open document, to be read.
-  [[nodiscard]] Document& laidOut();
   void beginBlock(QTextCursor& at) const;
   void beginRow();
 
-  double version_;
-  std::unique_ptr<Document> document_;
-  QTextCursor cursor_;
-  bool typing_ = false;
+  Document document_;
+  QTextCursor cursor_{&document_.text};
   QTextCharFormat font_;
   Qt::Alignment alignment_ = Qt::AlignLeft;
   QTextTable* table_ = nullptr;  ///< that the selection is in
-  int row_ = 0, column_ = 0;
-  QString activePrinter_;
+  int column_ = 0;
 };
 
 }  // namespace office

@@ -2,9 +2,10 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QImage>
+#include <QPainter>
 #include <QPalette>
-#include <QTextLayout>
-#include <algorithm>
+
+#include "platform/paper/text_pieces.h"
 
 namespace paper {
 
@@ -12,8 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kPageHeight = 841.9, kPageWidth = 595.3;  // points, of A4
-constexpr double kFootSize = 8, kFootRise = 20;            // points; its line's distance from the paper's end
+constexpr double kFootSize = 8, kFootRise = 20;  // points; its line's distance from the paper's end
 
 /// What all layouts measure with.
 QImage& measuringDevice() {
@@ -58,8 +58,6 @@ class Painting {
     context.clip = QRectF(-1, strip.top + 0.5, sheet_.width + 2, strip.height() - 1);
     painter_.setClipRect(context.clip.adjusted(0, -1, 0, 1));
     text_.documentLayout()->draw(&painter_, context);
-    painter_.setClipping(false);
-    if (sheet_.over) sheet_.over(painter_, strip);
     painter_.restore();
   }
 
@@ -90,34 +88,10 @@ void layOutForAnyDevice(QTextDocument& text) {
   text.documentLayout()->setPaintDevice(&measuringDevice());
 }
 
-std::vector<double> cutsBetweenLines(const QTextBlock& first, const QTextBlock& last) {
-  std::vector<Strip> lines;
-  const auto* layout = first.document()->documentLayout();
-  for (QTextBlock block = first; block.isValid() && block.position() <= last.position();
-       block = block.next()) {
-    const double top = layout->blockBoundingRect(block).top();
-    for (int i = 0; i < block.layout()->lineCount(); ++i) {
-      const QRectF line = block.layout()->lineAt(i).rect();
-      lines.push_back({top + line.top(), top + line.bottom()});
-    }
-  }
-  std::ranges::sort(lines, {}, &Strip::top);
-  std::vector<double> cuts;
-  for (double bottom = 1e9; const Strip& line : lines) {
-    if (line.top >= bottom - 0.5) cuts.push_back(bottom);
-    bottom = cuts.empty() && bottom == 1e9 ? line.bottom : std::max(bottom, line.bottom);
-  }
-  return cuts;
-}
-
-double pageHeight(const Sheet& sheet) {
-  return (kPageHeight - sheet.margins.top() - sheet.margins.bottom()) / sheet.scale;
-}
-
-bool print(QTextDocument& text, const std::vector<Page>& pages, const Sheet& sheet,
-           QPagedPaintDevice& device) {
+bool print(QTextDocument& text, const Sheet& sheet, QPagedPaintDevice& device) {
   device.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()));
-  return Painting(text, sheet, device).print(pages);
+  const double height = (kPageHeight - sheet.margins.top() - sheet.margins.bottom()) / sheet.scale;
+  return Painting(text, sheet, device).print(paginate(piecesOf(text, height), height));
 }
 
 }  // namespace paper

@@ -1,21 +1,16 @@
 #pragma once
 
+#include <QMarginsF>
 #include <QPagedPaintDevice>
-#include <QPainter>
-#include <QTextBlock>
 #include <QTextDocument>
-#include <functional>
-#include <vector>
-
-#include "platform/paper/paginator.h"
 
 namespace paper {
 
 /// Dots to an inch that texts are laid out with, whatever they are shown or printed on.
 inline constexpr double kDotsPerInch = 96;
+inline constexpr double kPageHeight = 841.9, kPageWidth = 595.3;  // points, of A4
 
-/// Lets a document be laid out without regard to a device: letters scale without moving. To be called before
-/// it is filled.
+/// Lets a document be laid out without regard to a device: letters scale without moving.
 void layOutForAnyDevice(QTextDocument& text);
 
 /// How a laid-out text comes onto paper.
@@ -24,18 +19,10 @@ struct Sheet {
   double scale = 1;   ///< points of the paper to a dot of the layout
   double width = 0;   ///< dots of the layout that are painted
   QString foot;  ///< stands with the page's number below the second page and those after it; empty for none
-  /// What is painted over a strip besides the text.
-  std::function<void(QPainter&, const Strip&)> over = {};
 };
 
-/// Every place between the lines of some blocks at which no other line of them is cut; ascending.
-[[nodiscard]] std::vector<double> cutsBetweenLines(const QTextBlock& first, const QTextBlock& last);
-
-/// Height of what stands between the margins of an A4 page, in dots of the layout.
-[[nodiscard]] double pageHeight(const Sheet& sheet);
-
-/// Paints the pages on an A4 device. Whether it could begin.
-[[nodiscard]] bool print(QTextDocument& text, const std::vector<Page>& pages, const Sheet& sheet,
-                         QPagedPaintDevice& device);
+/// Paints a laid-out text on an A4 device, page by page (text_pieces.h says what stays together). Whether it
+/// could begin.
+[[nodiscard]] bool print(QTextDocument& text, const Sheet& sheet, QPagedPaintDevice& device);
 
 }  // namespace paper

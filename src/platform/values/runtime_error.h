@@ -23,7 +23,6 @@ inline constexpr ErrorKind kDiskFull{61, u"Disco cheio"};
 inline constexpr ErrorKind kPermissionDenied{70, u"Permissão negada"};
 inline constexpr ErrorKind kPathFileAccess{75, u"Erro de acesso a caminho/arquivo"};
 inline constexpr ErrorKind kPathNotFound{76, u"Caminho não encontrado"};
-inline constexpr ErrorKind kObjectNotSet{91, u"Variável de objeto não definida"};
 inline constexpr ErrorKind kInvalidNull{94, u"Uso inválido de Null"};
 inline constexpr ErrorKind kInvalidPicture{481, u"Imagem inválida"};
 inline constexpr ErrorKind kPrinterError{482, u"Erro de impressora"};
@@ -32,7 +31,6 @@ inline constexpr ErrorKind kNoCurrentRecord{
 inline constexpr ErrorKind kUnknownField{3265, u"Item não encontrado na coleção"};
 inline constexpr ErrorKind kClosedObject{3704, u"Operação não permitida quando o objeto está fechado"};
 inline constexpr ErrorKind kPictureNotFound{5152, u"Arquivo de imagem não encontrado"};
-inline constexpr ErrorKind kNoSuchMember{5941, u"O membro solicitado da coleção não existe"};
 inline constexpr ErrorKind kMailFailed{-2147221503, u"O e-mail não foi enviado"};
 inline constexpr ErrorKind kStatementFailed{-2147217900, u"O banco de dados recusou o comando"};
 inline constexpr ErrorKind kConnectionFailed{-2147467259,

@@ -12,7 +12,6 @@
 
 #include "platform/markup/rich_text.h"
 #include "platform/paper/printer.h"
-#include "platform/paper/text_pieces.h"
 
 namespace web {
 
@@ -159,9 +158,7 @@ bool HtmlView::paint(QPagedPaintDevice& device) {
   pictures_->wait();
   finish();
   const double width = document_.size().width();
-  const paper::Sheet sheet{kPaperMargins, kPrintable / width, width, foot()};
-  const double height = paper::pageHeight(sheet);
-  return paper::print(document_, paper::paginate(paper::piecesOf(document_, height), height), sheet, device);
+  return paper::print(document_, {kPaperMargins, kPrintable / width, width, foot()}, device);
 }
 
 QStringList HtmlView::missingPictures() {

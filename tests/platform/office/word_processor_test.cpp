@@ -8,8 +8,8 @@
 #include <QTemporaryDir>
 
 #include "platform/files/contents.h"
-#include "platform/office/printers.h"
 #include "platform/values/runtime_error.h"
+#include "support/errors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,14 +20,9 @@ class WordProcessorTest : public ::testing::Test {
  protected:
   QString path(const QString& name) const { return folder_.filePath(name); }
 
-  /// Prints on the silent PDF printer and gives what a tool says of the file.
+  /// Prints it and gives what a tool says of the file.
   QString printed(WordProcessor& word, const QString& program, QStringList arguments) {
-    PdfPrinterSettings settings;
-    settings.setValue(u"output"_s, path(u"x.pdf"_s));
-    settings.setValue(u"ConfirmOverwrite"_s, u"no"_s);
-    settings.writeSettings();
-    word.setActivePrinter(kPdfPrinter);
-    word.printOut();
+    word.printToPdf(path(u"x.pdf"_s));
     QProcess tool;
     tool.start(program, arguments.replaceInStrings(u"x.pdf"_s, path(u"x.pdf"_s)));
     EXPECT_TRUE(tool.waitForFinished()) << "poppler-utils is needed";
@@ -38,10 +33,9 @@ class WordProcessorTest : public ::testing::Test {
 };
 
 TEST_F(WordProcessorTest, WritesTablesTextsAndPicturesAsRichText) {
-  WordProcessor word;
-  word.addDocument(u"Orçamento 7"_s);
-  word.addTable(1, 2, true);
-  word.setColumnWidth(0, 200);
+  WordProcessor word(u"Orçamento 7"_s);
+  word.addTable(2, true);
+  word.setColumnShares({47.0422, 52.9578});
   ASSERT_TRUE(QImage(96, 48, QImage::Format_RGB32).save(path(u"logo.jpg"_s)));
   word.addPicture(path(u"logo.jpg"_s));
   word.moveRight();
@@ -62,10 +56,9 @@ TEST_F(WordProcessorTest, WritesTablesTextsAndPicturesAsRichText) {
 }
 
 TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
-  WordProcessor word;
-  word.addDocument(u"Orçamento de Venda - 000007"_s);
+  WordProcessor word(u"Orçamento de Venda - 000007"_s);
   word.setFont(u"Arial"_s, 9);
-  word.addTable(1, 3, true);
+  word.addTable(3, true);
   for (int row = 1; row <= 120; ++row) {
     if (row > 1) word.moveRight();
     word.typeText(u"código%1"_s.arg(row));
@@ -99,9 +92,8 @@ TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
 
 TEST_F(WordProcessorTest, AnEmptyLineStandsBetweenTwoTables) {
   WordProcessor word;
-  word.addDocument();
   for (const auto& text : {u"um"_s, u"dois"_s}) {
-    word.addTable(1, 1, true);
+    word.addTable(1, true);
     word.typeText(text);
     word.moveAfterTable();
   }
@@ -116,22 +108,10 @@ TEST_F(WordProcessorTest, AnEmptyLineStandsBetweenTwoTables) {
 
 TEST_F(WordProcessorTest, FaultsAreReported) {
   WordProcessor word;
-  EXPECT_THROW(word.typeText(u"x"_s), values::RuntimeError) << "there is no document";
-  word.addDocument();
+  EXPECT_EQ(support::errorOf([&] { word.addPicture(path(u"nenhum.jpg"_s)); }), values::kPictureNotFound);
   files::write(path(u"texto.jpg"_s), "not a picture");
-  EXPECT_THROW(word.addPicture(path(u"texto.jpg"_s)), values::RuntimeError);
-  word.typeText(u"x"_s);
-  word.setActivePrinter(u"Impressora que não há"_s);
-  EXPECT_THROW(word.printOut(), values::RuntimeError);
-  PdfPrinterSettings().writeSettings();
-  word.setActivePrinter(kPdfPrinter);
-  EXPECT_THROW(word.printOut(), values::RuntimeError) << "no output is set";
-  PdfPrinterSettings settings;
-  settings.setValue(u"output"_s, path(u"there.pdf"_s));
-  settings.writeSettings();
-  files::write(path(u"there.pdf"_s), "old");
-  EXPECT_THROW(word.printOut(), values::RuntimeError);
-  EXPECT_EQ(files::readAll(path(u"there.pdf"_s)), "old") << "not overwritten without leave";
+  EXPECT_EQ(support::errorOf([&] { word.addPicture(path(u"texto.jpg"_s)); }), values::kInvalidPicture);
+  EXPECT_EQ(support::errorOf([&] { word.printToPdf(path(u"sem/x.pdf"_s)); }), values::kPathNotFound);
 }
 
 }  // namespace
