@@ -25,9 +25,6 @@ namespace data {
 /// followed, or the server and the name of the database there, in small letters.
 [[nodiscard]] QString placeOf(const QString& connectionString);
 
-/// How long the login may take, in seconds: what the string says of a statement ("Timeout=6"), else timeout.
-[[nodiscard]] int loginTimeout(const QString& connectionString, int timeout);
-
 // What differs between systems stands in odbc_string_unix.cpp and odbc_string_windows.cpp.
 
 /// The string that goes to the driver manager: the given one with what the driver needs put after it.
