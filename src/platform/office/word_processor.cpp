@@ -22,6 +22,7 @@ namespace {
 // Dots, as everything within the text.
 constexpr double kWidth = kTextWidth * kDots;
 constexpr double kSidePadding = 5.4 * kDots, kLinePadding = 2.5;  // of cells
+constexpr double kSideLine = 1.5;  // what the layout takes from a cell for the line at its side
 constexpr double kOutside = -2.5;  // what the layout leaves around a table with lines
 
 QTextBlockFormat aligned(Qt::Alignment alignment) {
@@ -36,8 +37,8 @@ WordProcessor::WordProcessor(const QString& title, const QString& foot) {
   document_.title = title;
   document_.foot = foot;
   // The first block of a cell carries the cell's format.
-  font_.setProperty(QTextFormat::TableCellLeftPadding, kSidePadding);
-  font_.setProperty(QTextFormat::TableCellRightPadding, kSidePadding);
+  font_.setProperty(QTextFormat::TableCellLeftPadding, kSidePadding - kSideLine);
+  font_.setProperty(QTextFormat::TableCellRightPadding, kSidePadding - kSideLine);
   font_.setProperty(QTextFormat::TableCellTopPadding, kLinePadding);
   font_.setProperty(QTextFormat::TableCellBottomPadding, kLinePadding);
   setFont(u"Times New Roman"_s, 12);
