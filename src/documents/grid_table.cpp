@@ -1,5 +1,7 @@
 #include "documents/grid_table.h"
 
+#include <QStringBuilder>
+
 #include "documents/html_text.h"
 
 using namespace Qt::StringLiterals;
@@ -21,8 +23,8 @@ QString linha(const std::vector<Celula>& celulas) {
   QString texto = u"<tr>"_s + kFim;
   for (const Celula& celula : celulas) {
     const QString atributos = celula.atributos.isEmpty() ? QString() : celula.atributos + u' ';
-    texto += u"    <td "_s + atributos + u"width="_s + celula.largura + u" align='"_s + celula.alinhamento +
-             u"' >"_s + celula.html + u"</td>"_s + kFim;
+    texto += u"    <td "_s % atributos % u"width="_s % celula.largura % u" align='"_s % celula.alinhamento %
+             u"' >"_s % celula.html % u"</td>"_s % kFim;
   }
   return texto + u"</tr>"_s + kFim;
 }

@@ -3,9 +3,10 @@
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
+#include <QStringBuilder>
+#include <QStringList>
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <initializer_list>
 #include <iterator>
 #include <numeric>
@@ -28,6 +29,7 @@ constexpr unsigned kMostColumns = 100;
 constexpr int kLargest = 3000;     // units
 constexpr int kDeepest = 100;      // elements in each other
 constexpr int kDeepestTables = 4;  // each more makes laying out twice as slow
+constexpr int kMostClasses = 16;   // the toolkit compares each element with all of them
 
 /// Sizes of <font size=1> to <font size=7>, in units.
 constexpr std::array<double, 7> kFontSizes{10, 13, 16, 18, 24, 32, 48};
@@ -118,8 +120,12 @@ QString breakable(const QString& text) {
 
 bool isTag(TidyNode one, TidyTagId tag) { return tidyNodeGetId(one) == tag; }
 
-bool holds(TidyNode one, const std::function<bool(TidyNode)>& is) {
-  return is(one) || std::ranges::any_of(childrenOf(one), [&](TidyNode child) { return holds(child, is); });
+template <typename Is>
+bool holds(TidyNode one, const Is& is) {
+  if (is(one)) return true;
+  for (TidyNode child = tidyGetChild(one); child != nullptr; child = tidyGetNext(child))
+    if (holds(child, is)) return true;
+  return false;
 }
 
 bool holdsPicture(TidyNode one) {
@@ -173,8 +179,8 @@ class Writer {
 
   QString write() {
     writeChildren(tree_.root(), {});
-    return u"<html><head><style>"_s + inPoints(styles_).remove(u'<') + u"</style></head><body>"_s + out_ +
-           u"</body></html>"_s;
+    return u"<html><head><style>"_s % classes_ % u"</style><style>"_s % inPoints(styles_).remove(u'<') %
+           u"</style></head><body>"_s % out_ % u"</body></html>"_s;
   }
 
  private:
@@ -244,12 +250,29 @@ class Writer {
     return count == 1 ? QString() : QString::number(count);
   }
 
+  using Attribute = std::pair<QString, QString>;
+
   /// An element's beginning, with those attributes that say something.
-  void begin(const QString& tag, std::initializer_list<std::pair<QString, QString>> attributes) {
-    out_ += u'<' + tag;
+  void begin(const QString& tag, std::initializer_list<Attribute> attributes) {
+    out_ += u'<' % tag;
     for (const auto& [name, value] : attributes)
-      if (!value.isEmpty()) out_ += u' ' + name + u"=\""_s + value.toHtmlEscaped() + u'"';
+      if (!value.isEmpty()) out_ += u' ' % name % u"=\""_s % value.toHtmlEscaped() % u'"';
     out_ += u'>';
+  }
+
+  /// A style that many elements share is a class, which the toolkit reads once. What the document itself says
+  /// of an element (`own`) goes before other attributes and stays a style.
+  Attribute styleAttribute(const QString& tag, const QString& style, bool own) {
+    if (style.isEmpty() || own) return {u"style"_s, style};
+    const QString rule = tag % u'{' % style % u'}';
+    qsizetype at = rules_.indexOf(rule);
+    if (at < 0 && rules_.size() == kMostClasses) return {u"style"_s, style};
+    if (at < 0) {
+      at = rules_.size();
+      rules_ << rule;
+      classes_ += tag % u"._"_s % QString::number(at) % u'{' % style % u'}';
+    }
+    return {u"class"_s, u'_' % QString::number(at)};
   }
 
   void writeGap(double height) {
@@ -262,8 +285,10 @@ class Writer {
     if (!shown) return writeChildren(one, around);
     if (id == TidyTag_FONT && tidyGetChild(one) == nullptr) return;  // what crossed tags leave
     const QString tag = kShownAs.value(id, QString::fromLatin1(tidyNodeGetName(one)));
-    begin(tag, {{u"style"_s, (id == TidyTag_FONT ? fontStyle(one) : QString()) + styleOf(one)},
-                {u"class"_s, attribute(one, TidyAttr_CLASS)},
+    const QString own = styleOf(one), ofClass = attribute(one, TidyAttr_CLASS);
+    begin(tag, {styleAttribute(tag, (id == TidyTag_FONT ? fontStyle(one) : QString()) + own,
+                               id != TidyTag_FONT || !own.isEmpty() || !ofClass.isEmpty()),
+                {u"class"_s, ofClass},
                 {u"align"_s, attribute(one, TidyAttr_ALIGN).toLower()},
                 {u"href"_s, attribute(one, TidyAttr_HREF)}});
     ++depth_;
@@ -329,6 +354,7 @@ class Writer {
     const double height = std::max(around.height, lengthOf(cell, TidyAttr_HEIGHT).value);
     const double line = kLine * around.fontSize;
     QString style = around.style + styleOf(cell);
+    const bool own = !style.isEmpty();
     if (standardLines_) style += u";line-height:"_s + number(line) + u"px"_s;
     if (height > line && !empty)
       style += u";padding-top:%1px;padding-bottom:%1px"_s.arg(number((height - line) / 2));
@@ -340,7 +366,7 @@ class Writer {
                 {u"bgcolor"_s, attribute(cell, TidyAttr_BGCOLOR)},
                 {u"align"_s, (align.isEmpty() ? around.align : align).toLower()},
                 {u"valign"_s, valign.isEmpty() ? u"middle"_s : valign.toLower()},
-                {u"style"_s, style}});
+                styleAttribute(tag, style, own)});
     if (empty)
       writeGap(height);
     else
@@ -349,7 +375,8 @@ class Writer {
   }
 
   const Tree& tree_;
-  QString out_, styles_, blank_;
+  QString out_, styles_, classes_, blank_;
+  QStringList rules_;  // of the classes
   bool standardLines_ = false;
   int depth_ = 0, tables_ = 0;
 };

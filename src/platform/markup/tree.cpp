@@ -83,24 +83,20 @@ Bool TIDY_CALL isAtEnd(void* data) {
 /// on further in.
 QByteArray withTypedLines(const QByteArray& html) {
   constexpr int kIndent = 6;
-  static const QRegularExpression textOrSheet(uR"(<(style|script)\b[^<]*|>[^<]+)"_s,
-                                              QRegularExpression::CaseInsensitiveOption);
-  static const QRegularExpression gap(uR"((?<=[^\s>])\s*[\r\n]\s*(?=\S))"_s);
-  QString read = QString::fromLatin1(html);  // bytes that stay themselves
+  // Tags, and what stands in style sheets, are passed over.
+  static const QRegularExpression gap(
+      uR"(<(?:(?:style|script)\b[^<]*|[^>]*)(*SKIP)(*F)|(?<=[^\s>])\s*[\r\n]\s*(?=[^\s<]))"_s,
+      QRegularExpression::CaseInsensitiveOption);
+  const QString read = QString::fromLatin1(html);  // bytes that stay themselves
   QString made;
   qsizetype done = 0;
-  for (auto texts = textOrSheet.globalMatch(read); texts.hasNext();) {
-    const auto text = texts.next();
-    if (text.hasCaptured(1)) continue;
-    for (auto gaps = gap.globalMatch(text.capturedView()); gaps.hasNext();) {
-      const auto found = gaps.next();
-      const QString lines = found.captured().replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-      if (lines.size() - lines.lastIndexOf(u'\n') > kIndent) continue;
-      const qsizetype at = text.capturedStart() + found.capturedStart();
-      made += QStringView(read).sliced(done, at - done);
-      made += u"<br>"_s.repeated(lines.count(u'\n'));
-      done = at + found.capturedLength();
-    }
+  for (auto gaps = gap.globalMatch(read); gaps.hasNext();) {
+    const auto found = gaps.next();
+    const QString lines = found.captured().replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    if (lines.size() - lines.lastIndexOf(u'\n') > kIndent) continue;
+    made += QStringView(read).sliced(done, found.capturedStart() - done);
+    made += u"<br>"_s.repeated(lines.count(u'\n'));
+    done = found.capturedEnd();
   }
   return (made + read.sliced(done)).toLatin1();
 }

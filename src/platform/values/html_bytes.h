@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <algorithm>
 
 namespace values {
 
@@ -12,8 +13,9 @@ enum class HtmlEncoding : uint { Ascii = 0x80, Latin1 = 0x100 };
 /// HTML as bytes. A character that the encoding lacks becomes a decimal numeric character reference, so that
 /// nothing is lost.
 [[nodiscard]] inline QByteArray toHtmlBytes(const QString& html, HtmlEncoding encoding) {
+  const auto isInside = [encoding](QChar one) { return one.unicode() < static_cast<uint>(encoding); };
+  if (std::all_of(html.begin(), html.end(), isInside)) return html.toLatin1();
   QByteArray bytes;
-  bytes.reserve(html.size());
   for (const uint code : html.toUcs4()) {
     if (code < static_cast<uint>(encoding))
       bytes += static_cast<char>(code);

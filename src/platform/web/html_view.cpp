@@ -74,8 +74,9 @@ HtmlView::HtmlView(const QString& richText, const QString& folder, const Picture
   QTextOption option = document_.defaultTextOption();
   option.setWrapMode(QTextOption::WordWrap);  // columns are as wide as their words
   document_.setDefaultTextOption(option);
-  document_.setHtml(richText);
+  document_.setTextWidth(kWidth);
   pictures_ = new Pictures(document_, folder, folders);
+  document_.setHtml(richText);  // laid out from here on, step by step, as wide as it is to be
   connect(pictures_, &Pictures::complete, this, [this] {
     finish();
     document_.markContentsDirty(0, document_.characterCount());  // places take the pictures' sizes
@@ -89,7 +90,6 @@ HtmlView::HtmlView(const QString& richText, const QString& folder, const Picture
   connect(page_, &QGraphicsTextItem::linkHovered, this, [this](const QString& link) {
     viewport()->setCursor(link.isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
   });
-  document_.setTextWidth(kWidth);  // laid out from here on, step by step
   if (document_.characterCount() < kLong) {
     showPage();
   } else {

@@ -99,6 +99,11 @@ void openLink(const QUrl& url, const PictureFolders& folders) {
 Pictures::Pictures(QTextDocument& document, const QString& folder, const PictureFolders& folders)
     : QObject(&document), images_(kKept) {
   document.documentLayout()->registerHandler(QTextFormat::ImageObject, this);
+  connect(&document, &QTextDocument::contentsChange, this,
+          [this, &document, folder, folders] { take(document, folder, folders); });
+}
+
+void Pictures::take(const QTextDocument& document, const QString& folder, const PictureFolders& folders) {
   for (const QTextFormat& format : document.allFormats()) {
     const QString name = format.toImageFormat().name();
     if (!format.isImageFormat() || pictures_.contains(name)) continue;

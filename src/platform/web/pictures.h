@@ -42,7 +42,7 @@ class Pictures : public QObject, public QTextObjectInterface {
   Q_INTERFACES(QTextObjectInterface)
 
  public:
-  /// Of a document that is filled; the web is asked at once.
+  /// Of a document that is to be filled: the web is asked as soon as it is, before it is laid out.
   Pictures(QTextDocument& document, const QString& folder, const PictureFolders& folders);
 
   /// Returns when no picture of the web is on its way. The user's keys and clicks, and the closing of a
@@ -66,6 +66,7 @@ class Pictures : public QObject, public QTextObjectInterface {
     QByteArray bytes;  ///< of the web
     QSize size;        ///< empty where there is no picture
   };
+  void take(const QTextDocument& document, const QString& folder, const PictureFolders& folders);
   void ask(const QString& name, const QUrl& address);
   [[nodiscard]] QImage imageOf(const QString& name);
 
