@@ -34,7 +34,10 @@ struct SqlToken {
   [[nodiscard]] bool isSign(char16_t sign) const { return kind == Kind::Sign && text[0] == sign; }
   /// Whether it is this word, whatever the case.
   [[nodiscard]] bool isWord(QStringView word) const {
-    return kind == Kind::Word && text.size() == word.size() && text.compare(word, Qt::CaseInsensitive) == 0;
+    constexpr char16_t kCase = 0x20;  // what a capital letter lacks
+    return kind == Kind::Word && text.size() == word.size() &&
+           (text[0].unicode() | kCase) == (word[0].unicode() | kCase) &&
+           text.compare(word, Qt::CaseInsensitive) == 0;
   }
 };
 

@@ -135,7 +135,11 @@ QString controlText(const QObject* control) {
 
 void setControlText(QObject* control, const QString& text) {
   if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {
-    plain->setPlainText(values::withPlainLineEnds(text));
+    const QString lines = values::withPlainLineEnds(text);
+    const QTextDocument& inside = *plain->document();
+    // The same text is laid out anew only where there is something to forget.
+    if (inside.isUndoAvailable() || inside.isRedoAvailable() || plain->toPlainText() != lines)
+      plain->setPlainText(lines);
     return showFirstLine(plain);
   }
   control->setProperty(textProperty(*control), text);

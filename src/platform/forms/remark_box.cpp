@@ -49,6 +49,7 @@ class MoreSign : public QWidget {
     const double below =
         box_->document()->size().height() - box_->verticalScrollBar()->value() - static_cast<double>(inSight);
     setVisible(below > 0 && !box_->verticalScrollBar()->isVisible());
+    if (isHidden()) return;
     const QSize size(metrics.horizontalAdvance(kDots) + 6, metrics.height());
     setGeometry(QRect(QPoint(), size)
                     .translated(box_->width() - size.width() - 2, box_->height() - size.height() - 2));
