@@ -25,8 +25,8 @@ QSize ElidedLabel::minimumSizeHint() const {
 }
 
 bool ElidedLabel::event(QEvent* event) {
-  const bool cut = fontMetrics().horizontalAdvance(text()) > placeOfText(*this).width();
-  if (event->type() != QEvent::ToolTip || !cut || !toolTip().isEmpty()) return QLabel::event(event);
+  const auto isCut = [this] { return fontMetrics().horizontalAdvance(text()) > placeOfText(*this).width(); };
+  if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || !isCut()) return QLabel::event(event);
   QToolTip::showText(dynamic_cast<QHelpEvent*>(event)->globalPos(), asTip(text()), this);
   return true;
 }
