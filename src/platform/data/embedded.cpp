@@ -1,9 +1,10 @@
-#include "platform/data/embedded.h"
+#include <sqlite3.h>
 
 #include <QFile>
 #include <QFileInfo>
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include "platform/data/embedded_text.h"
 #include "platform/data/engine.h"
@@ -16,28 +17,56 @@ namespace data {
 namespace {
 
 constexpr int kBusyTimeout = 30'000;  // milliseconds that a statement waits for another program's
-const QString kNoDatabase =
-    u"O arquivo não é um banco de dados: %1\nVerifique o nome do banco em server.ini."_s;
+/// What errors of the library mean to a user.
+constexpr std::pair<int, QStringView> kFaults[] = {
+    {SQLITE_BUSY, u"O arquivo de dados está em uso por outro programa: %1"},
+    {SQLITE_LOCKED, u"O arquivo de dados está em uso por outro programa: %1"},
+    {SQLITE_READONLY, u"O arquivo de dados só permite leitura: %1"},
+    {SQLITE_FULL, u"O disco do arquivo de dados está cheio: %1"},
+    {SQLITE_CANTOPEN, u"O arquivo de dados não pode ser lido: %1\nVerifique as permissões do arquivo."},
+    {SQLITE_NOTADB, u"O arquivo não é um banco de dados: %1\nVerifique o nome do banco em server.ini."},
+    // And a file that is shorter than it says it is.
+    {SQLITE_CORRUPT, u"O arquivo de dados está danificado: %1\nRestaure uma cópia de segurança."},
+};
 
-/// What the last error of a database means to a user; the library's own words where nothing better is known.
-QString libraryWords(sqlite3* database, const QString& path) {
-  switch (sqlite3_errcode(database)) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-      return u"O arquivo de dados está em uso por outro programa: %1"_s.arg(path);
-    case SQLITE_READONLY:
-      return u"O arquivo de dados só permite leitura: %1"_s.arg(path);
-    case SQLITE_FULL:
-      return u"O disco do arquivo de dados está cheio: %1"_s.arg(path);
-    case SQLITE_CANTOPEN:
-      return u"O arquivo de dados não pode ser lido: %1\nVerifique as permissões do arquivo."_s.arg(path);
-    case SQLITE_NOTADB:
-      return kNoDatabase.arg(path);
-    case SQLITE_CORRUPT:  // and a file that is shorter than it says it is
-      return u"O arquivo de dados está danificado: %1\nRestaure uma cópia de segurança."_s.arg(path);
-    default:
-      return QString::fromUtf8(sqlite3_errmsg(database));
-  }
+/// The same for a fault; the library's own words where nothing better is known.
+QString wordsOf(int fault, const char* own, const QString& path) {
+  for (const auto& [known, words] : kFaults)
+    if (known == fault) return words.toString().arg(path);
+  return QString::fromUtf8(own);
+}
+
+using Database = std::unique_ptr<sqlite3, decltype([](auto* database) { sqlite3_close_v2(database); })>;
+
+/// Opens the file with the rules for texts, the write-ahead log, full synchronisation and the busy time-out.
+Database openLibrary(const QString& path) {
+  const QFileInfo file(path);
+  if (!file.isFile())
+    throw values::RuntimeError(
+        values::kConnectionFailed,
+        u"O arquivo de dados não foi encontrado: %1\nVerifique o nome do banco em server.ini."_s.arg(path));
+  // Which the library would take for a new one.
+  if (file.size() == 0)
+    throw values::RuntimeError(values::kConnectionFailed, wordsOf(SQLITE_NOTADB, "", path));
+  // The library's count of its memory takes a lock for every piece; nobody asks for it.
+  static const int quiet = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  static_cast<void>(quiet);
+  sqlite3* opened = nullptr;
+  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened,
+                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  Database database(opened);
+  const auto check = [&](int result) {
+    if (result != SQLITE_OK)
+      throw values::RuntimeError(values::kConnectionFailed,
+                                 wordsOf(sqlite3_errcode(opened), sqlite3_errmsg(opened), path));
+  };
+  const auto execute = [&](const char* sql) { check(sqlite3_exec(opened, sql, nullptr, nullptr, nullptr)); };
+  check(outcome);
+  sqlite3_busy_timeout(opened, kBusyTimeout);
+  registerTextRules(opened);
+  if (sqlite3_db_readonly(opened, "main") == 0) execute("PRAGMA journal_mode=WAL");
+  execute("PRAGMA synchronous=FULL; PRAGMA temp_store=MEMORY; SELECT count(*) FROM sqlite_master");
+  return database;
 }
 
 using Prepared =
@@ -123,7 +152,8 @@ class EmbeddedEngine final : public Engine {
   }
 
   [[noreturn]] void fail() const {
-    throw values::RuntimeError(values::kStatementFailed, libraryWords(database_.get(), path_));
+    throw values::RuntimeError(values::kStatementFailed, wordsOf(sqlite3_errcode(database_.get()),
+                                                                 sqlite3_errmsg(database_.get()), path_));
   }
 
   QString path_;
@@ -131,45 +161,6 @@ class EmbeddedEngine final : public Engine {
 };
 
 }  // namespace
-
-QString toEmbeddedDialect(const ReadStatement& statement) {
-  QString sql = statement.given.sql;
-  const auto& [verb, next] = statement.first;
-  const qsizetype at = next.text.data() - QStringView(sql).data();
-  if (verb.isWord(u"DELETE") && next.kind != SqlToken::Kind::End && !next.isWord(u"FROM"))
-    sql.insert(at, u"FROM "_s);
-  if (verb.isWord(u"SELECT") && next.isWord(u"@@IDENTITY"))
-    sql.replace(at, next.text.size(), u"nullif(last_insert_rowid(), 0)"_s);
-  return sql;
-}
-
-Database openLibrary(const QString& path) {
-  const QFileInfo file(path);
-  if (!file.isFile())
-    throw values::RuntimeError(
-        values::kConnectionFailed,
-        u"O arquivo de dados não foi encontrado: %1\nVerifique o nome do banco em server.ini."_s.arg(path));
-  // Which the library would take for a new one.
-  if (file.size() == 0) throw values::RuntimeError(values::kConnectionFailed, kNoDatabase.arg(path));
-  // The library's count of its memory takes a lock for every piece; nobody asks for it.
-  static const int quiet = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-  static_cast<void>(quiet);
-  sqlite3* opened = nullptr;
-  const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened,
-                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-  Database database(opened);
-  const auto check = [&](int result) {
-    if (result != SQLITE_OK)
-      throw values::RuntimeError(values::kConnectionFailed, libraryWords(opened, path));
-  };
-  const auto execute = [&](const char* sql) { check(sqlite3_exec(opened, sql, nullptr, nullptr, nullptr)); };
-  check(outcome);
-  sqlite3_busy_timeout(opened, kBusyTimeout);
-  registerTextRules(opened);
-  if (sqlite3_db_readonly(opened, "main") == 0) execute("PRAGMA journal_mode=WAL");
-  execute("PRAGMA synchronous=FULL; PRAGMA temp_store=MEMORY; SELECT count(*) FROM sqlite_master");
-  return database;
-}
 
 std::unique_ptr<Engine> openEmbedded(const QString& path) { return std::make_unique<EmbeddedEngine>(path); }
 

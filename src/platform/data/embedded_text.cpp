@@ -6,6 +6,8 @@
 #include <array>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace data {
 
 namespace {
@@ -157,6 +159,17 @@ int collation(void*, int leftSize, const void* left, int rightSize, const void* 
 }
 
 }  // namespace
+
+QString toEmbeddedDialect(const ReadStatement& statement) {
+  QString sql = statement.given.sql;
+  const auto& [verb, next] = statement.first;
+  const qsizetype at = next.text.data() - QStringView(sql).data();
+  if (verb.isWord(u"DELETE") && next.kind != SqlToken::Kind::End && !next.isWord(u"FROM"))
+    sql.insert(at, u"FROM "_s);
+  if (verb.isWord(u"SELECT") && next.isWord(u"@@IDENTITY"))
+    sql.replace(at, next.text.size(), u"nullif(last_insert_rowid(), 0)"_s);
+  return sql;
+}
 
 std::optional<StoredDate> storedDate(std::string_view text) {
   const bool hasTime = text.size() == 14 || text.size() == 17;

@@ -4,10 +4,16 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/data/one_statement.h"
+
 struct sqlite3;
 
-// How the embedded file compares texts and dates. Texts are UTF-8.
+// How the embedded file takes statements, and compares texts and dates. Texts are UTF-8.
 namespace data {
+
+/// A statement in the words of the SQLite library: a FROM after a DELETE that has none, and the library's
+/// function for the `@@identity` that a statement selects.
+[[nodiscard]] QString toEmbeddedDialect(const ReadStatement& statement);
 
 struct StoredDate {
   QDate date;

@@ -66,23 +66,6 @@ QString textOfHtml(const QString& html) {
   return out;
 }
 
-struct Body {
-  QByteArray contentType;
-  QByteArray content;
-};
-
-/// In the character set that its head declares; what that can't hold becomes a numeric character reference.
-/// UTF-8 without a declaration.
-Body htmlBody(const QString& html) {
-  const QString text = values::withWindowsLineEnds(html);
-  const QByteArray charset = declaredCharset(html);
-  if (charset.isEmpty() || charset == "utf-8" || charset == "utf8")
-    return {"text/html; charset=UTF-8", text.toUtf8()};
-  const QByteArray type = "text/html; charset=" + charset;
-  using enum values::HtmlEncoding;
-  return {type, values::toHtmlBytes(text, charset == "iso-8859-1" ? Latin1 : Ascii)};
-}
-
 /// A call fails where memory runs out, and nowhere else.
 void check(CURLcode result) {
   if (result != CURLE_OK) throw std::bad_alloc();
@@ -95,6 +78,19 @@ curl_mimepart* addPart(const Mime& parts, const QByteArray& type, const QByteArr
   check(curl_mime_type(part, type.constData()));
   check(curl_mime_encoder(part, "base64"));
   return part;
+}
+
+/// In the character set that its head declares; what that can't hold becomes a numeric character reference.
+/// UTF-8 without a declaration.
+void addHtml(const Mime& parts, const QString& html) {
+  using enum values::HtmlEncoding;
+  const QString text = values::withWindowsLineEnds(html);
+  const QByteArray charset = declaredCharset(html);
+  if (charset.isEmpty() || charset == "utf-8" || charset == "utf8")
+    addPart(parts, "text/html; charset=UTF-8", text.toUtf8());
+  else
+    addPart(parts, "text/html; charset=" + charset,
+            values::toHtmlBytes(text, charset == "iso-8859-1" ? Latin1 : Ascii));
 }
 
 void addFile(const Mime& parts, const AttachmentList::File& file) {
@@ -112,10 +108,7 @@ Parts makeParts(CURL* handle, const MailMessage& mail) {
   const QString plain = mail.MessageText.isEmpty() ? textOfHtml(mail.MessageHTML) : mail.MessageText;
   Mime forms(curl_mime_init(handle));
   addPart(forms, "text/plain; charset=UTF-8", values::withWindowsLineEnds(plain).toUtf8());
-  if (!mail.MessageHTML.isEmpty()) {
-    const Body body = htmlBody(mail.MessageHTML);
-    addPart(forms, body.contentType, body.content);
-  }
+  if (!mail.MessageHTML.isEmpty()) addHtml(forms, mail.MessageHTML);
   if (mail.Attachments.files().empty())
     return {std::move(forms), "Content-Type: " + QByteArray(kAlternative)};
 
