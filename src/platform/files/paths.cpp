@@ -52,15 +52,9 @@ QString descend(QString path, const QStringList& parts) {
 
 /// The parts of a path below its drive. A ".." never leads above it, as on a drive itself.
 QStringList partsBelowDrive(const QString& path) {
-  QString below = path.sliced(2);
-  QStringList parts;
-  for (const QString& part : below.replace(u'\\', u'/').split(u'/', Qt::SkipEmptyParts)) {
-    if (part == u"."_s) continue;
-    if (part != u".."_s)
-      parts += part;
-    else if (!parts.isEmpty())
-      parts.removeLast();
-  }
+  QStringList parts = QDir::cleanPath(path.sliced(2).replace(u'\\', u'/')).split(u'/', Qt::SkipEmptyParts);
+  parts.removeAll(u"."_s);
+  while (!parts.isEmpty() && parts.first() == u".."_s) parts.removeFirst();
   return parts;
 }
 
