@@ -1,6 +1,5 @@
 #include "platform/data/recordset.h"
 
-#include <QSet>
 #include <algorithm>
 #include <vector>
 
@@ -81,10 +80,6 @@ Recordset::Recordset(std::shared_ptr<const Columns> columns, ResultValues values
     : columns_(std::move(columns)), values_(std::make_shared<const ResultValues>(std::move(values))) {
   const QStringList& names = columns_->names;
   if (!names.isEmpty()) rows_ = static_cast<std::size_t>(values_->size() / names.size());
-  if (rows_ < 2) return;
-  QSet<QString> differing;
-  for (const QString& name : names) differing.insert(name.toUpper());
-  namesDiffer_ = differing.size() == names.size();
 }
 
 void Recordset::close() { *this = {}; }
@@ -118,16 +113,9 @@ int Recordset::longest(QStringView field) const {
 
 qsizetype Recordset::place(QStringView field) const {
   if (eof()) values::raise(values::kNoCurrentRecord);
-  const QString* names = columns_->names.constData();
-  const auto width = static_cast<std::size_t>(columns_->names.size());
-  // From the second row on the search goes on from the last field found, if that finds the same one.
-  std::size_t column = row_ > 0 && namesDiffer_ ? lastColumn_ : 0;
-  for (std::size_t tried = 0; tried < width; ++tried, ++column) {
-    if (column == width) column = 0;
-    if (!sameName(field, names[column])) continue;
-    lastColumn_ = column;
-    return static_cast<qsizetype>(row_) * static_cast<qsizetype>(width) + static_cast<qsizetype>(column);
-  }
+  const QStringList& names = columns_->names;
+  for (qsizetype column = 0; column < names.size(); ++column)
+    if (sameName(field, names[column])) return static_cast<qsizetype>(row_) * names.size() + column;
   values::raise(values::kUnknownField, field.toString());
 }
 

@@ -74,8 +74,6 @@ class Recordset {
   std::shared_ptr<const ResultValues> values_;  // row after row
   std::size_t rows_ = 0;
   std::size_t row_ = 0;
-  bool namesDiffer_ = false;
-  mutable std::size_t lastColumn_ = 0;  // fields are mostly asked for in order
 };
 
 }  // namespace data
