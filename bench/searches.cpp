@@ -31,7 +31,9 @@ Times dropDown(int entries) {
   std::vector<Times> times;
   for (int run = 0; run < 5; ++run) {
     forms::Combo list;
-    for (int i = 1; i <= entries; ++i) list.addEntry(u"Cliente %1 de Souza e Filhos Ltda"_s.arg(i));
+    QStringList names;
+    for (int i = 1; i <= entries; ++i) names << u"Cliente %1 de Souza e Filhos Ltda"_s.arg(i);
+    list.setEntries(names);
     list.show();
     QCoreApplication::processEvents();
     times.push_back(timeOf([&] { list.showPopup(); }));

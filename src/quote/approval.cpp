@@ -40,9 +40,9 @@ int linhaDaEntrada(const forms::GridModel& itens, const QString& texto) {
 void frmPropCmrcTL::cmdAbreAprova_Click() {
   if (!situacao::editando()) return;
   forms::GridModel& itens = Flex->grid();
-  cboItemPropCmrc->clearList();
-  cboItemPropCmrc->addEntry(u"TODOS"_s);
-  for (int linha = 1; linha < itens.rows(); ++linha) cboItemPropCmrc->addEntry(entrada(itens, linha));
+  QStringList entradas{u"TODOS"_s};
+  for (int linha = 1; linha < itens.rows(); ++linha) entradas << entrada(itens, linha);
+  cboItemPropCmrc->setEntries(entradas);
   // Building the list leaves the grid on its last row.
   itens.setRow(itens.rows() - 1);
   cboItemPropCmrc->setCurrentIndex(0);
@@ -73,7 +73,7 @@ void frmPropCmrcTL::cmdCancelaAprova_Click() {
 }
 
 void frmPropCmrcTL::fechaAprova() {
-  cboItemPropCmrc->clearList();
+  cboItemPropCmrc->setEntries({});
   cboItemPropCmrc->setText({});
   RestauraMascara(mskDataAprv);
   closeOverFrame(frameAprova);

@@ -12,8 +12,9 @@ void preenche(forms::Form& tela, const QString& combo, const QString& sql, QStri
   auto* lista = tela.findChild<forms::Combo*>(combo);
   if (lista == nullptr) return;
   const forms::WaitPointer espera;
-  lista->clearList();
-  for (auto rs = abreConsulta(sql); !rs.eof(); rs.moveNext()) lista->addEntry(rs.text(coluna));
+  QStringList nomes;
+  for (auto rs = abreConsulta(sql); !rs.eof(); rs.moveNext()) nomes << rs.text(coluna);
+  lista->setEntries(nomes);
 }
 
 /// Known names of the persons with a role: salespeople, carriers.

@@ -74,18 +74,11 @@ void Combo::setText(const QString& text) {
   lineEdit()->setCursorPosition(0);
 }
 
-void Combo::clearList() {
+void Combo::setEntries(const QStringList& entries) {
   const QSignalBlocker quiet(this);
   const QString typed = currentText();
   clear();
-  setEditText(typed);
-}
-
-void Combo::addEntry(const QString& entry) {
-  const QSignalBlocker quiet(this);
-  if (count() > 0) return addItem(entry);
-  const QString typed = currentText();
-  addItem(entry);
+  addItems(entries);
   // The first entry of an empty list selects itself.
   setCurrentIndex(-1);
   setEditText(typed);

@@ -18,9 +18,8 @@ class Combo : public QComboBox {
   [[nodiscard]] QString text() const { return currentText(); }
   void setText(const QString& text);
 
-  /// Empties the list; the text stays.
-  void clearList();
-  void addEntry(const QString& entry);
+  /// Fills the list anew; the text stays.
+  void setEntries(const QStringList& entries);
 
   /// Locked: shows its text, can be copied from, can't be typed in or dropped down.
   void setLocked(bool locked);

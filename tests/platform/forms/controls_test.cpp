@@ -29,7 +29,7 @@ TEST_F(Controls, AMaskedBoxTakesDigitsAndKeepsItsPromptCharacters) {
 TEST_F(Controls, ACompletingComboTakesTheOneEntryThatATypedBeginningFits) {
   forms::Combo& combo = *sample.cboC;
   QObject::connect(&combo, &forms::Combo::dropDown, &combo, [&] {
-    for (const QStringView entry : {u"Ana Lima", u"Ana Maria", u"Bia"}) combo.addEntry(entry.toString());
+    combo.setEntries({u"Ana Lima"_s, u"Ana Maria"_s, u"Bia"_s});
   });
   combo.setCompleting(true);
   for (const auto& [typed, taken] : {std::pair(u"ana"_s, u"ana"_s),
@@ -63,9 +63,7 @@ TEST_F(Controls, AComboKeepsItsTextWhileItsListIsFilled) {
   int fills = 0;
   QObject::connect(&combo, &forms::Combo::dropDown, &combo, [&] {
     ++fills;
-    combo.clearList();
-    combo.addEntry(u"Ana Maria"_s);
-    combo.addEntry(u"Bia"_s);
+    combo.setEntries({u"Ana Maria"_s, u"Bia"_s});
   });
   support::type(&combo, u"an"_s);
   combo.showPopup();
@@ -74,7 +72,7 @@ TEST_F(Controls, AComboKeepsItsTextWhileItsListIsFilled) {
   EXPECT_EQ(combo.text(), u"an"_s);
   EXPECT_EQ(combo.count(), 2);
   combo.setText(u"Bia"_s);
-  combo.clearList();
+  combo.setEntries({});
   EXPECT_EQ(combo.text(), u"Bia"_s);
 
   combo.setLocked(true);
