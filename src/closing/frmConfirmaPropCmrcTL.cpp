@@ -9,7 +9,7 @@
 frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() {
   setupUi(this);
   PreparaGradeParcelas();
-  fitToText(&frmConfirmaPropCmrcTL::ajustaMedidas);
+  fitToText();
 
   using forms::Event;
   using Tela = frmConfirmaPropCmrcTL;
@@ -37,7 +37,7 @@ frmConfirmaPropCmrcTL::frmConfirmaPropCmrcTL() {
 }
 
 /// What follows the size of the text.
-void frmConfirmaPropCmrcTL::ajustaMedidas() {
+void frmConfirmaPropCmrcTL::fitToText() {
   constexpr double kDestaque = 1.3;
   constexpr int kLetrasDaGrade = 41;
   const int letra = fontMetrics().averageCharWidth();

@@ -35,7 +35,7 @@ class frmConfirmaPropCmrcTL : public forms::Form, public Ui::frmConfirmaPropCmrc
  private:
   void cboTransportadora_DropDown();
   void mskDataBase_LostFocus();
-  void ajustaMedidas();
+  void fitToText() override;
 
   // Discount (discount.cpp)
   void txtDescontoGeral_LostFocus();

@@ -61,7 +61,7 @@ void anexaLista(mail::AttachmentList& anexos, const QString& lista) {
 
 frmEmailOS::frmEmailOS() {
   setupUi(this);
-  fitToText(&frmEmailOS::ajustaMedidas);
+  fitToText();
   on(txtPara, forms::Event::LostFocus, &frmEmailOS::txtPara_LostFocus);
   on(txtAnexo, forms::Event::LostFocus, &frmEmailOS::txtAnexo_LostFocus);
   on(txtMsg, forms::Event::LostFocus, &frmEmailOS::mostraConteudo);
@@ -72,7 +72,7 @@ frmEmailOS::frmEmailOS() {
 }
 
 /// What follows the size of the text: an address fits its box.
-void frmEmailOS::ajustaMedidas() {
+void frmEmailOS::fitToText() {
   constexpr int kLetras = 22;
   for (QLineEdit* caixa : {txtMailFrom, txtUsername, txtServer, txtPassword})
     caixa->setMinimumWidth(kLetras * fontMetrics().averageCharWidth());

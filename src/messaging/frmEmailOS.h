@@ -26,6 +26,6 @@ class frmEmailOS : public forms::Form, public Ui::frmEmailOS {
   bool podeEnviar();
   bool envia();
   void enviaMensagem();
-  void ajustaMedidas();
+  void fitToText() override;
   void mostraConteudo();
 };

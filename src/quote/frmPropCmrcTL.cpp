@@ -10,6 +10,7 @@
 #include "draft/keeper.h"
 #include "platform/forms/boxes.h"
 #include "platform/forms/process.h"
+#include "platform/forms/rest.h"
 #include "quote/header_fields.h"
 #include "run/context.h"
 #include "shared/column_lengths.h"
@@ -60,7 +61,7 @@ frmPropCmrcTL::frmPropCmrcTL() {
   Flex->setLeastText(grades::item::Total, u"Total Produto"_s);
   Flex->setLeastText(grades::item::DtAprov, u"00/00/0000 00:00"_s);
   Flex->setSpareColumns({grades::item::Descricao, grades::item::Observacao});
-  fitToText(&frmPropCmrcTL::ajustaMedidas);
+  fitToText();
   rememberMeasures();
 }
 
@@ -140,13 +141,14 @@ void frmPropCmrcTL::ligaItens() {
   };
   for (const auto& [botao, comando] : comandos) on(botao, Event::Click, comando);
   on(Flex, Event::DoubleClick, [this] { excluiOuAltera(u"A"_s); });
-  on(Flex, Event::PushUp, [this] { moveLinha(-1); });
-  on(Flex, Event::PushDown, [this] { moveLinha(1); });
-  for (const auto& [tecla, sugestao] : {std::pair{Qt::Key_F2, u"A"_s}, {Qt::Key_Delete, u"E"_s}})
+  const std::pair<QKeyCombination, std::function<void()>> teclas[] = {
+      {Qt::Key_F2, [this] { excluiOuAltera(u"A"_s); }},
+      {Qt::Key_Delete, [this] { excluiOuAltera(u"E"_s); }},
+      {Qt::ALT | Qt::Key_Up, [this] { moveLinha(-1); }},
+      {Qt::ALT | Qt::Key_Down, [this] { moveLinha(1); }}};
+  for (const auto& [tecla, comando] : teclas)
     connect(new QShortcut(tecla, Flex, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
-            [this, sugestao = sugestao] {
-              forms::guarded([&] { excluiOuAltera(sugestao); }, objectName() + u".Flex_KeyDown"_s);
-            });
+            [this, comando = comando] { forms::handle(comando, objectName() + u".Flex_KeyDown"_s); });
   onLinesPasted(txtNomeHomg, [this](const QStringList& nomes) {
     for (const QString& nome : nomes) {
       txtNomeHomg->setText(nome);
@@ -190,7 +192,7 @@ void frmPropCmrcTL::ajustaObserva() {
 }
 
 /// What follows the size of the text: headings, least widths of the boxes, least lines of the item grid.
-void frmPropCmrcTL::ajustaMedidas() {
+void frmPropCmrcTL::fitToText() {
   QFont destaque = font();
   destaque.setPointSizeF(destaque.pointSizeF() * kDestaque);
   destaque.setBold(true);

@@ -68,7 +68,7 @@ class frmPropCmrcTL : public forms::Form, public Ui::frmPropCmrcTL {
   void alinhaTotais();
   void cmdExpandirObservacao_Click();
   void ajustaObserva();
-  void ajustaMedidas();
+  void fitToText() override;
 
   // Commands of the modes (modes.cpp)
   void botoesEditando();

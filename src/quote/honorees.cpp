@@ -14,7 +14,7 @@ void frmPropCmrcTL::cmdIncluirHomg_Click() {
     forms::GridModel& lista = FlexHomg->grid();
     lista.addRow({{grades::homenageado::Nome, maiusculas(nome)}});
     txtNomeHomg->clear();
-    lista.setTopRow(lista.rows() - 1);
+    FlexHomg->setTopRow(lista.rows() - 1);
   }
   focus(txtNomeHomg);
 }

@@ -234,7 +234,7 @@ forms::GridLook frmBROWSE_PropCmrc::aspectoDaValidade(int linha) const {
 
 void frmBROWSE_PropCmrc::cmdExportar_Click() {
   const QString pasta = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-  const QString caminho = forms::saveFileBox(u"Exportar orçamentos"_s, pasta + u"/orcamentos.csv"_s);
+  const QString caminho = forms::fileBox(u"Exportar orçamentos"_s, pasta + u"/orcamentos.csv"_s, true);
   if (caminho.isEmpty()) return;
   try {
     files::write(caminho, values::toCsv(Flex->visibleTexts()));

@@ -124,7 +124,7 @@ void PesquisaComFotos::retomaPesquisa() {
   // That of the other screen would say that it finds nothing before this one stands.
   if (antes.tela != objectName()) return;
   cmdPesquisa_Click();
-  c_.Flex->grid().setTopRow(antes.LinhaBrowse);
+  c_.Flex->setTopRow(antes.LinhaBrowse);
 }
 
 void PesquisaComFotos::mostraFoto(std::size_t vista) {
@@ -168,7 +168,7 @@ void PesquisaComFotos::Flex_DblClick() {
   auto& grade = c_.Flex->grid();
   if (grade.row() <= 0) return;
   lembraPesquisa();  // Enter on a row is no click
-  lembrancas().pesquisa.LinhaBrowse = grade.topRow();
+  lembrancas().pesquisa.LinhaBrowse = c_.Flex->topRow();
   entregaEscolha();
   unload();
 }

@@ -22,11 +22,12 @@ TEST_F(Lines, AreSortedByClassMarkedAndAddedUp) {
                            u"102|BOM-1|Bombom|1,5|UN|1|10,40|15,60|CONTEÚDO COMESTÍVEL|com fita|2"_s,
                            u"107|SAL|Sal de banho|0,25|KG|1|18,00|4,50|OUTROS||7"_s}));
     EXPECT_EQ(screen.lblTotalUnitarioProduto->text(), u"45,10"_s);
-    EXPECT_EQ(grid.cellBackColor(1, Column::Codigo), forms::toColor(kLaranja));
-    EXPECT_EQ(grid.cellAlignment(1, Column::Codigo), Qt::AlignLeft | Qt::AlignTop);
-    for (int line : {2, 3}) {
-      EXPECT_FALSE(grid.cellBackColor(line, Column::Codigo).isValid());
-      EXPECT_EQ(grid.cellAlignment(line, Column::Codigo), Qt::AlignRight | Qt::AlignTop);
+    for (const int line : {1, 2, 3}) {
+      const QModelIndex code = grid.index(line - 1, Column::Codigo);
+      const bool product = line == 1;
+      EXPECT_EQ(code.data(Qt::BackgroundRole).value<QColor>(), product ? forms::toColor(kLaranja) : QColor());
+      EXPECT_EQ(code.data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+                (product ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     }
   });
 }

@@ -61,11 +61,11 @@ TEST_F(CatalogueSearch, TheChosenPlaceOfTheListComesBack) {
   open<frmBROWSE_Prototipo>([&](frmBROWSE_Prototipo& screen) {
     screen.txtCOD->setText(u"Z"_s);
     support::click(screen.cmdPesquisa);
-    screen.Flex->grid().setTopRow(120);
+    screen.Flex->setTopRow(120);
     support::doubleClick(screen.Flex, 122);
   });
   open<frmBROWSE_Prototipo>([&](frmBROWSE_Prototipo& screen) {
-    EXPECT_EQ(screen.Flex->grid().topRow(), 120);
+    EXPECT_EQ(screen.Flex->topRow(), 120);
     EXPECT_EQ(screen.Flex->rowAt(5), 119) << "the row in sight, not only the number";
   });
 }

@@ -28,7 +28,7 @@ constexpr qint64 kLaterPatience = 15'000;
 constexpr qint64 kPagePause = 1'200;  // a page that has not changed for so long is painted
 
 /// Modal forms and boxes whose loops run.
-int depth() { return forms::modal::depth() + forms::boxesWaiting(); }
+int depth() { return forms::modalDepth() + forms::boxesWaiting(); }
 
 int modalFormsShown() {
   int count = 0;
@@ -96,7 +96,7 @@ void Driver::schedule(int milliseconds) {
 bool Driver::idle() const {
   const bool box = waitingBox() != nullptr;
   if (!working_.empty() && depth() <= working_.back()) return false;
-  if (forms::boxesWaiting() > (box ? 1 : 0) || forms::modal::depth() > modalFormsShown()) return false;
+  if (forms::boxesWaiting() > (box ? 1 : 0) || forms::modalDepth() > modalFormsShown()) return false;
   if (box) return true;
   if (forms::WaitPointer::isWorking()) return false;
   const QList<forms::Form*> shown = forms::registry::shown();

@@ -22,6 +22,7 @@
 #include "platform/files/paths.h"
 #include "platform/forms/controls.h"
 #include "platform/forms/form.h"
+#include "platform/forms/process.h"
 #include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
@@ -34,7 +35,6 @@ std::function<Answer(const Box&)> boxAnswerer;
 std::function<QString(const Input&)> inputAnswerer;
 constexpr int kBoxMargin = 12;
 
-int shownSoFar = 0;
 int waitingNow = 0;
 
 /// While a box is up the pointer is the ordinary one; afterwards the caller's window is active again.
@@ -137,31 +137,10 @@ constexpr struct {
     {Buttons::RetryCancel, Answer::Cancel, u"&Cancelar", RejectRole},
 };
 
-QString chosenFile(const QString& title, const QString& start, QFileDialog::AcceptMode mode) {
-  ++shownSoFar;
-  if (inputAnswerer) return inputAnswerer({title, title, start});
-
-  const Interlude interlude;
-  const bool open = mode == QFileDialog::AcceptOpen;
-  const QFileInfo named(start);
-  QFileDialog window(interlude.caller(), title, open ? start : named.path());
-  window.setAcceptMode(mode);
-  window.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-  if (!open) window.selectFile(named.fileName());
-  if (!open) window.setDefaultSuffix(named.suffix());
-  window.setLabelText(QFileDialog::FileName, u"Arquivo:"_s);
-  window.setLabelText(QFileDialog::FileType, u"Tipo:"_s);
-  window.setLabelText(QFileDialog::LookIn, u"Pasta:"_s);
-  window.setLabelText(QFileDialog::Accept, open ? u"&Abrir"_s : u"&Salvar"_s);
-  window.setLabelText(QFileDialog::Reject, u"&Cancelar"_s);
-  return window.exec() == QDialog::Accepted ? files::ofThisMachine(window.selectedFiles().value(0))
-                                            : QString();
-}
-
 }  // namespace
 
 Answer msgBox(const Box& box) {
-  ++shownSoFar;
+  ++interruptions();
   if (boxAnswerer) return boxAnswerer(box);
 
   const Interlude interlude;
@@ -204,7 +183,7 @@ void askAboutHeldFiles() {
 }
 
 QString inputBox(const Input& input) {
-  ++shownSoFar;
+  ++interruptions();
   if (inputAnswerer) return inputAnswerer(input);
 
   const Interlude interlude;
@@ -221,18 +200,31 @@ QString inputBox(const Input& input) {
   return window.exec() == QDialog::Accepted ? window.textValue() : QString();
 }
 
-QString fileBox(const QString& title, const QString& folder) {
-  return chosenFile(title, folder, QFileDialog::AcceptOpen);
-}
+QString fileBox(const QString& title, const QString& start, bool toWrite) {
+  ++interruptions();
+  if (inputAnswerer) return inputAnswerer({title, title, start});
 
-QString saveFileBox(const QString& title, const QString& path) {
-  return chosenFile(title, path, QFileDialog::AcceptSave);
+  const Interlude interlude;
+  const QFileInfo named(start);
+  QFileDialog window(interlude.caller(), title, toWrite ? named.path() : start);
+  window.setFileMode(toWrite ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (toWrite) {
+    window.setAcceptMode(QFileDialog::AcceptSave);
+    window.selectFile(named.fileName());
+    window.setDefaultSuffix(named.suffix());
+  }
+  window.setLabelText(QFileDialog::FileName, u"Arquivo:"_s);
+  window.setLabelText(QFileDialog::FileType, u"Tipo:"_s);
+  window.setLabelText(QFileDialog::LookIn, u"Pasta:"_s);
+  window.setLabelText(QFileDialog::Accept, toWrite ? u"&Salvar"_s : u"&Abrir"_s);
+  window.setLabelText(QFileDialog::Reject, u"&Cancelar"_s);
+  return window.exec() == QDialog::Accepted ? files::ofThisMachine(window.selectedFiles().value(0))
+                                            : QString();
 }
 
 void setBoxAnswerer(std::function<Answer(const Box&)> answerer) { boxAnswerer = std::move(answerer); }
 void setInputAnswerer(std::function<QString(const Input&)> answerer) { inputAnswerer = std::move(answerer); }
 
-int boxesShown() { return shownSoFar; }
 int boxesWaiting() { return waitingNow; }
 
 }  // namespace forms

@@ -41,20 +41,15 @@ void askAboutHeldFiles();
 /// Asks for a line of text. Cancel gives an empty text.
 [[nodiscard]] QString inputBox(const Input& input);
 
-/// Lets the user choose a file that is there, beginning in a folder of this machine. Cancel gives an empty
-/// text.
-[[nodiscard]] QString fileBox(const QString& title, const QString& folder);
-
-/// Lets the user name a file to write, beginning with a path of this machine; asks before a file that is
-/// there is taken. Cancel gives an empty text.
-[[nodiscard]] QString saveFileBox(const QString& title, const QString& path);
+/// Lets the user choose a file that is there, beginning in a folder of this machine; or, where it is to be
+/// written, name one, beginning with its path, and asks before one that is there is taken. Cancel gives an
+/// empty text.
+[[nodiscard]] QString fileBox(const QString& title, const QString& start, bool toWrite = false);
 
 /// Answers boxes in place of a user; an empty function brings the real ones back.
 void setBoxAnswerer(std::function<Answer(const Box&)> answerer);
 void setInputAnswerer(std::function<QString(const Input&)> answerer);
 
-/// How many boxes have come up so far in this process.
-[[nodiscard]] int boxesShown();
 /// How many real ones wait for an answer now.
 [[nodiscard]] int boxesWaiting();
 

@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QSet>
 #include <algorithm>
 #include <utility>
 
@@ -45,10 +44,7 @@ FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
 
   connect(&grid_, &GridModel::modelReset, this, &FlexGrid::takeLayout);
   connect(&grid_, &GridModel::currentMoved, this, &FlexGrid::showCurrent);
-  connect(&grid_, &GridModel::topRowMoved, this, &FlexGrid::showTopRow);
   connect(&grid_, &GridModel::rowsInserted, this, [this] { showCurrent(grid_.row(), grid_.col()); });
-  connect(verticalScrollBar(), &QScrollBar::valueChanged, this,
-          [this](int value) { grid_.setTopRow(value + 1); });
   connect(horizontalHeader(), &QHeaderView::sectionPressed, this, &FlexGrid::titlePressed);
   connect(horizontalHeader(), &QHeaderView::sectionDoubleClicked, this, &FlexGrid::rowDoubleClicked);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
@@ -73,6 +69,8 @@ void FlexGrid::takeLayout() {
   const QScopedValueRollback fitting(fitting_, true);
   verticalHeader()->setDefaultSectionSize(QFontMetrics(font()).height() + kCellMargin);
   for (int column = 0; column < grid_.cols(); ++column) {
+    const int kept = measures_.isEmpty() ? 0 : measures::kept(measures_ + QString::number(column)).toInt();
+    if (kept > 0) dragged_.insert(column, kept);
     const bool hidden = pixels(grid_.width(column)) == 0;
     setColumnHidden(column, hidden);
     if (!hidden) setColumnWidth(column, laidOutWidth(column));
@@ -91,15 +89,14 @@ void FlexGrid::setSpareColumns(const QList<int>& columns) {
 }
 
 void FlexGrid::rememberWidths(const QString& form) {
-  form_ = form;
-  dragged_ = measures::columns(form, objectName());
+  measures_ = form + u'/' + objectName() + u'/';
   takeLayout();
 }
 
 void FlexGrid::noteDrag(int column, int width) {
   if (fitting_ || !isVisible() || width == 0) return;
   dragged_.insert(column, std::max(1, qRound(width / textScale())));
-  if (!form_.isEmpty()) measures::keepColumn(form_, objectName(), column, dragged_.value(column));
+  if (!measures_.isEmpty()) measures::keep(measures_ + QString::number(column), dragged_.value(column));
 }
 
 void FlexGrid::giveSpareWidth() {
@@ -140,8 +137,9 @@ void FlexGrid::showCurrent(int row, int column) {
                                     QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
-void FlexGrid::showTopRow(int row) {
-  if (verticalScrollBar()->value() == row - 1) return;
+int FlexGrid::topRow() const { return verticalScrollBar()->value() + 1; }
+
+void FlexGrid::setTopRow(int row) {
   executeDelayedItemsLayout();
   verticalScrollBar()->setValue(row - 1);
 }
@@ -171,15 +169,6 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Copy)) return copyRows();
   if (event->matches(QKeySequence::SelectAll)) return selectAll();
-  const bool up = event->key() == Qt::Key_Up;
-  if (event->modifiers().testFlag(Qt::AltModifier) && (up || event->key() == Qt::Key_Down)) {
-    if (grid_.row() < 1) return;
-    if (up)
-      Q_EMIT pushedUp();
-    else
-      Q_EMIT pushedDown();
-    return;
-  }
   const int page =
       std::max(1, viewport()->height() / std::max(1, verticalHeader()->defaultSectionSize()) - 1);
   const int row = grid_.row();
@@ -227,14 +216,13 @@ QList<QStringList> FlexGrid::visibleTexts() const {
 }
 
 void FlexGrid::copyRows() const {
-  QList<QStringList> texts = visibleTexts();
+  const QList<QStringList> texts = visibleTexts();
   if (texts.size() < 2) return;
-  QSet<qsizetype> chosen;
-  for (const QModelIndex& index : selectionModel()->selectedRows()) chosen << index.row() + 1;
-  qsizetype row = 0;
-  if (!chosen.isEmpty())
-    texts.removeIf([&](const QStringList&) { return row++ > 0 && !chosen.contains(row - 1); });
-  QApplication::clipboard()->setText(values::tabSeparated(texts));
+  QList<QStringList> chosen = texts.first(1);
+  for (qsizetype row = 1; row < texts.size(); ++row)
+    if (!selectionModel()->hasSelection() || selectionModel()->isRowSelected(static_cast<int>(row) - 1))
+      chosen << texts[row];
+  QApplication::clipboard()->setText(values::tabSeparated(chosen));
 }
 
 void FlexGrid::changeEvent(QEvent* event) {

@@ -28,6 +28,10 @@ class FlexGrid : public QTableView {
   /// down to half of it, where there is less; without them the widest one takes what is left.
   void setSpareColumns(const QList<int>& columns);
 
+  /// First visible data row; shows one there as far as the rows below it fill the grid.
+  [[nodiscard]] int topRow() const;
+  void setTopRow(int row);
+
   /// The texts of the visible columns: the titles, then the data rows.
   [[nodiscard]] QList<QStringList> visibleTexts() const;
   void copyRows() const;
@@ -40,9 +44,6 @@ class FlexGrid : public QTableView {
   void rowClicked();
   /// A double click on a row or the title, or Enter on the current row.
   void rowDoubleClicked();
-  /// Alt with an arrow, on a current row.
-  void pushedUp();
-  void pushedDown();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -55,7 +56,6 @@ class FlexGrid : public QTableView {
   void takeLayout();
   void giveSpareWidth();
   void showCurrent(int row, int column);
-  void showTopRow(int row);
   void selectRows(int from, int to);
   void noteDrag(int column, int width);
   /// How much larger than the plain text size the text is.
@@ -73,7 +73,7 @@ class FlexGrid : public QTableView {
   QHash<int, QString> leastTexts_;
   QList<int> spareColumns_;
   QHash<int, int> dragged_;  ///< widths that the user has set, at the plain text size
-  QString form_;             ///< whose widths are kept; empty: nobody's
+  QString measures_;         ///< under which the widths are kept; empty: nowhere
   int anchor_ = 1;           ///< where a selection of several rows began
   bool fitting_ = false;
 };

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QThread>
@@ -12,16 +13,27 @@
 #include <QWindow>
 
 #include "platform/forms/boxes.h"
-#include "platform/forms/form_private.h"
 #include "platform/forms/process.h"
+#include "platform/forms/rest.h"
 
 using namespace Qt::StringLiterals;
 
 namespace forms {
 
-Form::Form() : d_(std::make_unique<Private>(*this)) {
+namespace {
+
+std::function<void(Form&)> modalObserver;
+int modalLoops = 0;
+
+}  // namespace
+
+void setModalObserver(std::function<void(Form&)> observer) { modalObserver = std::move(observer); }
+
+int modalDepth() { return modalLoops; }
+
+Form::Form() {
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { d_->noteFocus(now); });
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { noteFocus(now); });
 }
 
 Form::~Form() {
@@ -32,7 +44,7 @@ Form::~Form() {
 void Form::ensureLoaded() {
   if (loaded_) return;
   loaded_ = true;
-  d_->prepareControls();
+  prepareControls();
   try {
     Form_Load();
   } catch (const values::Cancelled&) {
@@ -44,13 +56,13 @@ void Form::ensureLoaded() {
 void Form::showForm() {
   ensureLoaded();
   if (!isVisible()) setWindowFlags(Qt::Window);
-  d_->mainWindow = true;
-  d_->present();
+  mainWindow_ = true;
+  present();
 }
 
 void Form::showModal() {
-  const QList<Form*> before = registry::shown();
-  const QPointer<Form> caller = before.isEmpty() ? nullptr : before.last();
+  const QList<Form*> shown = registry::shown();
+  const QPointer<Form> caller = shown.isEmpty() ? nullptr : shown.last();
   ensureLoaded();
   if (!loaded_ || isVisible()) return;  // its load handler may have unloaded it
 
@@ -58,102 +70,100 @@ void Form::showModal() {
   winId();
   if (!caller.isNull()) windowHandle()->setTransientParent(caller->windowHandle());
   QEventLoop loop;
-  d_->loop = &loop;
+  loop_ = &loop;
+  ++modalLoops;
+  ++interruptions();
+  const int before = ends();
   const QPointer<Form> self(this);
-  const auto opening = [this, &self] {
-    d_->present();
-    flushFocusEvents();
-    if (self.isNull() || !isVisible()) return false;
-    observeModal(*this);
-    return !self.isNull() && isVisible();
-  };
-  const auto closed = [&] {
-    if (!self.isNull()) d_->loop = nullptr;
+  const auto isOpen = [this, &self] { return !self.isNull() && isVisible(); };
+  const auto closed = qScopeGuard([this, &self, &caller] {
+    --modalLoops;
+    if (!self.isNull()) {
+      loop_ = nullptr;
+      hide();
+    }
     if (!caller.isNull() && caller->isVisible()) caller->activateWindow();
-  };
-  try {
-    modal::run(loop, opening);
-  } catch (const Ended&) {
-    if (!self.isNull()) hide();
-    closed();
-    throw;
-  }
-  closed();
+  });
+  present();
+  flushFocusEvents();
+  if (isOpen() && modalObserver) modalObserver(*this);
+  if (isOpen()) loop.exec();
+  if (ends() != before) throw Ended{1};
 }
 
 void Form::unload() {
-  std::unique_ptr<Form> self = registry::take(this);
+  std::unique_ptr<Form> self = registry::take(*this);
   loaded_ = false;
-  d_->waiting.clear();
+  waiting_.clear();
   hide();
   // The last window's end is the program's.
-  if (d_->mainWindow && QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit(0);
+  if (mainWindow_ && QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit(0);
   if (self) self.release()->deleteLater();
 }
 
 void Form::closeRequested() { unload(); }
 
 void Form::removeCloseEntry() {
-  d_->closable = false;
+  closable_ = false;
   // Window managers take a missing button seriously only when all of them are named.
   setWindowFlags(windowType() | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint);
 }
 
-void Form::escClicks(QAbstractButton* button) { d_->escButton = button; }
+void Form::escClicks(QAbstractButton* button) { escButton_ = button; }
 
 void Form::closeEvent(QCloseEvent* event) {
   event->ignore();
   // Under another window or a box it stays, whatever a desktop asks: handlers of it are at work there.
   const QList<Form*> shown = registry::shown();
-  if (d_->closable && !shown.isEmpty() && shown.last() == this && boxesWaiting() == 0) d_->close();
+  if (closable_ && !shown.isEmpty() && shown.last() == this && boxesWaiting() == 0) userCloses();
 }
 
-void Form::Private::close() {
-  handle([this] { form.closeRequested(); }, name() + u"_QueryUnload"_s);
+void Form::userCloses() {
+  handle([this] { closeRequested(); }, objectName() + u"_QueryUnload"_s);
 }
 
 void Form::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
   if (event->spontaneous()) return;
-  d_->shown = false;
-  d_->keepMeasures();
+  shown_ = false;
+  keepMeasures();
   // The next opening starts at the first control again.
   if (QWidget* focused = focusWidget(); focused != nullptr) focused->clearFocus();
-  d_->current = nullptr;
-  d_->waiting.clear();
+  current_ = nullptr;
+  waiting_.clear();
   registry::noteHidden(this);
-  if (d_->loop != nullptr) d_->loop->exit();
+  if (loop_ != nullptr) loop_->exit();
 }
 
-void Form::Private::present() {
+void Form::present() {
   prepareControls();
-  if (!form.isVisible()) {
+  if (!isVisible()) {
     fitScreen();
     takeMeasures();
   }
-  registry::noteShown(&form);
-  shown = true;
+  registry::noteShown(this);
+  shown_ = true;
   // The focus is marked whether a key or the program has moved it.
-  form.setAttribute(Qt::WA_KeyboardFocusChange);
-  form.show();
-  form.raise();
-  form.activateWindow();
-  QWidget* first = form.focusWidget();
+  setAttribute(Qt::WA_KeyboardFocusChange);
+  show();
+  raise();
+  activateWindow();
+  QWidget* first = focusWidget();
   const auto usable = [this](const QWidget* widget) {
-    return widget != nullptr && widget != &form && widget->isVisible() && widget->isEnabled();
+    return widget != nullptr && widget != this && widget->isVisible() && widget->isEnabled();
   };
   if (!usable(first)) {
-    form.setFocus(Qt::OtherFocusReason);
-    form.focusNextChild();
-    first = form.focusWidget();
+    setFocus(Qt::OtherFocusReason);
+    focusNextChild();
+    first = focusWidget();
   }
   noteFocus(first);
 }
 
-void Form::Private::prepareControls() {
-  form.installEventFilter(&form);
-  for (QWidget* control : form.findChildren<QWidget*>()) {
-    control->installEventFilter(&form);
+void Form::prepareControls() {
+  installEventFilter(this);
+  for (QWidget* control : findChildren<QWidget*>()) {
+    control->installEventFilter(this);
     if (auto* push = qobject_cast<QPushButton*>(control)) push->setAutoDefault(false);
     if (auto* label = qobject_cast<QLabel*>(control)) label->setTextFormat(Qt::PlainText);
     if (auto* plain = qobject_cast<QPlainTextEdit*>(control)) {

@@ -3,9 +3,16 @@
 #include <QAbstractButton>
 #include <QDialog>
 #include <QEventLoop>
+#include <QHash>
+#include <QPointer>
+#include <QSet>
+#include <deque>
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "platform/forms/combo.h"
 #include "platform/forms/controls.h"
@@ -13,9 +20,13 @@
 #include "platform/forms/masked_box.h"
 #include "platform/forms/wait_pointer.h"
 
+class QContextMenuEvent;
+class QKeyEvent;
+class QMouseEvent;
+
 namespace forms {
 
-enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown, PushUp, PushDown };
+enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown };
 
 /// Base of all screens. A class `frmX : public forms::Form, public Ui::frmX` has a public constructor without
 /// arguments that calls setupUi and connects its handlers, and Q_OBJECT: the name of the class is the form's
@@ -25,7 +36,7 @@ enum class Event { Click, DoubleClick, GotFocus, LostFocus, DropDown, PushUp, Pu
 /// form (a change of window, a popup or an unload raises none); they are queued and run before the release of
 /// the click that caused them, and the click is dropped when one of them brought up a box. A click by access
 /// key moves the focus first. Double click on a grid: on(grid, Event::DoubleClick, …), which Enter on a row
-/// raises too. PushUp and PushDown of a grid: Alt with the arrow, to move the current row.
+/// raises too.
 class Form : public QDialog {
   Q_OBJECT
 
@@ -62,7 +73,7 @@ class Form : public QDialog {
   void flushFocusEvents();
 
  protected:
-  /// Runs once, when the form is first touched (or first shown, see LoadsWhenShown).
+  /// Runs once, when the form is first touched (or first shown, see form<T>()).
   virtual void Form_Load() {}
   /// The window's X or Esc. Unloads; with the Close entry removed nothing happens.
   virtual void closeRequested();
@@ -100,13 +111,9 @@ class Form : public QDialog {
   void rememberMeasures();
   /// GotFocus selects all the text.
   void selectOnFocus(std::initializer_list<QWidget*> controls);
-
-  /// What follows the size of the text, in the constructor, after setupUi: runs at once, and again whenever
-  /// the text of the loaded form gets another size.
-  template <class T>
-  void fitToText(void (T::*fit)()) {
-    fitToText([this, fit] { (static_cast<T*>(this)->*fit)(); });
-  }
+  /// What follows the size of the text: called whenever the text of the loaded form gets another size. For
+  /// the first time the constructor calls it, after setupUi.
+  virtual void fitToText() {}
 
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -117,12 +124,82 @@ class Form : public QDialog {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void fitToText(std::function<void()> fit);
+  struct OverFrame {
+    QWidget* frame;
+    int left, top;  ///< twips
+    QAbstractButton* closeButton;
+    QPointer<QWidget> before;  ///< what had the focus
+  };
+  struct FocusEvent {
+    QPointer<QWidget> control;
+    Event event;
+  };
+  struct Search {
+    QList<QWidget*> above;
+    std::function<FlexGrid*()> grid;
+  };
 
-  class Private;
-  friend class Private;
-  std::unique_ptr<Private> d_;
+  /// Sets up what all controls share and watches them; again before each showing, for controls made since.
+  void prepareControls();
+  /// Shows the form and gives it its first focus.
+  void present();
+  void userCloses();
+
+  // form_events.cpp, form_keys.cpp; those that return a bool: whether the event goes no further.
+  void run(QWidget* control, Event event);
+  bool mousePressed(QWidget* watched, QMouseEvent* event);
+  bool keyPressed(QWidget* watched, QKeyEvent* event);
+  bool enterPressed(QWidget* control, QKeyEvent* event);
+  bool characterTyped(QWidget* watched, QKeyEvent* event);
+  bool resultKeyPressed(QWidget* watched, const QKeyEvent* event);
+  bool pasteLines(QWidget* control);
+  bool pasteMenu(QLineEdit* box, const QContextMenuEvent* event);
+
+  // form_focus.cpp
+  /// The control of the form that a widget with the focus belongs to.
+  [[nodiscard]] QWidget* controlOf(QWidget* widget) const;
+  /// Queues the events of a focus that has moved within the form.
+  void noteFocus(QWidget* now);
+  void gotFocus(QWidget* control);
+
+  // form_frames.cpp
+  [[nodiscard]] OverFrame* overFrame(const QWidget* frame);
+  [[nodiscard]] OverFrame* openFrame();
+  void placeOverFrame(const OverFrame& over);
+
+  // form_fit.cpp
+  /// What the display leaves for a window, its frame and the desktop's panels taken off.
+  [[nodiscard]] QRect room() const;
+  /// Keeps the window within the display; what doesn't fit scrolls, rows of buttons above and below stay.
+  void fitScreen();
+  void scrollContent();
+  /// The size that the user gave the window the last time.
+  void takeMeasures();
+  void keepMeasures();
+
+  /// Set on controls that are laid out of the chain of Tab and Enter: access keys and the mouse reach them.
+  static constexpr char kOffChain[] = "offChain";
+
+  std::map<std::pair<QWidget*, Event>, std::vector<std::function<void()>>> handlers_;
+  QHash<QWidget*, std::function<char16_t(char16_t)>> keyFilters_;
+  QSet<QWidget*> enterMoves_, selects_;
+  std::vector<Search> searches_;
+  QHash<QWidget*, std::function<void(const QStringList&)>> lineTakers_, tableTakers_;
+  std::vector<OverFrame> overFrames_;
+  QPointer<QAbstractButton> escButton_;
+
+  QPointer<QWidget> current_;
+  std::deque<FocusEvent> waiting_;
+  bool flushing_ = false;
+  bool flushPosted_ = false;
+  bool resending_ = false;
   bool loaded_ = false;
+  bool shown_ = false;
+  bool closable_ = true;
+  bool mainWindow_ = false;
+  bool remembers_ = false;
+  QSize openedSize_;
+  QEventLoop* loop_ = nullptr;  ///< of a modal form that is open
 };
 
 // registry.cpp
@@ -134,8 +211,12 @@ namespace registry {
 Form& add(std::unique_ptr<Form> form);
 /// Drops all forms: the end of a test.
 void clear();
+/// Takes a form out and gives it back; empty where it isn't there.
+[[nodiscard]] std::unique_ptr<Form> take(const Form& form);
 /// Forms now shown, the one on top last.
 [[nodiscard]] QList<Form*> shown();
+void noteShown(Form* form);
+void noteHidden(Form* form);
 }  // namespace registry
 
 /// A control of a form that is there now, found by the two names; nullptr if there is none. Finds grids
@@ -147,17 +228,14 @@ void writeControl(const QString& formName, const QString& controlName, const QSt
 
 /// Seam for tests and roads: called when a modal form has been shown and had its first focus.
 void setModalObserver(std::function<void(Form&)> observer);
+/// How many modal forms wait in their loops now.
+[[nodiscard]] int modalDepth();
 
 /// Name of a form and its class, "frmX".
 template <class T>
 [[nodiscard]] QString formName() {
   return QString::fromLatin1(T::staticMetaObject.className());
 }
-
-template <class T>
-concept LoadsWhenShown = requires {
-  requires T::kLoadsWhenShown;
-};
 
 /// The global instance of a form, made and loaded at first touch; it is registered before its load handler
 /// runs. A form with `static constexpr bool kLoadsWhenShown = true` loads when it is shown, since its caller
@@ -166,7 +244,7 @@ template <class T>
 T& form() {
   Form* known = registry::find(formName<T>());
   if (known == nullptr) known = &registry::add(std::make_unique<T>());
-  if constexpr (!LoadsWhenShown<T>) known->ensureLoaded();
+  if constexpr (!requires { T::kLoadsWhenShown; }) known->ensureLoaded();
   return static_cast<T&>(*known);
 }
 

@@ -10,10 +10,11 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
+#include <algorithm>
 #include <array>
 
 #include "platform/forms/boxes.h"
-#include "platform/forms/form_private.h"
+#include "platform/forms/form.h"
 #include "platform/forms/process.h"
 #include "platform/forms/rest.h"
 
@@ -25,38 +26,29 @@ namespace forms {
 namespace {
 
 /// By the order of Event.
-constexpr std::array<QStringView, 7> kNames{u"Click",    u"DblClick", u"GotFocus", u"LostFocus",
-                                            u"DropDown", u"PushUp",   u"PushDown"};
+constexpr std::array<QStringView, 5> kNames{u"Click", u"DblClick", u"GotFocus", u"LostFocus", u"DropDown"};
 
 }  // namespace
 
-void Form::Private::run(QWidget* control, Event event) {
-  const Handlers known = handlers.value(control).value(event);
-  if (known.empty()) return;
-  const QString where =
-      name() + u'.' + control->objectName() + u'_' + kNames[static_cast<std::size_t>(event)].toString();
-  handle(
-      [&known] {
-        for (const auto& handler : known) handler();
-      },
-      where, event == Event::LostFocus ? control : nullptr);
-}
-
-void Form::Private::handle(const std::function<void()>& handler, const QString& where, QWidget* left) {
-  Work work(left);
-  if (guarded(handler, where)) work.done();
+void Form::run(QWidget* control, Event event) {
+  const auto at = handlers_.find({control, event});
+  if (at == handlers_.end()) return;
+  const auto all = [known = at->second] {
+    for (const auto& handler : known) handler();
+  };
+  const QString name = kNames[static_cast<std::size_t>(event)].toString();
+  handle(all, objectName() + u'.' + control->objectName() + u'_' + name,
+         event == Event::LostFocus ? control : nullptr);
 }
 
 void Form::on(QWidget* control, Event event, std::function<void()> handler) {
-  Private::Handlers& known = d_->handlers[control][event];
+  auto& known = handlers_[{control, event}];
   known.push_back(std::move(handler));
   if (known.size() > 1) return;
 
-  const auto raise = [this, control, event] { d_->run(control, event); };
+  const auto raise = [this, control, event] { run(control, event); };
   auto* grid = qobject_cast<FlexGrid*>(control);
   if (event == Event::DoubleClick && grid != nullptr) connect(grid, &FlexGrid::rowDoubleClicked, this, raise);
-  if (event == Event::PushUp) connect(grid, &FlexGrid::pushedUp, this, raise);
-  if (event == Event::PushDown) connect(grid, &FlexGrid::pushedDown, this, raise);
   if (event == Event::DropDown) connect(qobject_cast<Combo*>(control), &Combo::dropDown, this, raise);
   if (event != Event::Click) return;
   if (grid != nullptr) connect(grid, &FlexGrid::rowClicked, this, raise);
@@ -69,15 +61,15 @@ void Form::on(QWidget* control, Event event, std::function<void()> handler) {
 }
 
 void Form::onKeyPress(QWidget* control, const std::function<char16_t(char16_t)>& handler) {
-  d_->keyFilters.insert(control, handler);
+  keyFilters_.insert(control, handler);
 }
 
 void Form::enterMovesOn(std::initializer_list<QWidget*> controls) {
-  for (QWidget* control : controls) d_->enterMoves.insert(control);
+  for (QWidget* control : controls) enterMoves_.insert(control);
 }
 
 void Form::selectOnFocus(std::initializer_list<QWidget*> controls) {
-  for (QWidget* control : controls) d_->selects.insert(control);
+  for (QWidget* control : controls) selects_.insert(control);
 }
 
 namespace {
@@ -94,21 +86,21 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-      return d_->mousePressed(widget, static_cast<QMouseEvent*>(event));
+      return mousePressed(widget, static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
       // Buttons and grids have signals of their own; this is for labels and the pictures they show.
-      if (qobject_cast<QLabel*>(widget) != nullptr && isLeft(event)) d_->run(widget, Event::Click);
+      if (qobject_cast<QLabel*>(widget) != nullptr && isLeft(event)) run(widget, Event::Click);
       return false;
     case QEvent::ContextMenu: {
       auto* line = qobject_cast<QLineEdit*>(widget);
-      return line != nullptr && d_->pasteMenu(line, static_cast<QContextMenuEvent*>(event));
+      return line != nullptr && pasteMenu(line, static_cast<QContextMenuEvent*>(event));
     }
     case QEvent::Wheel:
       if (qobject_cast<QTabBar*>(widget) == nullptr) return false;
       event->ignore();  // for the page that scrolls; the wheel turns no tabs
       return true;
     case QEvent::KeyPress:
-      return d_->keyPressed(widget, static_cast<QKeyEvent*>(event));
+      return keyPressed(widget, static_cast<QKeyEvent*>(event));
     case QEvent::Shortcut: {
       auto* button = qobject_cast<QAbstractButton*>(widget);
       const bool clear = !static_cast<QShortcutEvent*>(event)->isAmbiguous();
@@ -122,51 +114,50 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
 
 namespace {
 
-/// Grows with each box and each modal form: what swallows the click or key that caused it.
-int interruptions() { return boxesShown() + modal::runs(); }
-
 bool isMultiLine(const QWidget* control) { return control->inherits("QPlainTextEdit"); }
 
 }  // namespace
 
-bool Form::Private::mousePressed(QWidget* watched, QMouseEvent* event) {
+bool Form::mousePressed(QWidget* watched, QMouseEvent* event) {
   // The title of a grid is part of it: a click there is a change of control as well.
   auto* grid = qobject_cast<FlexGrid*>(controlOf(watched));
   if (grid != nullptr && !grid->hasFocus() && grid->isEnabled()) grid->setFocus(Qt::MouseFocusReason);
-  const bool arrived = hasJustGotFocus(controlOf(watched));
+  const bool arrived = std::ranges::any_of(waiting_, [control = controlOf(watched)](const FocusEvent& next) {
+    return next.event == Event::GotFocus && next.control == control;
+  });
   const int before = interruptions();
-  form.flushFocusEvents();
-  if (interruptions() != before || !form.isVisible() || !watched->isEnabled()) return true;
+  flushFocusEvents();
+  if (interruptions() != before || !isVisible() || !watched->isEnabled()) return true;
 
   if (event->type() == QEvent::MouseButtonDblClick && isLeft(event) &&
-      handlers.value(watched).contains(Event::DoubleClick)) {
+      handlers_.contains({watched, Event::DoubleClick})) {
     run(watched, Event::DoubleClick);
     return true;
   }
   // The click that brings the focus leaves the text selected.
   QWidget* control = controlOf(watched);
   const bool text = qobject_cast<QLineEdit*>(watched) != nullptr || isMultiLine(control);
-  return arrived && text && selects.contains(control);
+  return arrived && text && selects_.contains(control);
 }
 
-bool Form::Private::keyPressed(QWidget* watched, QKeyEvent* event) {
-  if (resending) return false;
+bool Form::keyPressed(QWidget* watched, QKeyEvent* event) {
+  if (resending_) return false;
   const int before = interruptions();
-  form.flushFocusEvents();
-  if (interruptions() != before || !form.isVisible()) return true;
+  flushFocusEvents();
+  if (interruptions() != before || !isVisible()) return true;
   if (resultKeyPressed(watched, event)) return true;
   if (event->matches(QKeySequence::Paste) && pasteLines(watched)) return true;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return enterPressed(watched, event);
   return characterTyped(watched, event);
 }
 
-bool Form::Private::enterPressed(QWidget* control, QKeyEvent* event) {
+bool Form::enterPressed(QWidget* control, QKeyEvent* event) {
   if (isMultiLine(control) && (event->modifiers() & Qt::ControlModifier) != 0) {
     if (!isLocked(control)) QMetaObject::invokeMethod(control, "insertPlainText", Q_ARG(QString, u"\n"_s));
     return true;
   }
-  if (enterMoves.contains(control) || isMultiLine(control)) {
-    form.moveOn();
+  if (enterMoves_.contains(control) || isMultiLine(control)) {
+    moveOn();
     return true;
   }
   const bool clicks =
@@ -175,24 +166,24 @@ bool Form::Private::enterPressed(QWidget* control, QKeyEvent* event) {
   return clicks;
 }
 
-bool Form::Private::characterTyped(QWidget* watched, QKeyEvent* event) {
-  const auto filter = keyFilters.constFind(watched);
+bool Form::characterTyped(QWidget* watched, QKeyEvent* event) {
+  const auto filter = keyFilters_.constFind(watched);
   const QString typed = event->text();
   // Alt and a letter that no control owns types nothing.
   const auto held = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
   if (held == Qt::AltModifier && typed.size() == 1 && typed.at(0).isPrint()) return true;
   // Ctrl+A and its like are no characters, whatever text some platforms give them; Ctrl+Alt is AltGr.
   const bool shortcut = held == Qt::ControlModifier;
-  if (filter == keyFilters.cend() || shortcut || typed.size() != 1 || !typed.at(0).isPrint()) return false;
+  if (filter == keyFilters_.cend() || shortcut || typed.size() != 1 || !typed.at(0).isPrint()) return false;
   char16_t taken = 0;
   guarded([&] { taken = (*filter)(typed.at(0).unicode()); },
-          name() + u'.' + watched->objectName() + u"_KeyPress"_s);
+          objectName() + u'.' + watched->objectName() + u"_KeyPress"_s);
   if (taken == typed.at(0)) return false;
   if (taken != 0) {
-    resending = true;
+    resending_ = true;
     QKeyEvent other(QEvent::KeyPress, event->key(), event->modifiers(), QString(QChar(taken)));
     QCoreApplication::sendEvent(watched, &other);
-    resending = false;
+    resending_ = false;
   }
   return true;
 }
@@ -202,7 +193,7 @@ void Form::clickByKey(QAbstractButton* button) {
   const int before = interruptions();
   if (button->focusPolicy() != Qt::NoFocus) {
     button->setFocus(Qt::ShortcutFocusReason);
-    d_->noteFocus(button);
+    noteFocus(button);
   }
   flushFocusEvents();
   if (interruptions() == before && isVisible()) button->click();
@@ -210,12 +201,12 @@ void Form::clickByKey(QAbstractButton* button) {
 
 void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Escape) return event->ignore();
-  if (const Private::OverFrame* open = d_->openFrame(); open != nullptr && open->closeButton != nullptr) {
+  if (const OverFrame* open = openFrame(); open != nullptr && open->closeButton != nullptr) {
     open->closeButton->click();
-  } else if (!d_->escButton.isNull()) {
-    d_->escButton->click();
-  } else if (d_->closable) {
-    d_->close();
+  } else if (!escButton_.isNull()) {
+    escButton_->click();
+  } else if (closable_) {
+    userCloses();
   }
 }
 

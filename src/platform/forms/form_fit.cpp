@@ -4,7 +4,7 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "platform/forms/form_private.h"
+#include "platform/forms/form.h"
 #include "platform/forms/measures.h"
 
 using namespace Qt::StringLiterals;
@@ -44,27 +44,25 @@ void moveRow(QLayoutItem* item, QBoxLayout* to) {
 
 }  // namespace
 
-QRect Form::Private::room() const {
-  const QScreen* screen = form.screen();
-  if (screen == nullptr) return {};
-  const QWindow* window = form.windowHandle();
+QRect Form::room() const {
+  const QWindow* window = windowHandle();
   QMargins frame = window == nullptr ? QMargins() : window->frameMargins();
   if (frame.isNull()) frame = kFrame;
-  const QRect all = screen->availableGeometry();
+  const QRect all = screen()->availableGeometry();
   return {all.topLeft(), all.size().shrunkBy(frame)};
 }
 
-void Form::Private::scrollContent() {
-  auto* box = qobject_cast<QBoxLayout*>(form.layout());
+void Form::scrollContent() {
+  auto* box = qobject_cast<QBoxLayout*>(layout());
   if (box == nullptr || box->direction() != QBoxLayout::TopToBottom) return;
-  auto* content = new QWidget(&form);  // within the window from the start, so that the chain of Tab stays
+  auto* content = new QWidget(this);  // within the window from the start, so that the chain of Tab stays
   const QMargins margins = box->contentsMargins();
   const int width = room().width() - margins.left() - margins.right();
   content->setLayout(box);  // takes the controls along
-  auto* outer = new QVBoxLayout(&form);
+  auto* outer = new QVBoxLayout(this);
   outer->setContentsMargins(margins);
   while (box->count() > 1 && staysInReach(box->itemAt(0), width)) moveRow(box->takeAt(0), outer);
-  auto* area = new QScrollArea(&form);
+  auto* area = new QScrollArea(this);
   area->setObjectName(u"qt_fit_area"_s);
   area->setFrameShape(QFrame::NoFrame);
   area->setFocusPolicy(Qt::NoFocus);
@@ -80,65 +78,60 @@ void Form::Private::scrollContent() {
   content->show();
 }
 
-void Form::Private::fitScreen() {
-  form.ensurePolished();
+void Form::fitScreen() {
+  ensurePolished();
   const QRect all = room();
-  if (form.layout() == nullptr || all.isEmpty()) return;
-  form.layout()->activate();
-  const QSize least = form.layout()->totalMinimumSize();
+  if (layout() == nullptr || all.isEmpty()) return;
+  layout()->activate();
+  const QSize least = layout()->totalMinimumSize();
   if (least.width() > all.width() || least.height() > all.height()) {
     scrollContent();
-    form.setMinimumSize(0, 0);
-    form.layout()->activate();
+    setMinimumSize(0, 0);
+    layout()->activate();
   }
-  form.resize(form.size().boundedTo(all.size()));
+  resize(size().boundedTo(all.size()));
 }
 
-void Form::Private::takeMeasures() {
-  if (const auto kept = remembers && openedSize.isEmpty() ? measures::window(name()) : std::nullopt) {
-    const QSize before = form.size();
-    form.resize(kept->size.expandedTo(form.minimumSizeHint()).boundedTo(room().size()));
-    const QSize grown = (form.size() - before) / 2;
-    form.move(std::max(0, form.x() - grown.width()),
-              form.y() == 0 ? 0 : std::max(0, form.y() - grown.height()));
-    if (kept->maximised) form.setWindowState(Qt::WindowMaximized);
+void Form::takeMeasures() {
+  const QSize kept = measures::kept(objectName() + u"/size"_s).toSize();
+  if (remembers_ && openedSize_.isEmpty() && !kept.isEmpty()) {
+    const QSize before = size();
+    resize(kept.expandedTo(minimumSizeHint()).boundedTo(room().size()));
+    const QSize grown = (size() - before) / 2;
+    move(std::max(0, x() - grown.width()), y() == 0 ? 0 : std::max(0, y() - grown.height()));
+    if (measures::kept(objectName() + u"/maximised"_s).toBool()) setWindowState(Qt::WindowMaximized);
   }
-  openedSize = form.size();
+  openedSize_ = size();
 }
 
-void Form::Private::keepMeasures() {
-  const bool maximised = form.isMaximized();
-  const QSize size = maximised ? form.normalGeometry().size() : form.size();
-  if (remembers && (maximised || size != openedSize)) measures::keep(name(), {size, maximised});
+void Form::keepMeasures() {
+  const QSize now = isMaximized() ? normalGeometry().size() : size();
+  if (!remembers_ || (!isMaximized() && now == openedSize_)) return;
+  measures::keep(objectName() + u"/size"_s, now);
+  measures::keep(objectName() + u"/maximised"_s, isMaximized());
 }
 
 void Form::rememberMeasures() {
-  d_->remembers = true;
-  for (FlexGrid* grid : findChildren<FlexGrid*>()) grid->rememberWidths(d_->name());
-}
-
-void Form::fitToText(std::function<void()> fit) {
-  fit();
-  d_->fit = std::move(fit);
+  remembers_ = true;
+  for (FlexGrid* grid : findChildren<FlexGrid*>()) grid->rememberWidths(objectName());
 }
 
 void Form::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
-  if (event->type() == QEvent::FontChange && loaded_ && d_->fit) d_->fit();
+  if (event->type() == QEvent::FontChange && loaded_) fitToText();
 }
 
 void Form::centre() {
   ensurePolished();
   if (layout() != nullptr) layout()->activate();
   resize(size().expandedTo(minimumSizeHint()));
-  d_->fitScreen();
-  resize(size().boundedTo(d_->room().size()));
-  const QSize screen = screenSize();
-  const QRect all = d_->room();
-  move(
-      std::clamp((screen.width() - width()) / 2, all.left(), std::max(all.left(), all.right() + 1 - width())),
-      std::clamp((screen.height() - height()) / 2, all.top(),
-                 std::max(all.top(), all.bottom() + 1 - height())));
+  fitScreen();
+  resize(size().boundedTo(room().size()));
+  const QSize left = (screenSize() - size()) / 2;
+  const QRect all = room();
+  const QPoint last = all.topLeft() + QPoint(all.width() - width(), all.height() - height());
+  move(std::clamp(left.width(), all.left(), std::max(all.left(), last.x())),
+       std::clamp(left.height(), all.top(), std::max(all.top(), last.y())));
 }
 
 }  // namespace forms

@@ -5,60 +5,50 @@
 #include <algorithm>
 
 #include "platform/forms/controls.h"
-#include "platform/forms/form_private.h"
+#include "platform/forms/form.h"
 #include "platform/forms/process.h"
 
 // Losing and getting the focus as events between the controls of one form.
 namespace forms {
 
-QWidget* Form::Private::controlOf(QWidget* widget) const {
+QWidget* Form::controlOf(QWidget* widget) const {
   // Parts of a compound control have no name, or one that the toolkit gave.
   QWidget* control = widget;
-  while (control != nullptr && control != &form &&
+  while (control != nullptr && control != this &&
          (control->objectName().isEmpty() || control->objectName().startsWith(u"qt_")) &&
-         control->parentWidget() != nullptr && control->parentWidget() != &form) {
+         control->parentWidget() != nullptr && control->parentWidget() != this) {
     control = control->parentWidget();
   }
   return control;
 }
 
-void Form::Private::noteFocus(QWidget* now) {
+void Form::noteFocus(QWidget* now) {
   // Another window, a popup, or none: no change between the form's own controls.
-  if (!shown || now == nullptr || now == &form || now->window() != &form) return;
+  if (!shown_ || now == nullptr || now == this || now->window() != this) return;
   QWidget* control = controlOf(now);
   // An option that gets the focus takes its place in the chain of Tab, asked or not.
   if (control->property(kOffChain).toBool()) control->setFocusPolicy(Qt::ClickFocus);
-  if (control == current) return;
+  if (control == current_) return;
   // Where a handler sends the focus back, the control that it had gone to never got the event that it had it.
-  const auto untold = std::ranges::find_if(waiting, [this](const FocusEvent& event) {
-    return flushing && event.event == Event::GotFocus && event.control == current;
+  const auto untold = std::ranges::find_if(waiting_, [this](const FocusEvent& event) {
+    return flushing_ && event.event == Event::GotFocus && event.control == current_;
   });
-  if (untold != waiting.end()) {
-    waiting.erase(untold);
-  } else if (!current.isNull()) {
-    waiting.push_back({current, Event::LostFocus});
+  if (untold != waiting_.end()) {
+    waiting_.erase(untold);
+  } else if (!current_.isNull()) {
+    waiting_.push_back({current_, Event::LostFocus});
   }
-  waiting.push_back({control, Event::GotFocus});
-  current = control;
-  postFlush();
-}
-
-void Form::Private::postFlush() {
-  if (flushPosted) return;
-  flushPosted = true;
+  waiting_.push_back({control, Event::GotFocus});
+  current_ = control;
+  if (flushPosted_) return;
+  flushPosted_ = true;
   QMetaObject::invokeMethod(
-      &form,
+      this,
       [this] {
-        flushPosted = false;
-        form.flushFocusEvents();
+        flushPosted_ = false;
+        flushFocusEvents();
       },
       Qt::QueuedConnection);
-}
-
-bool Form::Private::hasJustGotFocus(QWidget* control) const {
-  return std::ranges::any_of(waiting, [control](const FocusEvent& event) {
-    return event.event == Event::GotFocus && event.control == control;
-  });
 }
 
 namespace {
@@ -80,26 +70,26 @@ void showBeginning(QWidget& control) {
 
 }  // namespace
 
-void Form::Private::gotFocus(QWidget* control) {
-  if (selects.contains(control)) selectText(control);
+void Form::gotFocus(QWidget* control) {
+  if (selects_.contains(control)) selectText(control);
   for (QWidget* over = control->parentWidget(); over != nullptr; over = over->parentWidget())
     if (auto* area = qobject_cast<QScrollArea*>(over)) bringIntoSight(*control, *area);
 }
 
 void Form::flushFocusEvents() {
-  if (d_->flushing) return;
-  const QScopedValueRollback flushing(d_->flushing, true);
-  const int ends = modal::ends();
-  while (!d_->waiting.empty()) {
-    const Private::FocusEvent next = d_->waiting.front();
-    d_->waiting.pop_front();
+  if (flushing_) return;
+  const QScopedValueRollback flushing(flushing_, true);
+  const int before = ends();
+  while (!waiting_.empty()) {
+    const FocusEvent next = waiting_.front();
+    waiting_.pop_front();
     if (next.control.isNull()) continue;
-    if (next.event == Event::GotFocus) d_->gotFocus(next.control);
+    if (next.event == Event::GotFocus) gotFocus(next.control);
     auto* remark = qobject_cast<QPlainTextEdit*>(next.control);
     if (next.event == Event::LostFocus && remark != nullptr) showFirstLine(remark);
-    d_->run(next.control, next.event);
+    run(next.control, next.event);
     if (next.event == Event::LostFocus && !next.control.isNull()) showBeginning(*next.control);
-    if (modal::ends() != ends) d_->waiting.clear();
+    if (ends() != before) waiting_.clear();
   }
 }
 
@@ -110,17 +100,17 @@ void Form::focus(QWidget* control) {
   // The window is not active yet when a box has just closed; the focus has moved all the same.
   auto* form = qobject_cast<Form*>(control->window());
   const QList<Form*> shown = registry::shown();
-  if (form != nullptr && !shown.isEmpty() && shown.last() == form) form->d_->noteFocus(control);
+  if (form != nullptr && !shown.isEmpty() && shown.last() == form) form->noteFocus(control);
 }
 
 void Form::moveOn() {
   setAttribute(Qt::WA_KeyboardFocusChange);  // a button that Enter leads to shows its ring, as after Tab
   focusNextPrevChild(true);
-  d_->noteFocus(focusWidget());
+  noteFocus(focusWidget());
 }
 
 bool Form::focusNextPrevChild(bool next) {
-  const Private::OverFrame* open = d_->openFrame();
+  const OverFrame* open = openFrame();
   QWidget* from = focusWidget();
   if (open == nullptr || from == nullptr || !open->frame->isAncestorOf(from)) {
     return QDialog::focusNextPrevChild(next);

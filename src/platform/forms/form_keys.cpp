@@ -5,8 +5,8 @@
 #include <QLineEdit>
 #include <QMenu>
 
-#include "platform/forms/form_private.h"
-#include "platform/forms/process.h"
+#include "platform/forms/form.h"
+#include "platform/forms/rest.h"
 #include "platform/values/line_ends.h"
 
 using namespace Qt::StringLiterals;
@@ -15,21 +15,21 @@ using namespace Qt::StringLiterals;
 namespace forms {
 
 void Form::resultsUnder(std::initializer_list<QWidget*> above, std::function<FlexGrid*()> grid) {
-  d_->searches.push_back({above, std::move(grid)});
+  searches_.push_back({above, std::move(grid)});
 }
 
 void Form::onLinesPasted(QLineEdit* box, std::function<void(const QStringList&)> handler) {
-  d_->lineTakers[box] = std::move(handler);
+  lineTakers_[box] = std::move(handler);
 }
 
 void Form::onTablePasted(std::initializer_list<QWidget*> controls,
                          const std::function<void(const QStringList&)>& handler) {
-  for (QWidget* control : controls) d_->tableTakers.insert(control, handler);
+  for (QWidget* control : controls) tableTakers_.insert(control, handler);
 }
 
-bool Form::Private::resultKeyPressed(QWidget* watched, const QKeyEvent* event) {
+bool Form::resultKeyPressed(QWidget* watched, const QKeyEvent* event) {
   if ((event->modifiers() & ~Qt::KeypadModifier) != 0) return false;
-  for (const Search& search : searches) {
+  for (const Search& search : searches_) {
     FlexGrid* grid = search.grid();
     if (event->key() == Qt::Key_Up && watched == grid && grid->grid().row() <= 1) {
       focus(search.above.front());
@@ -45,29 +45,29 @@ bool Form::Private::resultKeyPressed(QWidget* watched, const QKeyEvent* event) {
   return false;
 }
 
-bool Form::Private::pasteLines(QWidget* control) {
+bool Form::pasteLines(QWidget* control) {
   const auto* box = qobject_cast<QLineEdit*>(control);
   if (box != nullptr && box->isReadOnly()) return false;
   QString text = QApplication::clipboard()->text();
-  auto handler = text.contains(QLatin1Char('\t')) ? tableTakers.value(control) : nullptr;
+  auto handler = text.contains(QLatin1Char('\t')) ? tableTakers_.value(control) : nullptr;
   const bool rows = static_cast<bool>(handler);
-  if (!handler && box != nullptr && lineTakers.contains(control)) {
+  if (!handler && box != nullptr && lineTakers_.contains(control)) {
     const QString pasted = text;
     text = box->text();
     const int start = box->hasSelectedText() ? box->selectionStart() : box->cursorPosition();
     text.replace(start, box->selectedText().size(), pasted);
-    if (values::withPlainLineEnds(text).contains(QLatin1Char('\n'))) handler = lineTakers.value(control);
+    if (values::withPlainLineEnds(text).contains(QLatin1Char('\n'))) handler = lineTakers_.value(control);
   }
   if (!handler) return false;
   QStringList lines = values::withPlainLineEnds(text).split(QLatin1Char('\n'));
   // Rows keep their number, so blank ones stay.
   if (!rows) lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
-  handle([&] { handler(lines); }, name() + u'.' + control->objectName() + u"_Paste"_s);
+  handle([&] { handler(lines); }, objectName() + u'.' + control->objectName() + u"_Paste"_s);
   return true;
 }
 
-bool Form::Private::pasteMenu(QLineEdit* box, const QContextMenuEvent* event) {
-  if (!lineTakers.contains(box) && !tableTakers.contains(box)) return false;
+bool Form::pasteMenu(QLineEdit* box, const QContextMenuEvent* event) {
+  if (!lineTakers_.contains(box) && !tableTakers_.contains(box)) return false;
   const std::unique_ptr<QMenu> menu(box->createStandardContextMenu());
   const QString key = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
   for (QAction* action : menu->actions()) {

@@ -1,7 +1,7 @@
 #include "platform/forms/grid_model.h"
 
 #include <algorithm>
-#include <numeric>
+#include <tuple>
 #include <utility>
 
 #include "platform/forms/controls.h"
@@ -12,27 +12,12 @@ namespace forms {
 namespace {
 
 /// What a sort compares: blanks, then numbers by value, then texts.
-struct SortKey {
-  int kind = 0;
-  double number = 0;
-  QString text;
-
-  explicit SortKey(const QString& cell) {
-    const QString trimmed = cell.trimmed();
-    if (trimmed.isEmpty()) return;
-    if (values::isNumeric(trimmed)) {
-      kind = 1;
-      number = values::toNumber(trimmed);
-    } else {
-      kind = 2;
-      text = cell.toCaseFolded();
-    }
-  }
-  bool operator<(const SortKey& other) const {
-    if (kind != other.kind) return kind < other.kind;
-    return kind == 1 ? number < other.number : text < other.text;
-  }
-};
+std::tuple<int, double, QString> sortKey(const QString& cell) {
+  const QString trimmed = cell.trimmed();
+  if (trimmed.isEmpty()) return {};
+  if (values::isNumeric(trimmed)) return {1, values::toNumber(trimmed), {}};
+  return {2, 0, cell.toCaseFolded()};
+}
 
 }  // namespace
 
@@ -63,7 +48,6 @@ void GridModel::layOut(std::span<const GridColumn> columns) {
   };
   row_ = 0;
   col_ = 0;
-  topRow_ = 1;
   // A view takes another layout anew, measures and all; of the same one its rows go.
   if (!std::ranges::equal(columns, columns_, sameColumn)) {
     beginResetModel();
@@ -101,19 +85,11 @@ void GridModel::cellChanged(int row, int column) {
 
 void GridModel::setText(int row, int column, const QString& text) {
   if (!has(row, column)) return;
-  if (rows_[row].isOfLot()) rows_[row] = rowTexts(row);
-  rows_[row].set(column, text);
+  GridRow own = rowTexts(row);
+  own.set(column, text);
+  rows_[row] = std::move(own);
   cellChanged(row, column);
 }
-
-void GridModel::addItem(const QString& tabSeparated) {
-  GridRow row;
-  int column = 0;
-  for (const QString& field : tabSeparated.split(u'\t')) row.set(column++, field);
-  addRow(std::move(row));
-}
-
-void GridModel::addRow(GridRow row) { addRows({std::move(row)}); }
 
 void GridModel::addRows(std::vector<GridRow> added) {
   if (added.empty()) return;
@@ -144,7 +120,6 @@ void GridModel::removeItem(int row) {
   rows_.removeAt(row);
   endRemoveRows();
   row_ = std::min(row_, rows() - 1);
-  topRow_ = std::clamp(topRow_, 1, std::max(1, rows() - 1));
   Q_EMIT currentMoved(row_, col_);
 }
 
@@ -156,17 +131,14 @@ void GridModel::swapRows(int one, int other) {
 
 void GridModel::sortAscending(int column) {
   if (column < 0 || column >= cols() || rows() < 3) return;
-  std::vector<SortKey> keys;
-  for (const GridRow& row : std::as_const(rows_)) keys.emplace_back(row.text(column));
-  std::vector<std::size_t> order(keys.size());
-  std::iota(order.begin(), order.end(), std::size_t{0});
-  std::stable_sort(order.begin() + 1, order.end(),
-                   [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
+  std::vector<std::pair<decltype(sortKey({})), GridRow>> sorted;
+  for (const GridRow& row : rows_.sliced(1)) sorted.emplace_back(sortKey(row.text(column)), row);
+  std::ranges::stable_sort(sorted,
+                           [](const auto& one, const auto& other) { return one.first < other.first; });
 
   Q_EMIT layoutAboutToBeChanged();
-  QList<GridRow> sorted;
-  for (const std::size_t from : order) sorted.append(std::move(rows_[static_cast<qsizetype>(from)]));
-  rows_ = std::move(sorted);
+  rows_.resize(1);
+  for (auto& [key, row] : sorted) rows_.append(std::move(row));
   Q_EMIT layoutChanged();
   Q_EMIT currentMoved(row_, col_);
 }
@@ -183,56 +155,31 @@ void GridModel::setCol(int column) {
   Q_EMIT currentMoved(row_, col_);
 }
 
-void GridModel::setTopRow(int row) {
-  if (row < 1 || row >= rows() || row == topRow_) return;
-  topRow_ = row;
-  Q_EMIT topRowMoved(row);
-}
-
-GridLook GridModel::look(int row, int column) const {
-  const auto look = looks_.constFind(column);
-  return look != looks_.cend() && row > 0 && has(row, column) ? (*look)(row) : GridLook();
-}
-
-QColor GridModel::cellBackColor(int row, int column) const { return look(row, column).back; }
-
-Qt::Alignment GridModel::cellAlignment(int row, int column) const {
-  if (!has(row, column)) return {};
-  return look(row, column).align.value_or(columns_[column].align);
-}
-
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows() - 1; }
 
 int GridModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols(); }
 
-QVariant GridModel::data(const QModelIndex& index, int role) const {
-  const int row = index.row() + 1;
-  const int column = index.column();
-  switch (role) {
-    case Qt::DisplayRole:
-      return text(row, column);
-    case Qt::ToolTipRole:
-      return asTip(text(row, column));
-    case Qt::TextAlignmentRole:
-      // A row is as high as one line: at its top a text would stand higher than those beside it.
-      return QVariant::fromValue((cellAlignment(row, column) & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
-    case Qt::BackgroundRole:
-    case Qt::ForegroundRole: {
-      const QColor back = cellBackColor(row, column);
-      if (!back.isValid()) return {};
-      return role == Qt::BackgroundRole ? back : QColor(isDark(back) ? Qt::white : Qt::black);
-    }
-    default:
-      return {};
+QVariant GridModel::cell(int row, int column, int role) const {
+  if (role == Qt::DisplayRole) return text(row, column);
+  if (role == Qt::ToolTipRole) return asTip(text(row, column));
+  if (role != Qt::TextAlignmentRole && role != Qt::BackgroundRole && role != Qt::ForegroundRole) return {};
+  const auto own = looks_.constFind(column);
+  const GridLook look = row > 0 && own != looks_.cend() ? (*own)(row) : GridLook();
+  if (role == Qt::TextAlignmentRole) {
+    // A row is as high as one line: at its top a text would stand higher than those beside it.
+    const Qt::Alignment align = look.align.value_or(columns_[column].align);
+    return QVariant::fromValue((align & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter);
   }
+  if (!look.back.isValid()) return {};
+  return role == Qt::BackgroundRole ? look.back : QColor(isDark(look.back) ? Qt::white : Qt::black);
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  return cell(index.row() + 1, index.column(), role);
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation == Qt::Vertical) return {};
-  if (role == Qt::DisplayRole) return text(0, section);
-  if (role == Qt::ToolTipRole) return asTip(text(0, section));
-  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(cellAlignment(0, section));
-  return {};
+  return orientation == Qt::Vertical ? QVariant() : cell(0, section, role);
 }
 
 }  // namespace forms

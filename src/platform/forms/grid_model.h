@@ -39,11 +39,12 @@ class GridRow {
  public:
   GridRow() = default;
   GridRow(std::initializer_list<std::pair<int, QString>> cells);
+  /// All its texts, from the first column on; none has a tab.
+  explicit GridRow(QStringList texts) : texts_(std::move(texts)) {}
   /// One of a lot, until a text of it is set.
   GridRow(std::shared_ptr<const GridTexts> lot, qsizetype at) : lot_(std::move(lot)), at_(at) {}
   void set(int column, const QString& text);
   [[nodiscard]] QString text(int column) const;
-  [[nodiscard]] bool isOfLot() const { return lot_ != nullptr; }
 
  private:
   QStringList texts_;
@@ -72,8 +73,8 @@ class GridModel : public QAbstractTableModel {
 
   /// Adds a row from tab-separated text. Surplus fields are dropped, missing ones are empty; the current row
   /// stays.
-  void addItem(const QString& tabSeparated);
-  void addRow(GridRow row);
+  void addItem(const QString& tabSeparated) { addRow(GridRow(tabSeparated.split(QLatin1Char('\t')))); }
+  void addRow(GridRow row) { addRows({std::move(row)}); }
   /// Adds many rows at once, which a visible grid takes as one change.
   void addRows(std::vector<GridRow> rows);
   /// The same for a lot of which most rows are never looked at: no text is made before.
@@ -95,15 +96,10 @@ class GridModel : public QAbstractTableModel {
   void setCol(int column);
   /// After a search: a single row becomes the current one, of several none is.
   void chooseSingleRow();
-  /// First visible data row.
-  [[nodiscard]] int topRow() const { return topRow_; }
-  void setTopRow(int row);
 
   /// How the cells of a column look, told by their row each time they are painted; outlives layouts. Neither
   /// raises nor takes long.
   void setLook(int column, std::function<GridLook(int row)> look) { looks_[column] = std::move(look); }
-  [[nodiscard]] QColor cellBackColor(int row, int column) const;
-  [[nodiscard]] Qt::Alignment cellAlignment(int row, int column) const;
 
   // For the view: data rows only, the titles are its header.
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -113,11 +109,10 @@ class GridModel : public QAbstractTableModel {
 
  Q_SIGNALS:
   void currentMoved(int row, int column);
-  void topRowMoved(int row);
 
  private:
   [[nodiscard]] bool has(int row, int column) const;
-  [[nodiscard]] GridLook look(int row, int column) const;
+  [[nodiscard]] QVariant cell(int row, int column, int role) const;
   void cellChanged(int row, int column);
 
   QList<GridColumn> columns_;
@@ -125,7 +120,6 @@ class GridModel : public QAbstractTableModel {
   QHash<int, std::function<GridLook(int row)>> looks_;  ///< by column
   int row_ = 0;
   int col_ = 0;
-  int topRow_ = 1;
 };
 
 }  // namespace forms

@@ -14,8 +14,6 @@ void MaskedBox::setWithTime(bool withTime) {
   setCursorPosition(0);
 }
 
-QString MaskedBox::boxText() const { return displayText(); }
-
 void MaskedBox::setBoxText(const QString& text) {
   setText(text);
   setCursorPosition(0);

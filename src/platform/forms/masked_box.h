@@ -18,7 +18,7 @@ class MaskedBox : public QLineEdit {
   void setWithTime(bool withTime);
 
   /// What the box shows, prompt characters included: "15/__/____".
-  [[nodiscard]] QString boxText() const;
+  [[nodiscard]] QString boxText() const { return displayText(); }
   /// Takes a date text or an empty mask; an empty text restores the mask.
   void setBoxText(const QString& text);
   /// "__/__/____" or "__/__/____ __:__".

@@ -1,8 +1,6 @@
 #include "platform/forms/process.h"
 
 #include <QCoreApplication>
-#include <QList>
-#include <QScopeGuard>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -11,6 +9,7 @@
 
 #include "platform/files/log_file.h"
 #include "platform/forms/boxes.h"
+#include "platform/forms/form.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,9 +17,7 @@ namespace forms {
 
 namespace {
 
-QList<QEventLoop*> loops;
 int endCount = 0;
-int runCount = 0;
 
 std::function<void(int)> ownEnd;
 std::function<void()> endObserver;
@@ -68,8 +65,9 @@ void end(int status) {
     std::_Exit(status);
   }
   ownEnd(status);
-  ++endCount;  // each loop throws Ended on its way out
-  for (QEventLoop* loop : std::as_const(loops)) loop->exit();
+  ++endCount;  // each modal form throws Ended on its way out
+  for (Form* form : registry::shown())
+    if (form->isModal()) form->hide();
   throw Ended{status};
 }
 
@@ -106,23 +104,11 @@ bool guarded(const std::function<void()>& handler, const QString& where) {
   return false;
 }
 
-namespace modal {
-
-void run(QEventLoop& loop, const std::function<bool()>& opening) {
-  const int before = endCount;
-  {
-    const auto gone = qScopeGuard([] { loops.removeLast(); });
-    loops.append(&loop);
-    ++runCount;
-    if (opening() && endCount == before) loop.exec();
-  }
-  if (endCount != before) throw Ended{1};
-}
-
-int depth() { return static_cast<int>(loops.size()); }
-int runs() { return runCount; }
 int ends() { return endCount; }
 
-}  // namespace modal
+int& interruptions() {
+  static int count = 0;
+  return count;
+}
 
 }  // namespace forms

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QEventLoop>
 #include <QString>
 #include <functional>
 
@@ -31,7 +30,7 @@ void keepOutputs();
 void needNoDisplay();
 
 /// Puts another end in place (tests, guided roads); an empty function brings the real one back.
-/// After the function has run, all modal loops are left and Ended is thrown.
+/// After the function has run, all modal forms are hidden and Ended is thrown.
 void setEnd(std::function<void(int)> end);
 
 /// A line on standard error and in the log (files::log), control characters of a text as blanks.
@@ -54,19 +53,10 @@ bool guarded(const std::function<void()>& handler, const QString& where = {});
 /// ends it.
 void setEndObserver(std::function<void()> observer);
 
-/// The event loops of modal forms, innermost last.
-namespace modal {
-
-/// Runs the opening and, if that gives true, the loop until its exit is called. Throws Ended where the
-/// process has ended meanwhile.
-void run(QEventLoop& loop, const std::function<bool()>& opening);
-/// How many loops run now.
-[[nodiscard]] int depth();
-/// How many modal forms have been opened so far.
-[[nodiscard]] int runs();
 /// Counts the ends so far, so that a routine can find out whether one happened in a handler it ran.
 [[nodiscard]] int ends();
 
-}  // namespace modal
+/// Counts the boxes and modal forms so far: each swallows the click or key that caused it.
+[[nodiscard]] int& interruptions();
 
 }  // namespace forms

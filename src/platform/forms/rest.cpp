@@ -1,6 +1,7 @@
 #include "platform/forms/rest.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QTimer>
 #include <algorithm>
 #include <memory>
@@ -8,6 +9,7 @@
 
 #include "platform/forms/boxes.h"
 #include "platform/forms/form.h"
+#include "platform/forms/process.h"
 
 namespace forms {
 
@@ -64,23 +66,15 @@ void setRestObserver(std::function<void()> observer) {
   watch = observer ? std::make_unique<Watch>(std::move(observer)) : nullptr;
 }
 
-Work::Work(QWidget* left) : before_(std::exchange(beingLeft, left)) {
+void handle(const std::function<void()>& handler, const QString& where, QWidget* left) {
   // What was typed before a handler that fails is not lost with it.
   if (watch) watch->observeInput();
+  const QPointer<QWidget> before = std::exchange(beingLeft, left);
   ++handlersAtWork;
-}
-
-Work::~Work() { leave(); }
-
-void Work::leave() {
-  if (!std::exchange(atWork_, false)) return;
+  const bool done = guarded(handler, where);
   --handlersAtWork;
-  beingLeft = before_;
-}
-
-void Work::done() {
-  leave();
-  if (watch) watch->observe();
+  beingLeft = before;
+  if (done && watch) watch->observe();
 }
 
 QWidget* controlBeingLeft() { return beingLeft; }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPointer>
+#include <QString>
 #include <QWidget>
 #include <functional>
 
@@ -15,23 +15,9 @@ inline constexpr int kInputRest = 500;
 /// after an error. An empty function ends it.
 void setRestObserver(std::function<void()> observer);
 
-/// A handler at work, while it lives.
-class Work {
- public:
-  /// `left` is the control that the focus has left, where that is what the handler is for.
-  explicit Work(QWidget* left = nullptr);
-  ~Work();
-  Work(const Work&) = delete;
-  Work& operator=(const Work&) = delete;
-  /// The handler has come to its end.
-  void done();
-
- private:
-  void leave();
-
-  bool atWork_ = true;
-  QPointer<QWidget> before_;
-};
+/// Runs a handler as guarded() does; it is at work meanwhile. `left` is the control that the focus has left,
+/// where that is what the handler is for.
+void handle(const std::function<void()>& handler, const QString& where, QWidget* left = nullptr);
 
 /// The control that the focus has left while the handler for that has not come to its end; nullptr otherwise.
 [[nodiscard]] QWidget* controlBeingLeft();
