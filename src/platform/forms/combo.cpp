@@ -85,15 +85,16 @@ void Combo::setEntries(const QStringList& entries) {
 }
 
 void Combo::setLocked(bool locked) {
-  locked_ = locked;
   lineEdit()->setReadOnly(locked);
   update();
 }
 
+bool Combo::isLocked() const { return lineEdit()->isReadOnly(); }
+
 void Combo::showPopup() {
-  if (locked_) return;
+  if (isLocked()) return;
   Q_EMIT dropDown();
-  if (locked_ || !isEnabled() || count() == 0) return;
+  if (isLocked() || !isEnabled() || count() == 0) return;
   setText(currentText());
   // Entries are read whole, however narrow the field is.
   view()->setMinimumWidth(widestEntry(*this) + 3 * view()->verticalScrollBar()->sizeHint().width());
@@ -106,7 +107,7 @@ void Combo::keyPressEvent(QKeyEvent* event) {
   const int key = event->key();
   const bool chooses = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
                        key == Qt::Key_PageDown || key == Qt::Key_F4;
-  if (locked_ && chooses) {
+  if (isLocked() && chooses) {
     event->ignore();
   } else if (key == Qt::Key_Down) {
     showPopup();

@@ -23,7 +23,7 @@ class Combo : public QComboBox {
 
   /// Locked: shows its text, can be copied from, can't be typed in or dropped down.
   void setLocked(bool locked);
-  [[nodiscard]] bool isLocked() const { return locked_; }
+  [[nodiscard]] bool isLocked() const;
 
   /// A typed beginning that fits one entry alone becomes that entry, what was added selected; a list that is
   /// still empty is filled first. For lists whose entries are all there are.
@@ -44,7 +44,6 @@ class Combo : public QComboBox {
 
   bool completing_ = false;
   bool deleting_ = false;
-  bool locked_ = false;
 };
 
 }  // namespace forms

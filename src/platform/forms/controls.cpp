@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -93,17 +94,10 @@ class Digits : public QValidator {
   Digits(QLineEdit* box, int most) : QValidator(box), most_(most) {}
 
   State validate(QString& text, int& cursor) const override {
-    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-    QString digits;
-    int before = 0;
-    for (int at = 0; at < text.size(); ++at) {
-      if (!isDigit(text[at])) continue;
-      digits += text[at];
-      if (at < cursor) ++before;
-    }
-    if (digits.size() == most_ + 1) return Invalid;  // one more was typed
-    text = digits.left(most_);
-    cursor = std::min(before, most_);
+    static const QRegularExpression kOther(u"[^0-9]"_s);
+    cursor = std::min(static_cast<int>(text.first(cursor).remove(kOther).size()), most_);
+    if (text.remove(kOther).size() == most_ + 1) return Invalid;  // one more was typed
+    text.truncate(most_);
     return Acceptable;
   }
 

@@ -7,6 +7,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 #include "platform/forms/controls.h"
@@ -104,12 +105,9 @@ void FlexGrid::giveSpareWidth() {
   if (grid_.cols() == 0) return;
   const QScopedValueRollback fitting(fitting_, true);
   QList<int> takers = spareColumns_;
-  if (takers.isEmpty()) {
-    int widest = 0;
-    for (int column = 0; column < grid_.cols(); ++column)
-      if (grid_.width(column) > grid_.width(widest)) widest = column;
-    takers << widest;
-  }
+  if (takers.isEmpty())
+    takers << *std::ranges::max_element(std::views::iota(0, grid_.cols()), {},
+                                        [this](int column) { return grid_.width(column); });
   takers.removeIf([this](int column) { return grid_.width(column) == 0 || dragged_.contains(column); });
   int spare = viewport()->width();
   int shares = 0;
@@ -183,7 +181,7 @@ void FlexGrid::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const auto target = targets.constFind(event->key());
-  if (target == targets.cend()) return event->ignore();
+  if (target == targets.cend() || event->modifiers().testFlag(Qt::AltModifier)) return event->ignore();
   if (last < 1) return;
   chooseVisibleColumn();
   const bool extends = event->modifiers().testFlag(Qt::ShiftModifier) && row > 0;

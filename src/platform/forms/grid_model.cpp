@@ -43,13 +43,10 @@ GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel
 }
 
 void GridModel::layOut(std::span<const GridColumn> columns) {
-  const auto sameColumn = [](const GridColumn& one, const GridColumn& other) {
-    return one.title == other.title && one.width == other.width && one.align == other.align;
-  };
   row_ = 0;
   col_ = 0;
   // A view takes another layout anew, measures and all; of the same one its rows go.
-  if (!std::ranges::equal(columns, columns_, sameColumn)) {
+  if (!std::ranges::equal(columns, columns_)) {
     beginResetModel();
     columns_ = QList<GridColumn>(columns.begin(), columns.end());
     rows_ = QList<GridRow>(1);
@@ -65,8 +62,6 @@ void GridModel::layOut(std::span<const GridColumn> columns) {
 
 void GridModel::chooseSingleRow() { setRow(rows() == 2 ? 1 : 0); }
 
-int GridModel::width(int column) const { return column >= 0 && column < cols() ? columns_[column].width : 0; }
-
 bool GridModel::has(int row, int column) const {
   return row >= 0 && row < rows() && column >= 0 && column < cols();
 }
@@ -75,20 +70,16 @@ QString GridModel::text(int row, int column) const {
   return has(row, column) ? rows_[row].text(column) : QString();
 }
 
-void GridModel::cellChanged(int row, int column) {
-  if (row == 0) {
-    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
-  } else {
-    Q_EMIT dataChanged(index(row - 1, column), index(row - 1, column));
-  }
-}
-
 void GridModel::setText(int row, int column, const QString& text) {
   if (!has(row, column)) return;
   GridRow own = rowTexts(row);
   own.set(column, text);
   rows_[row] = std::move(own);
-  cellChanged(row, column);
+  const QModelIndex cell = index(row - 1, column);
+  if (row == 0)
+    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+  else
+    Q_EMIT dataChanged(cell, cell);
 }
 
 void GridModel::addRows(std::vector<GridRow> added) {

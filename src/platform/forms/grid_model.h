@@ -20,6 +20,7 @@ struct GridColumn {
   QStringView title;
   int width;
   Qt::Alignment align = Qt::AlignLeft | Qt::AlignVCenter;
+  bool operator==(const GridColumn&) const = default;
 };
 inline constexpr Qt::Alignment kRight = Qt::AlignRight | Qt::AlignVCenter;
 
@@ -66,7 +67,7 @@ class GridModel : public QAbstractTableModel {
 
   [[nodiscard]] int rows() const { return static_cast<int>(rows_.size()); }
   [[nodiscard]] int cols() const { return static_cast<int>(columns_.size()); }
-  [[nodiscard]] int width(int column) const;
+  [[nodiscard]] int width(int column) const { return columns_.value(column).width; }
 
   [[nodiscard]] QString text(int row, int column) const;
   void setText(int row, int column, const QString& text);
@@ -113,7 +114,6 @@ class GridModel : public QAbstractTableModel {
  private:
   [[nodiscard]] bool has(int row, int column) const;
   [[nodiscard]] QVariant cell(int row, int column, int role) const;
-  void cellChanged(int row, int column);
 
   QList<GridColumn> columns_;
   QList<GridRow> rows_;

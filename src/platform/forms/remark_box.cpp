@@ -12,11 +12,13 @@ namespace forms {
 
 namespace {
 
+const QString kSign = u"qt_more_sign"_s;
+
 /// Three dots in the lower right corner of a box.
 class MoreSign : public QWidget {
  public:
   explicit MoreSign(QPlainTextEdit* box) : QWidget(box), box_(box) {
-    setObjectName(u"qt_more_sign"_s);
+    setObjectName(kSign);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     box->installEventFilter(this);
     const auto again = [this] { place(); };
@@ -67,9 +69,7 @@ void showFirstLine(QPlainTextEdit* box) {
 }
 
 void markHiddenLines(QPlainTextEdit* box) {
-  constexpr char kMarked[] = "hiddenLinesMarked";
-  if (box->property(kMarked).toBool()) return;
-  box->setProperty(kMarked, true);
+  if (box->findChild<QWidget*>(kSign) != nullptr) return;
   // A box as high as one line shows that line whole, the one that is being typed too.
   box->document()->setDocumentMargin(2);
   new MoreSign(box);

@@ -15,6 +15,9 @@ namespace forms {
 
 namespace {
 
+/// Longest time that a user's input waits for the observer, in milliseconds.
+constexpr int kInputRest = 500;
+
 int handlersAtWork = 0;
 
 QPointer<QWidget> beingLeft;

@@ -7,11 +7,8 @@
 // When the program is at rest: no handler is at work, except those that wait for a visible modal form.
 namespace forms {
 
-/// Longest time that a user's input waits for the observer, in milliseconds.
-inline constexpr int kInputRest = 500;
-
 /// Called at rest: when a handler has come to its end, before one that follows on input which was not
-/// observed yet, and kInputRest after the first key or click since the last call. Never under a box, nor
+/// observed yet, and half a second after the first key or click since the last call. Never under a box, nor
 /// after an error. An empty function ends it.
 void setRestObserver(std::function<void()> observer);
 

@@ -34,14 +34,10 @@ bool isEnabledPrincipal(const QStyleOption& option, const QWidget* widget) {
 }
 
 bool isLockedField(const QWidget* widget) {
-  return widget != nullptr &&
-         (qobject_cast<const QLineEdit*>(widget) != nullptr ||
-          qobject_cast<const Combo*>(widget) != nullptr) &&
+  return (qobject_cast<const QLineEdit*>(widget) != nullptr ||
+          qobject_cast<const Combo*>(widget) != nullptr ||
+          qobject_cast<const QPlainTextEdit*>(widget) != nullptr) &&
          isLocked(widget);
-}
-
-bool isLockedRemark(const QWidget* widget) {
-  return qobject_cast<const QPlainTextEdit*>(widget) != nullptr && isLocked(widget);
 }
 
 QColor between(const QColor& from, const QColor& to, double way) {
@@ -119,8 +115,7 @@ class ProgramStyle : public QProxyStyle {
       own.palette.setColor(QPalette::WindowText, own.palette.color(QPalette::ButtonText));
       return QProxyStyle::drawControl(element, &own, painter, widget);
     }
-    if (element == CE_ShapedFrame && isLockedRemark(widget))
-      return drawLockedGround(*option, painter, widget);
+    if (element == CE_ShapedFrame && isLockedField(widget)) return drawLockedGround(*option, painter, widget);
     if (element == CE_ShapedFrame && qobject_cast<const QPlainTextEdit*>(widget) != nullptr) {
       // Filled, not drawn: a line at half a pixel can fall outside.
       const QColor line = option->palette.color(QPalette::Window).darker(140);

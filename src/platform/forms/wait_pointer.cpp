@@ -28,16 +28,12 @@ class Awakening : public QObject {
     // An access key shows as an override alone.
     static const QList<QEvent::Type> acts{QEvent::KeyPress, QEvent::ShortcutOverride,
                                           QEvent::MouseButtonPress};
-    if (!over_ && acts.contains(event->type())) {
-      over_ = true;
-      QApplication::restoreOverrideCursor();
-      deleteLater();
-    }
+    if (!acts.contains(event->type())) return false;
+    qApp->removeEventFilter(this);
+    QApplication::restoreOverrideCursor();
+    deleteLater();
     return false;
   }
-
- private:
-  bool over_ = false;
 };
 
 QPointer<QLabel> sign;
