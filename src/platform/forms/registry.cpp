@@ -29,8 +29,8 @@ Form& add(std::unique_ptr<Form> form) {
   // Widgets must be gone before the application is.
   static const bool cleared = (qAddPostRoutine(clear), true);
   Q_UNUSED(cleared)
-  const QString name = QString::fromLatin1(form->metaObject()->className());
-  form->setObjectName(name);
+  if (form->objectName().isEmpty()) form->setObjectName(QString::fromLatin1(form->metaObject()->className()));
+  const QString name = form->objectName();
   return *(all()[name] = std::move(form));
 }
 
