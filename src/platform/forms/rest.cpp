@@ -70,9 +70,9 @@ void setRestObserver(std::function<void()> observer) {
 }
 
 void handle(const std::function<void()>& handler, const QString& where, QWidget* left) {
+  const QPointer<QWidget> before = std::exchange(beingLeft, left);
   // What was typed before a handler that fails is not lost with it.
   if (watch) watch->observeInput();
-  const QPointer<QWidget> before = std::exchange(beingLeft, left);
   ++handlersAtWork;
   const bool done = guarded(handler, where);
   --handlersAtWork;
