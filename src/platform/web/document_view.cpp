@@ -75,6 +75,9 @@ void DocumentView::resizeEvent(QResizeEvent* event) {
 }
 
 void DocumentView::keyPressEvent(QKeyEvent* event) {
+  // Both with Ctrl or without.
+  if (event->key() == Qt::Key_Home) return verticalScrollBar()->setValue(verticalScrollBar()->minimum());
+  if (event->key() == Qt::Key_End) return verticalScrollBar()->setValue(verticalScrollBar()->maximum());
   if (!event->matches(QKeySequence::Copy)) return QGraphicsView::keyPressEvent(event);
   if (const QString selected = selection(); !selected.isEmpty()) QApplication::clipboard()->setText(selected);
 }

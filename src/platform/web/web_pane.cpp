@@ -42,6 +42,7 @@ WebPane::WebPane(QWidget* parent) : QWidget(parent), bar_(new FindBar(*this)) {
   sentence_.setAlignment(Qt::AlignCenter);
   sentence_.setWordWrap(true);
   sentence_.setTextFormat(Qt::PlainText);
+  setFocusPolicy(Qt::TabFocus);  // what has none has no place in the order of Tab to give to its view
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
 }
@@ -98,6 +99,7 @@ void WebPane::place(DocumentView* view) {
   static_cast<QVBoxLayout*>(layout())->addWidget(view, 1);
   view->show();  // it has its size from here on
   layout()->activate();
+  setTabOrder(this, view);  // else it is the window's last, and Tab never leaves it and the tabs
   setFocusProxy(view);
   view->setFoot(foot_);
   connect(view, &DocumentView::zoomChanged, this, [this](double factor) {
