@@ -133,6 +133,9 @@ QString HtmlView::selection() const { return withoutBreaks(page_->textCursor().s
 bool HtmlView::find(const QString& text, bool backward) {
   finish();
   QTextCursor from = page_->textCursor();
+  // A text that is still being typed may go on where it was found.
+  if (!backward && withoutBreaks(from.selectedText()).compare(text, Qt::CaseInsensitive) != 0)
+    from.setPosition(from.selectionStart());
   const auto flags = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags{};
   QTextCursor found = text.isEmpty() ? QTextCursor() : document_.find(text, from, flags);
   if (found.isNull() && !text.isEmpty()) {
