@@ -7,7 +7,6 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include "platform/forms/controls.h"
@@ -105,9 +104,12 @@ void FlexGrid::giveSpareWidth() {
   if (grid_.cols() == 0) return;
   const QScopedValueRollback fitting(fitting_, true);
   QList<int> takers = spareColumns_;
-  if (takers.isEmpty())
-    takers << *std::ranges::max_element(std::views::iota(0, grid_.cols()), {},
-                                        [this](int column) { return grid_.width(column); });
+  if (takers.isEmpty()) {
+    int widest = 0;
+    for (int column = 0; column < grid_.cols(); ++column)
+      if (grid_.width(column) > grid_.width(widest)) widest = column;
+    takers << widest;
+  }
   takers.removeIf([this](int column) { return grid_.width(column) == 0 || dragged_.contains(column); });
   int spare = viewport()->width();
   int shares = 0;
