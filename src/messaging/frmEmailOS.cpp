@@ -31,7 +31,7 @@ const QString kSemSenha =
     u"\r"
     u"O e-mail não pode ser encaminhado!"_s;
 
-constexpr qint64 kGrande = 1024 * 1024;  // a size from here on is shown in megabytes
+constexpr qint64 kGrande = qint64{1024} * 1024;  // a size from here on is shown in megabytes
 
 bool vazio(const QLineEdit* caixa) { return apara(caixa->text()).isEmpty(); }
 

@@ -66,7 +66,7 @@ class ProgramStyle : public QProxyStyle {
     // At a scale that is no whole number the text's ground takes part of the line beside it.
     if (metric == PM_DefaultFrameWidth && qobject_cast<const QPlainTextEdit*>(widget) != nullptr)
       return kRemarkFrame;
-    const auto own = kOwn.constFind(metric);
+    const auto own = kOwn.constFind(static_cast<int>(metric));
     return own == kOwn.cend() ? QProxyStyle::pixelMetric(metric, option, widget) : *own;
   }
 
