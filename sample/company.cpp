@@ -7,6 +7,7 @@
 
 #include "platform/data/engine.h"
 #include "platform/files/contents.h"
+#include "platform/files/drives.h"
 #include "platform/files/paths.h"
 #include "platform/values/runtime_error.h"
 #include "run/configuration.h"
@@ -116,12 +117,12 @@ void setMailServer(data::Connection& connection, const Wishes& wishes) {
 }
 
 bool isInstalled(const QString& folder) {
-  qputenv("ZARIM_DRIVE_C", folder.toUtf8());
+  files::standForDriveC(folder);
   return files::exists(kCompany + u"config\\server_aplic.ini"_s);
 }
 
 void install(const QString& folder, const Wishes& wishes, bool fresh) {
-  qputenv("ZARIM_DRIVE_C", folder.toUtf8());
+  files::standForDriveC(folder);
   const QString company = files::resolve(kCompany);
   const QStringList old = marked();
   if (QFile::exists(company) && !QFileInfo(company).isDir()) refuse(company + u" is no folder."_s);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "platform/files/drives.h"
 #include "platform/values/runtime_error.h"
 #include "run/configuration.h"
 #include "run/context.h"
@@ -83,7 +84,7 @@ QString foreignTable(data::Connection& connection) {
 }  // namespace
 
 void fillServer(const QString& folder, const QString& database, const Wishes& wishes, bool fresh) {
-  qputenv("ZARIM_DRIVE_C", folder.toUtf8());
+  files::standForDriveC(folder);
   contexto().Ambiente = u"PRD"_s;
   ConectaServidor();
   if (contexto().NomeBanco != database)

@@ -25,8 +25,7 @@ int main(int argc, char** argv) {
       ::MessageBoxW(nullptr, text.c_str(), L"Zarim", MB_OK | MB_ICONERROR);
       return 1;
     }
-    // By the system: what the runtime takes is text in the machine's own code page.
-    ::SetEnvironmentVariableW(L"ZARIM_DRIVE_C", drive.toStdWString().c_str());
+    files::standForDriveC(drive);
     if (arguments.isEmpty()) arguments << u"7^0^PRD^"_s;
   }
   if (arguments.isEmpty()) arguments << u"--menu"_s;  // says that the ERP's menu opens the program

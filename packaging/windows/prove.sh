@@ -178,8 +178,10 @@ installed() { [ -f "$program/bin/zarim.exe" ] && [ -f "$entry" ] && [ -d "$windo
 check setup files installed
 window() { for _ in $(seq 300); do xdotool search --name "$1" >/dev/null 2>&1 && return; sleep 0.2; done; return 1; }
 from_entry() {
+  set_value 'Volatile Environment' LOCALAPPDATA 'C:\users\João'  # until all of that Windows has ended
   wine_for 60 start 'C:\ProgramData\Microsoft\Windows\Start Menu\Programs\Orçamentos de Venda.lnk' || return 1
-  window 'Zarim 1.2' && sleep 3 && import -window root "$work/started.png"
+  window 'Zarim 1.2' && sleep 3 && import -window root "$work/started.png" || return 1
+  [ -f "$windows_c/users/João/zarim/drive_c/zarim/config/server_aplic.ini" ]
 }
 check setup starts from_entry
 refused() { ! wine_for 120 "$setup" /S && [ -f "$program/bin/zarim.exe" ]; }

@@ -6,6 +6,7 @@
 
 #include "platform/data/engine.h"
 #include "platform/files/contents.h"
+#include "platform/files/drives.h"
 #include "platform/forms/form.h"
 #include "platform/values/dates.h"
 #include "run/configuration.h"
@@ -40,7 +41,7 @@ data::Connection connectionTo(const QString& databasePath) {
 }
 
 Company::Company() {
-  qputenv("ZARIM_DRIVE_C", drive().toUtf8());
+  files::standForDriveC(drive());
   for (const auto& name : {u"config"_s, u"dados"_s, u"imagens"_s, u"imagens2"_s, u"documentos"_s})
     QDir(drive()).mkpath(u"zarim/"_s + name);
   QFile::copy(emptyDatabase(), databasePath());

@@ -19,6 +19,8 @@ QString driveFolder(QChar letter) {
   return QFileInfo(own).isDir() ? own : QString();
 }
 
+void standForDriveC(const QString& folder) { qputenv("ZARIM_DRIVE_C", folder.toUtf8()); }
+
 QString profileFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/zarim"_s;
 }

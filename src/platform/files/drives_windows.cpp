@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QStandardPaths>
+#include <cstdlib>
 
 #include "platform/files/drives.h"
 
@@ -11,6 +12,8 @@ QString driveFolder(QChar letter) {
   const QByteArray variable = QByteArray("ZARIM_DRIVE_") + letter.toUpper().toLatin1();
   return qEnvironmentVariable(variable.constData());
 }
+
+void standForDriveC(const QString& folder) { ::_wputenv_s(L"ZARIM_DRIVE_C", folder.toStdWString().c_str()); }
 
 QString profileFolder() {
   const QString system = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
