@@ -27,7 +27,7 @@ declare -A no_test=([test_data]=$sockets [test_run]=$sockets [test_mail]=$python
   [test_documents: word]="this system's readers of PDF and RTF" [test_help: check]=$sockets
   [test_roads: road_tool]="ends by signals" [test_roads: sample_roads]=$sockets)
 # Cases of programs that run, and what they want.
-declare -A no_case=([test_web]='*Pdf*:Paper.*:Spooler.*:*LinksOpen*' [test_office]='*.Pdf*')
+declare -A no_case=([test_web]='*Pdf*:Paper.*:Spooler.*:*LinksOpen*' [test_office]='*.Pdf*:*.AnEmptyLine*')
 declare -A no_case_for=([test_web]="Qt PDF, readers of PDF, a print server, links of files" [test_office]="readers of PDF")
 declare -A no_road=([pdf_pane]="looks at a PDF in the pane, for which Qt PDF isn't built")
 # for_windows ROAD: without the looks at a PDF in the pane.

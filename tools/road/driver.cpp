@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QTimer>
 #include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 #include "outside.h"
@@ -274,7 +273,7 @@ void Driver::fail(const Step& step, const Failure& failure) {
 void Driver::leave() {
   progress_.write(progressFile_);
   std::fflush(nullptr);
-  std::_Exit(progress_.failed ? 1 : 0);
+  forms::endAtOnce(progress_.failed ? 1 : 0);
 }
 
 }  // namespace road

@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <new>
 #include <utility>
@@ -30,7 +29,7 @@ void hearToolkit(QtMsgType type, const QMessageLogContext&, const QString& text)
   report(QCoreApplication::startingUp()
              ? u"O Zarim precisa de uma tela, e nenhuma respondeu (DISPLAY, WAYLAND_DISPLAY)."_s
              : u"O programa terminou por um erro que nenhuma caixa pode mostrar."_s);
-  std::_Exit(1);
+  endAtOnce(1);
 }
 
 }  // namespace
@@ -62,7 +61,7 @@ void end(int status) {
   if (endObserver) endObserver();
   if (!ownEnd) {
     std::fflush(nullptr);
-    std::_Exit(status);
+    endAtOnce(status);
   }
   ownEnd(status);
   ++endCount;  // each modal form throws Ended on its way out
@@ -74,7 +73,7 @@ void end(int status) {
 void endPlainly() {
   std::set_terminate([] {
     std::fputs("O programa terminou por um erro que nenhuma caixa pode mostrar.\n", stderr);
-    std::_Exit(1);
+    endAtOnce(1);
   });
   qInstallMessageHandler(hearToolkit);
   keepOutputs();

@@ -29,6 +29,9 @@ void keepOutputs();
 /// (outputs_unix.cpp). Windows always has one.
 void needNoDisplay();
 
+/// Ends the process; nothing is taken down, nothing written that waits in a buffer.
+[[noreturn]] void endAtOnce(int status);
+
 /// Puts another end in place (tests, guided roads); an empty function brings the real one back.
 /// After the function has run, all modal forms are hidden and Ended is thrown.
 void setEnd(std::function<void(int)> end);
