@@ -4,9 +4,11 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QTest>
 #include <cstdio>
 
+#include "documents/document_types.h"
 #include "documents/document_values.h"
 #include "papers.h"
 #include "platform/files/contents.h"
@@ -18,7 +20,6 @@
 #include "search/frmBROWSE_PRODUTO.h"
 #include "shared/lookups.h"
 #include "shared/pictures.h"
-#include "shared/text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +53,16 @@ const Paper kPapers[] = {{u"diario_aberto"_s, u"diario"_s, 12},
                          {u"ordem"_s, u"ordem"_s, 2},
                          {u"pesquisa"_s, {}}};
 
+/// What the viewer calls such a document.
+QString typeOf(const QString& kind) {
+  static const QHash<QString, QString> kOthers{{u"pedido"_s, u"PEDIDO_VENDAS"_s},
+                                               {u"pedido_importados"_s, u"PEDIDO_VENDAS"_s},
+                                               {u"cotacao"_s, u"COTA_COMPRA"_s},
+                                               {u"ordem"_s, u"ORDEM_COMPRA"_s},
+                                               {QString(), QString()}};
+  return kOthers.value(kind, u"ORCA_VENDAS"_s);
+}
+
 /// The document with its pictures' places as a browser reads them.
 QByteArray forBrowser(const QByteArray& html) {
   QString text = QString::fromLatin1(html);
@@ -81,7 +92,7 @@ void show(const Paper& paper, const QString& folder) {
 
   web::WebPane pane;
   pane.setPictureFolders(pastasDeFiguras());
-  pane.setFoot(u"Orçamento "_s + numeroDocumento(paper.id));
+  pane.setFoot(peDaFolha(typeOf(paper.kind), paper.id));
   pane.resize(840, 1600);
   pane.show();
   pane.navigate(path);
