@@ -12,8 +12,8 @@ namespace files {
 /// mounted must not open another company.
 [[nodiscard]] QString driveFolder(QChar letter);
 
-/// Lets a folder stand for drive C, in this process and in those that it starts: whatever its letters, which on
-/// Windows qputenv takes in the machine's code page.
+/// Lets a folder stand for drive C, in this process and in those that it starts: whatever its letters, which
+/// on Windows qputenv takes in the machine's code page.
 void standForDriveC(const QString& folder);
 
 /// The folder of what this program keeps of its user's own, such as drafts: zarim in the folder that

@@ -10,10 +10,10 @@ namespace files {
 
 QString driveFolder(QChar letter) {
   const QByteArray variable = QByteArray("ZARIM_DRIVE_") + letter.toUpper().toLatin1();
-  const QString named = qEnvironmentVariable(variable.constData());
+  QString named = qEnvironmentVariable(variable.constData());
   if (!named.isEmpty()) return named;
   const QString name = u"drive_"_s + letter.toLower();
-  const QString machine = u"/etc/zarim/"_s + name;
+  QString machine = u"/etc/zarim/"_s + name;
   if (const QFileInfo there(machine); there.exists() || there.isSymLink()) return machine;
   const QString own = profileFolder() + u'/' + name;
   return QFileInfo(own).isDir() ? own : QString();
@@ -26,7 +26,7 @@ QString profileFolder() {
 }
 
 QString stateFolder() {
-  const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+  QString named = qEnvironmentVariable("XDG_STATE_HOME");
   return (named.isEmpty() ? QDir::homePath() + u"/.local/state"_s : named) + u"/zarim"_s;
 }
 
