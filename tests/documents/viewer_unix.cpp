@@ -6,13 +6,10 @@
 
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 
 #include "documents/frmPedHTML.h"
 #include "platform/files/contents.h"
 #include "platform/files/paths.h"
-#include "platform/web/document_view.h"
-#include "platform/web/find_bar.h"
 #include "quote_rows.h"
 #include "support/errors.h"
 
@@ -37,34 +34,6 @@ class Viewer : public Quotes {
     forms::form<frmPedHTML>().showModal();
   }
 };
-
-TEST_F(Viewer, WritesBothCopiesAgainAndItsToolsActOnTheVisibleOne) {
-  const QString first = contexto().PathDocs + u"orca_cliente_000123.html"_s;
-  files::write(first, "an older one");
-  print(123);
-  show([&](frmPedHTML& viewer) {
-    EXPECT_EQ(viewer.WebBrowser1->path(), first);
-    EXPECT_TRUE(viewer.WebBrowser1->pageText().contains(u"Total Geral do Orçamento - R$ 1307,25"_s));
-    EXPECT_EQ(viewer.WebBrowser2->findChild<web::DocumentView*>(), nullptr) << "loads when it is first seen";
-    EXPECT_EQ(viewer.WebBrowser2->pageText(), viewer.WebBrowser1->pageText());
-    viewer.SSTab1->setCurrentIndex(1);
-    EXPECT_EQ(viewer.txtArquivo->text(), viewer.WebBrowser2->path());
-    const double before = viewer.WebBrowser1->zoom();
-    viewer.WebBrowser2->setZoom(1.0);
-    support::key(viewer.txtArquivo, Qt::Key_Minus, Qt::ControlModifier);
-    EXPECT_NEAR(viewer.WebBrowser2->zoom(), 0.9, 1e-6);
-    EXPECT_EQ(viewer.lblZoom->text(), u"90%"_s);
-    EXPECT_EQ(viewer.WebBrowser1->zoom(), before);
-    support::key(viewer.txtArquivo, Qt::Key_F, Qt::ControlModifier);
-    auto* bar = viewer.WebBrowser2->findChild<web::FindBar*>();
-    ASSERT_TRUE(bar->isVisible());
-    support::key(bar->findChild<QLineEdit*>(), Qt::Key_Escape);
-    EXPECT_FALSE(bar->isVisible());
-    EXPECT_TRUE(viewer.isVisible());
-  });
-  EXPECT_EQ(files::readAll(first), files::readAll(contexto().PathDocs + u"orca_empresa_000123.html"_s));
-  EXPECT_FALSE(files::readAll(first).contains("an older one"));
-}
 
 TEST_F(Viewer, TypesNameTheirFilesAndRoutines) {
   sql(u"INSERT INTO cota_comp (idcota_comp) VALUES (1234567)"_s);

@@ -64,7 +64,7 @@ TEST_F(WordDocument, PdfHoldsTheWholeQuote) {
 }
 
 // Whatever the number of lines: no page is empty, nothing stands twice, every page of lines has their
-// titles.
+// titles, no row is cut.
 TEST_F(WordDocument, PagesOfAnyNumberOfLines) {
   const QString clauses =
       u"1 - Todos os valores|2 - Após a aprovação|3 - O transporte|4 - As reclamações|"
@@ -74,8 +74,10 @@ TEST_F(WordDocument, PagesOfAnyNumberOfLines) {
     if (lines > 0)
       sql(u"INSERT INTO prop_cmrc_deta (idprop_cmrc_deta, idprop_cmrc, idprodprot, prod_prot, qtde, "
           "obse_prop_cmrc_deta) VALUES (%1, 126, 101, 'PROD', 1, 'linha %1.%2')"_s.arg(1000 + lines)
-              .arg(lines % 3 > 0 ? u""_s
-                                 : u" com uma observação comprida, que pede mais de uma linha da célula"_s));
+              .arg(lines % 3 > 0
+                       ? u""_s
+                       : u" com uma observação comprida, que pede mais de uma linha da célula, até o fim%1."_s
+                             .arg(1000 + lines)));
     drawLogo(100 + lines);  // less than a point moves all the rest, so that rows end at any place of a page
     SCOPED_TRACE(lines);
     DocumentoWord(u"126"_s, doc_, pdf_);
@@ -86,6 +88,8 @@ TEST_F(WordDocument, PagesOfAnyNumberOfLines) {
       EXPECT_EQ(page.contains(u"linha 1"_s) || page.contains(u"Total Unitário"_s),
                 page.contains(u"Cod.Prod."_s));
       EXPECT_EQ(page.contains(u"Observações\n"_s), page.contains(u"1 - Todos os valores"_s));
+      for (int line = 1003; line <= 1000 + lines; line += 3)
+        EXPECT_EQ(page.contains(u"linha %1."_s.arg(line)), page.contains(u"fim%1."_s.arg(line))) << line;
     }
     const QString text = pages.join(QString());
     for (const QString& part : clauses.split(u'|')) EXPECT_EQ(text.count(part), 1) << part.toStdString();

@@ -87,16 +87,4 @@ TEST_F(HeaderFields, AllSurviveASaveAnAlterationAndADraft) {
   EXPECT_EQ(shown(), altered);
 }
 
-TEST_F(HeaderFields, StandInTheOrderThatEnterTakes) {
-  start();
-  QStringList enters, table;
-  for (const Campo& field : cabecalho::campos())
-    if (field.digitado() && cabecalho::controles(field, *screen).first()->isVisible())
-      table << field.controle.toString();
-  for (const QWidget* next = screen->txtCodigo->nextInFocusChain(); next != screen->txtCodigo;
-       next = next->nextInFocusChain())
-    if (table.contains(next->objectName())) enters << next->objectName();
-  EXPECT_EQ(enters, table);
-}
-
 }  // namespace

@@ -107,12 +107,6 @@ const std::vector<Case>& cases() {
        inserted(u"TXT_COND_PGTO"_s, {QString(4000, u'é') + u"\r\n\t"_s + QString(6000, u'x')}),
        u"SELECT TXT_COND_PGTO FROM PROP_CMRC"_s,
        {QString(4000, u'é') + u"\r\n\t"_s + QString(6000, u'x')}},
-      {"JoinByComma",
-       inserted(u"NOME_CLIE"_s, {u"A"_s})
-           << u"insert into PROP_CMRC_DETA (idprop_cmrc, qtde) values ('1','2.5')"_s,
-       u"SELECT PROP_CMRC.NOME_CLIE, PROP_CMRC_DETA.QTDE FROM PROP_CMRC, PROP_CMRC_DETA "
-       "WHERE PROP_CMRC.IDPROP_CMRC = PROP_CMRC_DETA.IDPROP_CMRC AND (PROP_CMRC.DATA_DESA Is Null)"_s,
-       {u"A|2,5"_s}},
   };
   return all;
 }
@@ -225,26 +219,6 @@ TEST_P(Contract, KeepsWhatIsCommittedAndNothingElse) {
   insert(u"NOME_CLIE"_s, u"dois"_s);
   reconnect();
   EXPECT_EQ(rows(u"SELECT NOME_CLIE FROM PROP_CMRC"_s), QStringList{u"um"_s});
-}
-
-TEST_P(Contract, GoesOnAfterAnErrorOutsideATransaction) {
-  EXPECT_EQ(errorOf([&] { (void)connection.query(u"SELECT NADA FROM PROP_CMRC"_s); }),
-            values::kStatementFailed);
-  insert(u"NOME_CLIE"_s, u"depois"_s);
-  EXPECT_EQ(rows(u"SELECT NOME_CLIE FROM PROP_CMRC"_s), QStringList{u"depois"_s});
-}
-
-TEST_P(Contract, RunsOtherStatementsWhileAResultIsWalked) {
-  for (const auto& id : {u"1"_s, u"2"_s, u"3"_s}) insert(u"IDCLIE"_s, id);
-  connection.begin();
-  int walked = 0;
-  for (auto rs = connection.query(u"SELECT * FROM PROP_CMRC"_s); !rs.eof(); rs.moveNext(), ++walked) {
-    const QString one = u" WHERE IDPROP_CMRC="_s + rs.text(u"idprop_cmrc");
-    connection.execute(u"UPDATE PROP_CMRC SET IDCLIE='9'"_s + one);
-    EXPECT_EQ(rows(u"SELECT IDCLIE FROM PROP_CMRC"_s + one), QStringList{u"9"_s});
-  }
-  connection.commit();
-  EXPECT_EQ(walked, 3);
 }
 
 TEST_P(Contract, NamesColumnsAsTheStatementDoes) {

@@ -86,13 +86,4 @@ TEST_F(EmbeddedFile, ThatMayOnlyBeReadIsReadAndRefusesWrites) {
   }
 }
 
-TEST_F(EmbeddedFile, ReadsTheColumnsOfATableThatAnotherChanged) {
-  auto connection = open();
-  const QString sql = u"SELECT * FROM t WHERE nome = 'a'"_s;
-  connection.execute(u"INSERT INTO t (nome) VALUES ('a')"_s);
-  EXPECT_EQ(connection.query(sql).columns(), (QStringList{u"id"_s, u"nome"_s}));
-  open().execute(u"ALTER TABLE t ADD COLUMN fone TEXT DEFAULT '55'"_s);
-  EXPECT_EQ(connection.query(sql).text(u"fone"), u"55"_s);
-}
-
 }  // namespace

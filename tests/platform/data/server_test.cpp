@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <thread>
 
 #include "platform/data/connection.h"
 #include "platform/data/odbc_string.h"
@@ -169,57 +165,6 @@ TEST(ServerString, GetsWhatTheDriverNeedsAppended) {
         Addition{"Driver=Firebird;Dbname=x", "", "Driver=Firebird;Dbname=x;"}})
     EXPECT_EQ(data::odbcString(QString::fromLatin1(one.given), QString::fromLatin1(one.port), 400),
               QString::fromLatin1(one.sent));
-}
-
-/// Answers, as a server machine does, on which port an instance listens.
-class InstanceListener {
- public:
-  explicit InstanceListener(quint16 port) : socket_(::socket(AF_INET, SOCK_DGRAM, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.sin_port = htons(1434);
-    listens = ::bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
-    if (listens) answering_ = std::thread([this, port] { answer(port); });
-  }
-  ~InstanceListener() {
-    ::shutdown(socket_, SHUT_RDWR);
-    if (answering_.joinable()) answering_.join();
-    ::close(socket_);
-  }
-  bool listens = false;
-  QByteArray asked;
-
- private:
-  void answer(quint16 port) {
-    char question[64];
-    sockaddr_in from{};
-    socklen_t size = sizeof from;
-    const auto bytes =
-        ::recvfrom(socket_, question, sizeof question, 0, reinterpret_cast<sockaddr*>(&from), &size);
-    if (bytes <= 0) return;
-    asked = QByteArray(question + 1, bytes - 1);
-    const QByteArray text = "ServerName;S;InstanceName;EXPRESS;IsClustered;No;Version;15.0.2000.5;tcp;" +
-                            QByteArray::number(port) + ";;";
-    const QByteArray reply = QByteArray("\x05") + static_cast<char>(text.size() & 0xff) +
-                             static_cast<char>(text.size() >> 8) + text;
-    ::sendto(socket_, reply.constData(), static_cast<size_t>(reply.size()), 0,
-             reinterpret_cast<sockaddr*>(&from), size);
-  }
-  int socket_;
-  std::thread answering_;
-};
-
-TEST(ServerString, LeavesThePortToANamedInstance) {
-  TdsServer server;
-  InstanceListener machine(server.port());
-  if (!machine.listens) GTEST_SKIP() << "another program answers for instances here";
-  data::Connection connection;
-  connection.open(
-      server.connectionString().replace(u"127.0.0.1"_s, u"127.0.0.1\\EXPRESS"_s).section(u";port="_s, 0, 0),
-      10);
-  EXPECT_TRUE(connection.isOpen());
-  EXPECT_TRUE(machine.asked.startsWith("EXPRESS"));
 }
 
 /// What a server that shows its certificate to the program gets to read.

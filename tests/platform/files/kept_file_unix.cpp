@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QDir>
@@ -7,7 +6,6 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <csignal>
 #include <thread>
 
 #include "platform/files/kept_file.h"
@@ -131,26 +129,6 @@ TEST_F(Kept, HoldsNobodyUpOnASlowDisk) {
   ASSERT_TRUE(own->settle(20s));
   own.reset();
   EXPECT_EQ(left().first().content, "99\n");
-}
-
-TEST_F(Kept, GoesOnWithoutAFileWhereTheDiskTakesNothing) {
-  auto own = file();
-  own->keep("old\n");
-  ASSERT_TRUE(own->settle(20s));
-  // A full disk: the file can't grow beyond a limit.
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit full{2048, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &full);
-  for (const qsizetype size : {3'000, 100'000}) {
-    own->keep(QByteArray(size, 'x'));
-    EXPECT_FALSE(own->settle(20s));
-  }
-  setrlimit(RLIMIT_FSIZE, &before);
-  own.reset();
-  ASSERT_EQ(names().size(), 1) << names().join(u' ').toStdString();
-  EXPECT_EQ(left().first().content, "old\n") << "the old one stays whole";
 }
 
 }  // namespace

@@ -58,30 +58,6 @@ TEST_F(Controls, ARemarkShowsItsFirstLineWhenItIsLoadedEnteredAndLeft) {
   EXPECT_EQ(forms::controlText(&box), u"one\r\ntwo\r\nthree"_s);
 }
 
-TEST_F(Controls, AComboKeepsItsTextWhileItsListIsFilled) {
-  forms::Combo& combo = *sample.cboC;
-  int fills = 0;
-  QObject::connect(&combo, &forms::Combo::dropDown, &combo, [&] {
-    ++fills;
-    combo.setEntries({u"Ana Maria"_s, u"Bia"_s});
-  });
-  support::type(&combo, u"an"_s);
-  combo.showPopup();
-  combo.hidePopup();
-  support::key(&combo, Qt::Key_Return);
-  EXPECT_EQ(combo.text(), u"an"_s);
-  EXPECT_EQ(combo.count(), 2);
-  combo.setText(u"Bia"_s);
-  combo.setEntries({});
-  EXPECT_EQ(combo.text(), u"Bia"_s);
-
-  combo.setLocked(true);
-  combo.showPopup();
-  EXPECT_EQ(fills, 1);
-  support::type(&combo, u"x"_s);
-  EXPECT_EQ(combo.text(), u"Bia"_s);
-}
-
 TEST_F(Controls, LinesPastedIntoABoxAreTakenOneByOneWhereItIsUnlocked) {
   QStringList taken;
   sample.onLinesPasted(sample.txtA, [&](const QStringList& lines) { taken += lines; });

@@ -5,28 +5,6 @@ using forms::msgBox;
 
 class Focus : public FormTest {};
 
-TEST_F(Focus, MovesFromFieldToFieldByEnterWithEventsOfBoth) {
-  sample.txtA->setText(u"abc"_s);
-  support::key(sample.txtA, Qt::Key_Return);
-  EXPECT_EQ(sample.taken(), u"txtA- txtB+"_s);
-  support::key(sample.txtB, Qt::Key_Return);
-  support::key(sample.cboC, Qt::Key_Enter);
-  EXPECT_EQ(sample.taken(), u"txtB- cboC+ cboC- txtLines+"_s);
-  support::key(sample.txtLines, Qt::Key_X, Qt::NoModifier);
-  support::key(sample.txtLines, Qt::Key_Return, Qt::ControlModifier);
-  EXPECT_EQ(forms::controlText(sample.txtLines), u"x\r\n"_s);
-  support::key(sample.txtLines, Qt::Key_Return);
-  EXPECT_TRUE(sample.Flex->hasFocus());
-  support::focus(sample.txtA);
-  EXPECT_EQ(sample.txtA->selectedText(), u"abc"_s);
-  support::focus(sample.cmdOne);
-  sample.taken();
-  support::key(sample.cmdOne, Qt::Key_Return);  // a button is clicked, unless it is said to move on
-  support::focus(sample.cmdTwo);
-  support::key(sample.cmdTwo, Qt::Key_Return);
-  EXPECT_EQ(sample.taken(), u"cmdOne! cmdOne- cmdTwo+ cmdTwo- txtA+"_s);
-}
-
 TEST_F(Focus, ABoxFromLosingTheFocusSwallowsTheClick) {
   support::Script script;
   script.box(u"no such entry"_s);

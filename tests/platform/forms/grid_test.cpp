@@ -136,10 +136,3 @@ TEST_F(Grid, ADraggedWidthOutlivesLayoutAndFormAndAHiddenColumnStaysHidden) {
   EXPECT_EQ(again.Flex->columnWidth(1) + 123, again.Flex->viewport()->width());
   forms::measures::keepIn({});
 }
-
-TEST_F(Grid, ARowIsPutOnTop) {
-  for (int row = 1; row <= 200; ++row) grid().addItem(QString::number(row));
-  sample.Flex->setTopRow(120);
-  EXPECT_EQ(sample.Flex->rowAt(2), 119);
-  EXPECT_EQ(sample.Flex->topRow(), 120);
-}

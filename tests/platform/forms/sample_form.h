@@ -21,8 +21,6 @@ class frmSample : public forms::Form {
         {u"ID", 0}, {u"Nome", 2000}, {u"Valor", 1000, forms::kRight}};
     Flex->grid().layOut(kColumns);
     on(Flex, forms::Event::DoubleClick, [this] { note(QStringLiteral("Flex!!")); });
-    enterMovesOn({txtA, txtB, cboC, cmdTwo});
-    selectOnFocus({txtA, cboC});
   }
 
   using forms::Form::onLinesPasted;
@@ -52,7 +50,6 @@ class frmSample : public forms::Form {
 
  public:
   QLineEdit* txtA = add(new QLineEdit, "txtA");
-  QLineEdit* txtB = add(new QLineEdit, "txtB");
   forms::Combo* cboC = add(new forms::Combo, "cboC");
   QPlainTextEdit* txtLines = add(new QPlainTextEdit, "txtLines");
   forms::FlexGrid* Flex = add(new forms::FlexGrid, "Flex");

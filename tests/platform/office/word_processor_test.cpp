@@ -55,41 +55,6 @@ TEST_F(WordProcessorTest, WritesTablesTextsAndPicturesAsRichText) {
   EXPECT_TRUE(rtf.contains("\\cellx3892")) << "200 points less the outer padding";
 }
 
-TEST_F(WordProcessorTest, PdfKeepsEveryTextAndTitleAndNoRowStandsOnTwoPages) {
-  WordProcessor word(u"Orçamento de Venda - 000007"_s);
-  word.setFont(u"Arial"_s, 9);
-  word.addTable(3, true);
-  for (int row = 1; row <= 120; ++row) {
-    if (row > 1) word.moveRight();
-    word.typeText(u"código%1"_s.arg(row));
-    word.moveRight();
-    word.typeText(
-        u"início%1 uma descrição comprida que quebra em várias linhas dentro da célula fim%1"_s.arg(row));
-    word.moveRight();
-    word.typeText(u"1,50"_s);
-  }
-  const QString text = printed(word, u"pdftotext"_s, {u"-layout"_s, u"x.pdf"_s, u"-"_s});
-  EXPECT_GE(text.count(u'\f'), 3);
-  for (int row = 1; row <= 120; ++row) {
-    const auto begin = text.indexOf(QRegularExpression(u"início%1\\b"_s.arg(row)));
-    const auto end = text.indexOf(QRegularExpression(u"fim%1\\b"_s.arg(row)));
-    ASSERT_TRUE(begin >= 0 && end > begin) << "row " << row;
-    EXPECT_FALSE(QStringView(text).mid(begin, end - begin).contains(u'\f')) << "row " << row;
-  }
-  (void)printed(word, u"pdftoppm"_s, {u"-r"_s, u"300"_s, u"-singlefile"_s, u"x.pdf"_s, path(u"page"_s)});
-  const QImage page(path(u"page.ppm"_s));
-  const auto line = [&](int from, int step) {  // dots of the first dark run
-    int x = from, dots = 0;
-    while (qGray(page.pixel(x, 1000)) > 128) x += step;
-    for (; qGray(page.pixel(x, 1000)) <= 128; x += step) ++dots;
-    return dots;
-  };
-  EXPECT_NEAR(line(0, 1), line(page.width() - 1, -1), 1) << "the outer lines are of one width";
-  const QString facts = printed(word, u"pdfinfo"_s, {u"x.pdf"_s});
-  EXPECT_TRUE(facts.contains(u"Orçamento de Venda - 000007"_s)) << facts.toStdString();
-  EXPECT_TRUE(facts.contains(u"A4"_s)) << facts.toStdString();
-}
-
 TEST_F(WordProcessorTest, AnEmptyLineStandsBetweenTwoTables) {
   WordProcessor word;
   for (const auto& text : {u"um"_s, u"dois"_s}) {
