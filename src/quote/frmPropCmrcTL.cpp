@@ -196,7 +196,8 @@ void frmPropCmrcTL::fitToText() {
   QFont destaque = font();
   destaque.setPointSizeF(destaque.pointSizeF() * kDestaque);
   destaque.setBold(true);
-  for (QLabel* rotulo : {lblTituloJanela, rotuloLiquidoTotal, lblTotalLiquido}) rotulo->setFont(destaque);
+  for (QLabel* rotulo : std::initializer_list<QLabel*>{lblTituloJanela, rotuloLiquidoTotal, lblTotalLiquido})
+    rotulo->setFont(destaque);
 
   const int letra = fontMetrics().averageCharWidth();
   const bool estreita = forms::screenSize().width() < kTelaEstreita;
