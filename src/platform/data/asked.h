@@ -16,8 +16,8 @@
 #include "platform/data/statement.h"
 #include "platform/data/walk.h"
 
-// Statements that travel together (docs/architecture.md says why). A routine that asks the database returns
-// Asked<T> and is a coroutine: it asks, and co_awaits the answers.
+// Statements that travel together (docs/architecture.md says why, and what holds). A routine that asks the
+// database returns Asked<T> and is a coroutine: it asks, and co_awaits the answers.
 //
 // clang-format off
 //   Asked<GridRow> precoDoItem(data::Recordset item) {
@@ -34,16 +34,6 @@
 // The caller starts all its rows, and then waits for each in turn. forEachRow does it for those of a result:
 //
 //   grade.addRows(waitFor(data::forEachRow(rs, precoDoItem)));
-//
-// What holds:
-// - Every call runs its own statement; two calls with one key run two, and each takes its own result.
-// - An open answer is no value: only co_await and waitFor give one. A statement whose text depends on an
-//   answer is not asked before it is there.
-// - On the embedded file the statement runs where it is asked: nothing ever waits, all is done in one pass.
-// - Who is no coroutine writes `const QString codigo = waitFor(CodigoProduto(id));`, which asks and waits.
-// - An error, of a statement or of what a row itself does with it, comes up where the row waits, and leaves
-//   the waitFor of that row. What was asked behind a failing statement gets its error: of several bad ones
-//   the first one sent is reported. A connection that is closed ends the rows that wait on it with 3704.
 //
 // What to keep to (setup/asked.py looks for all of it, clang-tidy for some):
 // - A coroutine takes its arguments by value: it goes on when the caller's have long changed. A Recordset
