@@ -8,8 +8,9 @@ void entrega(std::span<const Entrega> tabela, const QString& chamadora, const fo
   for (const auto& linha : tabela) {
     if (chamadora != linha.chamadora) continue;
     const QString celula = grade.text(grade.row(), linha.coluna);
-    forms::writeControl(linha.tela.isEmpty() ? chamadora : linha.tela.toString(), linha.controle.toString(),
-                        linha.leitura ? linha.leitura(celula) : celula);
+    const QString tela = linha.tela.isEmpty() ? chamadora : linha.tela.toString();
+    if (QObject* controle = forms::findControl(tela, linha.controle.toString()))
+      forms::setControlText(controle, linha.leitura ? linha.leitura(celula) : celula);
   }
 }
 

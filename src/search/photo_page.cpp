@@ -62,7 +62,7 @@ void FolhasDeFotos::mostra(qsizetype folha) {
   cmdAnteriores_->setEnabled(folha > 0);
   cmdProximas_->setEnabled(fim < total);
   const Pagina parte{pagina_.antes, pagina_.linhas.sliced(primeira, fim - primeira), pagina_.depois};
-  painel_->showPart(parte.inteira(), arquivo_);
+  painel_->navigate(arquivo_, {}, parte.inteira());
 }
 
 }  // namespace pesquisa

@@ -58,7 +58,7 @@ TEST_P(Texts, AreSavedOrRefusedWhole) {
     if (control == u"Flex")
       screen.Flex->grid().setText(1, grades::item::Observacao, text);
     else
-      forms::writeControl(u"frmPropCmrcTL"_s, control, text);
+      forms::setControlText(forms::findControl(u"frmPropCmrcTL"_s, control), text);
     QString kept = maiusculas(apara(forms::controlText(forms::findControl(u"frmPropCmrcTL"_s, control))));
     if (honoree) screen.cmdIncluirHomg->click();
     screen.cmdSALVAR->click();

@@ -23,7 +23,8 @@ class Saving : public QuoteCase {
         "txtFoneExtra=(19) 3333,1|txtEmailExtra=c@x|txtFoneExtraContato=9999|txtEmailExtraContato=d@x|"
         "txtNumePess=80|txtObserva=Fita azul\nLaço|txtCondPagto=À vista"_s;
     for (const QString& field : fields.split(u'|'))
-      forms::writeControl(u"frmPropCmrcTL"_s, field.section(u'=', 0, 0), field.section(u'=', 1));
+      forms::setControlText(forms::findControl(u"frmPropCmrcTL"_s, field.section(u'=', 0, 0)),
+                            field.section(u'=', 1));
     addItem(u"101;PROD;CX-100;Caixa branca;19,25;0,00;19,25;3;57,75;;UN; Azul "_s);
     addItem(u"202;PROT;202;Lata dourada;22,90;0,00;22,90;2,50;57,25;14/03/2024 16:20"_s);
     addMaterial(u"101"_s, u"PRODUTO"_s, u"1"_s);

@@ -49,8 +49,7 @@ Database openLibrary(const QString& path) {
   if (file.size() == 0)
     throw values::RuntimeError(values::kConnectionFailed, wordsOf(SQLITE_NOTADB, "", path));
   // The library's count of its memory takes a lock for every piece; nobody asks for it.
-  static const int quiet = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-  static_cast<void>(quiet);
+  [[maybe_unused]] static const int quiet = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
   sqlite3* opened = nullptr;
   const int outcome = sqlite3_open_v2(path.toUtf8().constData(), &opened,
                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -90,16 +89,10 @@ std::shared_ptr<Columns> columnsOf(sqlite3_stmt* statement, bool withLengths) {
 }
 
 void read(sqlite3_value* value, bool isDate, ResultValues& values) {
-  switch (sqlite3_value_type(value)) {
-    case SQLITE_NULL:
-      return values.addNull();
-    case SQLITE_INTEGER:
-      return values.addInteger(sqlite3_value_int64(value));
-    case SQLITE_FLOAT:
-      return values.addNumber(sqlite3_value_double(value));
-    default:
-      break;
-  }
+  const int type = sqlite3_value_type(value);
+  if (type == SQLITE_NULL) return values.addNull();
+  if (type == SQLITE_INTEGER) return values.addInteger(sqlite3_value_int64(value));
+  if (type == SQLITE_FLOAT) return values.addNumber(sqlite3_value_double(value));
   // The bytes as they are stored, which is UTF-8: asked for as a text they would be copied to end in a NUL.
   const void* bytes = sqlite3_value_blob(value);
   const std::string_view text(static_cast<const char*>(bytes),

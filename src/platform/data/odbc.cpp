@@ -8,6 +8,7 @@
 #include <sqlext.h>
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlField>
@@ -113,18 +114,11 @@ void readField(const QSqlQuery& query, int column, QMetaType declared, ResultVal
     return readDate(statement, place, values);
   const std::optional<QString> text = readText(statement, place);
   if (!text) return values.addNull();
-  switch (declared.id()) {
-    case QMetaType::Double:
-      return values.addNumber(text->toDouble());
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Bool:
-      return values.addInteger(text->toLongLong());
-    default:
-      return values.addText(*text);
-  }
+  static const QSet<int> kWhole{QMetaType::Int, QMetaType::UInt, QMetaType::LongLong, QMetaType::ULongLong,
+                                QMetaType::Bool};
+  if (declared.id() == QMetaType::Double) return values.addNumber(text->toDouble());
+  if (kWhole.contains(declared.id())) return values.addInteger(text->toLongLong());
+  values.addText(*text);
 }
 
 /// How many statements from the first on can go in one request: a statement that could swallow or spoil those

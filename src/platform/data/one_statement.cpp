@@ -115,9 +115,12 @@ constexpr QStringView kBeforeSubselect[] = {
 /// Words before a SELECT that goes on with the same statement.
 constexpr QStringView kBeforeSelect[] = {u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"};
 
-/// isWord looks at the lengths first.
+/// The words stand in the order of their first letters.
 bool isOneOf(std::span<const QStringView> words, const SqlToken& token) {
-  return std::ranges::any_of(words, [&](QStringView word) { return token.isWord(word); });
+  if (token.kind != Kind::Word) return false;
+  const auto first = [](QStringView word) { return word[0]; };
+  const auto alike = std::ranges::equal_range(words, token.text[0].toUpper(), {}, first);
+  return std::ranges::any_of(alike, [&](QStringView word) { return token.isWord(word); });
 }
 
 class Look {

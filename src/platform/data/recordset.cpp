@@ -16,62 +16,27 @@ namespace {
 using Kind = ResultValues::Kind;
 
 double numberOf(const ResultValues& result, qsizetype at) {
-  switch (result.kind(at)) {
-    case Kind::Null:
-      values::raise(values::kInvalidNull);
-    case Kind::Date:
-      values::raise(values::kTypeMismatch);
-    case Kind::Integer:
-      return static_cast<double>(result.integer(at));
-    case Kind::Number:
-      return result.number(at);
-    default:
-      return values::toNumber(result.text(at));
-  }
+  const Kind kind = result.kind(at);
+  if (kind == Kind::Null) values::raise(values::kInvalidNull);
+  if (kind == Kind::Date) values::raise(values::kTypeMismatch);
+  if (kind == Kind::Integer) return static_cast<double>(result.integer(at));
+  return kind == Kind::Number ? result.number(at) : values::toNumber(result.text(at));
 }
 
 QDateTime dateOf(const ResultValues& result, qsizetype at) {
-  switch (result.kind(at)) {
-    case Kind::Null:
-      return {};
-    case Kind::Date:
-      return values::wallClock(result.date(at), result.time(at));
-    case Kind::Integer:
-    case Kind::Number:
-      values::raise(values::kTypeMismatch);
-    default:
-      return values::toDate(result.text(at));
-  }
+  const Kind kind = result.kind(at);
+  if (kind == Kind::Null) return {};
+  if (kind == Kind::Integer || kind == Kind::Number) values::raise(values::kTypeMismatch);
+  return kind == Kind::Date ? values::wallClock(result.date(at), result.time(at))
+                            : values::toDate(result.text(at));
 }
 
 QString textOf(const ResultValues& result, qsizetype at) {
-  switch (result.kind(at)) {
-    case Kind::Null:
-      return {};
-    case Kind::Integer:
-      return QString::number(result.integer(at));
-    case Kind::Number:
-      return values::toText(result.number(at));
-    case Kind::Date:
-      return values::toText(result.date(at), result.time(at));
-    default:
-      return result.text(at);
-  }
-}
-
-QString dateTextOf(const ResultValues& result, qsizetype at, QStringView form) {
-  if (result.kind(at) == Kind::Date) return values::formatDate(result.date(at), result.time(at), form);
-  return values::formatDate(dateOf(result, at), form);
-}
-
-/// Of a long result most of the time would go into a comparison of the library's.
-char16_t folded(QChar c) {
-  if (c > QChar(0x7F)) return c.toCaseFolded().unicode();
-  return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c.unicode() + 0x20) : c.unicode();
-}
-
-bool sameName(QStringView one, QStringView other) {
-  return one.size() == other.size() && std::ranges::equal(one, other, {}, folded, folded);
+  const Kind kind = result.kind(at);
+  if (kind == Kind::Null) return {};
+  if (kind == Kind::Integer) return QString::number(result.integer(at));
+  if (kind == Kind::Number) return values::toText(result.number(at));
+  return kind == Kind::Date ? values::toText(result.date(at), result.time(at)) : result.text(at);
 }
 
 }  // namespace
@@ -115,7 +80,8 @@ qsizetype Recordset::place(QStringView field) const {
   if (eof()) values::raise(values::kNoCurrentRecord);
   const QStringList& names = columns_->names;
   for (qsizetype column = 0; column < names.size(); ++column)
-    if (sameName(field, names[column])) return static_cast<qsizetype>(row_) * names.size() + column;
+    if (names[column].size() == field.size() && field.compare(names[column], Qt::CaseInsensitive) == 0)
+      return static_cast<qsizetype>(row_) * names.size() + column;
   values::raise(values::kUnknownField, field.toString());
 }
 
@@ -147,7 +113,7 @@ QString Recordset::format(QStringView field, QStringView mask) const {
 
 QString Recordset::formatDate(QStringView field, QStringView form) const {
   const qsizetype at = place(field);
-  return dateTextOf(*values_, at, form);
+  return values::formatDate(dateOf(*values_, at), form);
 }
 
 std::function<QString(qsizetype row, int field)> Recordset::shown(std::span<const ShownField> fields) const {
@@ -168,7 +134,7 @@ std::function<QString(qsizetype row, int field)> Recordset::shown(std::span<cons
   return [values = values_, shown = std::move(shown), width](qsizetype row, int field) {
     const auto& [column, form] = shown[static_cast<std::size_t>(field)];
     const qsizetype at = row * width + column;
-    return form.isEmpty() ? textOf(*values, at) : dateTextOf(*values, at, form);
+    return form.isEmpty() ? textOf(*values, at) : values::formatDate(dateOf(*values, at), form);
   };
 }
 

@@ -2,24 +2,16 @@
 
 namespace data {
 
-namespace {
-
-Walk::Watcher watching = nullptr;
-
-}  // namespace
-
 Walk::~Walk() {
-  if (watching && due_ != kFirstReport) watching(0, 0);
+  if (watcher_ && due_ != kFirstReport) watcher_(0, 0);
 }
 
 void Walk::done(qsizetype count, qsizetype of) {
-  if (!watching || count >= of) return;
+  if (!watcher_ || count >= of) return;
   const qint64 elapsed = clock_.elapsed();
   if (elapsed < due_) return;
   due_ = elapsed + kNextReport;
-  watching(count, of);
+  watcher_(count, of);
 }
-
-void Walk::setWatcher(Watcher watcher) { watching = watcher; }
 
 }  // namespace data

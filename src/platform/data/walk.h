@@ -20,10 +20,11 @@ class Walk {
   void done(qsizetype count, qsizetype of);
 
   /// None when `watcher` is null.
-  static void setWatcher(Watcher watcher);
+  static void setWatcher(Watcher watcher) { watcher_ = watcher; }
 
  private:
   static constexpr qint64 kFirstReport = 1000, kNextReport = 100;  // milliseconds
+  static inline Watcher watcher_ = nullptr;
   QElapsedTimer clock_;
   qint64 due_ = kFirstReport;  ///< milliseconds from the start to the next report
 };

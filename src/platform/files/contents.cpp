@@ -1,6 +1,7 @@
 #include "platform/files/contents.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -47,15 +48,13 @@ std::function<bool(const QString&)> heldFileQuestion;
 
 /// Waits until no other program holds a file: a virus scanner lets go by itself, a word processor doesn't.
 void waitUntilFree(const QString& found, const QString& path) {
-  using std::chrono::steady_clock;
   constexpr std::chrono::milliseconds kNap{20}, kScan{500};
-  while (isHeld(found)) {
-    const auto end = steady_clock::now() + kScan;
-    while (isHeld(found) && steady_clock::now() < end) std::this_thread::sleep_for(kNap);
-    if (!isHeld(found)) return;
+  for (QDeadlineTimer scan(kScan); isHeld(found); std::this_thread::sleep_for(kNap)) {
+    if (!scan.hasExpired()) continue;
     const bool here = qApp != nullptr && QThread::currentThread() == qApp->thread();
     if (!here || !heldFileQuestion) raise(values::kPermissionDenied, path);
     if (!heldFileQuestion(path)) throw values::Cancelled();
+    scan = QDeadlineTimer(kScan);
   }
 }
 
@@ -127,19 +126,13 @@ void append(const QString& path, const QByteArray& bytes) {
   QFile file;
   openOrRaise(file, found, QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
   const qint64 before = file.size();
-  for (qint64 done = 0; done < bytes.size();) {
-    const qint64 written = file.write(bytes.constData() + done, bytes.size() - done);
-    if (written > 0) {
-      done += written;
-      continue;
-    }
-    const int fault = lastFault();
-    if (begun)
-      QFile::remove(found);
-    else
-      file.resize(before);
-    raiseFor(fault, found);
-  }
+  if (file.write(bytes) == bytes.size()) return;
+  const int fault = lastFault();
+  if (begun)
+    QFile::remove(found);
+  else
+    file.resize(before);
+  raiseFor(fault, found);
 }
 
 void replace(const QString& from, const QString& path) {

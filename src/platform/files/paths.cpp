@@ -95,35 +95,28 @@ QString standInFor(const QString& path) {
   return isPlaced(path, root) ? QString() : root;
 }
 
-/// Where a path is on this machine.
-struct Place {
-  QString path;
-  bool offDrive = false;  ///< a link leads out of the folder that stands for the drive
-};
-
-Place placeOf(const QString& path) {
-  if (path.contains(QChar(u'\0'))) values::raise(values::kBadFileName);
-  const QString root = standInFor(path);
-  if (root.isEmpty()) return {path};
-  const QStringList parts = partsBelowDrive(path);
-  const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
-  const QString found = QFileInfo::exists(asked) ? asked : descend(root, parts);
-  return {found, !staysIn(root, found)};
-}
-
 }  // namespace
 
 QString resolve(const QString& path) {
-  const Place place = placeOf(path);
-  if (place.offDrive) values::raise(values::kPermissionDenied, path);
-  return place.path;
+  if (path.contains(QChar(u'\0'))) values::raise(values::kBadFileName);
+  const QString root = standInFor(path);
+  if (root.isEmpty()) return path;
+  const QStringList parts = partsBelowDrive(path);
+  const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
+  const QString found = QFileInfo::exists(asked) ? asked : descend(root, parts);
+  if (!staysIn(root, found)) values::raise(values::kPermissionDenied, path);
+  return found;
 }
 
 QString ofThisMachine(const QString& path) { return standInFor(path).isEmpty() ? path : u"//?/"_s + path; }
 
 bool exists(const QString& path) {
-  const Place place = placeOf(path);
-  return !place.offDrive && !place.path.isEmpty() && QFileInfo(place.path).isFile();
+  try {
+    const QString found = resolve(path);
+    return !found.isEmpty() && QFileInfo(found).isFile();
+  } catch (const values::RuntimeError&) {
+    return false;
+  }
 }
 
 }  // namespace files

@@ -16,7 +16,8 @@ namespace files {
 /// begin with the letter of a drive that a folder stands for.
 [[nodiscard]] QString ofThisMachine(const QString& path);
 
-/// Whether a regular file is there, inside the folder of its drive. An empty path is no file.
+/// Whether a regular file is there, inside the folder of its drive. An empty path is no file, nor is one that
+/// resolve refuses.
 [[nodiscard]] bool exists(const QString& path);
 
 }  // namespace files

@@ -23,7 +23,7 @@ class ProcessLock {
   [[nodiscard]] bool holds() const;
 
  private:
-  ProcessLock(const QString& path, qintptr handle);
+  ProcessLock(const QString& path, qintptr handle) : path_(path), handle_(handle) {}
 
   QString path_;
   qintptr handle_;  ///< the system's, of the open file

@@ -10,8 +10,6 @@
 
 namespace files {
 
-ProcessLock::ProcessLock(const QString& path, qintptr handle) : path_(path), handle_(handle) {}
-
 std::unique_ptr<ProcessLock> ProcessLock::take(const QString& path, std::chrono::milliseconds patience) {
   constexpr std::chrono::milliseconds kNap{5};
   constexpr mode_t kOwners = 0600;

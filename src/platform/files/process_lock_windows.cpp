@@ -7,8 +7,6 @@
 
 namespace files {
 
-ProcessLock::ProcessLock(const QString& path, qintptr handle) : path_(path), handle_(handle) {}
-
 // A file that nobody else may open, and that goes when it is closed.
 std::unique_ptr<ProcessLock> ProcessLock::take(const QString& path, std::chrono::milliseconds patience) {
   constexpr std::chrono::milliseconds kNap{5};

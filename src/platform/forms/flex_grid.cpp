@@ -216,13 +216,11 @@ QList<QStringList> FlexGrid::visibleTexts() const {
 }
 
 void FlexGrid::copyRows() const {
-  const QList<QStringList> texts = visibleTexts();
+  QList<QStringList> texts = visibleTexts();
   if (texts.size() < 2) return;
-  QList<QStringList> chosen = texts.first(1);
-  for (qsizetype row = 1; row < texts.size(); ++row)
-    if (!selectionModel()->hasSelection() || selectionModel()->isRowSelected(static_cast<int>(row) - 1))
-      chosen << texts[row];
-  QApplication::clipboard()->setText(values::tabSeparated(chosen));
+  for (int row = grid_.rows() - 1; row > 0 && selectionModel()->hasSelection(); --row)
+    if (!selectionModel()->isRowSelected(row - 1)) texts.removeAt(row);
+  QApplication::clipboard()->setText(values::tabSeparated(texts));
 }
 
 void FlexGrid::changeEvent(QEvent* event) {

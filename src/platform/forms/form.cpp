@@ -125,7 +125,6 @@ void Form::userCloses() {
 void Form::hideEvent(QHideEvent* event) {
   QDialog::hideEvent(event);
   if (event->spontaneous()) return;
-  shown_ = false;
   keepMeasures();
   // The next opening starts at the first control again.
   if (QWidget* focused = focusWidget(); focused != nullptr) focused->clearFocus();
@@ -142,7 +141,6 @@ void Form::present() {
     takeMeasures();
   }
   registry::noteShown(this);
-  shown_ = true;
   // The focus is marked whether a key or the program has moved it.
   setAttribute(Qt::WA_KeyboardFocusChange);
   show();

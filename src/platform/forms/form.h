@@ -191,10 +191,8 @@ class Form : public QDialog {
   QPointer<QWidget> current_;
   std::deque<FocusEvent> waiting_;
   bool flushing_ = false;
-  bool flushPosted_ = false;
   bool resending_ = false;
   bool loaded_ = false;
-  bool shown_ = false;
   bool closable_ = true;
   bool mainWindow_ = false;
   bool remembers_ = false;
@@ -222,9 +220,6 @@ void noteHidden(Form* form);
 /// A control of a form that is there now, found by the two names; nullptr if there is none. Finds grids
 /// without a widget too.
 [[nodiscard]] QObject* findControl(const QString& formName, const QString& controlName);
-
-/// Writes a control found so (controlText's kinds); nothing happens when it is not there.
-void writeControl(const QString& formName, const QString& controlName, const QString& text);
 
 /// Seam for tests and roads: called when a modal form has been shown and had its first focus.
 void setModalObserver(std::function<void(Form&)> observer);

@@ -28,6 +28,12 @@ namespace {
 /// By the order of Event.
 constexpr std::array<QStringView, 5> kNames{u"Click", u"DblClick", u"GotFocus", u"LostFocus", u"DropDown"};
 
+bool isLeft(const QEvent* event) {
+  return static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton;
+}
+
+bool isMultiLine(const QWidget* control) { return control->inherits("QPlainTextEdit"); }
+
 }  // namespace
 
 void Form::run(QWidget* control, Event event) {
@@ -72,14 +78,6 @@ void Form::selectOnFocus(std::initializer_list<QWidget*> controls) {
   for (QWidget* control : controls) selects_.insert(control);
 }
 
-namespace {
-
-bool isLeft(const QEvent* event) {
-  return static_cast<const QMouseEvent*>(event)->button() == Qt::LeftButton;
-}
-
-}  // namespace
-
 bool Form::eventFilter(QObject* watched, QEvent* event) {
   auto* widget = qobject_cast<QWidget*>(watched);
   if (widget == nullptr) return false;
@@ -111,12 +109,6 @@ bool Form::eventFilter(QObject* watched, QEvent* event) {
       return false;
   }
 }
-
-namespace {
-
-bool isMultiLine(const QWidget* control) { return control->inherits("QPlainTextEdit"); }
-
-}  // namespace
 
 bool Form::mousePressed(QWidget* watched, QMouseEvent* event) {
   // The title of a grid is part of it: a click there is a change of control as well.

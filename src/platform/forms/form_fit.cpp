@@ -123,13 +123,11 @@ void Form::changeEvent(QEvent* event) {
 
 void Form::centre() {
   ensurePolished();
-  if (layout() != nullptr) layout()->activate();
   resize(size().expandedTo(minimumSizeHint()));
   fitScreen();
-  resize(size().boundedTo(room().size()));
   const QSize left = (screenSize() - size()) / 2;
   const QRect all = room();
-  const QPoint last = all.topLeft() + QPoint(all.width() - width(), all.height() - height());
+  const QPoint last = all.bottomRight() - rect().bottomRight();
   move(std::clamp(left.width(), all.left(), std::max(all.left(), last.x())),
        std::clamp(left.height(), all.top(), std::max(all.top(), last.y())));
 }

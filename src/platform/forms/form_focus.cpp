@@ -24,7 +24,7 @@ QWidget* Form::controlOf(QWidget* widget) const {
 
 void Form::noteFocus(QWidget* now) {
   // Another window, a popup, or none: no change between the form's own controls.
-  if (!shown_ || now == nullptr || now == this || now->window() != this) return;
+  if (!isVisible() || now == nullptr || now == this || now->window() != this) return;
   QWidget* control = controlOf(now);
   // An option that gets the focus takes its place in the chain of Tab, asked or not.
   if (control->property(kOffChain).toBool()) control->setFocusPolicy(Qt::ClickFocus);
@@ -40,15 +40,7 @@ void Form::noteFocus(QWidget* now) {
   }
   waiting_.push_back({control, Event::GotFocus});
   current_ = control;
-  if (flushPosted_) return;
-  flushPosted_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        flushPosted_ = false;
-        flushFocusEvents();
-      },
-      Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &Form::flushFocusEvents, Qt::QueuedConnection);
 }
 
 namespace {

@@ -8,16 +8,13 @@
 // Frames that open over the form.
 namespace forms {
 
-namespace {
-constexpr int kShade = 18;
-}
-
 void Form::addOverFrame(QWidget* frame, int left, int top, QAbstractButton* closeButton) {
   frame->setParent(this);
   frame->hide();
   frame->setAutoFillBackground(true);
   frame->setProperty("overFrame", true);
   if (auto* plain = qobject_cast<QFrame*>(frame)) plain->setFrameStyle(QFrame::Box | QFrame::Plain);
+  constexpr int kShade = 18;
   auto* shade = new QGraphicsDropShadowEffect(frame);
   shade->setBlurRadius(kShade);
   shade->setOffset(0, kShade / 4.0);

@@ -28,14 +28,11 @@ GridRow::GridRow(std::initializer_list<std::pair<int, QString>> cells) {
 
 void GridRow::set(int column, const QString& text) {
   if (texts_.size() <= column) texts_.resize(column + 1);
-  texts_[column] = text;
-  if (text.contains(u'\t')) texts_[column].replace(u'\t', u' ');
+  (texts_[column] = text).replace(u'\t', u' ');
 }
 
 QString GridRow::text(int column) const {
-  if (!lot_) return texts_.value(column);
-  QString text = (*lot_)(at_, column);
-  return text.contains(u'\t') ? text.replace(u'\t', u' ') : text;
+  return lot_ ? (*lot_)(at_, column).replace(u'\t', u' ') : texts_.value(column);
 }
 
 GridModel::GridModel(const QString& name, QObject* parent) : QAbstractTableModel(parent), rows_(1) {

@@ -27,8 +27,7 @@ Form* find(const QString& name) {
 
 Form& add(std::unique_ptr<Form> form) {
   // Widgets must be gone before the application is.
-  static const bool cleared = (qAddPostRoutine(clear), true);
-  Q_UNUSED(cleared)
+  [[maybe_unused]] static const bool cleared = (qAddPostRoutine(clear), true);
   if (form->objectName().isEmpty()) form->setObjectName(QString::fromLatin1(form->metaObject()->className()));
   const QString name = form->objectName();
   return *(all()[name] = std::move(form));
@@ -58,10 +57,6 @@ void noteHidden(Form* form) { shownForms.removeOne(form); }
 QObject* findControl(const QString& formName, const QString& controlName) {
   const Form* form = registry::find(formName);
   return form == nullptr ? nullptr : form->findChild<QObject*>(controlName);
-}
-
-void writeControl(const QString& formName, const QString& controlName, const QString& text) {
-  if (QObject* control = findControl(formName, controlName)) setControlText(control, text);
 }
 
 }  // namespace forms

@@ -34,10 +34,7 @@ bool isEnabledPrincipal(const QStyleOption& option, const QWidget* widget) {
 }
 
 bool isLockedField(const QWidget* widget) {
-  return (qobject_cast<const QLineEdit*>(widget) != nullptr ||
-          qobject_cast<const Combo*>(widget) != nullptr ||
-          qobject_cast<const QPlainTextEdit*>(widget) != nullptr) &&
-         isLocked(widget);
+  return widget != nullptr && widget->property("readOnly").toBool();
 }
 
 QColor between(const QColor& from, const QColor& to, double way) {

@@ -46,11 +46,6 @@ List envelope(std::vector<Address> to, const std::vector<Address>& copy) {
 /// TLS from the start on its own port.
 bool isTlsPort(const QString& server) { return server.section(u':', -1).toInt() == 465; }
 
-template <class Value>
-void set(CURL* handle, CURLoption option, Value value) {
-  curl_easy_setopt(handle, option, value);
-}
-
 /// A line to the server with all but the message. TLS is taken where it is offered; the dialogue sees to it
 /// that it succeeds then.
 Handle makeHandle(const MailMessage& mail, Dialogue& dialogue) {
@@ -60,24 +55,25 @@ Handle makeHandle(const MailMessage& mail, Dialogue& dialogue) {
   CURL* curl = handle.get();
   const QString server = mail.Server.trimmed();
   const QByteArray url = (isTlsPort(server) ? "smtps://" : "smtp://") + server.toUtf8();
-  set(curl, CURLOPT_URL, url.constData());
-  set(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
-  set(curl, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
-  set(curl, CURLOPT_PROXY, "");
-  if (!settings().caFile.isEmpty()) set(curl, CURLOPT_CAINFO, settings().caFile.toLocal8Bit().constData());
+  curl_easy_setopt(curl, CURLOPT_URL, url.constData());
+  curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+  curl_easy_setopt(curl, CURLOPT_USE_SSL, long{CURLUSESSL_TRY});
+  curl_easy_setopt(curl, CURLOPT_PROXY, "");
+  if (!settings().caFile.isEmpty())
+    curl_easy_setopt(curl, CURLOPT_CAINFO, settings().caFile.toLocal8Bit().constData());
   if (mail.AuthenticationType == kLogin && !mail.Username.isEmpty()) {
-    set(curl, CURLOPT_USERNAME, mail.Username.toUtf8().constData());
-    set(curl, CURLOPT_PASSWORD, mail.Password.toUtf8().constData());
+    curl_easy_setopt(curl, CURLOPT_USERNAME, mail.Username.toUtf8().constData());
+    curl_easy_setopt(curl, CURLOPT_PASSWORD, mail.Password.toUtf8().constData());
     // The methods that take user and password as they are, whatever else the server offers.
-    set(curl, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
+    curl_easy_setopt(curl, CURLOPT_LOGIN_OPTIONS, "AUTH=PLAIN;AUTH=LOGIN");
   }
   // Up to the end of the login; what follows has the dialogue's limits.
-  set(curl, CURLOPT_CONNECTTIMEOUT, long{settings().connectTimeout});
-  set(curl, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, long{settings().connectTimeout});
+  curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
   // A name server that doesn't answer is not waited for beyond that time.
-  set(curl, CURLOPT_QUICK_EXIT, 1L);
+  curl_easy_setopt(curl, CURLOPT_QUICK_EXIT, 1L);
   // The line is closed while the dialogue still listens, so that the good-bye has its limit.
-  set(curl, CURLOPT_FORBID_REUSE, 1L);
+  curl_easy_setopt(curl, CURLOPT_FORBID_REUSE, 1L);
   dialogue.listenTo(curl);
   return handle;
 }
@@ -92,8 +88,8 @@ void perform(CURL* curl, const Dialogue& dialogue, const QString& server) {
 bool MailMessage::tryLogin() const {
   Dialogue dialogue(isTlsPort(Server), Password, settings().stallTimeout);
   const Handle handle = makeHandle(*this, dialogue);
-  set(handle.get(), CURLOPT_NOBODY, 1L);
-  set(handle.get(), CURLOPT_CUSTOMREQUEST, "NOOP");
+  curl_easy_setopt(handle.get(), CURLOPT_NOBODY, 1L);
+  curl_easy_setopt(handle.get(), CURLOPT_CUSTOMREQUEST, "NOOP");
   perform(handle.get(), dialogue, Server);
   return dialogue.encrypted();
 }
@@ -119,10 +115,10 @@ void MailMessage::SendEmail() const {
   lines.push_back(textHeader("Subject", MessageSubject));
   lines.push_back(parts.typeHeader);
   const List headers = makeList(lines);
-  set(curl, CURLOPT_MAIL_FROM, sender.constData());
-  set(curl, CURLOPT_MAIL_RCPT, recipients.get());
-  set(curl, CURLOPT_HTTPHEADER, headers.get());
-  set(curl, CURLOPT_MIMEPOST, parts.mime.get());
+  curl_easy_setopt(curl, CURLOPT_MAIL_FROM, sender.constData());
+  curl_easy_setopt(curl, CURLOPT_MAIL_RCPT, recipients.get());
+  curl_easy_setopt(curl, CURLOPT_HTTPHEADER, headers.get());
+  curl_easy_setopt(curl, CURLOPT_MIMEPOST, parts.mime.get());
   perform(curl, dialogue, server);
 }
 

@@ -115,8 +115,7 @@ struct Tree::Document {
 
 Tree::Tree(const QByteArray& html, Encoding encoding) {
   // Without a word for its language the library changes the whole program's.
-  static const Bool english = tidySetLanguage("en");
-  Q_UNUSED(english)
+  [[maybe_unused]] static const Bool english = tidySetLanguage("en");
   document_ = std::make_shared<Document>(withTypedLines(html));
   const TidyDoc tidy = document_->tidy;
   for (const TidyOptionId off : {TidyDropEmptyElems, TidyDropEmptyParas, TidyFixBackslash, TidyFixUri})

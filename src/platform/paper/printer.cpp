@@ -15,17 +15,6 @@ namespace {
 
 constexpr double kFootSize = 8, kFootRise = 20;  // points; its line's distance from the paper's end
 
-/// What all layouts measure with.
-QImage& measuringDevice() {
-  static QImage device = [] {
-    QImage made(1, 1, QImage::Format_RGB32);
-    made.setDotsPerMeterX(qRound(kDotsPerInch / 0.0254));
-    made.setDotsPerMeterY(qRound(kDotsPerInch / 0.0254));
-    return made;
-  }();
-  return device;
-}
-
 class Painting {
  public:
   Painting(QTextDocument& text, const Sheet& sheet, QPagedPaintDevice& device)
@@ -82,10 +71,13 @@ class Painting {
 }  // namespace
 
 void layOutForAnyDevice(QTextDocument& text) {
+  static QImage device(1, 1, QImage::Format_RGB32);
+  device.setDotsPerMeterX(qRound(kDotsPerInch / 0.0254));
+  device.setDotsPerMeterY(qRound(kDotsPerInch / 0.0254));
   text.setDocumentMargin(0);
   text.setUndoRedoEnabled(false);
   text.setUseDesignMetrics(true);
-  text.documentLayout()->setPaintDevice(&measuringDevice());
+  text.documentLayout()->setPaintDevice(&device);
 }
 
 bool print(QTextDocument& text, const Sheet& sheet, QPagedPaintDevice& device) {

@@ -1,6 +1,6 @@
 #include "platform/values/dates.h"
 
-#include <algorithm>
+#include <QRegularExpression>
 #include <optional>
 
 #include "platform/values/runtime_error.h"
@@ -16,26 +16,12 @@ constexpr int kFirstYear = 1753;
 
 std::function<QDateTime()> ownClock;
 
-/// Whole number in a fixed place, -1 where a character is no digit.
-int digits(QStringView text, qsizetype at, qsizetype count) {
-  int value = 0;
-  for (const QChar c : text.sliced(at, count)) {
-    if (c < u'0' || c > u'9') return -1;
-    value = value * 10 + (c.unicode() - u'0');
-  }
-  return value;
-}
-
 std::optional<QDateTime> parse(QStringView text) {
-  const bool withTime = text.size() == 16;
-  if (text.size() != 10 && !withTime) return std::nullopt;
-  if (text[2] != u'/' || text[5] != u'/') return std::nullopt;
-  const QDate date(digits(text, 6, 4), digits(text, 3, 2), digits(text, 0, 2));
-  QTime time(0, 0);
-  if (withTime) {
-    if (text[10] != u' ' || text[13] != u':') return std::nullopt;
-    time = QTime(digits(text, 11, 2), digits(text, 14, 2));
-  }
+  // The library takes blanks and short years as well.
+  static const QRegularExpression form(uR"(^\d\d/\d\d/\d{4}(?: \d\d:\d\d)?\z)"_s);
+  if (!form.match(text.toString()).hasMatch()) return std::nullopt;
+  const QDate date = QDate::fromString(text.first(10), u"dd/MM/yyyy");
+  const QTime time = text.size() == 10 ? QTime(0, 0) : QTime::fromString(text.sliced(11), u"hh:mm");
   if (!date.isValid() || date.year() < kFirstYear || !time.isValid()) return std::nullopt;
   return wallClock(date, time);
 }
@@ -53,38 +39,9 @@ QDateTime toDate(QStringView text) {
 }
 
 QString formatDate(const QDateTime& date, QStringView form) {
-  return date.isValid() ? formatDate(date.date(), date.time(), form) : QString();
-}
-
-QString formatDate(QDate date, QTime time, QStringView form) {
-  int year = 0, month = 0, day = 0;
-  date.getDate(&year, &month, &day);
-  QString out(form.size(), Qt::Uninitialized);
-  QChar* at = out.data();
-  const auto write = [&at](int value, int width) {
-    for (int place = width; place > 0; --place, value /= 10) at[place - 1] = QChar(u'0' + value % 10);
-    at += width;
-  };
-  bool behindHours = false;
-  for (qsizetype i = 0; i < form.size();) {
-    qsizetype width = 1;
-    while (i + width < form.size() && form[i + width] == form[i]) ++width;
-    const int places = static_cast<int>(width);
-    const QChar sign = form[i];
-    const int value = sign == u'y'   ? year
-                      : sign == u'd' ? day
-                      : sign == u'h' ? time.hour()
-                      : sign == u's' ? time.second()
-                      : sign == u'm' ? (behindHours ? time.minute() : month)
-                                     : -1;
-    if (value >= 0)
-      write(value, places);
-    else
-      at = std::fill_n(at, places, sign);
-    behindHours = behindHours || sign == u'h';
-    i += width;
-  }
-  return out;
+  // The library's months are capitals.
+  const QString all = form.toString(), days = all.section(u'h', 0, 0);
+  return date.toString(QString(days).replace(u'm', u'M') + all.sliced(days.size()));
 }
 
 QString formatDate(const QString& text, QStringView form) {
@@ -93,7 +50,7 @@ QString formatDate(const QString& text, QStringView form) {
 }
 
 QString toText(QDate date, QTime time) {
-  return formatDate(date, time, time == QTime(0, 0) ? u"dd/mm/yyyy" : u"dd/mm/yyyy hh:mm:ss");
+  return formatDate(wallClock(date, time), time == QTime(0, 0) ? u"dd/mm/yyyy" : u"dd/mm/yyyy hh:mm:ss");
 }
 
 QDateTime now() {

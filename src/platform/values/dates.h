@@ -21,7 +21,6 @@ namespace values {
 /// A date in one of the program's forms: "dd/mm/yyyy", "dd/mm/yyyy hh:mm", "yyyymmdd", "yyyymmdd hh:mm",
 /// "yyyy/mm/dd", "dd/mm". mm after hh is minutes. An invalid date gives an empty text.
 [[nodiscard]] QString formatDate(const QDateTime& date, QStringView form);
-[[nodiscard]] QString formatDate(QDate date, QTime time, QStringView form);
 
 /// The same for a text that is a date; any other text comes back as it stands.
 [[nodiscard]] QString formatDate(const QString& text, QStringView form);

@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <algorithm>
 
 namespace values {
 
@@ -13,8 +12,6 @@ enum class HtmlEncoding : uint { Ascii = 0x80, Latin1 = 0x100 };
 /// HTML as bytes. A character that the encoding lacks becomes a decimal numeric character reference, so that
 /// nothing is lost.
 [[nodiscard]] inline QByteArray toHtmlBytes(const QString& html, HtmlEncoding encoding) {
-  const auto isInside = [encoding](QChar one) { return one.unicode() < static_cast<uint>(encoding); };
-  if (std::all_of(html.begin(), html.end(), isInside)) return html.toLatin1();
   QByteArray bytes;
   for (const uint code : html.toUcs4()) {
     if (code < static_cast<uint>(encoding))

@@ -1,5 +1,6 @@
 #include "platform/values/numbers.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -35,35 +36,13 @@ double parse(const QByteArray& digits, std::chars_format format = std::chars_for
   return error == std::errc{} ? value : 0.0;
 }
 
-/// Walks over a number in the regional form; nullopt-like empty text when it is none. Gives point notation.
+/// A number of the regional form in point notation; empty where the text is none.
 QByteArray regionalDigits(QStringView text) {
-  QByteArray out;
-  qsizetype at = 0;
-  const auto more = [&] { return at < text.size(); };
-  if (more() && (text[at] == u'-' || text[at] == u'+')) out += text[at++] == u'-' ? '-' : '+';
-  int digits = 0;
-  bool comma = false;
-  for (; more(); ++at) {
-    if (isDigit(text[at])) {
-      out += static_cast<char>(text[at].unicode());
-      ++digits;
-    } else if (text[at] == u',' && !comma) {
-      comma = true;
-      out += '.';
-    } else if (text[at] != u'.' || comma || digits == 0) {
-      break;
-    }
-  }
-  if (digits == 0) return {};
-  if (more() && (text[at] == u'E' || text[at] == u'e')) {
-    out += 'e';
-    ++at;
-    if (more() && (text[at] == u'-' || text[at] == u'+')) out += text[at++] == u'-' ? "-" : "";
-    const qsizetype start = at;
-    for (; more() && isDigit(text[at]); ++at) out += static_cast<char>(text[at].unicode());
-    if (at == start) return {};
-  }
-  return more() ? QByteArray() : out;
+  static const QRegularExpression form(uR"(^([+-]?)(\d[\d.]*)?(?:,(\d*))?([Ee][+-]?\d+)?\z)"_s);
+  const auto found = form.match(text.toString());
+  const QString whole = found.captured(2).remove(u'.'), part = found.captured(3);
+  if (whole.isEmpty() && part.isEmpty()) return {};
+  return QString(found.captured(1) + whole + u'.' + part + found.captured(4).toLower()).toLatin1();
 }
 
 /// A number of 15 significant digits: they times 10 to the power of exponent.
@@ -102,7 +81,6 @@ QString plain(const Decimal& number, int leastDigits, int decimals) {
 }
 
 double rounded(double number) {
-  if (!std::isfinite(number)) raise(kOverflow);
   if (std::abs(number) >= 1e15) return number;
   return plain(decompose(number), 1, 0).toDouble();
 }

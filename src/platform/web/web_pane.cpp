@@ -24,11 +24,10 @@ constexpr double kStep = 0.1;
 
 std::optional<QByteArray> contentOf(const QString& path) {
   try {
-    if (files::exists(path)) return files::readAll(path);
+    return files::readAll(path);
   } catch (const values::RuntimeError&) {
-    // The pane says so.
+    return {};  // the pane says so
   }
-  return {};
 }
 
 }  // namespace
@@ -47,17 +46,10 @@ WebPane::WebPane(QWidget* parent) : QWidget(parent), bar_(new FindBar(*this)) {
   setBackgroundRole(QPalette::Base);
 }
 
-void WebPane::navigate(const QString& path, const QString& ifMissing) {
+void WebPane::navigate(const QString& path, const QString& ifMissing, std::optional<QByteArray> part) {
   path_ = path;
   ifMissing_ = ifMissing;
-  part_.reset();
-  pending_ = true;
-  if (isVisible()) load();
-}
-
-void WebPane::showPart(const QByteArray& html, const QString& path) {
-  path_ = path;
-  part_ = html;
+  part_ = std::move(part);
   pending_ = true;
   if (isVisible()) load();
 }

@@ -35,10 +35,9 @@ class WebPane : public QWidget {
   void setPictureFolders(const QStringList& folders) { folders_ = folders; }
   /// Shows the file of a path as the program knows it (drive letters are resolved); an empty path shows an
   /// empty pane, a file that can't be read a sentence: the one given, or one that names the path. It is
-  /// loaded when the pane is first visible or asked about.
-  void navigate(const QString& path, const QString& ifMissing = {});
-  /// Shows HTML that isn't a file's: a part of the one at this path.
-  void showPart(const QByteArray& html, const QString& path);
+  /// loaded when the pane is first visible or asked about. In the file's place `part` is shown, HTML that is
+  /// a part of it.
+  void navigate(const QString& path, const QString& ifMissing = {}, std::optional<QByteArray> part = {});
   /// The path last given.
   [[nodiscard]] const QString& path() const { return path_; }
   /// What stands on paper below the second page and those after it, with the page's number. Before
