@@ -7,6 +7,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . setup/common.sh
 
+install_packages setup/packages.txt setup/check_packages.txt
 [ -f build/release/compile_commands.json ] || fail "Build first: ./test.sh"
 [ "$#" -gt 0 ] || mapfile -t sources < <(git ls-files 'src/*.cpp' 'tools/*.cpp' 'sample/*.cpp')
 [ "$#" = 0 ] || sources=("$@")
