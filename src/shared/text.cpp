@@ -111,6 +111,7 @@ QString numeroDocumento(const QString& id) { return values::format(id, u"000000"
 
 QString maiusculas(const QString& texto) {
   QString alto = texto;
-  for (QChar& c : alto) c = c.toUpper();
+  for (QChar& c : alto)
+    if (c >= u'a') c = c.toUpper();
   return alto;
 }

@@ -118,8 +118,7 @@ constexpr QStringView kBeforeSelect[] = {u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN
 /// The words stand in the order of their first letters.
 bool isOneOf(std::span<const QStringView> words, const SqlToken& token) {
   if (token.kind != Kind::Word) return false;
-  const auto first = [](QStringView word) { return word[0]; };
-  const auto alike = std::ranges::equal_range(words, token.text[0].toUpper(), {}, first);
+  const auto alike = std::ranges::equal_range(words, token.text[0].toUpper(), {}, &QStringView::front);
   return std::ranges::any_of(alike, [&](QStringView word) { return token.isWord(word); });
 }
 

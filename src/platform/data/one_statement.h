@@ -16,6 +16,13 @@ enum class Statements : quint8 {
   Unpaired,  ///< a quote without its pair: every database refuses the text, with what follows in a batch
 };
 
+/// Whether they are the same whatever the case; not of empty ones.
+[[nodiscard]] inline bool isSameWord(QStringView one, QStringView other) {
+  constexpr char16_t kCase = 0x20;  // what a capital letter lacks
+  return one.size() == other.size() && (one[0].unicode() | kCase) == (other[0].unicode() | kCase) &&
+         one.compare(other, Qt::CaseInsensitive) == 0;
+}
+
 /// A piece of a statement, as it is written there. The default is the end of the text.
 struct SqlToken {
   enum class Kind : quint8 {
@@ -33,12 +40,7 @@ struct SqlToken {
 
   [[nodiscard]] bool isSign(char16_t sign) const { return kind == Kind::Sign && text[0] == sign; }
   /// Whether it is this word, whatever the case.
-  [[nodiscard]] bool isWord(QStringView word) const {
-    constexpr char16_t kCase = 0x20;  // what a capital letter lacks
-    return kind == Kind::Word && text.size() == word.size() &&
-           (text[0].unicode() | kCase) == (word[0].unicode() | kCase) &&
-           text.compare(word, Qt::CaseInsensitive) == 0;
-  }
+  [[nodiscard]] bool isWord(QStringView word) const { return kind == Kind::Word && isSameWord(text, word); }
 };
 
 /// A statement as it goes to an engine, with what the one look at its text has found.

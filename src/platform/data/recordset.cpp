@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/data/one_statement.h"
 #include "platform/values/dates.h"
 #include "platform/values/numbers.h"
 #include "platform/values/runtime_error.h"
@@ -72,7 +73,7 @@ const QStringList& Recordset::columns() const {
 int Recordset::longest(QStringView field) const {
   if (!isOpen() || rows_ > 0) return 0;
   for (qsizetype at = 0; at < columns_->longest.size(); ++at)
-    if (field.compare(columns_->names[at], Qt::CaseInsensitive) == 0) return columns_->longest[at];
+    if (isSameWord(field, columns_->names[at])) return columns_->longest[at];
   return 0;
 }
 
@@ -80,8 +81,7 @@ qsizetype Recordset::place(QStringView field) const {
   if (eof()) values::raise(values::kNoCurrentRecord);
   const QStringList& names = columns_->names;
   for (qsizetype column = 0; column < names.size(); ++column)
-    if (names[column].size() == field.size() && field.compare(names[column], Qt::CaseInsensitive) == 0)
-      return static_cast<qsizetype>(row_) * names.size() + column;
+    if (isSameWord(field, names[column])) return static_cast<qsizetype>(row_) * names.size() + column;
   values::raise(values::kUnknownField, field.toString());
 }
 

@@ -70,7 +70,7 @@ void Combo::complete(const QString& typed) {
 void Combo::setText(const QString& text) {
   const QSignalBlocker quiet(this);
   setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
-  setEditText(text);
+  if (currentText() != text) setEditText(text);
   lineEdit()->setCursorPosition(0);
 }
 

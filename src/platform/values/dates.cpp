@@ -17,11 +17,11 @@ constexpr int kFirstYear = 1753;
 std::function<QDateTime()> ownClock;
 
 std::optional<QDateTime> parse(QStringView text) {
-  // The library takes blanks and short years as well.
   static const QRegularExpression form(uR"(^\d\d/\d\d/\d{4}(?: \d\d:\d\d)?\z)"_s);
   if (!form.match(text.toString()).hasMatch()) return std::nullopt;
-  const QDate date = QDate::fromString(text.first(10), u"dd/MM/yyyy");
-  const QTime time = text.size() == 10 ? QTime(0, 0) : QTime::fromString(text.sliced(11), u"hh:mm");
+  const auto number = [text](qsizetype at, qsizetype count) { return text.sliced(at, count).toInt(); };
+  const QDate date(number(6, 4), number(3, 2), number(0, 2));
+  const QTime time = text.size() == 10 ? QTime(0, 0) : QTime(number(11, 2), number(14, 2));
   if (!date.isValid() || date.year() < kFirstYear || !time.isValid()) return std::nullopt;
   return wallClock(date, time);
 }
