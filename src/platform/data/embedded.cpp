@@ -120,14 +120,14 @@ class EmbeddedEngine final : public Engine {
     if (statement == nullptr) return {};
     int outcome = sqlite3_step(statement);  // which reads a changed table's columns anew
     const int width = sqlite3_column_count(statement);
-    std::vector<bool> dates;
-    for (int column = 0; column < width; ++column) dates.push_back(declares(statement, column, "datetime"));
+    QList<bool> dates;
+    for (int column = 0; column < width; ++column) dates << declares(statement, column, "datetime");
     const auto columns = columnsOf(statement, outcome == SQLITE_DONE);
     ResultValues values;
     // A column's value may be read itself, for the library was opened without locks of its own.
     for (; outcome == SQLITE_ROW; outcome = rows == Rows::All ? sqlite3_step(statement) : SQLITE_DONE)
       for (int column = 0; column < width; ++column)
-        read(sqlite3_column_value(statement, column), dates[static_cast<std::size_t>(column)], values);
+        read(sqlite3_column_value(statement, column), dates[column], values);
     if (outcome != SQLITE_DONE) fail();
     if (width == 0) return {};
     return {columns, std::move(values)};

@@ -115,11 +115,12 @@ constexpr QStringView kBeforeSubselect[] = {
 /// Words before a SELECT that goes on with the same statement.
 constexpr QStringView kBeforeSelect[] = {u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"};
 
-/// The words stand in the order of their first letters.
+/// The words stand in the order of their first letters; the token is not the end.
 bool isOneOf(std::span<const QStringView> words, const SqlToken& token) {
-  if (token.kind != Kind::Word) return false;
-  const auto alike = std::ranges::equal_range(words, token.text[0].toUpper(), {}, &QStringView::front);
-  return std::ranges::any_of(alike, [&](QStringView word) { return token.isWord(word); });
+  const QChar first = token.text[0].toUpper();
+  const auto order = [](QStringView one, QStringView other) { return one[0] < other[0]; };
+  const auto [from, to] = std::equal_range(words.begin(), words.end(), QStringView(&first, 1), order);
+  return std::any_of(from, to, [&](QStringView word) { return token.isWord(word); });
 }
 
 class Look {

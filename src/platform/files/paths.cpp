@@ -103,7 +103,7 @@ QString resolve(const QString& path) {
   if (root.isEmpty()) return path;
   const QStringList parts = partsBelowDrive(path);
   const QString asked = parts.isEmpty() ? root : root + u'/' + parts.join(u'/');
-  const QString found = QFileInfo::exists(asked) ? asked : descend(root, parts);
+  QString found = QFileInfo::exists(asked) ? asked : descend(root, parts);
   if (!staysIn(root, found)) values::raise(values::kPermissionDenied, path);
   return found;
 }

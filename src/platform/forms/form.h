@@ -50,7 +50,6 @@ class Form : public QDialog {
   void showModal();
   /// Forgets it at once, from its own handler too; it is deleted later, and the next use makes it again.
   void unload();
-  [[nodiscard]] bool isLoaded() const { return loaded_; }
 
   /// A frame that opens over the form at a place in twips from the form's top left, moved as far as it needs
   /// to be wholly visible. It takes the focus, Tab stays within it, Esc clicks its close button.

@@ -41,7 +41,6 @@ TEST_F(Life, AModalFormUnloadsFromItsOwnHandlerAndTheNextUseMakesItAnew) {
   EXPECT_EQ(QApplication::activeWindow(), &sample);
   EXPECT_TRUE(form<frmOther>().windowTitle().isEmpty());
   form<frmOther>().hide();
-  EXPECT_TRUE(form<frmOther>().isLoaded());
   EXPECT_EQ(frmOther::loads, 2);
 }
 
@@ -49,11 +48,11 @@ TEST_F(Life, EscAndXCloseUnlessTheCloseEntryIsGone) {
   support::Script script;
   open(script, [this](frmOther& other) {
     sample.close();  // as a desktop may ask of a window under another one
-    EXPECT_TRUE(sample.isLoaded());
+    EXPECT_EQ(forms::registry::find(sample.objectName()), &sample);
     other.removeCloseEntry();
     support::key(&other, Qt::Key_Escape);
     other.close();
-    EXPECT_TRUE(other.isLoaded());
+    EXPECT_EQ(forms::registry::find(other.objectName()), &other);
     other.escClicks(other.cmdGo);
     other.on(other.cmdGo, forms::Event::Click, [&other] { other.unload(); });
     support::key(&other, Qt::Key_Escape);
@@ -118,7 +117,7 @@ TEST_F(Life, RealBoxesAnswerToKeys) {
       for (const QKeyCombination key : one.keys) press(key);
     });
     EXPECT_EQ(forms::msgBox({.text = u"a"_s, .buttons = one.buttons, .usual = one.usual}), one.answer);
-    EXPECT_TRUE(sample.isLoaded());
+    EXPECT_EQ(forms::registry::find(sample.objectName()), &sample);
   }
   QTimer::singleShot(0, &sample, [] {
     QWidget* box = QApplication::activeModalWidget();
