@@ -8,7 +8,6 @@
 #include <sqlext.h>
 
 #include <QRegularExpression>
-#include <QSet>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlField>
@@ -114,10 +113,10 @@ void readField(const QSqlQuery& query, int column, QMetaType declared, ResultVal
     return readDate(statement, place, values);
   const std::optional<QString> text = readText(statement, place);
   if (!text) return values.addNull();
-  static const QSet<int> kWhole{QMetaType::Int, QMetaType::UInt, QMetaType::LongLong, QMetaType::ULongLong,
-                                QMetaType::Bool};
-  if (declared.id() == QMetaType::Double) return values.addNumber(text->toDouble());
-  if (kWhole.contains(declared.id())) return values.addInteger(text->toLongLong());
+  const int type = declared.id();
+  if (type == QMetaType::Double) return values.addNumber(text->toDouble());
+  // All whole ones stand between these.
+  if (type >= QMetaType::Bool && type <= QMetaType::ULongLong) return values.addInteger(text->toLongLong());
   values.addText(*text);
 }
 

@@ -115,11 +115,14 @@ constexpr QStringView kBeforeSubselect[] = {
 /// Words before a SELECT that goes on with the same statement.
 constexpr QStringView kBeforeSelect[] = {u"ALL", u"EXCEPT", u"INTERSECT", u"PLAN", u"UNION"};
 
-/// The words stand in the order of their first letters; the token is not the end.
+constexpr auto kOrder = [](QStringView one, QStringView other) { return one[0] < other[0]; };
+static_assert(std::ranges::is_sorted(kBeginnings, kOrder) && std::ranges::is_sorted(kBeforeSelect, kOrder) &&
+              std::ranges::is_sorted(kBeforeSubselect, kOrder));
+
+/// Whether a token is one of some words in the order of their first letters; not of the end.
 bool isOneOf(std::span<const QStringView> words, const SqlToken& token) {
   const QChar first = token.text[0].toUpper();
-  const auto order = [](QStringView one, QStringView other) { return one[0] < other[0]; };
-  const auto [from, to] = std::equal_range(words.begin(), words.end(), QStringView(&first, 1), order);
+  const auto [from, to] = std::equal_range(words.begin(), words.end(), QStringView(&first, 1), kOrder);
   return std::any_of(from, to, [&](QStringView word) { return token.isWord(word); });
 }
 

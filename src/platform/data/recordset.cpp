@@ -1,6 +1,5 @@
 #include "platform/data/recordset.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "platform/data/one_statement.h"

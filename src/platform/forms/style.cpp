@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QHash>
 #include <QLibraryInfo>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QProxyStyle>

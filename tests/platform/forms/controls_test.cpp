@@ -26,23 +26,6 @@ TEST_F(Controls, AMaskedBoxTakesDigitsAndKeepsItsPromptCharacters) {
   }
 }
 
-TEST_F(Controls, ACompletingComboTakesTheOneEntryThatATypedBeginningFits) {
-  forms::Combo& combo = *sample.cboC;
-  QObject::connect(&combo, &forms::Combo::dropDown, &combo, [&] {
-    combo.setEntries({u"Ana Lima"_s, u"Ana Maria"_s, u"Bia"_s});
-  });
-  combo.setCompleting(true);
-  for (const auto& [typed, taken] : {std::pair(u"ana"_s, u"ana"_s),
-                                     {u"ana m"_s, u"Ana Maria"_s},
-                                     {u"ana mx"_s, u"ana mx"_s},
-                                     {u"b"_s, u"Bia"_s}}) {
-    support::type(&combo, typed);
-    EXPECT_EQ(combo.text().toLower(), taken.toLower());
-  }
-  support::key(&combo, Qt::Key_Backspace);
-  EXPECT_EQ(combo.text(), u"B"_s);
-}
-
 TEST_F(Controls, ARemarkShowsItsFirstLineWhenItIsLoadedEnteredAndLeft) {
   QPlainTextEdit& box = *sample.txtLines;
   box.setFixedHeight(24);

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QProcess>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include "platform/files/contents.h"
@@ -19,15 +17,6 @@ namespace {
 class WordProcessorTest : public ::testing::Test {
  protected:
   QString path(const QString& name) const { return folder_.filePath(name); }
-
-  /// Prints it and gives what a tool says of the file.
-  QString printed(WordProcessor& word, const QString& program, QStringList arguments) {
-    word.printToPdf(path(u"x.pdf"_s));
-    QProcess tool;
-    tool.start(program, arguments.replaceInStrings(u"x.pdf"_s, path(u"x.pdf"_s)));
-    EXPECT_TRUE(tool.waitForFinished()) << "poppler-utils is needed";
-    return QString::fromUtf8(tool.readAllStandardOutput());
-  }
 
   QTemporaryDir folder_;
 };
@@ -48,27 +37,12 @@ TEST_F(WordProcessorTest, WritesTablesTextsAndPicturesAsRichText) {
   const QByteArray rtf = toRtf(word.document());
 
   EXPECT_EQ(rtf.count('{') - rtf.count("\\{"), rtf.count('}') - rtf.count("\\}"));
+  EXPECT_EQ(rtf.count("\\par\n"), 3) << "a line in a cell, the empty one after the table, the last";
   EXPECT_EQ(rtf.count("\\row\n"), 2) << "moving on from the last cell adds a row";
   EXPECT_TRUE(rtf.contains("\\picwgoal1440\\pichgoal720\\jpegblip")) << "96 dots are an inch";
   EXPECT_TRUE(rtf.contains("Pra\\u231?a \\{1\\}")) << rtf.constData();
   EXPECT_TRUE(rtf.contains("\\u8211? R$ \\\\ ")) << "what code page 1252 lacks goes out as well";
   EXPECT_TRUE(rtf.contains("\\cellx3892")) << "200 points less the outer padding";
-}
-
-TEST_F(WordProcessorTest, AnEmptyLineStandsBetweenTwoTables) {
-  WordProcessor word;
-  for (const auto& text : {u"um"_s, u"dois"_s}) {
-    word.addTable(1, true);
-    word.typeText(text);
-    word.moveAfterTable();
-  }
-  const QString words = printed(word, u"pdftotext"_s, {u"-bbox"_s, u"x.pdf"_s, u"-"_s});
-  const auto top = [&words](const QString& text) {
-    const QRegularExpression place(u"yMin=\"([0-9.]+)\"[^>]*>%1<"_s.arg(text));
-    return place.match(words).captured(1).toDouble();
-  };
-  EXPECT_GT(top(u"dois"_s) - top(u"um"_s), 2 * 12 + 2 * 2.25) << words.toStdString();
-  EXPECT_EQ(toRtf(word.document()).count("\\par\n"), 3) << "the empty one, and two after the last table";
 }
 
 TEST_F(WordProcessorTest, FaultsAreReported) {
