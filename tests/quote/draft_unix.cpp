@@ -196,6 +196,7 @@ TEST_P(StoredDraft, OfACommitThatFailedIsNotTakenForWhatGotItsIdsNext) {
   EXPECT_EQ(ask(u"SELECT count(*) FROM prop_cmrc"_s), GetParam() ? u"1"_s : u"2"_s);
   EXPECT_EQ(ask(u"SELECT prop_cmrc_desc FROM prop_cmrc WHERE idprop_cmrc = 1"_s),
             GetParam() ? u"PRATA"_s : u"OUTRA"_s);
+  rascunho::guarda().desliga();
   EXPECT_EQ(kept(), QStringList());
 }
 
