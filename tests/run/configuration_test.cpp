@@ -136,7 +136,6 @@ TEST_F(Configuration, Failures) {
     forms::Icon icon;
     std::optional<QString> title;
   } cases[] = {{u"\n"_s + line(), u"PRD"_s, kNoLine, forms::Icon::None, linesTitle},
-               {u"   \n"_s + line(), u"PRD"_s, kNoLine, forms::Icon::None, linesTitle},
                {line(), u"HIST"_s, kNoLine, forms::Icon::None, linesTitle},
                {line() + u"\nb\nc"_s, u"prd"_s, kNoLine, forms::Icon::None, linesTitle},
                {u""_s, u"PRD"_s, kNoLine, forms::Icon::None, linesTitle},
@@ -162,9 +161,6 @@ TEST_F(Configuration, InstallRoots) {
   const std::pair<QByteArray, QString> cases[] = {
       {"c:\\^outra\\^", u"outra"_s},
       {"  c:\\ ^ outra\\ ^ \r\nresto", u"outra"_s},
-      {"\xEF\xBB\xBF"
-       "c:\\^outra\\^\r\n",
-       u"outra"_s},
       {"c:\\^nada\\^", u"sa"_s},
       {"c:\\outra\\", u"sa"_s},  // field 2 is "."
       {"", u"sa"_s},
